@@ -1,0 +1,78 @@
+// Owns the connected flag and the two balances in the registry: connects, checks at each
+// connection that nobody has moved the money, reconnects after a lost link, turns level lists
+// into balances and into the state of the lamps.
+#pragma once
+
+#include "device/Diario.h"
+#include "device/DeviceClient.h"
+#include "platform/Currency.h"
+#include "platform/Registro.h"
+#include "ui/Dialogos.h"
+#include "ui/Importes.h"
+#include "ui/Textos.h"
+
+#include <functional>
+
+namespace zv {
+
+// What the supervision shows of itself on the main screen.
+class VistaConexion {
+  public:
+    virtual ~VistaConexion() = default;
+    // boton(7) "Conectar".
+    virtual void HabilitarConectar(bool habilitado) = 0;
+    virtual void ActualizarBotonesMonitor(bool habilitado) = 0;
+    // ShapeOK, ShapeAlert, ShapeCritico.
+    virtual void MostrarLamparas(bool ok, bool alerta, bool critico) = 0;
+    // Marking rows for a grouped charge.
+    virtual bool Agrupando() const = 0;
+};
+
+class SupervisionConexion {
+  public:
+    // ip: the setting IP, read at each connection.
+    SupervisionConexion(DeviceClient& cliente, Registro& registro, Log& log, Dialogos& dialogos,
+                        const Textos& textos, const Importes& importes,
+                        std::function<QString()> ip);
+
+    // The main screen; until it is set nothing is shown.
+    void PonerVista(VistaConexion* vista) { vista_ = vista; }
+
+    bool Conectado() const { return conectado_; }
+    void Conectar();
+    void Desconectar();
+    // One attempt; true when the device is connected again.
+    bool IntentarReconnectar();
+    // kind 0 all, 1 recycler, 2 its coins, 3 its notes, 4 boxes, 5 their coins, 6 their notes;
+    // minor units. 0 when the levels make no sense; a failed read makes it too small.
+    Currency SaldoPorTipo(const QString& etiqueta, qint32 tipo);
+    void MostrarNivel();
+    // Stores the device's total in "Saldo_Exit", if connected.
+    void GuardarSaldoExit();
+
+    // "Saldo_Inicial", minor units.
+    qint32 SaldoInicial() const { return saldoInicial_; }
+    // Mirror of "Saldo_Exit" as last written.
+    Currency SaldoExit() const { return saldoExit_; }
+    // "Saldo_Exit" as found at start or at the last connection.
+    Currency UltimoSaldo() const { return ultimoSaldo_; }
+    // Start-up: reads both values from the registry, default "0".
+    void LeerSaldos();
+
+  private:
+    DeviceClient& cliente_;
+    Registro& registro_;
+    Log& log_;
+    Dialogos& dialogos_;
+    const Textos& textos_;
+    const Importes& importes_;
+    std::function<QString()> ip_;
+    Diario diario_;
+    VistaConexion* vista_ = nullptr;
+    bool conectado_ = false;
+    qint32 saldoInicial_ = 0;
+    Currency saldoExit_;
+    Currency ultimoSaldo_;
+};
+
+} // namespace zv
