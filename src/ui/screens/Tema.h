@@ -1,0 +1,48 @@
+// The one place for colours, sizes, fonts and icons. Nothing is styled elsewhere.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QIcon>
+#include <QString>
+
+class QApplication;
+class QWidget;
+
+namespace zv::tema {
+
+// Accents of the system.
+inline const QColor kAmbar(255, 190, 0);
+inline const QColor kVerde(145, 207, 77);
+inline const QColor kRojo(214, 48, 49);
+inline const QColor kRojoTexto(200, 0, 0); // red text on the light body, 4.5:1 or better
+// Surfaces.
+inline const QColor kCabecera(31, 41, 55);
+inline const QColor kCabeceraTexto(243, 244, 246);
+inline const QColor kCuerpo(248, 250, 252);
+inline const QColor kTexto(17, 24, 39);
+inline const QColor kTextoTenue(75, 85, 99);
+inline const QColor kBorde(203, 213, 225);
+inline const QColor kResalte(37, 99, 235); // focus and selection
+
+// Sizes in pixels at scale 1.
+inline constexpr int kAltoCabecera = 57; // 855 twips
+inline constexpr int kToqueMinimo = 44;
+inline constexpr int kTeclaMinima = 64;
+
+// 15 twips make a pixel at scale 1.
+inline constexpr int TwipsAPixeles(int twips) { return twips / 15; }
+
+// Fonts, style sheet and icon theme for the whole program; once, before the first window.
+void Aplicar(QApplication& app);
+
+QFont Fuente(int pixeles, bool negrita = false);
+// Tabular figures, for amounts.
+QFont FuenteImporte(int pixeles, bool negrita = true);
+// An icon of the theme by its freedesktop name, in the colour given.
+QIcon Icono(const QString& nombre, const QColor& color = kTexto);
+
+// Replaces the line-break mark of captions, ¬, by a line break.
+QString Rotulo(const QString& caption);
+
+} // namespace zv::tema
