@@ -1,0 +1,66 @@
+// Logical state of the main screen's controls. It is right at once for every test of it; the
+// widgets follow when the event loop next runs with a changed state. The pulse stops and starts
+// timer, footer and grid a thousand times a second, which real widgets would not stand.
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <functional>
+
+namespace zv {
+
+struct EstadoControles {
+    bool timerCola = false;
+    bool framePie = true;
+    bool grdZV = true;
+    std::array<bool, 13> boton{true, true, true, true, true, true, false,
+                               true, true, true, true, true, true};
+    std::array<bool, 3> btnModo{false, false, false}; // pressed
+    bool btnArriba = false;
+    bool btnAbajo = false;
+    bool ShapeOK = false;
+    bool ShapeAlert = false;
+    bool ShapeCritico = false;
+    bool punteroEspera = false;
+    bool botonAccesoEncima = false; // frmBotonAcceso in the always-on-top level
+    QString lbContador;
+    QString lbEstado;
+
+    bool operator==(const EstadoControles&) const = default;
+};
+
+class Controles {
+  public:
+    const EstadoControles& Estado() const { return estado_; }
+
+    // Assigns one member and tells the screen when that changes it.
+    template <typename T, typename V>
+    void Poner(T EstadoControles::* miembro, const V& valor) {
+        if (estado_.*miembro != valor) {
+            estado_.*miembro = valor;
+            Avisar();
+        }
+    }
+    void PonerBoton(std::size_t indice, bool habilitado) {
+        if (estado_.boton[indice] != habilitado) {
+            estado_.boton[indice] = habilitado;
+            Avisar();
+        }
+    }
+
+    // Called at each change; the screen only notes that it has to follow.
+    void AlCambiar(std::function<void()> aviso) { aviso_ = std::move(aviso); }
+
+  private:
+    void Avisar() const {
+        if (aviso_) {
+            aviso_();
+        }
+    }
+
+    EstadoControles estado_;
+    std::function<void()> aviso_;
+};
+
+} // namespace zv

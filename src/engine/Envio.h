@@ -1,0 +1,49 @@
+// Takes one row of cola through the device and into procesados. The money moves first, outside any
+// transaction, for as long as the customer needs; the books are written afterwards in one short
+// transaction. The row leaves cola only when it has been filed.
+#pragma once
+
+#include "engine/Entorno.h"
+
+namespace zv {
+
+class Envio {
+  public:
+    explicit Envio(Entorno& entorno);
+
+    // origen: trace name of the path. idZV 0: the oldest row. Answers the result of a send; a
+    // failure of its own is logged and answered as an error, never raised.
+    int EnviarOperacion(const QString& origen, DeviceClient& cliente, qint32 idZV);
+
+    // Writes creditoError of one row, in the caller's transaction. Amount in minor units.
+    void EditarCredito(qint32 idZV, Currency importe);
+
+  private:
+    // The row in progress. There is no durable record of it but the row itself.
+    struct Operacion {
+        QString origen;
+        qint32 idZV = 0;
+        Currency importe;
+        Currency credito;
+        DatosVenta venta;
+        qint32 paidIn = 0;
+        qint32 paidOut = 0;
+        bool creditoRechazado = false;
+    };
+
+    int Enviar(DeviceClient& cliente, Operacion& op);
+    void LeerFila(Operacion& op);
+    // False when the operator refuses to go on with an earlier partial payment.
+    bool AplicarCredito(Operacion& op);
+    void ArchivarSinCobro(const Operacion& op);
+    void ArchivarCobro(const Operacion& op);
+    int ArchivarFallo(DeviceClient& cliente, const Operacion& op);
+    // Commits a filing that answered a key, otherwise tells the operator and rolls back.
+    void TerminarArchivo(qint32 clave, const QString& etiqueta);
+    QString EtiquetaSaldo(const QString& prefijo, const Operacion& op) const;
+
+    Entorno& entorno_;
+    Diario diario_;
+};
+
+} // namespace zv

@@ -1,0 +1,191 @@
+// Counters, state line, buttons and paging of the main screen.
+#include "engine/EstadoMonitor.h"
+
+#include "engine/Vocabulario.h"
+#include "platform/ErrorEjecucion.h"
+
+#include <algorithm>
+
+namespace zv {
+
+namespace {
+
+// Indexes of boton that this screen enables and disables.
+enum Boton : std::size_t {
+    kDarCambio = 2,
+    kAnadirCambio = 3,
+    kPago = 4,
+    kDesconectar = 6,
+    kConectar = 7,
+    kCobroManual = 8,
+    kAgrupar = 9
+};
+
+} // namespace
+
+EstadoMonitor::EstadoMonitor(Entorno& entorno, Controles& controles, GridCola& grid)
+    : entorno_(entorno), controles_(controles), grid_(grid) {
+    controles_.Poner(&EstadoControles::lbContador,
+                     QStringLiteral("Comprobando operaciones pendientes..."));
+    controles_.Poner(&EstadoControles::lbEstado, QStringLiteral("Inicializando..."));
+}
+
+QString EstadoMonitor::Traduce(const char16_t* clave, const QString& porDefecto) const {
+    return entorno_.textos.Traduce(QString::fromUtf16(clave), porDefecto);
+}
+
+void EstadoMonitor::RellenarGrid() {
+    controles_.Poner(&EstadoControles::punteroEspera, true);
+    try {
+        grid_.Rellenar(entorno_.Motor(), entorno_.configuracio->SINHORA == 1);
+        controles_.Poner(&EstadoControles::punteroEspera, false);
+    } catch (const ErrorEjecucion& e) {
+        controles_.Poner(&EstadoControles::punteroEspera, false);
+        entorno_.dialogos.MostrarMensaje(QString(), QStringLiteral("Error nº ") +
+                                                        QString::number(e.Numero()) +
+                                                        QStringLiteral(" - ") + e.Descripcion());
+    }
+}
+
+void EstadoMonitor::ActualizarEstado(bool automatico) {
+    ActualizarContador();
+    ActualizarTexto(automatico);
+
+    const int superior = grid_.FilaSuperior();
+    controles_.Poner(&EstadoControles::btnArriba, superior != 1);
+    controles_.Poner(&EstadoControles::btnAbajo,
+                     superior + grid_.Pagina() <= grid_.FilasDatos());
+
+    const QString& actual = entorno_.configuracio->Modo;
+    controles_.Poner(&EstadoControles::btnModo,
+                     std::array<bool, 3>{actual == modo::kAuto, actual == modo::kManual,
+                                         actual == modo::kSemi});
+}
+
+void EstadoMonitor::ActualizarContador() {
+    const int n = grid_.FilasDatos();
+    const int a = grid_.Abonos();
+    const QString cobros = Traduce(u"cobros", QStringLiteral("cobros"));
+    QString texto = QString::number(n - a) + QLatin1Char(' ') + cobros;
+    if (a != 0) {
+        texto += QStringLiteral(" / ") + QString::number(a) + QLatin1Char(' ') +
+                 Traduce(u"abonos", QStringLiteral("abonos"));
+    }
+    controles_.Poner(&EstadoControles::lbContador, texto);
+}
+
+void EstadoMonitor::ActualizarTexto(bool automatico) {
+    Configuracio& configuracio = *entorno_.configuracio;
+    const auto poner = [this](const QString& texto) {
+        controles_.Poner(&EstadoControles::lbEstado, texto);
+    };
+    switch (entorno_.ResultadoEnvio) {
+    case envio::kBien:
+        poner(QString());
+        if (automatico && configuracio.Modo == modo::kManual &&
+            entorno_.ini.LeerIni(entorno_.rutaIni, QStringLiteral("ZVMONITOR"),
+                                 QStringLiteral("MODO"), modo::kManual) == modo::kAuto) {
+            CambiarModo(modo::kAuto);
+        }
+        break;
+    case envio::kCancelado:
+        if (configuracio.ModoAnterior == modo::kAuto && ultimaCuenta_ == 0) {
+            CambiarModo(modo::kAuto);
+            entorno_.ResultadoEnvio = envio::kBien;
+            poner(Traduce(u"operacionCancelada2",
+                          QStringLiteral(
+                              "Última operación cancelada. Cambiado a modo AUTOMATICO")));
+        } else {
+            poner(Traduce(u"operacionCancelada",
+                          QStringLiteral("Última operación cancelada. Cambiado a modo MANUAL")));
+        }
+        break;
+    case envio::kError: {
+        const qint16 codigo = entorno_.cliente.ErrorCode();
+        if (codigo != 0) {
+            const QString detalle = QString::number(codigo) + QStringLiteral(" - ") +
+                                    entorno_.cliente.ErrorMessage();
+            poner(Traduce(u"errorDeZorvex3", QStringLiteral("Error ") + detalle +
+                                                 QStringLiteral(". Consulte con su técnico")));
+            entorno_.dialogos.MostrarMensaje(
+                Traduce(u"errorDeZorvex", QStringLiteral("Error de Zorvex")), detalle);
+            entorno_.ResultadoEnvio = envio::kBien;
+        } else {
+            poner(Traduce(u"errorDeZorvex3",
+                          QStringLiteral("Error de Zorvex. Consulte con su técnico")));
+        }
+        break;
+    }
+    default:
+        break;
+    }
+}
+
+void EstadoMonitor::ActualizarBotonesMonitor(bool habilitado) {
+    const bool conectado = entorno_.supervision.Conectado();
+    controles_.PonerBoton(kConectar, !conectado);
+    controles_.PonerBoton(kDesconectar, conectado);
+    controles_.PonerBoton(kPago, entorno_.configuracio->BLOQUEARPAGOS == 0 && habilitado);
+    controles_.PonerBoton(kDarCambio, habilitado);
+    controles_.PonerBoton(kAnadirCambio, habilitado);
+    controles_.PonerBoton(kCobroManual, habilitado);
+    controles_.PonerBoton(kAgrupar, ultimaCuenta_ >= 2 && habilitado);
+}
+
+void EstadoMonitor::PulsarModo(int indice) {
+    static const std::array<QString, 3> kModos{modo::kAuto, modo::kManual, modo::kSemi};
+    entorno_.ResultadoEnvio = envio::kBien;
+    // The mode's value passes through the language file, like a caption.
+    CambiarModo(entorno_.textos.Traduce(QStringLiteral("btnModo_") + QString::number(indice),
+                                        kModos[static_cast<std::size_t>(indice)]));
+    ActualizarEstado(false);
+}
+
+void EstadoMonitor::CambiarModo(const QString& nuevo) {
+    Configuracio& configuracio = *entorno_.configuracio;
+    configuracio.ModoAnterior = configuracio.Modo;
+    configuracio.Modo = nuevo;
+}
+
+void EstadoMonitor::IrAFila(int fila) {
+    grid_.PonerFilaSuperior(fila);
+    grid_.PonerFilaActual(fila);
+    ActualizarEstado(true);
+}
+
+void EstadoMonitor::PaginaArriba() { IrAFila(std::max(1, grid_.FilaSuperior() - grid_.Pagina())); }
+
+void EstadoMonitor::PaginaAbajo() {
+    IrAFila(std::max(1, std::min(grid_.FilasDatos(), grid_.FilaSuperior() + grid_.Pagina())));
+}
+
+void EstadoMonitor::FilaArriba() {
+    if (grid_.FilaSuperior() > 1) {
+        Desplazado(grid_.FilaSuperior() - 1);
+    }
+}
+
+void EstadoMonitor::FilaAbajo() {
+    if (grid_.FilaSuperior() < grid_.FilasDatos()) {
+        Desplazado(grid_.FilaSuperior() + 1);
+    }
+}
+
+void EstadoMonitor::Desplazado(int fila) {
+    if (fila != grid_.FilaSuperior()) {
+        grid_.PonerFilaSuperior(fila);
+        ActualizarEstado(true);
+    }
+}
+
+void EstadoMonitor::HabilitarConectar(bool habilitado) {
+    controles_.PonerBoton(kConectar, habilitado);
+}
+
+void EstadoMonitor::MostrarLamparas(bool ok, bool alerta, bool critico) {
+    controles_.Poner(&EstadoControles::ShapeOK, ok);
+    controles_.Poner(&EstadoControles::ShapeAlert, alerta);
+    controles_.Poner(&EstadoControles::ShapeCritico, critico);
+}
+
+} // namespace zv

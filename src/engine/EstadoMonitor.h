@@ -1,0 +1,57 @@
+// What the main screen says: counters, state line, buttons, lamps, modes and paging. It works on
+// the logical controls and on the grid's contents.
+#pragma once
+
+#include "engine/Controles.h"
+#include "engine/Entorno.h"
+#include "engine/GridCola.h"
+
+namespace zv {
+
+class EstadoMonitor final : public VistaConexion {
+  public:
+    EstadoMonitor(Entorno& entorno, Controles& controles, GridCola& grid);
+
+    // Refills grdZV from cola. A failure is shown, not raised.
+    void RellenarGrid();
+    // Counter, state line, page buttons, mode buttons. automatico: a mode forced to "MANUAL" may
+    // return to "AUTO" when the settings file says so.
+    void ActualizarEstado(bool automatico);
+    void ActualizarBotonesMonitor(bool habilitado) override;
+    // btnModo(i).
+    void PulsarModo(int indice);
+
+    // Previous mode := mode, then the new mode.
+    void CambiarModo(const QString& nuevo);
+
+    void PaginaArriba();
+    void PaginaAbajo();
+    // Keys Up and Down.
+    void FilaArriba();
+    void FilaAbajo();
+    // The operator scrolled the grid; fila is the first row in view, 1 the first data row.
+    void Desplazado(int fila);
+
+    // Rows at the last look at cola, kept by the pulse.
+    qint32 UltimaCuenta() const { return ultimaCuenta_; }
+    void PonerUltimaCuenta(qint32 cuenta) { ultimaCuenta_ = cuenta; }
+
+    void HabilitarConectar(bool habilitado) override;
+    void MostrarLamparas(bool ok, bool alerta, bool critico) override;
+    bool Agrupando() const override { return agrupando_; }
+    void PonerAgrupando(bool agrupando) { agrupando_ = agrupando; }
+
+  private:
+    void ActualizarContador();
+    void ActualizarTexto(bool automatico);
+    void IrAFila(int fila);
+    QString Traduce(const char16_t* clave, const QString& porDefecto) const;
+
+    Entorno& entorno_;
+    Controles& controles_;
+    GridCola& grid_;
+    qint32 ultimaCuenta_ = 0;
+    bool agrupando_ = false;
+};
+
+} // namespace zv

@@ -1,0 +1,210 @@
+// Filling of the queue grid, its widths and its pages.
+#include "engine/GridCola.h"
+
+#include "platform/ErrorEjecucion.h"
+
+#include <algorithm>
+
+namespace zv {
+
+namespace {
+
+enum Columna {
+    kAnular,
+    kIdCola,
+    kFecha,
+    kId1,
+    kId2,
+    kIdCaja,
+    kTerminal,
+    kVendedor,
+    kFormaPago,
+    kImporte,
+    kEnviar
+};
+
+constexpr int kAnchoBotonTwips = 1300;
+
+void PonerDosCifras(QString& texto, int valor) {
+    texto += QLatin1Char(static_cast<char>('0' + valor / 10 % 10));
+    texto += QLatin1Char(static_cast<char>('0' + valor % 10));
+}
+
+} // namespace
+
+QString FechaCorta(const QDateTime& fecha, bool sinHora) {
+    if (!fecha.isValid()) {
+        return {};
+    }
+    // By hand: this runs for each row of each refill.
+    QString texto;
+    texto.reserve(17);
+    int ano = 0;
+    int mes = 0;
+    int dia = 0;
+    fecha.date().getDate(&ano, &mes, &dia);
+    PonerDosCifras(texto, dia);
+    texto += QLatin1Char('/');
+    PonerDosCifras(texto, mes);
+    texto += QLatin1Char('/');
+    PonerDosCifras(texto, ano);
+    if (!sinHora) {
+        const QTime hora = fecha.time();
+        texto += QLatin1Char(' ');
+        PonerDosCifras(texto, hora.hour());
+        texto += QLatin1Char(':');
+        PonerDosCifras(texto, hora.minute());
+        texto += QLatin1Char(':');
+        PonerDosCifras(texto, hora.second());
+    }
+    return texto;
+}
+
+GridCola::GridCola(const Textos& textos, const Importes& importes)
+    : textos_(textos), importes_(importes) {}
+
+void GridCola::PonerTitulos() {
+    const auto t = [this](const char16_t* clave, const char16_t* porDefecto) {
+        return textos_.Traduce(QString::fromUtf16(clave), QString::fromUtf16(porDefecto));
+    };
+    titulos_ = {t(u"anular", u"Anular"),
+                QStringLiteral("IdCola"),
+                t(u"fechaVenta", u"Fecha Venta"),
+                t(u"idVenta", u"Id. Venta"),
+                t(u"idVenta", u"Id. Venta") + QStringLiteral(" 2"),
+                QStringLiteral("Id. ") + t(u"caja2", u"Caja"),
+                t(u"terminal", u"Terminal"),
+                t(u"vendedor", u"Vendedor"),
+                t(u"formapago", u"Forma Pago"),
+                t(u"importe2", u"Importe"),
+                t(u"enviar", u"Enviar")};
+}
+
+LineaGrid GridCola::LeerLinea(const Fila& fila, bool sinHora) const {
+    // Columns by name once per row would cost more than reading them; cola has them in this order
+    // in every file that this program made, but a shared file is read by name.
+    LineaGrid linea;
+    linea.idZV = fila.LeerLong(QStringLiteral("idZV"));
+    linea.fecha = FechaCorta(fila.LeerFecha(QStringLiteral("fecha")), sinHora);
+    linea.id1 = fila.LeerTexto(QStringLiteral("id1"));
+    linea.id2 = fila.LeerTexto(QStringLiteral("id2"));
+    linea.idcaja = fila.LeerTexto(QStringLiteral("idcaja"));
+    linea.terminal = fila.LeerTexto(QStringLiteral("terminal"));
+    linea.vendedor = fila.LeerTexto(QStringLiteral("vendedor"));
+    linea.formapago = fila.LeerTexto(QStringLiteral("formapago"));
+    const Currency importe = fila.LeerCurrency(QStringLiteral("importe"));
+    try {
+        linea.importe = importes_.FormatoImporte(importe);
+    } catch (const ErrorEjecucion&) {
+        // An amount that cannot be shown leaves the cell empty.
+        linea.importe.clear();
+    }
+    linea.credito = !fila.LeerCurrency(QStringLiteral("creditoError")).EsCero();
+    if (linea.credito) {
+        linea.importe.prepend(QStringLiteral("! >>> "));
+    }
+    linea.abono = importe < Currency(0);
+    linea.manual = fila.LeerBooleano(QStringLiteral("manual"));
+    return linea;
+}
+
+void GridCola::Rellenar(MotorBD& motor, bool sinHora) {
+    lineas_.clear();
+    abonos_ = 0;
+    filaSuperior_ = 1;
+    filaActual_ = 0;
+    const auto avisar = [this] {
+        if (alRellenar_) {
+            alRellenar_();
+        }
+    };
+    try {
+        motor.Recorrer(QStringLiteral("SELECT * FROM cola ORDER BY idZV"), {},
+                       [this, sinHora](const Fila& fila) {
+                           lineas_.push_back(LeerLinea(fila, sinHora));
+                           abonos_ += lineas_.back().abono ? 1 : 0;
+                           return true;
+                       });
+    } catch (...) {
+        avisar();
+        throw;
+    }
+    if (!lineas_.empty()) {
+        filaActual_ = 1;
+    }
+    avisar();
+}
+
+QString GridCola::Texto(int fila, int columna) const {
+    if (fila == 0) {
+        return Titulo(columna);
+    }
+    const LineaGrid& linea = Linea(fila);
+    switch (columna) {
+    case kIdCola:
+        return QString::number(linea.idZV);
+    case kFecha:
+        return linea.fecha;
+    case kId1:
+        return linea.id1;
+    case kId2:
+        return linea.id2;
+    case kIdCaja:
+        return linea.idcaja;
+    case kTerminal:
+        return linea.terminal;
+    case kVendedor:
+        return linea.vendedor;
+    case kFormaPago:
+        return linea.formapago;
+    case kImporte:
+        return linea.importe;
+    default:
+        return {};
+    }
+}
+
+void GridCola::ColocarColumnas(const Configuracio& configuracio, int anchoGrid, int anchoBarra,
+                               int altoGrid, int altoFila) {
+    const std::array<std::pair<int, bool>, 5> opcionales{
+        {{kId2, configuracio.COLID2 == 1},
+         {kIdCaja, configuracio.COLIDCAJA == 1},
+         {kTerminal, configuracio.COLTERMINAL == 1},
+         {kVendedor, configuracio.COLVENDEDOR == 1},
+         {kFormaPago, configuracio.COLFORMAPAGO == 1}}};
+    const auto ocultas = static_cast<int>(std::count_if(
+        opcionales.begin(), opcionales.end(), [](const auto& par) { return !par.second; }));
+    const int parte =
+        std::max(0, (anchoGrid - 2 * kAnchoBotonTwips - anchoBarra) / (8 - ocultas));
+
+    anchos_.fill(parte);
+    anchos_[kAnular] = kAnchoBotonTwips;
+    anchos_[kEnviar] = kAnchoBotonTwips;
+    anchos_[kIdCola] = 0;
+    for (const auto& [columna, visible] : opcionales) {
+        if (!visible) {
+            anchos_[static_cast<std::size_t>(columna)] = 0;
+        }
+    }
+    pagina_ = altoFila > 0 ? std::max(1, altoGrid / altoFila - 1) : 1;
+}
+
+void GridCola::PonerFilaSuperior(int fila) {
+    if (filaSuperior_ != fila) {
+        filaSuperior_ = fila;
+        if (alMover_) {
+            alMover_();
+        }
+    }
+}
+
+void GridCola::PonerFilaActual(int fila) {
+    if (filaActual_ != fila) {
+        filaActual_ = fila;
+        if (alMover_) {
+            alMover_();
+        }
+    }
+}
+
+} // namespace zv

@@ -1,0 +1,221 @@
+// One tick of the queue: look, refill, decide, send.
+#include "engine/PulsoCola.h"
+
+#include "engine/Vocabulario.h"
+
+namespace zv {
+
+namespace {
+
+const QString kClaveConector = QStringLiteral("Zorvex\\ZVConnector");
+const QString kValorActivo = QStringLiteral("Activo");
+const QString kCero = QStringLiteral("0");
+constexpr qint64 kPausaAvisoMs = 1000; // one line a second, or the log would fill the disk
+constexpr qint16 kEnlacePerdido = 1;
+
+} // namespace
+
+PulsoCola::PulsoCola(Entorno& entorno, Controles& controles, GridCola& grid,
+                     EstadoMonitor& estado)
+    : entorno_(entorno), controles_(controles), grid_(grid), estado_(estado), envio_(entorno) {}
+
+void PulsoCola::ParaTimer() {
+    controles_.Poner(&EstadoControles::timerCola, false);
+    controles_.Poner(&EstadoControles::framePie, false);
+    controles_.Poner(&EstadoControles::grdZV, false);
+    if (entorno_.configuracio->BOTONACCESO == 1) {
+        controles_.Poner(&EstadoControles::botonAccesoEncima, false);
+    }
+}
+
+void PulsoCola::ArrancaTimer() {
+    controles_.Poner(&EstadoControles::timerCola, true);
+    controles_.Poner(&EstadoControles::framePie, true);
+    controles_.Poner(&EstadoControles::grdZV, true);
+    if (entorno_.configuracio->BOTONACCESO == 1) {
+        controles_.Poner(&EstadoControles::botonAccesoEncima, true);
+    }
+}
+
+bool PulsoCola::ConectorActivo() {
+    const QString activo = entorno_.registro.LeerValor(kClaveConector, kValorActivo, kCero);
+    // "0" is the common case; anything else is compared by its number, as "01" is 1 too.
+    if (activo == kCero) {
+        return false;
+    }
+    bool numero = false;
+    if (activo.trimmed().toDouble(&numero) != 1.0 || !numero) {
+        return false;
+    }
+    const qint64 ahora = entorno_.reloj.Ticks();
+    if (!ultimoAvisoConector_ || ahora - *ultimoAvisoConector_ >= kPausaAvisoMs) {
+        ultimoAvisoConector_ = ahora;
+        entorno_.log.LogLinea(QStringLiteral("TIMER_COLA_ZVCONNECTOR_ACTIVO"));
+    }
+    return true;
+}
+
+void PulsoCola::ProcesarCola() {
+    if (ConectorActivo()) {
+        return;
+    }
+    ParaTimer();
+    if (entorno_.conexion.ConectarBD()) {
+        if (DetectarCambiosCola()) {
+            ReflejarCambios();
+        }
+        if (PuedeEnviar()) {
+            EnviarPrimera();
+        }
+    }
+    ArrancaTimer();
+    estado_.ActualizarBotonesMonitor(entorno_.supervision.Conectado());
+}
+
+void PulsoCola::ReflejarCambios() {
+    estado_.RellenarGrid();
+    estado_.ActualizarEstado(true);
+
+    const int n = grid_.FilasDatos();
+    const QString& actual = entorno_.configuracio->Modo;
+    const bool minimizada = ventana_->WindowState() == ventana::kMinimizada;
+    if (minimizada && n >= 1 && (actual == modo::kManual || (actual == modo::kSemi && n >= 2))) {
+        RestaurarVentana();
+    } else if (entorno_.configuracio->MINIMIZADO == 1 && n == 0 && !minimizada) {
+        ventana_->PonerWindowState(ventana::kMinimizada);
+    }
+}
+
+bool PulsoCola::PuedeEnviar() const {
+    const QString& actual = entorno_.configuracio->Modo;
+    return entorno_.ResultadoEnvio == envio::kBien && entorno_.supervision.Conectado() &&
+           (actual == modo::kAuto || (actual == modo::kSemi && grid_.FilasDatos() == 1));
+}
+
+bool PulsoCola::DetectarCambiosCola() {
+    if (!entorno_.conexion.ConectarBD()) {
+        return false;
+    }
+    // The mark is taken before the look, so that a row written in between shows at the next one.
+    const quint64 marca = entorno_.Motor().MarcaCambios();
+    if (marcaMirada_ == marca) {
+        return false;
+    }
+    const std::vector<Fila> filas = entorno_.Motor().Consultar(QStringLiteral(
+        "SELECT Max(idZV) AS id,Count(idZv) AS cnt,Sum(Importe) as Importe FROM cola"));
+    qint32 id = 0;
+    qint32 cuenta = 0;
+    Currency suma;
+    bool idNulo = true;
+    bool sumaNula = true;
+    if (!filas.empty()) {
+        const Fila& fila = filas.front();
+        idNulo = fila.EsNulo(0);
+        sumaNula = fila.EsNulo(2);
+        id = fila.LeerLong(0);
+        cuenta = fila.LeerLong(1);
+        suma = fila.LeerCurrency(2);
+    }
+    // A comparison with Null is no difference; without any row the three count as 0.
+    const bool sinFila = filas.empty();
+    bool cambio = (sinFila || !idNulo) && id != ultimoId_;
+    cambio = cuenta != estado_.UltimaCuenta() || cambio;
+    cambio = ((sinFila || !sumaNula) && suma != ultimaSuma_) || cambio;
+    ultimoId_ = id;
+    estado_.PonerUltimaCuenta(cuenta);
+    ultimaSuma_ = suma;
+    marcaMirada_ = marca;
+    return cambio;
+}
+
+void PulsoCola::EnviarPrimera() {
+    const quint64 marca = entorno_.Motor().MarcaCambios();
+    if (marcaSinFila_ == marca) {
+        return;
+    }
+    const std::vector<Fila> filas = entorno_.Motor().Consultar(
+        QStringLiteral("SELECT TOP 1 * FROM cola WHERE NOT manual ORDER BY idZv"));
+    if (filas.empty()) {
+        marcaSinFila_ = marca;
+        return;
+    }
+    const qint32 idZV = filas.front().LeerLong(QStringLiteral("idZV"));
+    const Currency importe = filas.front().LeerCurrency(QStringLiteral("importe"));
+    entorno_.marca.MarcarActivo(true);
+    if (importe < Currency(0) && !ConfirmarAbono(importe)) {
+        RestaurarVentana();
+        entorno_.ResultadoEnvio = envio::kCancelado;
+        estado_.CambiarModo(modo::kManual);
+        estado_.ActualizarEstado(true);
+    } else {
+        EnviarYRefrescar(idZV);
+    }
+    entorno_.marca.MarcarActivo(false);
+}
+
+bool PulsoCola::ConfirmarAbono(Currency importe) {
+    const auto t = [this](const char16_t* clave, const char16_t* porDefecto) {
+        return entorno_.textos.Traduce(QString::fromUtf16(clave), QString::fromUtf16(porDefecto));
+    };
+    const QString salto = QStringLiteral("\r\n");
+    const QString texto =
+        t(u"retireElCambio", u"RETIRE EL CAMBIO DE") + salto +
+        t(u"retireElCambio2", u" LA OPERACION ANTERIOR") + salto + salto +
+        t(u"retireElCambio3", u"Pulse 'Aceptar' para continuar con el ABONO") + salto + salto +
+        t(u"importe", u"Importe: ") + entorno_.importes.FormatoImporte(importe.Absoluto());
+    return entorno_.dialogos.MostrarMensaje(t(u"abonoPendiente", u"Abono pendiente"), texto, 0) ==
+           resultado::kAceptar;
+}
+
+void PulsoCola::EnviarYRefrescar(qint32 idZV) {
+    if (EnviarConReconexion(idZV)) {
+        estado_.RellenarGrid();
+        estado_.ActualizarEstado(true);
+    }
+}
+
+bool PulsoCola::EnviarConReconexion(qint32 idZV) {
+    for (;;) {
+        if (!entorno_.supervision.Conectado()) {
+            entorno_.supervision.MostrarNivel();
+            entorno_.supervision.GuardarSaldoExit();
+            return false;
+        }
+        estado_.ActualizarBotonesMonitor(false);
+        entorno_.ResultadoEnvio =
+            envio_.EnviarOperacion(QStringLiteral("ENVIARCOLA"), entorno_.cliente, idZV);
+        const qint16 codigo = entorno_.cliente.ErrorCode();
+        if (codigo != kEnlacePerdido || entorno_.ResultadoEnvio != envio::kError) {
+            break;
+        }
+        if (!entorno_.supervision.IntentarReconnectar()) {
+            break;
+        }
+    }
+    if (entorno_.ResultadoEnvio != envio::kBien) {
+        if (entorno_.configuracio->Modo != modo::kManual) {
+            estado_.CambiarModo(modo::kManual);
+        }
+        if (ventana_->WindowState() != ventana::kMaximizada) {
+            RestaurarVentana();
+        }
+    }
+    estado_.ActualizarEstado(true);
+    estado_.ActualizarBotonesMonitor(entorno_.supervision.Conectado());
+    entorno_.supervision.MostrarNivel();
+    entorno_.supervision.GuardarSaldoExit();
+    return true;
+}
+
+void PulsoCola::RestaurarVentana() {
+    if (ventana_->WindowState() != ventana::kMinimizada) {
+        return;
+    }
+    ventana_->PonerWindowState(ventana::kMaximizada);
+    ventana_->TraerAlFrente();
+    if (entorno_.configuracio->BOTONACCESO == 1) {
+        controles_.Poner(&EstadoControles::botonAccesoEncima, true);
+    }
+}
+
+} // namespace zv

@@ -1,0 +1,63 @@
+// The engine's pulse: watches cola, keeps the grid up to date, decides by the mode whether the
+// oldest row may go to the device, and yields to the connector while that one owns the device.
+#pragma once
+
+#include "engine/Controles.h"
+#include "engine/Entorno.h"
+#include "engine/Envio.h"
+#include "engine/EstadoMonitor.h"
+#include "engine/GridCola.h"
+#include "engine/VentanaPrincipal.h"
+
+#include <optional>
+
+namespace zv {
+
+class PulsoCola {
+  public:
+    PulsoCola(Entorno& entorno, Controles& controles, GridCola& grid, EstadoMonitor& estado);
+
+    // The main window; it must be set before the pulse is armed.
+    void PonerVentana(VentanaPrincipal* ventana) { ventana_ = ventana; }
+
+    // The bracket of every operation that uses the device.
+    void ParaTimer();
+    void ArrancaTimer();
+    bool Armado() const { return controles_.Estado().timerCola; }
+
+    // One tick of timerCola. Raises what no routine inside it is told to catch.
+    void ProcesarCola();
+    // True when cola differs from the last look.
+    bool DetectarCambiosCola();
+    // True unless the device was not connected.
+    bool EnviarConReconexion(qint32 idZV);
+    // Brings a minimised window up.
+    void RestaurarVentana();
+
+  private:
+    bool ConectorActivo();
+    void ReflejarCambios();
+    bool PuedeEnviar() const;
+    void EnviarPrimera();
+    bool ConfirmarAbono(Currency importe);
+    void EnviarYRefrescar(qint32 idZV);
+
+    Entorno& entorno_;
+    Controles& controles_;
+    GridCola& grid_;
+    EstadoMonitor& estado_;
+    Envio envio_;
+    VentanaPrincipal* ventana_ = nullptr;
+
+    // Last look at cola.
+    qint32 ultimoId_ = 0;
+    Currency ultimaSuma_;
+
+    // Marks of the database at the last look and at the last search that found no row to send:
+    // while they stand, neither needs to be repeated, however many rows wait.
+    std::optional<quint64> marcaMirada_;
+    std::optional<quint64> marcaSinFila_;
+    std::optional<qint64> ultimoAvisoConector_; // ticks of the last line, milliseconds
+};
+
+} // namespace zv
