@@ -1,10 +1,12 @@
-// The one place for colours, sizes, fonts and icons. Nothing is styled elsewhere.
+// The one place for colours, sizes, fonts and icons. Nothing is styled elsewhere: a screen names
+// its controls, gives its buttons a role, and asks here for fonts and icons.
 #pragma once
 
 #include <QColor>
 #include <QFont>
 #include <QIcon>
 #include <QString>
+#include <QStringList>
 
 class QApplication;
 class QWidget;
@@ -22,6 +24,7 @@ inline const QColor kCabeceraTexto(243, 244, 246);
 inline const QColor kCuerpo(248, 250, 252);
 inline const QColor kTexto(17, 24, 39);
 inline const QColor kTextoTenue(75, 85, 99);
+inline const QColor kTextoApagado(148, 163, 184); // of disabled controls
 inline const QColor kBorde(203, 213, 225);
 inline const QColor kResalte(37, 99, 235); // focus and selection
 
@@ -31,16 +34,39 @@ inline constexpr int kToqueMinimo = 44;
 inline constexpr int kTeclaMinima = 64;
 
 // 15 twips make a pixel at scale 1.
-inline constexpr int TwipsAPixeles(int twips) { return twips / 15; }
+inline constexpr int TwipsAPixeles(int twips) {
+    return twips / 15;
+}
+
+// What a button is for; decides its look. Without a role a QPushButton is Normal (filled while it
+// is the default one) and a QToolButton is flat.
+enum class Papel {
+    Normal,
+    Principal, // filled, whether it is the default or not
+    Peligro,   // filled red: what cannot be undone
+    Tecla,     // key of a keypad, at least 64 px
+    Pie,       // footer: icon above caption, at least 64 px
+    Cabecera,  // on the dark header; amber while checked
+};
+// Sets the role, and what follows from it for the control itself: sizes, icon size, focus policy.
+void PonerPapel(QWidget& boton, Papel papel);
 
 // Fonts, style sheet and icon theme for the whole program; once, before the first window.
 void Aplicar(QApplication& app);
+// The style sheet that Aplicar sets.
+QString HojaDeEstilo();
 
 QFont Fuente(int pixeles, bool negrita = false);
 // Tabular figures, for amounts.
 QFont FuenteImporte(int pixeles, bool negrita = true);
-// An icon of the theme by its freedesktop name, in the colour given.
-QIcon Icono(const QString& nombre, const QColor& color = kTexto);
+
+// An icon of the theme by its freedesktop name, in the colour given; colorMarcado is the colour
+// while its button is checked (the same when it is not valid). Drawn here when the theme lacks it:
+// never an empty icon.
+QIcon Icono(const QString& nombre, const QColor& color = kTexto, const QColor& colorMarcado = {});
+// The same from the icon folders given, such as "/usr/share/icons/breeze".
+QIcon IconoDe(const QStringList& carpetas, const QString& nombre, const QColor& color,
+              const QColor& colorMarcado = {});
 
 // Replaces the line-break mark of captions, ¬, by a line break.
 QString Rotulo(const QString& caption);

@@ -1,0 +1,164 @@
+// The style sheet. Controls are found by class, by the names that all screens share (frameCab,
+// framePie, lbTitulo, ...) and by the role of a button.
+#include "ui/screens/Tema.h"
+
+namespace zv::tema {
+
+namespace {
+
+// @names are replaced by the theme's colours.
+constexpr auto kHoja = R"(
+QDialog, QMainWindow, QMessageBox { background: @cuerpo; }
+QLabel { background: transparent; color: @texto; }
+QLabel:disabled { color: @apagado; }
+QToolTip { background: @cabecera; color: @cabtexto; border: none; padding: 6px 8px; }
+
+#frameCab { background: @cabecera; border: none; }
+#frameCab QLabel { color: @cabtexto; }
+#frameCab #lbTitulo { font-size: 18px; font-weight: bold; }
+
+QPushButton {
+  background: white; color: @texto; border: 2px solid @borde; border-radius: 8px;
+  min-height: 48px; min-width: 72px; padding: 0 16px; font-size: 17px;
+}
+QPushButton:hover { background: #f1f5f9; }
+QPushButton:pressed, QPushButton:checked { background: #dbe3ee; border-color: #94a3b8; }
+QPushButton:default, QPushButton[papel="principal"] {
+  background: @cabecera; color: white; border-color: @cabecera; font-weight: bold;
+}
+QPushButton:default:hover, QPushButton[papel="principal"]:hover { background: #2f3d52; }
+QPushButton:default:pressed, QPushButton[papel="principal"]:pressed { background: #4b5b73; }
+QPushButton[papel="peligro"] {
+  background: #b91c1c; color: white; border-color: #b91c1c; font-weight: bold;
+}
+QPushButton[papel="peligro"]:pressed { background: #7f1d1d; }
+QPushButton:focus { border: 3px solid @resalte; }
+QPushButton:disabled, QPushButton[papel]:disabled {
+  background: #eef2f6; color: @apagado; border: 2px solid #e2e8f0; font-weight: normal;
+}
+
+QToolButton {
+  background: transparent; color: @texto; border: 2px solid transparent; border-radius: 8px;
+  min-height: 40px; min-width: 40px; padding: 0;
+}
+QToolButton:hover { background: #e8edf3; }
+QToolButton:pressed, QToolButton:checked { background: #d3dce8; }
+QToolButton:focus { border-color: @resalte; }
+QToolButton:disabled { color: @apagado; background: transparent; }
+
+#frameCab QToolButton { color: @cabtexto; min-height: 44px; min-width: 44px; }
+#frameCab QToolButton:hover { background: #374151; }
+#frameCab QToolButton:pressed { background: #4b5563; }
+#frameCab QToolButton:checked { background: @ambar; color: @texto; font-weight: bold; }
+#frameCab QToolButton:focus { border-color: #93c5fd; }
+#frameCab QToolButton:disabled { color: #6b7280; }
+#frameCab QToolButton#btnW_1:hover { background: #b91c1c; }
+#frameCab QToolButton#btnW_1:pressed { background: #7f1d1d; }
+#frameCab #btnLogo, #frameCab #btnLogo:hover, #frameCab #btnLogo:pressed {
+  background: transparent; border: none;
+}
+
+#framePie { background: white; border: none; border-top: 1px solid @borde; }
+QToolButton[papel="pie"] { font-size: 14px; padding: 4px 1px; min-height: 56px; min-width: 56px; }
+
+QPushButton[papel="tecla"], QToolButton[papel="tecla"] {
+  background: white; border: 2px solid @borde; border-radius: 10px; padding: 0;
+  min-height: 60px; min-width: 60px; font-size: 26px; font-weight: bold; color: @texto;
+}
+QPushButton[papel="tecla"]:hover, QToolButton[papel="tecla"]:hover { background: #f1f5f9; }
+QPushButton[papel="tecla"]:pressed, QToolButton[papel="tecla"]:pressed {
+  background: #cbd5e1; border-color: #94a3b8;
+}
+QToolButton[papel="tecla"] { font-size: 14px; font-weight: normal; }
+
+QLineEdit, QTextEdit, QPlainTextEdit, QSpinBox, QDoubleSpinBox, QComboBox, QDateEdit, QTimeEdit,
+QDateTimeEdit {
+  background: white; color: @texto; border: 2px solid @borde; border-radius: 8px;
+  min-height: 44px; padding: 0 10px; font-size: 18px;
+  selection-background-color: @resalte; selection-color: white;
+}
+QTextEdit, QPlainTextEdit { padding: 6px 10px; }
+QLineEdit:focus, QTextEdit:focus, QPlainTextEdit:focus, QSpinBox:focus, QDoubleSpinBox:focus,
+QComboBox:focus, QDateEdit:focus, QTimeEdit:focus, QDateTimeEdit:focus {
+  border: 3px solid @resalte; padding: 0 9px;
+}
+QLineEdit:disabled, QTextEdit:disabled, QPlainTextEdit:disabled, QSpinBox:disabled,
+QComboBox:disabled, QDateEdit:disabled, QTimeEdit:disabled, QDateTimeEdit:disabled {
+  background: #f1f5f9; color: @apagado; border-color: #e2e8f0;
+}
+QLineEdit:read-only { background: #f1f5f9; }
+QLineEdit[papel="importe"] { font-size: 34px; font-weight: bold; min-height: 60px; }
+QComboBox QAbstractItemView { background: white; outline: 0; }
+QComboBox QAbstractItemView::item { min-height: 44px; }
+
+QCheckBox, QRadioButton { spacing: 10px; min-height: 44px; font-size: 17px; color: @texto; }
+QCheckBox::indicator, QRadioButton::indicator { width: 26px; height: 26px; }
+QCheckBox:disabled, QRadioButton:disabled { color: @apagado; }
+
+QGroupBox {
+  border: 1px solid @borde; border-radius: 8px; margin-top: 12px; padding: 16px 12px 12px 12px;
+  font-size: 16px; background: white;
+}
+QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 6px; color: @tenue; }
+
+QTabWidget::pane { border: 1px solid @borde; border-radius: 8px; background: white; }
+QTabBar::tab {
+  background: transparent; color: @tenue; min-height: 44px; min-width: 88px; padding: 2px 16px;
+  font-size: 16px; border-bottom: 4px solid transparent;
+}
+QTabBar::tab:selected { color: @texto; font-weight: bold; border-bottom-color: @ambar; }
+QTabBar::tab:focus { background: #dbeafe; }
+QTabBar::tab:disabled { color: @apagado; }
+
+QTableView {
+  background: white; alternate-background-color: #f8fafc; gridline-color: #e2e8f0;
+  border: 1px solid @borde; font-size: 16px; outline: 0;
+  selection-background-color: #dbeafe; selection-color: @texto;
+}
+QTableView:focus { border: 2px solid @resalte; }
+QTableView:disabled { color: @apagado; background: #f8fafc; }
+QHeaderView { background: #e2e8f0; }
+QHeaderView::section {
+  background: #e2e8f0; color: @tenue; border: none; border-right: 1px solid @borde;
+  padding: 0 8px; min-height: 44px; font-size: 15px; font-weight: bold;
+}
+QHeaderView::section:disabled { color: @apagado; }
+QTableCornerButton::section { background: #e2e8f0; border: none; }
+
+QScrollArea { background: transparent; border: none; }
+QScrollBar:vertical { background: #eef2f6; width: 28px; margin: 0; border: none; }
+QScrollBar:horizontal { background: #eef2f6; height: 28px; margin: 0; border: none; }
+QScrollBar::handle { background: #94a3b8; border-radius: 8px; margin: 5px; }
+QScrollBar::handle:vertical { min-height: 56px; }
+QScrollBar::handle:horizontal { min-width: 56px; }
+QScrollBar::handle:pressed { background: @tenue; }
+QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+QScrollBar::add-page, QScrollBar::sub-page { background: transparent; }
+
+QProgressBar {
+  background: #e2e8f0; border: none; border-radius: 6px; min-height: 12px; text-align: center;
+}
+QProgressBar::chunk { background: @verde; border-radius: 6px; }
+)";
+
+} // namespace
+
+QString HojaDeEstilo() {
+    QString hoja = QString::fromLatin1(kHoja);
+    const auto poner = [&hoja](const char* nombre, const QColor& color) {
+        hoja.replace(QLatin1String(nombre), color.name());
+    };
+    poner("@cabecera", kCabecera);
+    poner("@cabtexto", kCabeceraTexto);
+    poner("@cuerpo", kCuerpo);
+    poner("@texto", kTexto);
+    poner("@tenue", kTextoTenue);
+    poner("@apagado", kTextoApagado);
+    poner("@borde", kBorde);
+    poner("@resalte", kResalte);
+    poner("@ambar", kAmbar);
+    poner("@verde", kVerde);
+    return hoja;
+}
+
+} // namespace zv::tema
