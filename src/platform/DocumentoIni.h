@@ -1,0 +1,27 @@
+// An INI file in memory, read by the platform's private-profile rules: names ignore case, the
+// first of two like sections or keys wins, a line without "=" and a ";" comment say nothing, blanks
+// around names and values go, and so does one pair of like quotes around a value.
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+
+#include <optional>
+
+namespace zv {
+
+class DocumentoIni {
+  public:
+    // Any bytes: what is no INI text gives an empty document. Encodings as in LineasIni.
+    static DocumentoIni Analizar(const QByteArray& bytes);
+
+    // The whole value, empty for "key=" with nothing behind; nothing when the key is absent.
+    std::optional<QString> Valor(const QString& seccion, const QString& clave) const;
+    bool EstaVacio() const { return secciones_.isEmpty(); }
+
+  private:
+    QHash<QString, QHash<QString, QString>> secciones_; // by case-folded names
+};
+
+} // namespace zv

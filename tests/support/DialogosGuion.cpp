@@ -1,0 +1,154 @@
+// The script of the dialogs: matching of what is asked against what waits.
+#include "support/DialogosGuion.h"
+
+#include "support/ImprimeQt.h"
+
+#include <optional>
+
+namespace zv::test {
+
+DialogosGuion::~DialogosGuion() {
+    for (const Paso& paso : guion_) {
+        ADD_FAILURE() << "nobody asked for this dialog: " << Describe(paso);
+    }
+}
+
+const char* DialogosGuion::Nombre(Clase clase) {
+    switch (clase) {
+    case Clase::Mensaje:
+        return "Mensaje";
+    case Clase::Texto:
+        return "Texto";
+    case Clase::Importe:
+        return "Importe";
+    case Clase::Caja:
+        return "Caja";
+    }
+    return "";
+}
+
+std::string DialogosGuion::Describe(const Paso& paso) {
+    std::ostringstream salida;
+    salida << Nombre(paso.clase) << " with a title that ";
+    paso.titulo.DescribeTo(&salida);
+    salida << " and a text that ";
+    paso.texto.DescribeTo(&salida);
+    if (paso.estilo >= 0) {
+        salida << " in style " << paso.estilo;
+    }
+    return salida.str();
+}
+
+void DialogosGuion::EsperaMensaje(TextoEsperado titulo, TextoEsperado texto, int respuesta,
+                                  int estilo, Accion mientras) {
+    guion_.push_back({Clase::Mensaje,
+                      std::move(titulo),
+                      std::move(texto),
+                      testing::_,
+                      estilo,
+                      respuesta,
+                      {},
+                      {},
+                      false,
+                      std::move(mientras)});
+}
+
+void DialogosGuion::EsperaTexto(TextoEsperado titulo, TextoEsperado texto, const QString& respuesta,
+                                TextoEsperado porDefecto, Accion mientras) {
+    guion_.push_back({Clase::Texto,
+                      std::move(titulo),
+                      std::move(texto),
+                      std::move(porDefecto),
+                      -1,
+                      0,
+                      respuesta,
+                      {},
+                      false,
+                      std::move(mientras)});
+}
+
+void DialogosGuion::EsperaImporte(TextoEsperado titulo, TextoEsperado prompt, Currency respuesta,
+                                  bool cancelado, Accion mientras) {
+    guion_.push_back({Clase::Importe,
+                      std::move(titulo),
+                      std::move(prompt),
+                      testing::_,
+                      -1,
+                      0,
+                      {},
+                      respuesta,
+                      cancelado,
+                      std::move(mientras)});
+}
+
+void DialogosGuion::EsperaCaja(TextoEsperado texto, Accion mientras) {
+    guion_.push_back({Clase::Caja,
+                      testing::_,
+                      std::move(texto),
+                      testing::_,
+                      -1,
+                      0,
+                      {},
+                      {},
+                      false,
+                      std::move(mientras)});
+}
+
+std::optional<DialogosGuion::Paso> DialogosGuion::Siguiente(Clase clase, const QString& titulo,
+                                                            const QString& texto, int estilo,
+                                                            const QString& porDefecto) {
+    const QString llamada =
+        QStringLiteral("%1|%2|%3|%4")
+            .arg(QLatin1String(Nombre(clase)), titulo, texto, QString::number(estilo));
+    llamadas_ << llamada;
+    if (guion_.empty()) {
+        ADD_FAILURE() << "unexpected dialog: " << llamada.toStdString();
+        return std::nullopt;
+    }
+    // A wrong question leaves the script as it is, so that each mistake is told once.
+    const Paso& paso = guion_.front();
+    if (paso.clase != clase || !paso.titulo.Matches(titulo) || !paso.texto.Matches(texto) ||
+        !paso.porDefecto.Matches(porDefecto) || (paso.estilo >= 0 && paso.estilo != estilo)) {
+        ADD_FAILURE() << "dialog " << llamada.toStdString() << "\nwhere the script has "
+                      << Describe(paso);
+        return std::nullopt;
+    }
+    Paso tomado = std::move(guion_.front());
+    guion_.pop_front();
+    if (tomado.mientras) {
+        tomado.mientras();
+    }
+    return tomado;
+}
+
+int DialogosGuion::MostrarMensaje(const QString& titulo, const QString& texto, int estilo) {
+    const auto paso = Siguiente(Clase::Mensaje, titulo, texto, estilo, {});
+    if (paso) {
+        return paso->boton;
+    }
+    // What ends most loops of questions: the refusing button of the style.
+    return estilo == 1 || estilo == 5   ? resultado::kCancelar
+           : estilo == 3 || estilo == 4 ? resultado::kNo
+                                        : resultado::kAceptar;
+}
+
+QString DialogosGuion::PedirTexto(const QString& titulo, const QString& texto,
+                                  const QString& porDefecto) {
+    const auto paso = Siguiente(Clase::Texto, titulo, texto, 0, porDefecto);
+    return paso ? paso->respuesta : QString();
+}
+
+Currency DialogosGuion::PedirImporte(const QString& titulo, const QString& prompt,
+                                     Currency porDefecto, bool sinImporte, bool& cancelado) {
+    ultimoImporte_ = porDefecto;
+    ultimoSinImporte_ = sinImporte;
+    const auto paso = Siguiente(Clase::Importe, titulo, prompt, sinImporte ? 1 : 0, {});
+    cancelado = paso ? paso->cancelado : true;
+    return paso ? paso->importe : Currency();
+}
+
+void DialogosGuion::CajaSimple(const QString& texto) {
+    Siguiente(Clase::Caja, {}, texto, 0, {});
+}
+
+} // namespace zv::test
