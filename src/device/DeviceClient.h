@@ -4,7 +4,8 @@
 //
 // Results: true is success. False with ErrorCode above 0 is a device error, with ErrorCode 0 or
 // below a cancellation; the amounts tell what had moved. ErrorCode 1 means the link was lost.
-// ErrorCode and ErrorMessage keep their values until the next operation.
+// ErrorCode and ErrorMessage keep their values until the next operation; GetLevels, when it
+// succeeds, leaves them too, because callers read a balance before they file the error.
 #pragma once
 
 #include <QString>

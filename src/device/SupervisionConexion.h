@@ -3,8 +3,8 @@
 // into balances and into the state of the lamps.
 #pragma once
 
-#include "device/Diario.h"
 #include "device/DeviceClient.h"
+#include "device/Diario.h"
 #include "platform/Currency.h"
 #include "platform/Registro.h"
 #include "ui/Dialogos.h"
@@ -41,6 +41,11 @@ class SupervisionConexion {
     bool Conectado() const { return conectado_; }
     void Conectar();
     void Desconectar();
+    // The disconnection itself, with no question and nothing shown: stores the balance, ends the
+    // session, writes the journal line, clears the flag. The cash office disconnects with it.
+    void Cortar();
+    // Clears the flag alone, after the settings screen has tested another address.
+    void MarcarDesconectado() { conectado_ = false; }
     // One attempt; true when the device is connected again.
     bool IntentarReconnectar();
     // kind 0 all, 1 recycler, 2 its coins, 3 its notes, 4 boxes, 5 their coins, 6 their notes;
@@ -60,6 +65,11 @@ class SupervisionConexion {
     void LeerSaldos();
 
   private:
+    // After a connection: tells a balance that has changed, stores both balances.
+    void ComprobarSaldos();
+    void MostrarFalloConexion();
+    void MostrarLamparas(bool ok, bool alerta, bool critico);
+
     DeviceClient& cliente_;
     Registro& registro_;
     Log& log_;

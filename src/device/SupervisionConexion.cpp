@@ -1,0 +1,293 @@
+// Connection, reconnection, balances and lamps of the device.
+#include "device/SupervisionConexion.h"
+
+#include "platform/ErrorEjecucion.h"
+
+#include <QStringList>
+
+#include <array>
+
+namespace zv {
+
+namespace {
+
+// Anything above the coin of 2 main units is a note; the device is not asked.
+constexpr qint64 kMayorMoneda = 200;
+
+const QString kClave = QStringLiteral("Zorvex\\ZVMonitor");
+const QString kSaldoExit = QStringLiteral("Saldo_Exit");
+const QString kSaldoInicial = QStringLiteral("Saldo_Inicial");
+const QString kFinLinea = QStringLiteral("\r\n");
+
+// A whole number of a list of the device.
+qint64 LeerItem(const QString& texto) {
+    bool bien = false;
+    const qint64 valor = texto.trimmed().toLongLong(&bien);
+    if (!bien) {
+        throw errores::TipoNoCoincide();
+    }
+    return valor;
+}
+
+// An empty text is an empty list.
+QStringList Partir(const QString& lista) {
+    return lista.isEmpty() ? QStringList() : lista.split(u',');
+}
+
+void SumarNiveles(const QString& noms, const QString& levels, Currency& monedas,
+                  Currency& billetes) {
+    const QStringList denominaciones = Partir(noms);
+    const QStringList piezas = Partir(levels);
+    if (denominaciones.size() != piezas.size()) {
+        throw errores::FueraDeIntervalo();
+    }
+    for (qsizetype i = 0; i < piezas.size(); ++i) {
+        const qint64 cuantas = LeerItem(piezas[i]);
+        if (cuantas <= 0) {
+            continue;
+        }
+        const qint64 denominacion = LeerItem(denominaciones[i]);
+        qint64 valor = 0;
+        if (__builtin_mul_overflow(cuantas, denominacion, &valor)) {
+            throw errores::Desbordamiento();
+        }
+        (denominacion > kMayorMoneda ? billetes : monedas) += Currency::DeEntero(valor);
+    }
+}
+
+} // namespace
+
+SupervisionConexion::SupervisionConexion(DeviceClient& cliente, Registro& registro, Log& log,
+                                         Dialogos& dialogos, const Textos& textos,
+                                         const Importes& importes, std::function<QString()> ip)
+    : cliente_(cliente), registro_(registro), log_(log), dialogos_(dialogos), textos_(textos),
+      importes_(importes), ip_(std::move(ip)), diario_(log) {}
+
+void SupervisionConexion::LeerSaldos() {
+    const FormatoRegional& formato = importes_.Formato();
+    saldoInicial_ =
+        formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoInicial, QStringLiteral("0")))
+            .AEntero32();
+    ultimoSaldo_ =
+        formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoExit, QStringLiteral("0")));
+}
+
+void SupervisionConexion::Conectar() {
+    if (vista_ != nullptr) {
+        vista_->HabilitarConectar(false);
+    }
+    cliente_.Address(ip_());
+    cliente_.SessionFlag(true);
+    bool resultado = false;
+    cliente_.Connect(resultado);
+    const QString etiqueta = QStringLiteral("CONECTARZORV");
+    if (resultado) {
+        diario_.Connect(etiqueta, QStringLiteral("CONNECT_OK"));
+    } else {
+        diario_.Connect(etiqueta,
+                        QStringLiteral("CONNECT_ERRORZV") + QString::number(cliente_.ErrorCode()));
+    }
+    conectado_ = resultado;
+    if (conectado_) {
+        ComprobarSaldos();
+    } else {
+        MostrarFalloConexion();
+    }
+    if (vista_ != nullptr) {
+        vista_->HabilitarConectar(true);
+        vista_->ActualizarBotonesMonitor(conectado_);
+    }
+}
+
+void SupervisionConexion::ComprobarSaldos() {
+    const FormatoRegional& formato = importes_.Formato();
+    ultimoSaldo_ =
+        formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoExit, QStringLiteral("0")));
+    const Currency total = SaldoPorTipo(QStringLiteral("GETSALDOINICIOZV"), 0);
+    if (ultimoSaldo_ != total) {
+        const QString ultimo = importes_.FormatoImporte(ultimoSaldo_);
+        const QString actual = importes_.FormatoImporte(total);
+        dialogos_.MostrarMensaje(
+            textos_.Traduce(QStringLiteral("inicializacion"), QStringLiteral("Inicialización")),
+            textos_.Traduce(QStringLiteral("inicializacion2"),
+                            QStringLiteral("El saldo de Zorvex ha variado desde la última vez que "
+                                           "se ejecutó la aplicación: ")) +
+                kFinLinea +
+                textos_.Traduce(QStringLiteral("ultimoSaldoRegistrado"),
+                                QStringLiteral("Último Saldo Registrado: ")) +
+                ultimo + kFinLinea +
+                textos_.Traduce(QStringLiteral("saldoActual"), QStringLiteral("Saldo Actual: ")) +
+                actual);
+        log_.LogLinea(QStringLiteral(">>> Último Saldo Registrado: ") + ultimo +
+                      QStringLiteral(" -- Saldo Actual: ") + actual);
+    }
+    GuardarSaldoExit();
+    const Currency sinPoner(-1);
+    if (formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoInicial, QStringLiteral("-1"))) ==
+        sinPoner) {
+        registro_.GuardarValor(kClave, kSaldoInicial, total.ATexto());
+    }
+    saldoInicial_ = formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoInicial, total.ATexto()))
+                        .AEntero32();
+}
+
+void SupervisionConexion::MostrarFalloConexion() {
+    const qint16 codigo = cliente_.ErrorCode();
+    const QString numero = QString::number(codigo);
+    const QString mensaje = cliente_.ErrorMessage();
+    dialogos_.MostrarMensaje(
+        textos_.Traduce(QStringLiteral("errorDeZorvex"), QStringLiteral("Error de Zorvex")),
+        textos_.Traduce(QStringLiteral("problemaComunicacion"),
+                        QStringLiteral("Existe un problema de comunicación con Zorvex.")) +
+            kFinLinea +
+            textos_.Traduce(QStringLiteral("consulteConSuTecnico"),
+                            QStringLiteral("Consulte con su técnico el siguiente error: ")) +
+            kFinLinea + numero + QStringLiteral(": ") + mensaje);
+    if (codigo != 0) {
+        log_.LogLinea(QStringLiteral(">>> Error Zorvex: ") + numero + QStringLiteral(" - ") +
+                      mensaje);
+    } else {
+        log_.LogLinea(QStringLiteral(">>> Error de comunicación con Zorvex"));
+    }
+}
+
+void SupervisionConexion::Cortar() {
+    GuardarSaldoExit();
+    cliente_.Disconnect();
+    diario_.Connect(QStringLiteral("DESCONECTARZORV"), QStringLiteral("DISCONNECT_OK"));
+    conectado_ = false;
+}
+
+void SupervisionConexion::Desconectar() {
+    if (vista_ != nullptr && vista_->Agrupando()) {
+        dialogos_.MostrarMensaje(
+            textos_.Traduce(QStringLiteral("conflictoOperacion"),
+                            QStringLiteral("Conflicto de operaciones")),
+            textos_.Traduce(QStringLiteral("problemaAgrupacion"),
+                            QStringLiteral("Esta agrupando pagos, finalize la operacion primero")));
+        return;
+    }
+    Cortar();
+    if (vista_ != nullptr) {
+        vista_->ActualizarBotonesMonitor(false);
+    }
+}
+
+bool SupervisionConexion::IntentarReconnectar() {
+    Cortar();
+    if (vista_ != nullptr) {
+        vista_->ActualizarBotonesMonitor(false);
+    }
+    Conectar();
+    if (!conectado_ && vista_ != nullptr) {
+        vista_->ActualizarBotonesMonitor(false);
+    }
+    return conectado_;
+}
+
+void SupervisionConexion::GuardarSaldoExit() {
+    if (!conectado_) {
+        return;
+    }
+    saldoExit_ = SaldoPorTipo(QStringLiteral("GUARDASALDOEXIT"), 0);
+    registro_.GuardarValor(kClave, kSaldoExit, saldoExit_.ATexto());
+}
+
+// The tag is for trace alone; nothing shows it.
+Currency SupervisionConexion::SaldoPorTipo(const QString& /*etiqueta*/, qint32 tipo) {
+    try {
+        Currency monedas;
+        Currency billetes;
+        Currency monedasCajon;
+        Currency billetesCajon;
+        const bool leerCajon = tipo == 0 || (tipo >= 4 && tipo <= 6);
+        const bool leerReciclador = tipo >= 0 && tipo <= 3;
+        if (conectado_ && leerCajon) {
+            QString noms;
+            QString levels;
+            bool bien = false;
+            cliente_.GetLevels(3, noms, levels, bien);
+            if (bien) {
+                SumarNiveles(noms, levels, monedasCajon, billetesCajon);
+            }
+        }
+        if (conectado_ && leerReciclador) {
+            QString noms;
+            QString levels;
+            bool bien = false;
+            cliente_.GetLevels(2, noms, levels, bien);
+            if (bien) {
+                SumarNiveles(noms, levels, monedas, billetes);
+            } else if (cliente_.ErrorCode() != 0) {
+                dialogos_.MostrarMensaje(textos_.Traduce(QStringLiteral("operacionAnulada"),
+                                                         QStringLiteral("Operación anulada")),
+                                         cliente_.ErrorMessage());
+            }
+        }
+        switch (tipo) {
+        case 0:
+            return monedas + billetes + monedasCajon + billetesCajon;
+        case 1:
+            return monedas + billetes;
+        case 2:
+            return monedas;
+        case 3:
+            return billetes;
+        case 4:
+            return monedasCajon + billetesCajon;
+        case 5:
+            return monedasCajon;
+        case 6:
+            return billetesCajon;
+        default:
+            return {};
+        }
+    } catch (const ErrorEjecucion& error) {
+        dialogos_.CajaSimple(textos_.Traduce(QStringLiteral("errorAlRecuperarSaldo"),
+                                             QStringLiteral("Error al recuperar el saldo del "
+                                                            "Zorvex:")) +
+                             u' ' + QString::number(error.Numero()) + QStringLiteral(" - ") +
+                             error.Descripcion());
+        return {};
+    }
+}
+
+void SupervisionConexion::MostrarNivel() {
+    try {
+        if (!conectado_) {
+            MostrarLamparas(false, false, true);
+            return;
+        }
+        QString noms;
+        QString levels;
+        bool bien = false;
+        cliente_.GetLevels(4, noms, levels, bien);
+        QString resultado = QStringLiteral("OK");
+        if (bien) {
+            // The text as a whole is looked at; states are single digits.
+            const bool critico = levels.contains(u'2');
+            const bool alerta = !critico && levels.contains(u'1');
+            diario_.GetLevels(QStringLiteral("MOSTRARNIVEL"), resultado, 4, noms, levels);
+            MostrarLamparas(!critico && !alerta, alerta, critico);
+            return;
+        }
+        const qint16 codigo = cliente_.ErrorCode();
+        resultado = codigo != 0 ? QStringLiteral("ERRORZV_") + QString::number(codigo) +
+                                      QStringLiteral(" - ") + cliente_.ErrorMessage()
+                                : QStringLiteral("Cancelado");
+        diario_.GetLevels(QStringLiteral("MOSTRARNIVEL"), resultado, 4, noms, levels);
+    } catch (const ErrorEjecucion& error) {
+        dialogos_.MostrarMensaje(
+            textos_.Traduce(QStringLiteral("errorDeZorvex"), QStringLiteral("Error de Zorvex")),
+            QStringLiteral("Error nº ") + QString::number(error.Numero()) + QStringLiteral(" - ") +
+                error.Descripcion());
+    }
+}
+
+void SupervisionConexion::MostrarLamparas(bool ok, bool alerta, bool critico) {
+    if (vista_ != nullptr) {
+        vista_->MostrarLamparas(ok, alerta, critico);
+    }
+}
+
+} // namespace zv
