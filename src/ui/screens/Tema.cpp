@@ -115,6 +115,11 @@ QFont FuenteImporte(int pixeles, bool negrita) {
     return f;
 }
 
+void PonerColorTexto(QWidget& rotulo, const QColor& color) {
+    // The style sheet of the program has the last word over a palette, a widget's own over it.
+    rotulo.setStyleSheet(QStringLiteral("color: ") + color.name() + QLatin1Char(';'));
+}
+
 QString Rotulo(const QString& caption) {
     QString rotulo = caption;
     return rotulo.replace(QChar(u'¬'), QChar(u'\n'));

@@ -27,11 +27,14 @@ inline const QColor kTextoTenue(75, 85, 99);
 inline const QColor kTextoApagado(148, 163, 184); // of disabled controls
 inline const QColor kBorde(203, 213, 225);
 inline const QColor kResalte(37, 99, 235); // focus and selection
+inline const QColor kFilaPar(238, 242, 247);     // every other row of a grid
+inline const QColor kFondoAnular(254, 226, 226); // behind the picture that annuls
 
 // Sizes in pixels at scale 1.
 inline constexpr int kAltoCabecera = 57; // 855 twips
 inline constexpr int kToqueMinimo = 44;
 inline constexpr int kTeclaMinima = 64;
+inline constexpr int kAltoFila = 48; // row of a grid
 
 // 15 twips make a pixel at scale 1.
 inline constexpr int TwipsAPixeles(int twips) {
@@ -67,6 +70,9 @@ QIcon Icono(const QString& nombre, const QColor& color = kTexto, const QColor& c
 // The same from the icon folders given, such as "/usr/share/icons/breeze".
 QIcon IconoDe(const QStringList& carpetas, const QString& nombre, const QColor& color,
               const QColor& colorMarcado = {});
+
+// Colour of a label's text, for one that changes it while it is shown.
+void PonerColorTexto(QWidget& rotulo, const QColor& color);
 
 // Replaces the line-break mark of captions, ¬, by a line break.
 QString Rotulo(const QString& caption);
