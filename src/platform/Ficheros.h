@@ -1,6 +1,8 @@
-// Existence tests, used before files and folders are touched.
+// Files: existence tests used before they are touched, reading of whole files, and replacing a file
+// so that whoever reads it, or a crash, finds the old text or the new one and never a part.
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
 namespace zv {
@@ -9,5 +11,19 @@ namespace zv {
 bool ExisteFichero(const QString& ruta);
 // True if the path names an existing folder.
 bool ExisteCarpeta(const QString& ruta);
+
+// The two below take paths in the system's encoding and answer 0 or an error number of the system
+// (errno.h); they never raise.
+
+// The whole file into contenido, which is empty after a failure. A folder is EISDIR; more than
+// limite bytes is EFBIG.
+int LeerFicheroEntero(const QByteArray& ruta, QByteArray& contenido,
+                      qsizetype limite = 256 * 1024 * 1024);
+// Writes a temporary file beside it, flushes it to disk and renames it. Keeps owner and
+// permissions of an old file and follows a link to it; a file that nobody may write stays (EACCES).
+int ReemplazarFichero(const QByteArray& ruta, QByteArrayView contenido);
+
+// What such a number means, in Spanish, for messages and logs.
+QString TextoErrorSistema(int numero);
 
 } // namespace zv

@@ -7,6 +7,7 @@
 #include <QChar>
 #include <QLocale>
 #include <QString>
+#include <QStringView>
 
 #include <optional>
 
@@ -19,13 +20,15 @@ class FormatoRegional {
     // A region by name, such as "es_ES" or "en_US".
     explicit FormatoRegional(const QString& region);
 
-    // The "Currency" format: symbol, the region's decimals, grouping; the value is in main units.
+    // The "Currency" format: symbol, the region's decimals (halves away from zero), thousands marks
+    // from 1.000 on, plain blanks only; the value is in main units.
     QString FormatoCurrency(Currency valor) const;
-    // The same from a double already rounded to four decimals.
+    // The same from a double already rounded to four decimals. Raises 6 beyond Currency's range.
     QString FormatoCurrency(double valor) const;
 
     // Reads a number leniently: blanks around it, leading or trailing sign, parentheses for
-    // negative, thousands marks, decimal mark, currency symbol, exponent. Nothing on any doubt.
+    // negative, thousands marks, decimal mark, currency symbol, exponent. Nothing on any doubt:
+    // marks that do not part thousands ("12.50" where "." is the thousands mark), two signs.
     std::optional<double> LeerNumero(const QString& texto) const;
     bool EsNumerico(const QString& texto) const { return LeerNumero(texto).has_value(); }
     // Text to Currency with four decimals, halves to even. Raises 13 for no number, 6 beyond range.
@@ -36,10 +39,31 @@ class FormatoRegional {
     const QLocale& Region() const { return region_; }
 
   private:
+    struct Partes;
+    explicit FormatoRegional(const QLocale& region);
+    bool Analizar(QStringView texto, Partes& partes) const;
+    bool AnalizarCifras(QStringView& texto, Partes& partes) const;
+    int Cifra(QChar c) const;
+    bool EsMarcaMiles(QChar c) const;
+    bool BienAgrupado(const Partes& partes) const;
+
+    // What stands around the digits of an amount.
+    struct Marco {
+        QString delante;
+        QString detras;
+    };
+    static Marco MarcoDe(const QString& importe);
+
     QLocale region_;
     QChar marcaDecimal_;
-    QChar marcaMiles_;
+    QChar marcaMiles_; // null when the region has none
     QString simbolo_;
+    Marco positivo_;
+    Marco negativo_;
+    QChar cero_ = u'0';
+    int decimales_ = 2;
+    int grupoFinal_ = 3; // digits between the last thousands mark and the decimal mark
+    int grupo_ = 3;      // digits of the groups before
 };
 
 } // namespace zv

@@ -34,6 +34,8 @@ class LineasIni {
     // The line end of the file, that of its first line; CR LF when it has none. In its encoding.
     QByteArray FinDeLinea() const;
     Codificacion Clase() const { return codificacion_; }
+    // Where the text begins, behind the encoding's mark.
+    qsizetype Principio() const { return principio_; }
 
   private:
     bool Ancha() const;
