@@ -32,6 +32,8 @@ class EstadoMonitor final : public VistaConexion {
     // The operator scrolled the grid; fila is the first row in view, 1 the first data row.
     void Desplazado(int fila);
 
+    // Data rows of the grid.
+    int FilasGrid() const { return grid_.FilasDatos(); }
     // Rows at the last look at cola, kept by the pulse.
     qint32 UltimaCuenta() const { return ultimaCuenta_; }
     void PonerUltimaCuenta(qint32 cuenta) { ultimaCuenta_ = cuenta; }

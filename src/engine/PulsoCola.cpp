@@ -129,14 +129,14 @@ bool PulsoCola::DetectarCambiosCola() {
 }
 
 void PulsoCola::EnviarPrimera() {
-    const quint64 marca = entorno_.Motor().MarcaCambios();
-    if (marcaSinFila_ == marca) {
+    // The mark of this tick's look: nothing has been written by this program since.
+    if (marcaSinFila_ == marcaMirada_) {
         return;
     }
     const std::vector<Fila> filas = entorno_.Motor().Consultar(
         QStringLiteral("SELECT TOP 1 * FROM cola WHERE NOT manual ORDER BY idZv"));
     if (filas.empty()) {
-        marcaSinFila_ = marca;
+        marcaSinFila_ = marcaMirada_;
         return;
     }
     const qint32 idZV = filas.front().LeerLong(QStringLiteral("idZV"));

@@ -1,5 +1,7 @@
-// What the engine asks of the main window.
+// What the engine and the start-up ask of the main window.
 #pragma once
+
+#include <QString>
 
 namespace zv {
 
@@ -13,10 +15,18 @@ inline constexpr int kMaximizada = 2;
 class VentanaPrincipal {
   public:
     virtual ~VentanaPrincipal() = default;
+
     virtual int WindowState() const = 0;
     virtual void PonerWindowState(int estado) = 0;
     // Shows the window and raises it above the others once.
     virtual void TraerAlFrente() = 0;
+
+    // Start-up, in this order.
+    virtual void Traducir() = 0;     // captions from the language file
+    virtual void PonerIcono() = 0;   // "ICOZVCON"
+    virtual void PrepararGrid() = 0; // titles and widths of the columns
+    virtual void PonerVersion(const QString& caption) = 0;
+    virtual void Mostrar() = 0;
 };
 
 } // namespace zv

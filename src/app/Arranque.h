@@ -1,0 +1,56 @@
+// Start-up and shutdown of the monitor, step by step in a fixed order.
+#pragma once
+
+#include "app/Conector.h"
+#include "engine/Entorno.h"
+#include "engine/EstadoMonitor.h"
+#include "engine/PulsoCola.h"
+#include "engine/VentanaPrincipal.h"
+#include "platform/InstanciaUnica.h"
+#include "ui/LogFicheros.h"
+
+#include <functional>
+
+namespace zv {
+
+// What other folders do in the middle of the start; a step that nobody has taken is passed over.
+struct PasosArranque {
+    std::function<void()> abrirConfiguracion; // settings screen, modal
+    std::function<void()> abrirFast;
+    std::function<void()> inicializarDades;
+    std::function<void()> mostrarBotonAcceso;
+};
+
+class Arranque {
+  public:
+    // crearCatalogo: an engine of its own for the schema.
+    Arranque(Entorno& entorno, EstadoMonitor& estado, PulsoCola& pulso, Conector& conector,
+             InstanciaUnica& instancia, LogFicheros& ficherosLog, QString carpeta,
+             std::function<std::unique_ptr<MotorBD>()> crearCatalogo);
+
+    void PonerPasos(PasosArranque pasos) { pasos_ = std::move(pasos); }
+
+    // Load of the main screen. False: the program is to end at once, without any saving.
+    bool Cargar(VentanaPrincipal& ventana);
+    // Unload: after it the process ends.
+    void Descargar();
+
+  private:
+    bool CargarProtegido(VentanaPrincipal& ventana);
+    bool LeerConfiguracion();
+    int Mensaje(const char16_t* claveTitulo, const char16_t* titulo, const char16_t* claveTexto,
+                const char16_t* texto);
+    QString Traduce(const char16_t* clave, const char16_t* porDefecto) const;
+
+    Entorno& entorno_;
+    EstadoMonitor& estado_;
+    PulsoCola& pulso_;
+    Conector& conector_;
+    InstanciaUnica& instancia_;
+    LogFicheros& ficherosLog_;
+    QString carpeta_;
+    std::function<std::unique_ptr<MotorBD>()> crearCatalogo_;
+    PasosArranque pasos_;
+};
+
+} // namespace zv

@@ -1,0 +1,63 @@
+// The one place where the parts of a monitor are put together.
+#include "app/Monitor.h"
+
+namespace zv {
+
+namespace {
+
+FormatoRegional FormatoDe(const Opciones& opciones) {
+    return opciones.region.isEmpty() ? FormatoRegional::DelSistema()
+                                     : FormatoRegional(opciones.region);
+}
+
+} // namespace
+
+Servicios::Servicios(Opciones lasOpciones, const Reloj& elReloj)
+    : opciones(std::move(lasOpciones)), reloj(elReloj),
+      log(opciones.carpeta, opciones.programa, VersionPrograma(), elReloj),
+      textos(opciones.carpeta), registro(opciones.registro), formato(FormatoDe(opciones)) {}
+
+Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exterior)
+    : conexion(motor, servicios.opciones.carpeta, servicios.log, exterior.dialogos,
+               servicios.textos),
+      firma(seguretat), registros(motor, servicios.log, exterior.dialogos, firma, importes,
+                                  servicios.reloj),
+      ini(servicios.log, exterior.dialogos),
+      configuracio(std::make_unique<Configuracio>(ini, servicios.registro,
+                                                  servicios.opciones.carpeta)),
+      marca(servicios.registro),
+      supervision(exterior.cliente, servicios.registro, servicios.log, exterior.dialogos,
+                  servicios.textos, importes, [this] { return configuracio->IP; }),
+      entorno{conexion,
+              registros,
+              exterior.cliente,
+              supervision,
+              seguretat,
+              configuracio,
+              ini,
+              servicios.opciones.carpeta + QStringLiteral("/ZVMonitor.ini"),
+              servicios.registro,
+              marca,
+              servicios.log,
+              exterior.dialogos,
+              servicios.textos,
+              importes,
+              servicios.reloj},
+      grid(servicios.textos, importes), estado(entorno, controles, grid),
+      pulso(entorno, controles, grid, estado), botones(entorno, controles, estado),
+      instancia(servicios.opciones.carpeta),
+      conector(configuracio, exterior.procesos, exterior.shell, exterior.dialogos,
+               servicios.textos),
+      arranque(entorno, estado, pulso, conector, instancia, servicios.log,
+               servicios.opciones.carpeta, [] { return std::make_unique<MotorSQLite>(); }) {
+    supervision.PonerVista(&estado);
+    botones.Registrar(6, [this] { supervision.Desconectar(); });
+    botones.Registrar(7, [this] { supervision.Conectar(); });
+}
+
+void Monitor::PonerVentana(VentanaPrincipal& ventana) {
+    ventana_ = &ventana;
+    pulso.PonerVentana(&ventana);
+}
+
+} // namespace zv

@@ -1,0 +1,75 @@
+// One whole monitor without its windows: owns the objects of which there is one per process and
+// hands each to the others by reference. Two of them can live side by side.
+#pragma once
+
+#include "app/Arranque.h"
+#include "app/Conector.h"
+#include "app/Servicios.h"
+#include "config/ConfiguracioGlobal.h"
+#include "config/MarcaActivo.h"
+#include "config/ModuloIni.h"
+#include "engine/BotonesMonitor.h"
+#include "engine/Controles.h"
+#include "engine/Entorno.h"
+#include "engine/EstadoMonitor.h"
+#include "engine/GridCola.h"
+#include "engine/PulsoCola.h"
+#include "platform/InstanciaUnica.h"
+#include "store/MotorSQLite.h"
+
+namespace zv {
+
+// Signs the records with the user of Seguretat.
+class FirmaSeguretat final : public Firma {
+  public:
+    explicit FirmaSeguretat(const Seguretat& seguretat) : seguretat_(seguretat) {}
+    bool UsuarioFast() const override { return seguretat_.UsuarioFast; }
+    QString GetNom() const override { return seguretat_.GetNom(); }
+
+  private:
+    const Seguretat& seguretat_;
+};
+
+// What reaches outside the process: replaced in tests.
+struct Exterior {
+    DeviceClient& cliente;
+    Dialogos& dialogos;
+    Procesos& procesos;
+    Shell& shell;
+};
+
+class Monitor {
+  public:
+    Monitor(Servicios& servicios, const Importes& importes, Exterior exterior);
+    Monitor(const Monitor&) = delete;
+    Monitor& operator=(const Monitor&) = delete;
+
+    // The main window, which must outlive the last tick.
+    void PonerVentana(VentanaPrincipal& ventana);
+    // Start-up; false when the program is to end at once.
+    bool Cargar() { return arranque.Cargar(*ventana_); }
+
+    MotorSQLite motor;
+    ConexionBD conexion;
+    Seguretat seguretat;
+    FirmaSeguretat firma;
+    OperacionesRegistro registros;
+    ModuloIni ini;
+    ConfiguracioGlobal configuracio;
+    MarcaActivo marca;
+    SupervisionConexion supervision;
+    Entorno entorno;
+    Controles controles;
+    GridCola grid;
+    EstadoMonitor estado;
+    PulsoCola pulso;
+    BotonesMonitor botones;
+    InstanciaUnica instancia;
+    Conector conector;
+    Arranque arranque;
+
+  private:
+    VentanaPrincipal* ventana_ = nullptr;
+};
+
+} // namespace zv

@@ -1,0 +1,264 @@
+// Layout of the main screen: header, state bar, grid with its page buttons, footer.
+#include "engine/screens/DisenoMonitor.h"
+
+#include "ui/screens/Tema.h"
+
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTableView>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace zv {
+
+namespace {
+
+QToolButton* Boton(QWidget* padre, const QString& nombre, const QString& caption,
+                   const QString& icono, const QColor& color) {
+    auto* boton = new QToolButton(padre);
+    boton->setObjectName(nombre);
+    boton->setText(tema::Rotulo(caption));
+    boton->setIcon(tema::Icono(icono, color));
+    boton->setAccessibleName(QString(caption).replace(QChar(0x00AC), QLatin1Char(' ')));
+    // The keyboard belongs to the barcode box.
+    boton->setFocusPolicy(Qt::NoFocus);
+    return boton;
+}
+
+QString Indexado(const QString& nombre, int indice) {
+    return nombre + QLatin1Char('_') + QString::number(indice);
+}
+
+QLabel* Lampara(QWidget* padre, const QString& nombre, const QColor& color,
+                const QString& accesible) {
+    auto* lampara = new QLabel(padre);
+    lampara->setObjectName(nombre);
+    lampara->setFixedSize(28, 28);
+    lampara->setStyleSheet(
+        QStringLiteral("background:%1;border:3px solid white;border-radius:14px;")
+            .arg(color.name()));
+    lampara->setAccessibleName(accesible);
+    lampara->setToolTip(accesible);
+    lampara->setVisible(false);
+    return lampara;
+}
+
+} // namespace
+
+void DisenoMonitor::Construir(QWidget& ventana) {
+    ConstruirCabecera(ventana);
+    ConstruirEstado(ventana);
+    ConstruirGrid(ventana);
+    ConstruirPie(ventana);
+
+    auto* centro = new QHBoxLayout;
+    centro->setContentsMargins(0, 0, 0, 0);
+    centro->setSpacing(0);
+    centro->addWidget(grdZV, 1);
+    centro->addWidget(pctScrollBar);
+
+    auto* todo = new QVBoxLayout(&ventana);
+    todo->setContentsMargins(0, 0, 0, 0);
+    todo->setSpacing(0);
+    todo->addWidget(frameCab);
+    todo->addWidget(frmEstado);
+    todo->addLayout(centro, 1);
+    todo->addWidget(framePie);
+}
+
+void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
+    frameCab = new QFrame(&ventana);
+    frameCab->setObjectName(QStringLiteral("frameCab"));
+    frameCab->setFixedHeight(tema::kAltoCabecera);
+
+    btnLogo = Boton(frameCab, QStringLiteral("btnLogo"), QString(),
+                    QStringLiteral("zvmonitor"), tema::kCabeceraTexto);
+    btnLogo->setAccessibleName(QStringLiteral("ZVMonitor"));
+    btnLogo->setIconSize(QSize(32, 32));
+    lbVer = new QLabel(QStringLiteral("Monitor"), frameCab);
+    lbVer->setObjectName(QStringLiteral("lbVer"));
+    lbVer->setFont(tema::Fuente(17, true));
+
+    auto* fila = new QHBoxLayout(frameCab);
+    fila->setContentsMargins(8, 0, 8, 0);
+    fila->setSpacing(6);
+    fila->addWidget(btnLogo);
+    fila->addWidget(lbVer);
+    fila->addStretch(1);
+
+    const std::array<std::pair<QString, QString>, 3> modos{
+        {{QStringLiteral("Automático"), QStringLiteral("media-playback-start")},
+         {QStringLiteral("Manual"), QStringLiteral("hand")},
+         {QStringLiteral("Semiautomático"), QStringLiteral("media-skip-forward")}}};
+    for (int i = 0; i < 3; ++i) {
+        const auto& [caption, icono] = modos[static_cast<std::size_t>(i)];
+        QToolButton* boton = Boton(frameCab, Indexado(QStringLiteral("btnModo"), i), caption,
+                                   icono, tema::kCabeceraTexto);
+        tema::PonerPapel(*boton, tema::Papel::Cabecera);
+        boton->setFocusPolicy(Qt::NoFocus);
+        boton->setIcon(tema::Icono(icono, tema::kCabeceraTexto, tema::kTexto));
+        boton->setCheckable(true);
+        boton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        boton->setMinimumWidth(tema::kToqueMinimo * 3);
+        btnModo[static_cast<std::size_t>(i)] = boton;
+        fila->addWidget(boton);
+    }
+    fila->addStretch(1);
+
+    const std::array<std::pair<QString, QString>, 3> ventanas{
+        {{QStringLiteral("Minimizar"), QStringLiteral("window-minimize")},
+         {QStringLiteral("Cerrar"), QStringLiteral("window-close")},
+         {QStringLiteral("Manuales"), QStringLiteral("help-contents")}}};
+    for (int i = 0; i < 3; ++i) {
+        const auto& [accesible, icono] = ventanas[static_cast<std::size_t>(i)];
+        QToolButton* boton = Boton(frameCab, Indexado(QStringLiteral("btnW"), i), QString(),
+                                   icono, tema::kCabeceraTexto);
+        boton->setAccessibleName(accesible);
+        boton->setToolTip(accesible);
+        boton->setFixedSize(tema::kToqueMinimo + 4, tema::kToqueMinimo);
+        boton->setIconSize(QSize(24, 24));
+        btnW[static_cast<std::size_t>(i)] = boton;
+    }
+    // Manuals, minimise, close: the closing one stands where every window has it.
+    fila->addWidget(btnW[2]);
+    fila->addWidget(btnW[0]);
+    fila->addWidget(btnW[1]);
+}
+
+void DisenoMonitor::ConstruirEstado(QWidget& ventana) {
+    frmEstado = new QFrame(&ventana);
+    frmEstado->setObjectName(QStringLiteral("frmEstado"));
+    frmEstado->setFixedHeight(52);
+
+    lbContador = new QLabel(QStringLiteral("Comprobando operaciones pendientes..."), frmEstado);
+    lbContador->setObjectName(QStringLiteral("lbContador"));
+    lbContador->setFont(tema::Fuente(19, true));
+    lbEstado = new QLabel(QStringLiteral("Inicializando..."), frmEstado);
+    lbEstado->setObjectName(QStringLiteral("lbEstado"));
+    lbEstado->setFont(tema::Fuente(17, true));
+    lbEstado->setAlignment(Qt::AlignCenter);
+    lbEstado->setWordWrap(true);
+
+    ShapeOK = Lampara(frmEstado, QStringLiteral("ShapeOK"), tema::kVerde,
+                      QStringLiteral("Niveles normales"));
+    ShapeAlert = Lampara(frmEstado, QStringLiteral("ShapeAlert"), tema::kAmbar,
+                         QStringLiteral("Niveles en alerta"));
+    ShapeCritico = Lampara(frmEstado, QStringLiteral("ShapeCritico"), tema::kRojo,
+                           QStringLiteral("Niveles críticos o sin conexión"));
+
+    TextIni = new QLineEdit(frmEstado);
+    TextIni->setObjectName(QStringLiteral("TextIni"));
+    TextIni->setAccessibleName(QStringLiteral("Código de barras"));
+    TextIni->setFixedSize(150, 36);
+    TextIni->setFont(tema::Fuente(15));
+
+    auto* fila = new QHBoxLayout(frmEstado);
+    fila->setContentsMargins(14, 0, 14, 0);
+    fila->setSpacing(14);
+    fila->addWidget(lbContador);
+    fila->addWidget(lbEstado, 1);
+    fila->addWidget(TextIni);
+    fila->addWidget(ShapeOK);
+    fila->addWidget(ShapeAlert);
+    fila->addWidget(ShapeCritico);
+}
+
+void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
+    grdZV = new QTableView(&ventana);
+    grdZV->setObjectName(QStringLiteral("grdZV"));
+    grdZV->setFocusPolicy(Qt::NoFocus);
+    grdZV->setSelectionMode(QAbstractItemView::NoSelection);
+    grdZV->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    grdZV->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
+    grdZV->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    grdZV->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    grdZV->setShowGrid(false);
+    grdZV->setFrameShape(QFrame::NoFrame);
+    grdZV->verticalHeader()->hide();
+    grdZV->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    grdZV->verticalHeader()->setDefaultSectionSize(tema::kAltoFila);
+    QHeaderView* cabecera = grdZV->horizontalHeader();
+    cabecera->setFixedHeight(40);
+    cabecera->setSectionResizeMode(QHeaderView::Fixed);
+    cabecera->setMinimumSectionSize(0);
+    cabecera->setHighlightSections(false);
+    cabecera->setSectionsClickable(false);
+
+    pctScrollBar = new QFrame(&ventana);
+    pctScrollBar->setObjectName(QStringLiteral("pctScrollBar"));
+    pctScrollBar->setFixedWidth(76);
+    btnArriba = Boton(pctScrollBar, QStringLiteral("btnArriba"), QString(),
+                      QStringLiteral("go-up"), tema::kTexto);
+    btnArriba->setAccessibleName(QStringLiteral("Página anterior"));
+    btnAbajo = Boton(pctScrollBar, QStringLiteral("btnAbajo"), QString(),
+                     QStringLiteral("go-down"), tema::kTexto);
+    btnAbajo->setAccessibleName(QStringLiteral("Página siguiente"));
+    auto* columna = new QVBoxLayout(pctScrollBar);
+    columna->setContentsMargins(6, 6, 6, 6);
+    for (QToolButton* boton : {btnArriba, btnAbajo}) {
+        boton->setFixedSize(tema::kTeclaMinima, tema::kTeclaMinima + 16);
+        boton->setIconSize(QSize(36, 36));
+    }
+    columna->addWidget(btnArriba);
+    columna->addStretch(1);
+    columna->addWidget(btnAbajo);
+
+    btnCobro = Boton(&ventana, QStringLiteral("btnCobro"), QString(),
+                     QStringLiteral("list-add"), tema::kTexto);
+    btnAbono = Boton(&ventana, QStringLiteral("btnAbono"), QString(),
+                     QStringLiteral("list-remove"), tema::kTexto);
+    btnCancelar = Boton(&ventana, QStringLiteral("btnCancelar"), QString(),
+                        QStringLiteral("edit-delete"), tema::kRojoTexto);
+    for (QToolButton* boton : {btnCobro, btnAbono, btnCancelar}) {
+        boton->hide();
+    }
+}
+
+void DisenoMonitor::ConstruirPie(QWidget& ventana) {
+    framePie = new QFrame(&ventana);
+    framePie->setObjectName(QStringLiteral("framePie"));
+    framePie->setFixedHeight(104);
+    auto* fila = new QHBoxLayout(framePie);
+    fila->setContentsMargins(6, 6, 6, 6);
+    fila->setSpacing(4);
+
+    const std::array<std::pair<QString, QString>, 13> botones{
+        {{QStringLiteral("Registro"), QStringLiteral("view-list-details")},
+         {QStringLiteral("Caja"), QStringLiteral("wallet-open")},
+         {QStringLiteral("Dar Cambio"), QStringLiteral("view-refresh")},
+         {QStringLiteral("Añadir Cambio"), QStringLiteral("list-add")},
+         {QStringLiteral("Pago"), QStringLiteral("go-up")},
+         {QStringLiteral("Incidencias"), QStringLiteral("dialog-warning")},
+         {QStringLiteral("Desconectar"), QStringLiteral("network-disconnect")},
+         {QStringLiteral("Conectar"), QStringLiteral("network-connect")},
+         {QStringLiteral("Cobro¬Manual"), QStringLiteral("document-edit")},
+         {QStringLiteral("Agrupar¬cobros"), QStringLiteral("object-group")},
+         {QStringLiteral("Contraseña"), QStringLiteral("dialog-password")},
+         {QString(), QString()},
+         {QStringLiteral("Configurar"), QStringLiteral("configure")}}};
+    for (std::size_t i = 0; i < botones.size(); ++i) {
+        const auto& [caption, icono] = botones[i];
+        QToolButton* b = Boton(framePie, Indexado(QStringLiteral("boton"), static_cast<int>(i)),
+                               caption, icono, tema::kTexto);
+        tema::PonerPapel(*b, tema::Papel::Pie);
+        b->setFocusPolicy(Qt::NoFocus);
+        boton[i] = b;
+        if (caption.isEmpty()) {
+            b->hide();
+        } else {
+            fila->addWidget(b, 1);
+        }
+    }
+    PartirRotulos();
+}
+
+void DisenoMonitor::PartirRotulos() {
+    for (QToolButton* b : boton) {
+        b->setText(b->text().replace(QLatin1Char(' '), QLatin1Char('\n')));
+    }
+}
+
+} // namespace zv

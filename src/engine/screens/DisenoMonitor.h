@@ -1,0 +1,58 @@
+// The controls of frmZVMonitor and where they stand. Behaviour is frmZVMonitor's.
+#pragma once
+
+#include <QWidget>
+
+#include <array>
+
+class QAbstractButton;
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QTableView;
+class QToolButton;
+
+namespace zv {
+
+struct DisenoMonitor {
+    // Builds all controls as children of the window; captions are the Spanish defaults.
+    void Construir(QWidget& ventana);
+    // Breaks the footer's captions at their blanks: the buttons are narrow and high.
+    void PartirRotulos();
+
+    QFrame* frameCab = nullptr;
+    QToolButton* btnLogo = nullptr;
+    QLabel* lbVer = nullptr;
+    std::array<QToolButton*, 3> btnModo{};
+    std::array<QToolButton*, 3> btnW{};
+
+    QFrame* frmEstado = nullptr;
+    QLabel* lbContador = nullptr;
+    QLabel* lbEstado = nullptr;
+    QLabel* ShapeOK = nullptr;
+    QLabel* ShapeAlert = nullptr;
+    QLabel* ShapeCritico = nullptr;
+    QLineEdit* TextIni = nullptr;
+
+    QTableView* grdZV = nullptr;
+    QFrame* pctScrollBar = nullptr;
+    QToolButton* btnArriba = nullptr;
+    QToolButton* btnAbajo = nullptr;
+
+    QFrame* framePie = nullptr;
+    std::array<QToolButton*, 13> boton{};
+
+    // Never clicked: only their pictures are shown in grid cells.
+    QToolButton* btnCobro = nullptr;
+    QToolButton* btnAbono = nullptr;
+    QToolButton* btnCancelar = nullptr;
+
+  private:
+    void ConstruirCabecera(QWidget& ventana);
+    void ConstruirEstado(QWidget& ventana);
+    void ConstruirGrid(QWidget& ventana);
+    void ConstruirPie(QWidget& ventana);
+};
+
+} // namespace zv

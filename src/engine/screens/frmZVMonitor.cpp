@@ -1,0 +1,308 @@
+// Behaviour of the main screen: timers, keys, window buttons, and the following of the logical
+// state by the widgets.
+#include "engine/screens/frmZVMonitor.h"
+
+#include "engine/screens/DelegadoCola.h"
+#include "ui/screens/Tema.h"
+#include "ui/screens/Traduccion.h"
+
+#include <QCloseEvent>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QScreen>
+#include <QScrollBar>
+#include <QTableView>
+#include <QToolButton>
+
+namespace zv {
+
+namespace {
+
+constexpr int kPulsoMs = 1;
+constexpr int kParpadeoMs = 500;
+constexpr int kMaximizadoMs = 1000;
+constexpr int kTwipsPorPixel = 15;
+
+} // namespace
+
+frmZVMonitor::frmZVMonitor(PartesMonitor partes, AccionesVentana acciones)
+    : partes_(partes), acciones_(std::move(acciones)), modelo_(partes.grid),
+      arrastre_(*this, [this] { return !maximizando_; }) {
+    setObjectName(QStringLiteral("frmZVMonitor"));
+    setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    setWindowTitle(QStringLiteral("Zorvex ®"));
+    setMinimumSize(1000, 600);
+    ui_.Construir(*this);
+    ui_.grdZV->setModel(&modelo_);
+    ui_.grdZV->setItemDelegate(
+        new DelegadoCola(*ui_.btnCancelar, *ui_.btnCobro, *ui_.btnAbono, ui_.grdZV));
+    // The widgets start as the engine's own defaults, so that only differences are applied.
+    ui_.boton[11]->hide();
+    Conectar();
+    Seguir();
+}
+
+frmZVMonitor::~frmZVMonitor() {
+    partes_.controles.AlCambiar({});
+    partes_.grid.AlRellenar({});
+    partes_.grid.AlMover({});
+}
+
+void frmZVMonitor::Conectar() {
+    partes_.controles.AlCambiar([this] { PedirSeguir(); });
+    partes_.grid.AlRellenar([this] {
+        modelo_.Refrescar();
+        SeguirGrid();
+    });
+    partes_.grid.AlMover([this] { SeguirGrid(); });
+
+    timerCola_.setTimerType(Qt::PreciseTimer);
+    timerCola_.setInterval(kPulsoMs);
+    connect(&timerCola_, &QTimer::timeout, this, &frmZVMonitor::Tick);
+    timerParpadeo_.setInterval(kParpadeoMs);
+    connect(&timerParpadeo_, &QTimer::timeout, this, [this] {
+        parpadeoAmbar_ = !parpadeoAmbar_;
+        tema::PonerColorTexto(*ui_.lbEstado, parpadeoAmbar_ ? tema::kAmbar : tema::kVerde);
+    });
+    timerMaximitzat_.setInterval(kMaximizadoMs);
+    timerMaximitzat_.setSingleShot(true);
+    connect(&timerMaximitzat_, &QTimer::timeout, this, [this] { maximizando_ = false; });
+
+    for (int i = 0; i < 3; ++i) {
+        connect(ui_.btnModo[static_cast<std::size_t>(i)], &QToolButton::clicked, this, [this, i] {
+            partes_.estado.PulsarModo(i);
+            // A press of the mode in force must not leave its button up.
+            aplicado_.btnModo = {};
+            PedirSeguir();
+        });
+        connect(ui_.btnW[static_cast<std::size_t>(i)], &QToolButton::clicked, this,
+                [this, i] { PulsarVentana(i); });
+    }
+    for (std::size_t i = 0; i < ui_.boton.size(); ++i) {
+        connect(ui_.boton[i], &QToolButton::clicked, this,
+                [this, i] { partes_.botones.boton_Click(i); });
+    }
+    connect(ui_.btnArriba, &QToolButton::clicked, this, [this] { partes_.estado.PaginaArriba(); });
+    connect(ui_.btnAbajo, &QToolButton::clicked, this, [this] { partes_.estado.PaginaAbajo(); });
+    connect(ui_.grdZV->verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int valor) {
+        if (!moviendoGrid_) {
+            partes_.estado.Desplazado(valor + 1);
+        }
+    });
+    // A click in the grid takes the focus out of it.
+    connect(ui_.grdZV, &QTableView::clicked, this,
+            [](const QModelIndex&) { EnviaTeclas(QStringLiteral("{TAB}")); });
+    connect(ui_.grdZV, &QTableView::pressed, this, [this](const QModelIndex& indice) {
+        partes_.grid.PonerFilaActual(indice.row() + 1);
+    });
+
+    for (QWidget* asidero : std::initializer_list<QWidget*>{ui_.frameCab, ui_.btnLogo, ui_.lbVer}) {
+        arrastre_.Añadir(*asidero);
+        asidero->installEventFilter(this);
+    }
+    ui_.TextIni->installEventFilter(this);
+    installEventFilter(this);
+}
+
+void frmZVMonitor::PedirSeguir() {
+    if (!seguirPedido_) {
+        seguirPedido_ = true;
+        QMetaObject::invokeMethod(this, &frmZVMonitor::Seguir, Qt::QueuedConnection);
+    }
+}
+
+void frmZVMonitor::Seguir() {
+    seguirPedido_ = false;
+    const EstadoControles& e = partes_.controles.Estado();
+    // While the pulse is stopped its real timer rests too.
+    if (e.timerCola != timerCola_.isActive()) {
+        e.timerCola ? timerCola_.start() : timerCola_.stop();
+    }
+    if (e == aplicado_) {
+        return;
+    }
+    for (std::size_t i = 0; i < ui_.boton.size(); ++i) {
+        ui_.boton[i]->setEnabled(e.boton[i] && partes_.botones.TieneOperacion(i));
+    }
+    ui_.framePie->setEnabled(e.framePie);
+    ui_.grdZV->setEnabled(e.grdZV);
+    for (std::size_t i = 0; i < ui_.btnModo.size(); ++i) {
+        ui_.btnModo[i]->setChecked(e.btnModo[i]);
+    }
+    ui_.btnArriba->setEnabled(e.btnArriba);
+    ui_.btnAbajo->setEnabled(e.btnAbajo);
+    ui_.ShapeOK->setVisible(e.ShapeOK);
+    ui_.ShapeAlert->setVisible(e.ShapeAlert);
+    ui_.ShapeCritico->setVisible(e.ShapeCritico);
+    if (e.lbContador != aplicado_.lbContador) {
+        ui_.lbContador->setText(e.lbContador);
+    }
+    if (e.lbEstado != aplicado_.lbEstado) {
+        ui_.lbEstado->setText(e.lbEstado);
+        ui_.lbEstado->setToolTip(e.lbEstado);
+        e.lbEstado.isEmpty() ? timerParpadeo_.stop() : timerParpadeo_.start();
+    }
+    if (e.punteroEspera != aplicado_.punteroEspera) {
+        e.punteroEspera ? setCursor(Qt::WaitCursor) : unsetCursor();
+    }
+    aplicado_ = e;
+}
+
+void frmZVMonitor::SeguirGrid() {
+    moviendoGrid_ = true;
+    ui_.grdZV->verticalScrollBar()->setValue(partes_.grid.FilaSuperior() - 1);
+    moviendoGrid_ = false;
+}
+
+void frmZVMonitor::Tick() {
+    if (!partes_.pulso.Armado()) {
+        return;
+    }
+    partes_.pulso.ProcesarCola();
+    // A barcode reader is always heard. Only the form's own focus moves: a dialog keeps its own.
+    if (focusWidget() != ui_.TextIni) {
+        ui_.TextIni->setFocus(Qt::OtherFocusReason);
+    }
+}
+
+void frmZVMonitor::PulsarVentana(int indice) {
+    if (indice == 0) {
+        PonerWindowState(ventana::kMinimizada);
+        partes_.pulso.ArrancaTimer();
+    } else if (indice == 1) {
+        PreguntarCierre();
+    } else if (acciones_.abrirManuales) {
+        acciones_.abrirManuales();
+    }
+}
+
+void frmZVMonitor::PreguntarCierre() {
+    const Textos& textos = partes_.entorno.textos;
+    const int respuesta = partes_.entorno.dialogos.MostrarMensaje(
+        textos.Traduce(QStringLiteral("cerrar0"), QStringLiteral("Cerrar aplicativo")),
+        textos.Traduce(QStringLiteral("cerrar1"), QStringLiteral("¿Desea cerrar ZVMonitor?")), 1);
+    if (respuesta != resultado::kAceptar) {
+        return;
+    }
+    setCursor(Qt::WaitCursor);
+    partes_.pulso.ParaTimer();
+    if (acciones_.descargar) {
+        acciones_.descargar();
+    }
+}
+
+void frmZVMonitor::closeEvent(QCloseEvent* evento) {
+    // The desktop's own way to close the window asks the same question.
+    evento->ignore();
+    if (isEnabled() && QGuiApplication::modalWindow() == nullptr) {
+        PreguntarCierre();
+    }
+}
+
+int frmZVMonitor::WindowState() const {
+    if (isMinimized()) {
+        return ventana::kMinimizada;
+    }
+    return isMaximized() || isFullScreen() ? ventana::kMaximizada : ventana::kNormal;
+}
+
+void frmZVMonitor::PonerWindowState(int estado) {
+    switch (estado) {
+    case ventana::kMinimizada:
+        setWindowState(windowState() | Qt::WindowMinimized);
+        break;
+    case ventana::kMaximizada:
+        setWindowState(Qt::WindowMaximized);
+        break;
+    default:
+        setWindowState(Qt::WindowNoState);
+        break;
+    }
+}
+
+void frmZVMonitor::TraerAlFrente() {
+    show();
+    raise();
+    activateWindow();
+}
+
+void frmZVMonitor::Traducir() {
+    TraducirPantalla(*this, partes_.entorno.textos);
+    ui_.PartirRotulos();
+}
+
+void frmZVMonitor::PonerIcono() { setWindowIcon(tema::Icono(QStringLiteral("zvmonitor"))); }
+
+void frmZVMonitor::PrepararGrid() {
+    partes_.grid.PonerTitulos();
+    modelo_.Refrescar();
+    ColocarColumnas();
+}
+
+void frmZVMonitor::PonerVersion(const QString& caption) { ui_.lbVer->setText(caption); }
+
+void frmZVMonitor::Mostrar() {
+    if (const QScreen* pantalla = screen()) {
+        setGeometry(pantalla->availableGeometry());
+    }
+    showMaximized();
+}
+
+void frmZVMonitor::resizeEvent(QResizeEvent* evento) {
+    QWidget::resizeEvent(evento);
+    ColocarColumnas();
+}
+
+void frmZVMonitor::ColocarColumnas() {
+    QTableView& vista = *ui_.grdZV;
+    const int barra = vista.verticalScrollBar()->sizeHint().width();
+    partes_.grid.ColocarColumnas(*partes_.entorno.configuracio, vista.width() * kTwipsPorPixel,
+                                 barra * kTwipsPorPixel, vista.viewport()->height(),
+                                 tema::kAltoFila);
+    for (int columna = 0; columna < kColumnasGrid; ++columna) {
+        const int ancho = tema::TwipsAPixeles(partes_.grid.AnchoColumna(columna));
+        vista.setColumnHidden(columna, ancho == 0);
+        if (ancho != 0) {
+            vista.setColumnWidth(columna, ancho);
+        }
+    }
+}
+
+bool frmZVMonitor::TeclaDeLista(int tecla) {
+    // The list moves by its logical top row, which the last page does not limit.
+    if (tecla == Qt::Key_Up) {
+        partes_.estado.FilaArriba();
+        return true;
+    }
+    if (tecla == Qt::Key_Down) {
+        partes_.estado.FilaAbajo();
+        return true;
+    }
+    return false;
+}
+
+bool frmZVMonitor::eventFilter(QObject* objeto, QEvent* evento) {
+    if (evento->type() == QEvent::KeyPress &&
+        TeclaDeLista(static_cast<QKeyEvent*>(evento)->key())) {
+        return true;
+    }
+    if (evento->type() == QEvent::MouseButtonDblClick && objeto == ui_.frameCab) {
+        DobleClicCabecera();
+        return true;
+    }
+    return QWidget::eventFilter(objeto, evento);
+}
+
+void frmZVMonitor::DobleClicCabecera() {
+    if (WindowState() != ventana::kMaximizada) {
+        PonerWindowState(ventana::kMaximizada);
+        // Until it has settled, the second click must not be taken for a drag.
+        maximizando_ = true;
+        timerMaximitzat_.start();
+    }
+}
+
+} // namespace zv

@@ -1,0 +1,89 @@
+// The main screen: draws the logical state of the engine and hands it what the operator does.
+#pragma once
+
+#include "engine/BotonesMonitor.h"
+#include "engine/Controles.h"
+#include "engine/EstadoMonitor.h"
+#include "engine/GridCola.h"
+#include "engine/PulsoCola.h"
+#include "engine/VentanaPrincipal.h"
+#include "engine/screens/DisenoMonitor.h"
+#include "engine/screens/ModeloCola.h"
+#include "ui/screens/VentanaSinBorde.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+
+namespace zv {
+
+// What the screen stands on.
+struct PartesMonitor {
+    Entorno& entorno;
+    Controles& controles;
+    GridCola& grid;
+    EstadoMonitor& estado;
+    PulsoCola& pulso;
+    BotonesMonitor& botones;
+};
+
+// Window buttons whose work lies outside the engine.
+struct AccionesVentana {
+    std::function<void()> descargar;      // ends the program
+    std::function<void()> abrirManuales;
+};
+
+class frmZVMonitor final : public QWidget, public VentanaPrincipal {
+    Q_OBJECT
+
+  public:
+    frmZVMonitor(PartesMonitor partes, AccionesVentana acciones);
+    ~frmZVMonitor() override;
+
+    int WindowState() const override;
+    void PonerWindowState(int estado) override;
+    void TraerAlFrente() override;
+    void Traducir() override;
+    void PonerIcono() override;
+    void PrepararGrid() override;
+    void PonerVersion(const QString& caption) override;
+    void Mostrar() override;
+
+    // Brings the widgets to the logical state now; the event loop does it by itself.
+    void Seguir();
+    const DisenoMonitor& Diseno() const { return ui_; }
+
+  protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+    void closeEvent(QCloseEvent* evento) override;
+
+  private:
+    void Conectar();
+    void Tick();
+    void PulsarVentana(int indice);
+    void PreguntarCierre();
+    void ColocarColumnas();
+    void SeguirGrid();
+    bool TeclaDeLista(int tecla);
+    void DobleClicCabecera();
+    void PedirSeguir();
+
+    PartesMonitor partes_;
+    AccionesVentana acciones_;
+    DisenoMonitor ui_;
+    ModeloCola modelo_;
+    EstadoControles aplicado_; // what the widgets show
+    bool seguirPedido_ = false;
+    bool moviendoGrid_ = false;
+    bool maximizando_ = false; // a maximise by double click settles
+    bool parpadeoAmbar_ = false;
+    Arrastre arrastre_;
+
+    QTimer timerCola_;
+    QTimer timerParpadeo_;
+    QTimer timerMaximitzat_;
+};
+
+} // namespace zv

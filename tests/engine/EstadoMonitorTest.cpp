@@ -1,0 +1,216 @@
+// What the main screen says: counters, state line, buttons, modes and paging.
+#include "BancoMotor.h"
+
+namespace zv::test {
+
+class EstadoMonitorTest : public BancoMotor {
+  protected:
+    const EstadoControles& C() const { return controles.Estado(); }
+    void PonerFilas(int cuantas) {
+        for (int i = 0; i < cuantas; ++i) {
+            PonerFila(100 + i);
+        }
+        estado.RellenarGrid();
+    }
+};
+
+TEST_F(EstadoMonitorTest, StartsWithTheWordsOfTheStart) {
+    EXPECT_EQ(C().lbContador, QStringLiteral("Comprobando operaciones pendientes..."));
+    EXPECT_EQ(C().lbEstado, QStringLiteral("Inicializando..."));
+}
+
+TEST_F(EstadoMonitorTest, AnEmptyQueueHasNoPages) {
+    estado.RellenarGrid();
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbContador, QStringLiteral("0 cobros"));
+    EXPECT_FALSE(C().btnArriba);
+    EXPECT_FALSE(C().btnAbajo);
+    EXPECT_EQ(C().lbEstado, QString());
+}
+
+TEST_F(EstadoMonitorTest, ChargesAndRefundsAreCountedApart) {
+    PonerFila(100);
+    PonerFila(0);
+    PonerFila(-100);
+    estado.RellenarGrid();
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbContador, QStringLiteral("2 cobros / 1 abonos"));
+}
+
+TEST_F(EstadoMonitorTest, ACancelWithOtherRowsStaysInManual) {
+    configuracio->Modo = modo::kManual;
+    configuracio->ModoAnterior = modo::kAuto;
+    estado.PonerUltimaCuenta(2);
+    entorno.ResultadoEnvio = envio::kCancelado;
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbEstado, QStringLiteral("Última operación cancelada. Cambiado a modo MANUAL"));
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kCancelado);
+}
+
+TEST_F(EstadoMonitorTest, ACancelWithAnEmptyQueueReturnsToAuto) {
+    configuracio->Modo = modo::kManual;
+    configuracio->ModoAnterior = modo::kAuto;
+    entorno.ResultadoEnvio = envio::kCancelado;
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbEstado,
+              QStringLiteral("Última operación cancelada. Cambiado a modo AUTOMATICO"));
+    EXPECT_EQ(configuracio->Modo, modo::kAuto);
+    EXPECT_EQ(configuracio->ModoAnterior, modo::kManual);
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
+    EXPECT_TRUE(C().btnModo[0]);
+}
+
+TEST_F(EstadoMonitorTest, ADeviceErrorIsShownOnceWithItsWords) {
+    entorno.ResultadoEnvio = envio::kError;
+    cliente.PonerError(12, QStringLiteral("Sin cambio"));
+    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"), QStringLiteral("12 - Sin cambio"));
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbEstado, QStringLiteral("Error 12 - Sin cambio. Consulte con su técnico"));
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbEstado, QString());
+}
+
+TEST_F(EstadoMonitorTest, AnErrorWithoutACodeAsksNothingAndStands) {
+    entorno.ResultadoEnvio = envio::kError;
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbEstado, QStringLiteral("Error de Zorvex. Consulte con su técnico"));
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
+}
+
+TEST_F(EstadoMonitorTest, AModeForcedToManualReturnsWhenTheFileSaysAuto) {
+    EscribirIni("[ZVMONITOR]\r\nMODO=AUTO\r\n");
+    configuracio->Modo = modo::kManual;
+    estado.ActualizarEstado(false);
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(configuracio->Modo, modo::kAuto);
+    EXPECT_EQ(configuracio->ModoAnterior, modo::kManual);
+}
+
+TEST_F(EstadoMonitorTest, WithoutTheKeyManualStays) {
+    configuracio->Modo = modo::kManual;
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+    EXPECT_TRUE(C().btnModo[1]);
+}
+
+TEST_F(EstadoMonitorTest, AModeButtonSetsItsModeAndClearsTheResult) {
+    entorno.ResultadoEnvio = envio::kCancelado;
+    estado.PulsarModo(2);
+    EXPECT_EQ(configuracio->Modo, modo::kSemi);
+    EXPECT_EQ(configuracio->ModoAnterior, modo::kAuto);
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
+    EXPECT_EQ(C().btnModo, (std::array<bool, 3>{false, false, true}));
+    estado.PulsarModo(1);
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+    estado.PulsarModo(0);
+    EXPECT_EQ(configuracio->Modo, modo::kAuto);
+}
+
+TEST_F(EstadoMonitorTest, ButtonsFollowTheConnectionAndThePermission) {
+    estado.ActualizarBotonesMonitor(true);
+    EXPECT_TRUE(C().boton[7]);
+    EXPECT_FALSE(C().boton[6]);
+    for (const std::size_t i : {2U, 3U, 4U, 8U}) {
+        EXPECT_TRUE(C().boton[i]) << i;
+    }
+    EXPECT_FALSE(C().boton[9]);
+    estado.PonerUltimaCuenta(2);
+    estado.ActualizarBotonesMonitor(true);
+    EXPECT_TRUE(C().boton[9]);
+    estado.ActualizarBotonesMonitor(false);
+    for (const std::size_t i : {2U, 3U, 4U, 8U, 9U}) {
+        EXPECT_FALSE(C().boton[i]) << i;
+    }
+    ConectarCon(100);
+    EXPECT_FALSE(C().boton[7]);
+    EXPECT_TRUE(C().boton[6]);
+}
+
+TEST_F(EstadoMonitorTest, BlockedPaymentsDisableTheirButton) {
+    configuracio->BLOQUEARPAGOS = 1;
+    estado.ActualizarBotonesMonitor(true);
+    EXPECT_FALSE(C().boton[4]);
+    EXPECT_TRUE(C().boton[3]);
+}
+
+TEST_F(EstadoMonitorTest, PagesStopAtBothEnds) {
+    PonerFilas(10);
+    grid.ColocarColumnas(*configuracio, 15000, 300, 400, 100); // 3 rows a page
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(grid.Pagina(), 3);
+    EXPECT_FALSE(C().btnArriba);
+    EXPECT_TRUE(C().btnAbajo);
+    estado.PaginaAbajo();
+    EXPECT_EQ(grid.FilaSuperior(), 4);
+    EXPECT_EQ(grid.FilaActual(), 4);
+    EXPECT_TRUE(C().btnArriba);
+    estado.PaginaAbajo();
+    estado.PaginaAbajo();
+    EXPECT_EQ(grid.FilaSuperior(), 10);
+    EXPECT_FALSE(C().btnAbajo);
+    estado.PaginaAbajo();
+    EXPECT_EQ(grid.FilaSuperior(), 10);
+    estado.PaginaArriba();
+    EXPECT_EQ(grid.FilaSuperior(), 7);
+    estado.PaginaArriba();
+    estado.PaginaArriba();
+    estado.PaginaArriba();
+    EXPECT_EQ(grid.FilaSuperior(), 1);
+}
+
+TEST_F(EstadoMonitorTest, TheNextPageButtonGoesOutWhenTheLastRowIsInView) {
+    PonerFilas(4);
+    grid.ColocarColumnas(*configuracio, 15000, 300, 400, 100);
+    estado.ActualizarEstado(true);
+    EXPECT_TRUE(C().btnAbajo);
+    estado.FilaAbajo();
+    EXPECT_FALSE(C().btnAbajo);
+}
+
+TEST_F(EstadoMonitorTest, KeysMoveTheTopRowByOne) {
+    PonerFilas(2);
+    estado.FilaArriba();
+    EXPECT_EQ(grid.FilaSuperior(), 1);
+    estado.FilaAbajo();
+    EXPECT_EQ(grid.FilaSuperior(), 2);
+    estado.FilaAbajo();
+    EXPECT_EQ(grid.FilaSuperior(), 2);
+    estado.FilaArriba();
+    EXPECT_EQ(grid.FilaSuperior(), 1);
+}
+
+TEST_F(EstadoMonitorTest, AFailedRefillIsShownAndNotRaised) {
+    motor.PonerGancho([](const Sentencia&) { throw ErrorEjecucion(10, QStringLiteral("roto")); });
+    dialogos.EsperaMensaje(QString(), QStringLiteral("Error nº 10 - roto"));
+    estado.RellenarGrid();
+    motor.PonerGancho({});
+    EXPECT_FALSE(C().punteroEspera);
+}
+
+TEST_F(EstadoMonitorTest, AFooterButtonBracketsItsOperation) {
+    int veces = 0;
+    botones.Registrar(2, [&] {
+        ++veces;
+        EXPECT_FALSE(C().framePie);
+        EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
+        botones.boton_Click(2); // disabled meanwhile
+    });
+    entorno.ResultadoEnvio = envio::kCancelado;
+    botones.boton_Click(2);
+    EXPECT_EQ(veces, 1);
+    EXPECT_TRUE(C().framePie);
+    EXPECT_EQ(C().lbContador, QStringLiteral("0 cobros"));
+}
+
+TEST_F(EstadoMonitorTest, ADisabledOrUnusedButtonDoesNothing) {
+    botones.Registrar(2, [] { FAIL(); });
+    estado.ActualizarBotonesMonitor(false);
+    botones.boton_Click(2);
+    botones.boton_Click(11);
+    EXPECT_TRUE(C().framePie);
+}
+
+} // namespace zv::test

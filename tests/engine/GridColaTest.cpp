@@ -1,0 +1,150 @@
+// Contents and layout of the queue grid.
+#include "BancoMotor.h"
+
+namespace zv::test {
+
+class GridColaTest : public BancoMotor {};
+
+TEST_F(GridColaTest, HasElevenTitledColumns) {
+    QStringList titulos;
+    for (int i = 0; i < kColumnasGrid; ++i) {
+        titulos << grid.Titulo(i);
+    }
+    EXPECT_EQ(titulos,
+              (QStringList{QStringLiteral("Anular"), QStringLiteral("IdCola"),
+                           QStringLiteral("Fecha Venta"), QStringLiteral("Id. Venta"),
+                           QStringLiteral("Id. Venta 2"), QStringLiteral("Id. Caja"),
+                           QStringLiteral("Terminal"), QStringLiteral("Vendedor"),
+                           QStringLiteral("Forma Pago"), QStringLiteral("Importe"),
+                           QStringLiteral("Enviar")}));
+}
+
+TEST_F(GridColaTest, ShowsARowInItsColumns) {
+    const qint32 id = PonerFila(125000);
+    grid.Rellenar(motor, false);
+    ASSERT_EQ(grid.FilasDatos(), 1);
+    QStringList celdas;
+    for (int i = 0; i < kColumnasGrid; ++i) {
+        celdas << grid.Texto(1, i);
+    }
+    EXPECT_EQ(celdas, (QStringList{QString(), QString::number(id),
+                                   QStringLiteral("14/03/26 10:20:30"), QStringLiteral("T1"),
+                                   QStringLiteral("L2"), QStringLiteral("3"),
+                                   QStringLiteral("TPV1"), QStringLiteral("Ana"),
+                                   QStringLiteral("EFECTIVO"), QStringLiteral("1.250,00 €"),
+                                   QString()}));
+    EXPECT_FALSE(grid.Linea(1).abono);
+    EXPECT_FALSE(grid.Linea(1).manual);
+    EXPECT_EQ(grid.FilaActual(), 1);
+    EXPECT_EQ(grid.FilaSuperior(), 1);
+}
+
+TEST_F(GridColaTest, DropsTheTimeWhenAsked) {
+    PonerFila(100);
+    grid.Rellenar(motor, true);
+    EXPECT_EQ(grid.Texto(1, 2), QStringLiteral("14/03/26"));
+}
+
+TEST_F(GridColaTest, MarksCreditRefundAndManualRows) {
+    const qint32 credito = PonerFila(1000);
+    PonerCredito(credito, 400);
+    PonerFila(-500);
+    PonerFila(100, QStringLiteral("M"), true);
+    grid.Rellenar(motor, false);
+    EXPECT_EQ(grid.Texto(1, 9), QStringLiteral("! >>> 10,00 €"));
+    EXPECT_TRUE(grid.Linea(1).credito);
+    EXPECT_EQ(grid.Texto(2, 9), QStringLiteral("-5,00 €"));
+    EXPECT_TRUE(grid.Linea(2).abono);
+    EXPECT_TRUE(grid.Linea(3).manual);
+    EXPECT_EQ(grid.Abonos(), 1);
+}
+
+TEST_F(GridColaTest, ANullCreditIsNotMarked) {
+    const qint32 id = PonerFila(1000);
+    PonerCredito(id, QVariant());
+    grid.Rellenar(motor, false);
+    EXPECT_EQ(grid.Texto(1, 9), QStringLiteral("10,00 €"));
+}
+
+TEST_F(GridColaTest, ARowOfNullsShowsEmptyCells) {
+    motor.Ejecutar(QStringLiteral("INSERT INTO cola (manual) VALUES (0)"));
+    grid.Rellenar(motor, false);
+    for (const int columna : {2, 3, 4, 5, 6, 7, 8}) {
+        EXPECT_EQ(grid.Texto(1, columna), QString()) << columna;
+    }
+    EXPECT_EQ(grid.Texto(1, 9), QStringLiteral("0,00 €"));
+}
+
+TEST_F(GridColaTest, AnAmountThatCannotBeShownLeavesItsCellEmpty) {
+    PonerFila(3000000000LL);
+    PonerFila(100);
+    grid.Rellenar(motor, false);
+    EXPECT_EQ(grid.Texto(1, 9), QString());
+    EXPECT_EQ(grid.Texto(2, 9), QStringLiteral("1,00 €"));
+    cliente.PonerMultiplier(0);
+    grid.Rellenar(motor, false);
+    EXPECT_EQ(grid.Texto(2, 9), QString());
+}
+
+TEST_F(GridColaTest, RowsComeInQueueOrder) {
+    for (int i = 0; i < 5; ++i) {
+        PonerFila(i, QString::number(i));
+    }
+    grid.Rellenar(motor, false);
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_EQ(grid.Texto(i + 1, 3), QString::number(i));
+    }
+}
+
+TEST_F(GridColaTest, ARefillGoesBackToTheFirstRow) {
+    PonerFila(1);
+    PonerFila(2);
+    grid.Rellenar(motor, false);
+    grid.PonerFilaSuperior(2);
+    int avisos = 0;
+    grid.AlRellenar([&] { ++avisos; });
+    grid.Rellenar(motor, false);
+    EXPECT_EQ(grid.FilaSuperior(), 1);
+    EXPECT_EQ(avisos, 1);
+}
+
+TEST_F(GridColaTest, WidthsAreSharedByTheVisibleColumns) {
+    grid.ColocarColumnas(*configuracio, 15000, 300, 500, 48);
+    // 15000 - 2 * 1300 - 300, shared by three columns.
+    EXPECT_EQ(grid.AnchoColumna(0), 1300);
+    EXPECT_EQ(grid.AnchoColumna(1), 0);
+    EXPECT_EQ(grid.AnchoColumna(2), 4033);
+    EXPECT_EQ(grid.AnchoColumna(3), 4033);
+    for (const int columna : {4, 5, 6, 7, 8}) {
+        EXPECT_EQ(grid.AnchoColumna(columna), 0) << columna;
+    }
+    EXPECT_EQ(grid.AnchoColumna(9), 4033);
+    EXPECT_EQ(grid.AnchoColumna(10), 1300);
+    EXPECT_EQ(grid.Pagina(), 9);
+}
+
+TEST_F(GridColaTest, EverySettingShowsItsOwnColumn) {
+    const std::vector<std::pair<quint8 Configuracio::*, int>> ajustes{
+        {&Configuracio::COLID2, 4},    {&Configuracio::COLIDCAJA, 5},
+        {&Configuracio::COLTERMINAL, 6}, {&Configuracio::COLVENDEDOR, 7},
+        {&Configuracio::COLFORMAPAGO, 8}};
+    for (const auto& [ajuste, columna] : ajustes) {
+        (*configuracio).*ajuste = 1;
+        grid.ColocarColumnas(*configuracio, 15000, 300, 500, 48);
+        for (int i = 4; i <= 8; ++i) {
+            EXPECT_EQ(grid.AnchoColumna(i), i == columna ? 12100 / 4 : 0) << columna << ' ' << i;
+        }
+        (*configuracio).*ajuste = 2; // only exactly 1 counts
+        grid.ColocarColumnas(*configuracio, 15000, 300, 500, 48);
+        EXPECT_EQ(grid.AnchoColumna(columna), 0);
+        (*configuracio).*ajuste = 0;
+    }
+}
+
+TEST_F(GridColaTest, AGridTooNarrowHidesInsteadOfTurningNegative) {
+    grid.ColocarColumnas(*configuracio, 1000, 300, 10, 48);
+    EXPECT_EQ(grid.AnchoColumna(9), 0);
+    EXPECT_EQ(grid.Pagina(), 1);
+}
+
+} // namespace zv::test
