@@ -26,7 +26,7 @@ inline const QColor kTexto(17, 24, 39);
 inline const QColor kTextoTenue(75, 85, 99);
 inline const QColor kTextoApagado(148, 163, 184); // of disabled controls
 inline const QColor kBorde(203, 213, 225);
-inline const QColor kResalte(37, 99, 235); // focus and selection
+inline const QColor kResalte(37, 99, 235);       // focus and selection
 inline const QColor kFilaPar(238, 242, 247);     // every other row of a grid
 inline const QColor kFondoAnular(254, 226, 226); // behind the picture that annuls
 

@@ -1,0 +1,66 @@
+// Each dialog is made for its call and gone with it.
+#include "ui/screens/DialogosPantalla.h"
+
+#include "ui/Importes.h"
+#include "ui/TecladoPantalla.h"
+#include "ui/screens/VentanaSinBorde.h"
+#include "ui/screens/frmCash.h"
+#include "ui/screens/frmMensaje.h"
+#include "ui/screens/frmTexto.h"
+
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace zv {
+
+DialogosPantalla::DialogosPantalla(QString programa, const Textos& textos, const Importes& importes,
+                                   std::function<QWidget*()> padre)
+    : programa_(std::move(programa)), textos_(textos), importes_(importes),
+      padre_(std::move(padre)), abrirTeclado_([] { AbrirTecladoPantalla(); }) {}
+
+QWidget* DialogosPantalla::Padre() const {
+    QWidget* padre = padre_ ? padre_() : nullptr;
+    // A window that is not to be seen would hide its dialogs with it.
+    return padre != nullptr && padre->isVisible() && !padre->isMinimized() ? padre : nullptr;
+}
+
+int DialogosPantalla::MostrarMensaje(const QString& titulo, const QString& texto, int estilo) {
+    frmMensaje pantalla(textos_, Padre());
+    QString cabecera = programa_.mid(2);
+    if (!titulo.isEmpty())
+        cabecera += QStringLiteral(" - ") + titulo;
+    pantalla.PonerTextoYTitulo(cabecera, texto);
+    pantalla.PonerEstilo(estilo);
+    pantalla.exec();
+    return pantalla.resultado;
+}
+
+QString DialogosPantalla::PedirTexto(const QString& titulo, const QString& texto,
+                                     const QString& porDefecto) {
+    frmTexto pantalla(textos_, abrirTeclado_, Padre());
+    pantalla.Preparar(titulo, texto, porDefecto);
+    pantalla.exec();
+    return pantalla.resultado == 1 ? pantalla.Texto() : QString();
+}
+
+Currency DialogosPantalla::PedirImporte(const QString& titulo, const QString& prompt,
+                                        Currency porDefecto, bool sinImporte, bool& cancelado) {
+    frmCash pantalla(textos_, importes_, Padre());
+    pantalla.Preparar(titulo, prompt, porDefecto, sinImporte);
+    pantalla.exec();
+    const Currency importe = pantalla.Importe();
+    cancelado = pantalla.cancelado;
+    return importe;
+}
+
+void DialogosPantalla::CajaSimple(const QString& texto) {
+    QMessageBox caja(Padre());
+    caja.setWindowTitle(programa_);
+    caja.setTextFormat(Qt::PlainText);
+    caja.setText(texto);
+    caja.addButton(QStringLiteral("Aceptar"), QMessageBox::AcceptRole);
+    VentanaEncima(caja, true);
+    caja.exec();
+}
+
+} // namespace zv

@@ -1,0 +1,56 @@
+// The choice of printouts.
+#include "ui/screens/frmImpresio.h"
+
+#include "ui/screens/EtiquetaTexto.h"
+#include "ui/screens/Tema.h"
+#include "ui/screens/Traduccion.h"
+
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace zv {
+
+namespace {
+
+constexpr int kAncho = tema::TwipsAPixeles(5595);
+
+} // namespace
+
+frmImpresio::frmImpresio(const Textos& textos, QWidget* padre)
+    : VentanaSinBorde(QStringLiteral("frmImpresio"), padre) {
+    PonerTitulo(QStringLiteral("Imprimir"));
+    auto* lbTexto = new EtiquetaTexto(this);
+    lbTexto->setObjectName(QStringLiteral("lbTexto"));
+    lbTexto->setFont(tema::Fuente(18));
+    lbTexto->setText(QStringLiteral("¿Que desea imprimir?"));
+    Cuerpo()->addWidget(lbTexto);
+
+    auto* columna = new QVBoxLayout;
+    columna->setSpacing(12);
+    const QString captions[] = {QStringLiteral("Resumen Caja"),
+                                QStringLiteral("Listado Movimientos"), QStringLiteral("Todo")};
+    for (int i = 0; i < 3; ++i) {
+        auto* boton = new QPushButton(captions[i], this);
+        boton->setObjectName(QStringLiteral("boton_%1").arg(i));
+        boton->setProperty("Tag", QString::number(i + 1));
+        boton->setMinimumHeight(tema::kTeclaMinima);
+        connect(boton, &QPushButton::clicked, this, [this, boton] {
+            eleccion = static_cast<quint8>(boton->property("Tag").toString().toUInt());
+            done(QDialog::Accepted);
+        });
+        columna->addWidget(boton);
+        if (i == 0) {
+            boton->setDefault(true);
+            boton->setFocus();
+        }
+    }
+    Cuerpo()->addLayout(columna);
+    TraducirPantalla(*this, textos);
+    const int ancho = qMin(qMax(kAncho, AnchoCabecera()), TamañoMaximo().width());
+    const QMargins m = Cuerpo()->contentsMargins();
+    lbTexto->setMinimumHeight(lbTexto->heightForWidth(ancho - m.left() - m.right() - 2));
+    setFixedWidth(ancho);
+    VentanaEncima(*this, true);
+}
+
+} // namespace zv

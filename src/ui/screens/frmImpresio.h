@@ -1,0 +1,20 @@
+// Asks what is to be printed.
+#pragma once
+
+#include "ui/screens/VentanaSinBorde.h"
+
+namespace zv {
+
+class Textos;
+
+class frmImpresio final : public VentanaSinBorde {
+    Q_OBJECT
+
+  public:
+    explicit frmImpresio(const Textos& textos, QWidget* padre = nullptr);
+
+    // 0 when left otherwise, 1 the summary, 2 the list of movements, 3 both.
+    quint8 eleccion = 0;
+};
+
+} // namespace zv

@@ -1,0 +1,131 @@
+// Sizes and results of the message dialog.
+#include "ui/screens/frmMensaje.h"
+
+#include "ui/Textos.h"
+#include "ui/screens/EtiquetaTexto.h"
+#include "ui/screens/Tema.h"
+#include "ui/screens/Traduccion.h"
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+
+namespace zv {
+
+namespace {
+
+constexpr int kAnchoMinimo = tema::TwipsAPixeles(5595);
+constexpr int kAltoMinimo = tema::TwipsAPixeles(2775);
+// Wider windows are tried when the text would be higher than this at the title's width.
+constexpr int kAltoTextoComodo = 230;
+
+} // namespace
+
+frmMensaje::frmMensaje(const Textos& textos, QWidget* padre)
+    : VentanaSinBorde(QStringLiteral("frmMensaje"), padre), textos_(textos),
+      lbTexto_(new EtiquetaTexto), zonaTexto_(new QScrollArea(this)) {
+    lbTexto_->setObjectName(QStringLiteral("lbTexto"));
+    lbTexto_->setFont(tema::Fuente(18));
+    zonaTexto_->setWidget(lbTexto_);
+    zonaTexto_->setFrameShape(QFrame::NoFrame);
+    zonaTexto_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    zonaTexto_->setFocusPolicy(Qt::NoFocus);
+    zonaTexto_->viewport()->setAutoFillBackground(false);
+    lbTexto_->setAutoFillBackground(false);
+    Cuerpo()->addWidget(zonaTexto_, 1);
+
+    auto* fila = new QGridLayout;
+    fila->setHorizontalSpacing(16);
+    const QString captions[] = {QStringLiteral("Aceptar"), QStringLiteral("Cancelar")};
+    for (int i = 0; i < 2; ++i) {
+        boton_[i] = new QPushButton(captions[i], this);
+        boton_[i]->setObjectName(QStringLiteral("boton_%1").arg(i));
+        // A hidden boton(0) leaves its place empty: boton(1) is always found where it was.
+        QSizePolicy politica(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        politica.setRetainSizeWhenHidden(true);
+        boton_[i]->setSizePolicy(politica);
+        boton_[i]->setAutoDefault(true);
+        fila->addWidget(boton_[i], 0, i);
+        fila->setColumnStretch(i, 1);
+        connect(boton_[i], &QPushButton::clicked, this, [this, i] { Pulsar(*boton_[i]); });
+    }
+    Cuerpo()->addLayout(fila);
+    TraducirPantalla(*this, textos_);
+    VentanaEncima(*this, true);
+}
+
+void frmMensaje::PonerTextoYTitulo(const QString& titulo, const QString& texto) {
+    PonerTitulo(titulo);
+    lbTexto_->setText(tema::Rotulo(texto));
+    Ajustar();
+}
+
+void frmMensaje::PonerEstilo(int estilo) {
+    const bool uno = estilo == 0 || estilo == 16 || estilo == 32 || estilo == 48 || estilo == 64;
+    boton_[0]->setVisible(!uno);
+    if (uno) {
+        PonerCaption(*boton_[1],
+                     textos_.Traduce(QStringLiteral("boton_0"), QStringLiteral("Aceptar")));
+        boton_[1]->setProperty("Tag", QStringLiteral("1"));
+    } else {
+        const bool siNo = estilo == 3 || estilo == 4;
+        boton_[0]->setProperty("Tag", siNo          ? QStringLiteral("6")
+                                      : estilo == 5 ? QStringLiteral("4")
+                                                    : QStringLiteral("1"));
+        boton_[1]->setProperty("Tag", estilo == 1 || estilo == 5 ? QStringLiteral("2")
+                                                                 : QStringLiteral("7"));
+    }
+    QPushButton* porDefecto = uno ? boton_[1] : boton_[0];
+    porDefecto->setDefault(true);
+    porDefecto->setFocus();
+}
+
+void frmMensaje::Pulsar(const QPushButton& boton) {
+    resultado = boton.property("Tag").toString().toInt();
+    done(QDialog::Accepted);
+}
+
+void frmMensaje::reject() {
+    Pulsar(*boton_[1]);
+}
+
+void frmMensaje::showEvent(QShowEvent* evento) {
+    // Fonts and screen are certain only now.
+    Ajustar();
+    VentanaSinBorde::showEvent(evento);
+}
+
+void frmMensaje::Ajustar() {
+    const QSize maximo = TamañoMaximo();
+    const QMargins m = Cuerpo()->contentsMargins();
+    const int alrededor = m.left() + m.right() + 2;
+    const int resto = tema::kAltoCabecera + m.top() + m.bottom() + Cuerpo()->spacing() +
+                      boton_[1]->sizeHint().height() + 1;
+    const int ancho = qMin(qMax(kAnchoMinimo, AnchoCabecera()), maximo.width());
+
+    // The title's width will do for a short text; a long one takes the first width at which it is
+    // comfortable, or else the first at which it fits the screen, or else it scrolls.
+    int elegido = 0;
+    for (const int limite : {kAltoTextoComodo, maximo.height() - resto}) {
+        for (const int candidato : {ancho, 480, 600, 720, 860, maximo.width()}) {
+            if (elegido == 0 && candidato >= ancho && candidato <= maximo.width() &&
+                lbTexto_->heightForWidth(candidato - alrededor) <= limite)
+                elegido = candidato;
+        }
+    }
+    const bool desplaza = elegido == 0;
+    if (desplaza)
+        elegido = maximo.width();
+    const int anchoTexto = elegido - alrededor -
+                           (desplaza ? zonaTexto_->verticalScrollBar()->sizeHint().width() + 4 : 0);
+    const int altoTexto = lbTexto_->heightForWidth(anchoTexto);
+    lbTexto_->resize(anchoTexto, altoTexto);
+    zonaTexto_->setVerticalScrollBarPolicy(desplaza ? Qt::ScrollBarAlwaysOn
+                                                    : Qt::ScrollBarAlwaysOff);
+    setFixedSize(elegido, qMin(qMax(kAltoMinimo, resto + altoTexto), maximo.height()));
+}
+
+} // namespace zv
