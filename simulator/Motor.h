@@ -1,0 +1,34 @@
+// Gives the device and its scripted customer their time: one step or one gesture a beat.
+#pragma once
+
+#include "simulator/Aparato.h"
+#include "simulator/Cliente.h"
+
+#include <QObject>
+#include <QTimer>
+
+namespace zv::simulador {
+
+class Motor : public QObject {
+    Q_OBJECT
+
+  public:
+    // `ritmo` in milliseconds between two beats. The device outlives the motor.
+    Motor(Aparato& aparato, Guion guion, int ritmo, QObject* padre = nullptr);
+
+    Guion ElGuion() const { return guion_; }
+    void PonerGuion(Guion guion);
+
+    // One beat at once. False when nobody has anything to do.
+    bool Pulso();
+
+  private:
+    bool HayTrabajo() const;
+    void Despertar();
+
+    Aparato& aparato_;
+    Guion guion_;
+    QTimer timer_;
+};
+
+} // namespace zv::simulador

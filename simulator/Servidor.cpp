@@ -1,0 +1,241 @@
+// Connections, limits, stalls and the notifications of the gateway.
+#include "simulator/Servidor.h"
+
+#include <QHostAddress>
+
+#include <algorithm>
+#include <utility>
+
+namespace zv::simulador {
+
+namespace {
+
+constexpr qint64 kSinLeerMaximo = 8 * 1024 * 1024; // bytes that a client may leave unread
+
+} // namespace
+
+Servidor::Servidor(Aparato& aparato, Fallos& fallos, Tiempos tiempos, std::function<void()> matar,
+                   QObject* padre)
+    : QObject(padre), aparato_(aparato), protocolo_(aparato, fallos), fallos_(fallos),
+      matar_(std::move(matar)) {
+    for (QTimer* const timer : {&pausa_, &ausente_, &silencio_})
+        timer->setSingleShot(true);
+    ausente_.setInterval(tiempos.ausenteMs);
+    silencio_.setInterval(tiempos.silencioMs);
+    connect(&pausa_, &QTimer::timeout, this, [this] {
+        for (const QByteArray& linea : std::exchange(retenidas_, {}))
+            Enviar(linea);
+    });
+    connect(&ausente_, &QTimer::timeout, this, [this] {
+        if (!aparato_.EnMarcha())
+            return;
+        Q_EMIT suceso(QStringLiteral("ausente"));
+        aparato_.Cancelar(aparato_.Abierta()->opId);
+    });
+    connect(&silencio_, &QTimer::timeout, this, [this] {
+        if (aparato_.EnMarcha())
+            Soltar();
+    });
+    connect(&tcp_, &QTcpServer::newConnection, this, &Servidor::AlConectar);
+    connect(&aparato_, &Aparato::progreso, this, &Servidor::AlProgresar);
+    connect(&aparato_, &Aparato::acabada, this, &Servidor::AlAcabar);
+    connect(&aparato_, &Aparato::cambiado, this, &Servidor::VigilarAusencia);
+}
+
+Servidor::~Servidor() {
+    if (cliente_)
+        cliente_->disconnect(this);
+}
+
+bool Servidor::Escuchar(quint16 puerto, QString& error) {
+    if (tcp_.listen(QHostAddress::LocalHost, puerto))
+        return true;
+    error = tcp_.serverError() == QAbstractSocket::AddressInUseError
+                ? QStringLiteral("el puerto %1 está ocupado").arg(puerto)
+                : QStringLiteral("no se puede escuchar en el puerto %1: %2")
+                      .arg(puerto)
+                      .arg(tcp_.errorString());
+    return false;
+}
+
+void Servidor::AlConectar() {
+    while (QTcpSocket* const nuevo = tcp_.nextPendingConnection()) {
+        Soltar(); // the new one takes the place of the old one
+        cliente_ = nuevo;
+        nuevo->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+        alConectar_ = fallos_.Toca(Punto::Conexion);
+        Q_EMIT suceso(QStringLiteral("conexión"));
+        if (const auto rechazo = Buscar(alConectar_, TipoFallo::Rechazar)) {
+            Q_EMIT suceso(QStringLiteral("fallo ") + rechazo->regla);
+            Soltar();
+            continue;
+        }
+        connect(nuevo, &QTcpSocket::readyRead, this, &Servidor::AlLeer);
+        connect(nuevo, &QTcpSocket::disconnected, this, &Servidor::Soltar);
+        silencio_.start();
+        Q_EMIT cambiado();
+        if (nuevo->bytesAvailable() > 0)
+            AlLeer();
+    }
+}
+
+void Servidor::Soltar() {
+    if (!cliente_)
+        return;
+    QTcpSocket* const viejo = std::exchange(cliente_, nullptr);
+    viejo->disconnect(this);
+    viejo->disconnectFromHost(); // what has been written still goes out
+    viejo->deleteLater();
+    pendiente_.clear();
+    retenidas_.clear();
+    alConectar_.clear();
+    saludado_ = false;
+    mudo_ = false;
+    pausa_.stop();
+    silencio_.stop();
+    Q_EMIT suceso(QStringLiteral("desconexión"));
+    VigilarAusencia();
+    Q_EMIT cambiado();
+}
+
+void Servidor::CortarEnlace() {
+    Soltar();
+}
+
+void Servidor::VigilarAusencia() {
+    if (!aparato_.EnMarcha() || HayCliente())
+        ausente_.stop();
+    else if (!ausente_.isActive())
+        ausente_.start();
+}
+
+void Servidor::AlLeer() {
+    silencio_.start();
+    pendiente_ += cliente_->readAll();
+    const QPointer<QTcpSocket> este = cliente_;
+    qsizetype desde = 0;
+    while (este && cliente_ == este) {
+        const qsizetype fin = pendiente_.indexOf('\n', desde);
+        const qsizetype largo = (fin < 0 ? pendiente_.size() : fin) - desde;
+        if (largo >= kLineaMaxima)
+            return Soltar();
+        if (fin < 0)
+            break;
+        const QByteArray linea = pendiente_.mid(desde, largo);
+        desde = fin + 1;
+        Atender(linea);
+    }
+    if (este && cliente_ == este)
+        pendiente_.remove(0, desde);
+}
+
+void Servidor::Atender(const QByteArray& linea) {
+    const bool antes = saludado_;
+    const Protocolo::Atencion atencion = protocolo_.Atender(linea, saludado_, alConectar_);
+    if (saludado_ != antes) {
+        VigilarAusencia();
+        Q_EMIT cambiado();
+    }
+    if (atencion.operacion)
+        enMarcha_ = atencion.acciones;
+    if (!AntesDeResponder(atencion.acciones, atencion.operacion))
+        return;
+    Enviar(atencion.respuesta);
+    if (Buscar(atencion.acciones, TipoFallo::Repetir) && !atencion.operacion)
+        Enviar(atencion.respuesta);
+    const bool despues = !atencion.operacion &&
+                         Buscar(atencion.acciones, TipoFallo::Cortar, Momento::Despues).has_value();
+    if (!atencion.operacion && Buscar(atencion.acciones, TipoFallo::Matar, Momento::Despues)) {
+        if (cliente_)
+            cliente_->flush();
+        matar_();
+    }
+    if (atencion.cerrar || despues)
+        Soltar();
+}
+
+bool Servidor::AntesDeResponder(const Acciones& acciones, bool operacion) {
+    for (const Accion& accion : acciones) {
+        Q_EMIT suceso(QStringLiteral("fallo ") + accion.regla);
+        // In an operation only "before" strikes here; its other moments come with its progress.
+        const bool ahora =
+            accion.momento == Momento::Antes || (accion.momento == Momento::Durante && !operacion);
+        switch (accion.tipo) {
+        case TipoFallo::Cortar:
+            if (ahora) {
+                Soltar();
+                return false;
+            }
+            break;
+        case TipoFallo::Matar:
+            if (ahora) {
+                matar_();
+                return false;
+            }
+            break;
+        case TipoFallo::Lento:
+            pausa_.start(accion.valor);
+            break;
+        case TipoFallo::Basura:
+            Enviar("esto no es un mensaje\n");
+            break;
+        case TipoFallo::Mudo:
+            mudo_ = true;
+            break;
+        default:
+            break;
+        }
+    }
+    return true;
+}
+
+bool Servidor::FallaEn(Momento momento) {
+    const auto corte = Buscar(enMarcha_, TipoFallo::Cortar, momento);
+    const auto muerte = Buscar(enMarcha_, TipoFallo::Matar, momento);
+    std::erase_if(enMarcha_, [momento](const Accion& a) {
+        return (a.tipo == TipoFallo::Cortar || a.tipo == TipoFallo::Matar) && a.momento == momento;
+    });
+    if (muerte)
+        matar_();
+    if (corte)
+        Soltar();
+    return corte || muerte;
+}
+
+void Servidor::AlProgresar(const Operacion& op) {
+    if (FallaEn(Momento::Durante))
+        return;
+    Notificar(QStringLiteral("op.progress"), op);
+}
+
+void Servidor::AlAcabar(const Operacion& op) {
+    // An operation that moved nothing has had no middle.
+    const bool durante = FallaEn(Momento::Durante);
+    const bool despues = FallaEn(Momento::Despues);
+    if (!durante && !despues)
+        Notificar(QStringLiteral("op.result"), op);
+    enMarcha_.clear();
+}
+
+void Servidor::Notificar(const QString& metodo, const Operacion& op) {
+    if (!HayCliente())
+        return; // its hello will tell
+    const QByteArray linea = Notificacion(metodo, op);
+    Enviar(linea);
+    if (Buscar(enMarcha_, TipoFallo::Repetir))
+        Enviar(linea);
+}
+
+void Servidor::Enviar(const QByteArray& linea) {
+    if (!cliente_ || linea.isEmpty() || mudo_)
+        return;
+    if (pausa_.isActive()) {
+        retenidas_.append(linea);
+        return;
+    }
+    if (cliente_->bytesToWrite() > kSinLeerMaximo)
+        return Soltar();
+    cliente_->write(linea);
+}
+
+} // namespace zv::simulador

@@ -1,0 +1,97 @@
+// ZVSimulador: options, the simulator, and its window where one is wanted. Exit codes: 0 well
+// ended, 1 something of the machine failed, 2 a wrong command line.
+#include "simulator/Opciones.h"
+#include "simulator/Simulador.h"
+#include "simulator/Terminacion.h"
+#ifdef ZV_SCREENS
+#include "simulator/screens/frmSimulador.h"
+#include "ui/screens/Tema.h"
+#endif
+
+#include <QCoreApplication>
+#ifdef ZV_SCREENS
+#include <QApplication>
+#endif
+
+#include <cstdio>
+#include <cstdlib>
+#include <memory>
+
+namespace {
+
+constexpr int kMalaOrden = 2;
+
+int Decir(std::FILE* donde, const QString& texto, int codigo) {
+    std::fputs(texto.toUtf8().constData(), donde);
+    std::fflush(donde);
+    return codigo;
+}
+
+int Fallar(const QString& error, int codigo) {
+    return Decir(stderr, QStringLiteral("ZVSimulador: %1\n").arg(error), codigo);
+}
+
+std::unique_ptr<QCoreApplication> HacerAplicacion(int& argc, char** argv, bool ventana) {
+#ifdef ZV_SCREENS
+    if (ventana) {
+        auto app = std::make_unique<QApplication>(argc, argv);
+        zv::tema::Aplicar(*app);
+        return app;
+    }
+#else
+    static_cast<void>(ventana);
+#endif
+    return std::make_unique<QCoreApplication>(argc, argv);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    using namespace zv::simulador;
+#ifdef ZV_SCREENS
+    constexpr bool kHayVentana = true;
+#else
+    constexpr bool kHayVentana = false;
+#endif
+    QStringList argumentos;
+    for (int i = 1; i < argc; ++i)
+        argumentos.append(QString::fromLocal8Bit(argv[i]));
+    Opciones opciones;
+    QString error;
+    if (!LeerOpciones(argumentos, kHayVentana, opciones, error))
+        return Fallar(error, kMalaOrden);
+    if (!opciones.aviso.isEmpty())
+        return Decir(stdout, opciones.aviso, EXIT_SUCCESS);
+    if (opciones.saldo) {
+        qint64 saldo = 0;
+        if (!LeerSaldo(opciones.carpeta, saldo, error))
+            return Fallar(error, EXIT_FAILURE);
+        return Decir(stdout, QStringLiteral("%1\n").arg(saldo), EXIT_SUCCESS);
+    }
+
+    Terminacion terminacion;
+    const bool ventana = opciones.ventana;
+    const auto app = HacerAplicacion(argc, argv, ventana);
+    QCoreApplication::setApplicationName(QStringLiteral("ZVSimulador"));
+    Simulador simulador(std::move(opciones));
+    if (!simulador.Arrancar(error))
+        return Fallar(error, EXIT_FAILURE);
+    QObject::connect(&terminacion, &Terminacion::pedida, app.get(),
+                     [] { QCoreApplication::quit(); });
+    QObject::connect(
+        &simulador, &Simulador::roto, app.get(),
+        [](const QString& porque) { QCoreApplication::exit(Fallar(porque, EXIT_FAILURE)); },
+        Qt::QueuedConnection);
+    terminacion.Escuchar();
+    Decir(stdout,
+          QStringLiteral("escuchando en 127.0.0.1:%1\n").arg(simulador.ElServidor().Puerto()),
+          EXIT_SUCCESS);
+#ifdef ZV_SCREENS
+    std::unique_ptr<frmSimulador> ventanaPrincipal;
+    if (ventana) {
+        ventanaPrincipal = std::make_unique<frmSimulador>(simulador);
+        ventanaPrincipal->show();
+    }
+#endif
+    return QCoreApplication::exec();
+}
