@@ -3,6 +3,7 @@
 #pragma once
 
 #include "config/ModuloIni.h"
+#include "platform/FormatoRegional.h"
 #include "platform/Registro.h"
 
 #include <QString>
@@ -12,7 +13,9 @@ namespace zv {
 class Configuracio {
   public:
     // carpeta: application folder, the default of SUITEZV. The services are kept by reference.
-    Configuracio(const ModuloIni& ini, Registro& registro, QString carpeta);
+    // formato: how numbers in the file are read.
+    Configuracio(const ModuloIni& ini, Registro& registro, QString carpeta,
+                 FormatoRegional formato = FormatoRegional::DelSistema());
 
     QString IP;
     QString SUITEZV;
@@ -48,8 +51,9 @@ class Configuracio {
     bool zvFastActive = false;
     QString ZVFastPort;
 
-    // Fills every field from the file and the registry; existe: the file is there. Raises 13 or 6
-    // for a value that is no number of its field's type.
+    // Fills every field from the file and the registry; ModoAnterior, which neither of them holds,
+    // becomes empty. existe: the file is there. Raises 13 or 6 for a value that is no number of its
+    // field's type; the fields before it are filled then.
     void LeerCfgIni(const QString& ruta, bool& existe);
     // Writes every key and the three passwords; goes on with the next key after a failure.
     void GuardarConfig(const QString& ruta);
@@ -60,6 +64,7 @@ class Configuracio {
     const ModuloIni& ini_;
     Registro& registro_;
     QString carpeta_;
+    FormatoRegional formato_;
 };
 
 } // namespace zv
