@@ -18,14 +18,14 @@ namespace {
 
 QToolButton* Boton(QWidget* padre, const QString& nombre, const QString& caption,
                    const QString& icono, const QColor& color) {
-    auto* boton = new QToolButton(padre);
-    boton->setObjectName(nombre);
-    boton->setText(tema::Rotulo(caption));
-    boton->setIcon(tema::Icono(icono, color));
-    boton->setAccessibleName(QString(caption).replace(QChar(0x00AC), QLatin1Char(' ')));
+    auto* control = new QToolButton(padre);
+    control->setObjectName(nombre);
+    control->setText(tema::Rotulo(caption));
+    control->setIcon(tema::Icono(icono, color));
+    control->setAccessibleName(QString(caption).replace(QChar(0x00AC), QLatin1Char(' ')));
     // The keyboard belongs to the barcode box.
-    boton->setFocusPolicy(Qt::NoFocus);
-    return boton;
+    control->setFocusPolicy(Qt::NoFocus);
+    return control;
 }
 
 QString Indexado(const QString& nombre, int indice) {
@@ -95,16 +95,16 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
          {QStringLiteral("Semiautomático"), QStringLiteral("media-skip-forward")}}};
     for (int i = 0; i < 3; ++i) {
         const auto& [caption, icono] = modos[static_cast<std::size_t>(i)];
-        QToolButton* boton = Boton(frameCab, Indexado(QStringLiteral("btnModo"), i), caption,
+        QToolButton* control = Boton(frameCab, Indexado(QStringLiteral("btnModo"), i), caption,
                                    icono, tema::kCabeceraTexto);
-        tema::PonerPapel(*boton, tema::Papel::Cabecera);
-        boton->setFocusPolicy(Qt::NoFocus);
-        boton->setIcon(tema::Icono(icono, tema::kCabeceraTexto, tema::kTexto));
-        boton->setCheckable(true);
-        boton->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-        boton->setMinimumWidth(tema::kToqueMinimo * 3);
-        btnModo[static_cast<std::size_t>(i)] = boton;
-        fila->addWidget(boton);
+        tema::PonerPapel(*control, tema::Papel::Cabecera);
+        control->setFocusPolicy(Qt::NoFocus);
+        control->setIcon(tema::Icono(icono, tema::kCabeceraTexto, tema::kTexto));
+        control->setCheckable(true);
+        control->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+        control->setMinimumWidth(tema::kToqueMinimo * 3);
+        btnModo[static_cast<std::size_t>(i)] = control;
+        fila->addWidget(control);
     }
     fila->addStretch(1);
 
@@ -114,13 +114,13 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
          {QStringLiteral("Manuales"), QStringLiteral("help-contents")}}};
     for (int i = 0; i < 3; ++i) {
         const auto& [accesible, icono] = ventanas[static_cast<std::size_t>(i)];
-        QToolButton* boton = Boton(frameCab, Indexado(QStringLiteral("btnW"), i), QString(),
+        QToolButton* control = Boton(frameCab, Indexado(QStringLiteral("btnW"), i), QString(),
                                    icono, tema::kCabeceraTexto);
-        boton->setAccessibleName(accesible);
-        boton->setToolTip(accesible);
-        boton->setFixedSize(tema::kToqueMinimo + 4, tema::kToqueMinimo);
-        boton->setIconSize(QSize(24, 24));
-        btnW[static_cast<std::size_t>(i)] = boton;
+        control->setAccessibleName(accesible);
+        control->setToolTip(accesible);
+        control->setFixedSize(tema::kToqueMinimo + 4, tema::kToqueMinimo);
+        control->setIconSize(QSize(24, 24));
+        btnW[static_cast<std::size_t>(i)] = control;
     }
     // Manuals, minimise, close: the closing one stands where every window has it.
     fila->addWidget(btnW[2]);
@@ -198,9 +198,9 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
     btnAbajo->setAccessibleName(QStringLiteral("Página siguiente"));
     auto* columna = new QVBoxLayout(pctScrollBar);
     columna->setContentsMargins(6, 6, 6, 6);
-    for (QToolButton* boton : {btnArriba, btnAbajo}) {
-        boton->setFixedSize(tema::kTeclaMinima, tema::kTeclaMinima + 16);
-        boton->setIconSize(QSize(36, 36));
+    for (QToolButton* control : {btnArriba, btnAbajo}) {
+        control->setFixedSize(tema::kTeclaMinima, tema::kTeclaMinima + 16);
+        control->setIconSize(QSize(36, 36));
     }
     columna->addWidget(btnArriba);
     columna->addStretch(1);
@@ -212,8 +212,8 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
                      QStringLiteral("list-remove"), tema::kTexto);
     btnCancelar = Boton(&ventana, QStringLiteral("btnCancelar"), QString(),
                         QStringLiteral("edit-delete"), tema::kRojoTexto);
-    for (QToolButton* boton : {btnCobro, btnAbono, btnCancelar}) {
-        boton->hide();
+    for (QToolButton* control : {btnCobro, btnAbono, btnCancelar}) {
+        control->hide();
     }
 }
 

@@ -1,0 +1,93 @@
+// ZVMonitor: builds the monitor and its windows, runs the event loop.
+#include "app/Monitor.h"
+#include "app/SenalFin.h"
+#include "app/screens/Aplicacion.h"
+#include "device/ClientePasarela.h"
+#include "device/screens/frmOperacion.h"
+#include "engine/screens/frmZVMonitor.h"
+#include "platform/Procesos.h"
+#include "platform/Shell.h"
+#include "ui/screens/DialogosPantalla.h"
+#include "ui/screens/Tema.h"
+
+#include <cstdio>
+
+namespace {
+
+// Page of the operating manuals.
+const QString kDireccionManuales = QStringLiteral("https://zorvex.example/manuales");
+
+int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
+    using namespace zv;
+
+    const RelojSistema reloj;
+    Servicios servicios(opciones, reloj);
+    DeviceClient* dispositivo = nullptr;
+    const Importes importes(servicios.formato, [&] { return dispositivo->Multiplier(); });
+    frmOperacion ventanaOperacion(servicios.textos, importes);
+    ClientePasarela cliente(servicios.log, servicios.textos, &ventanaOperacion);
+    dispositivo = &cliente;
+
+    QWidget* principal = nullptr;
+    DialogosPantalla dialogos(opciones.programa, servicios.textos, importes, [&] {
+        return principal != nullptr && principal->isVisible() ? principal : nullptr;
+    });
+    ProcesosSistema procesos;
+    ShellSistema shell;
+    app.PonerAlFallar([&](const QString& texto) {
+        try {
+            servicios.log.LogLinea(texto);
+        } catch (const ErrorEjecucion&) {
+            // The log cannot be written; the operator is told all the same.
+        }
+        dialogos.CajaSimple(texto);
+    });
+
+    try {
+        Monitor monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell});
+        const auto terminar = [&] {
+            monitor.arranque.Descargar();
+            // The end of the process: modal windows that stand open go with it.
+            std::_Exit(EXIT_SUCCESS);
+        };
+        frmZVMonitor pantalla(
+            PartesMonitor{monitor.entorno, monitor.controles, monitor.grid, monitor.estado,
+                          monitor.pulso, monitor.botones},
+            AccionesVentana{terminar, [&] { shell.AbrirDireccion(kDireccionManuales); }});
+        principal = &pantalla;
+        monitor.PonerVentana(pantalla);
+        const SenalFin senal(terminar);
+        if (!monitor.Cargar()) {
+            return EXIT_FAILURE;
+        }
+        const int codigo = QApplication::exec();
+        principal = nullptr;
+        return codigo;
+    } catch (const std::exception& e) {
+        app.Fallar(TextoDeError(e));
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // The command line is answered before there is a window system to fail.
+    QStringList argumentos;
+    for (int i = 0; i < argc; ++i) {
+        argumentos << QString::fromLocal8Bit(argv[i]);
+    }
+    zv::LecturaOpciones lectura;
+    {
+        QCoreApplication consola(argc, argv);
+        argumentos[0] = QCoreApplication::applicationFilePath();
+        lectura = zv::LeerOpciones(argumentos);
+    }
+    if (!lectura.opciones) {
+        std::fputs(qPrintable(lectura.respuesta.texto), lectura.respuesta.codigo == 0 ? stdout : stderr);
+        return lectura.respuesta.codigo;
+    }
+    zv::Aplicacion app(argc, argv);
+    app.setApplicationName(lectura.opciones->programa);
+    zv::tema::Aplicar(app);
+    return Ejecutar(app, *lectura.opciones);
+}
