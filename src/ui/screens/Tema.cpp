@@ -3,6 +3,7 @@
 #include "ui/screens/Tema.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QPalette>
 #include <QStyle>
 #include <QStyleFactory>
@@ -62,6 +63,7 @@ void PonerPapel(QWidget& boton, Papel papel) {
     case Papel::Normal:
     case Papel::Principal:
     case Papel::Peligro:
+        boton.setMinimumSize(kToqueMinimo, kToqueMinimo);
         break;
     case Papel::Tecla:
         // A key writes into the box that has the focus, so it must not take it.
@@ -82,7 +84,7 @@ void PonerPapel(QWidget& boton, Papel papel) {
     case Papel::Cabecera:
         boton.setMinimumSize(kToqueMinimo, kToqueMinimo);
         if (herramienta)
-            herramienta->setIconSize(QSize(22, 22));
+            herramienta->setIconSize(QSize(24, 24));
         break;
     }
     boton.style()->unpolish(&boton);
@@ -96,6 +98,8 @@ void Aplicar(QApplication& app) {
     QApplication::setFont(Fuente(16));
     QIcon::setThemeName(QStringLiteral("breeze"));
     QIcon::setFallbackThemeName(QStringLiteral("breeze"));
+    // The style sheet names its few pictures by this prefix.
+    QDir::setSearchPaths(QStringLiteral("zviconos"), CarpetasDeIconos());
     app.setStyleSheet(HojaDeEstilo());
 }
 

@@ -71,6 +71,9 @@ QIcon Icono(const QString& nombre, const QColor& color = kTexto, const QColor& c
 QIcon IconoDe(const QStringList& carpetas, const QString& nombre, const QColor& color,
               const QColor& colorMarcado = {});
 
+// Folders of the icon theme on this machine, the user's own first.
+QStringList CarpetasDeIconos();
+
 // Colour of a label's text, for one that changes it while it is shown.
 void PonerColorTexto(QWidget& rotulo, const QColor& color);
 

@@ -15,17 +15,17 @@ QToolTip { background: @cabecera; color: @cabtexto; border: none; padding: 6px 8
 
 #frameCab { background: @cabecera; border: none; }
 #frameCab QLabel { color: @cabtexto; }
-#frameCab #lbTitulo { font-size: 18px; font-weight: bold; }
 
 QPushButton {
   background: white; color: @texto; border: 2px solid @borde; border-radius: 8px;
-  min-height: 48px; min-width: 72px; padding: 0 16px; font-size: 17px;
+  padding: 12px 16px; font-size: 17px;
 }
 QPushButton:hover { background: #f1f5f9; }
 QPushButton:pressed, QPushButton:checked { background: #dbe3ee; border-color: #94a3b8; }
 QPushButton:default, QPushButton[papel="principal"] {
-  background: @cabecera; color: white; border-color: @cabecera; font-weight: bold;
+  background: @cabecera; color: white; border-color: @cabecera;
 }
+QPushButton[papel="principal"] { font-weight: bold; }
 QPushButton:default:hover, QPushButton[papel="principal"]:hover { background: #2f3d52; }
 QPushButton:default:pressed, QPushButton[papel="principal"]:pressed { background: #4b5b73; }
 QPushButton[papel="peligro"] {
@@ -39,14 +39,18 @@ QPushButton:disabled, QPushButton[papel]:disabled {
 
 QToolButton {
   background: transparent; color: @texto; border: 2px solid transparent; border-radius: 8px;
-  min-height: 40px; min-width: 40px; padding: 0;
+  padding: 8px;
 }
+QToolButton[papel="normal"] { background: white; border-color: @borde; }
+QToolButton[papel="normal"]:hover { background: #f1f5f9; }
+QToolButton[papel="normal"]:pressed { background: #dbe3ee; border-color: #94a3b8; }
+QToolButton[papel="normal"]:focus { border: 3px solid @resalte; }
 QToolButton:hover { background: #e8edf3; }
 QToolButton:pressed, QToolButton:checked { background: #d3dce8; }
 QToolButton:focus { border-color: @resalte; }
 QToolButton:disabled { color: @apagado; background: transparent; }
 
-#frameCab QToolButton { color: @cabtexto; min-height: 44px; min-width: 44px; }
+#frameCab QToolButton { color: @cabtexto; padding: 0 4px; }
 #frameCab QToolButton:hover { background: #374151; }
 #frameCab QToolButton:pressed { background: #4b5563; }
 #frameCab QToolButton:checked { background: @ambar; color: @texto; font-weight: bold; }
@@ -59,11 +63,11 @@ QToolButton:disabled { color: @apagado; background: transparent; }
 }
 
 #framePie { background: white; border: none; border-top: 1px solid @borde; }
-QToolButton[papel="pie"] { font-size: 14px; padding: 4px 1px; min-height: 56px; min-width: 56px; }
+QToolButton[papel="pie"] { font-size: 14px; padding: 4px 1px; }
 
 QPushButton[papel="tecla"], QToolButton[papel="tecla"] {
   background: white; border: 2px solid @borde; border-radius: 10px; padding: 0;
-  min-height: 60px; min-width: 60px; font-size: 26px; font-weight: bold; color: @texto;
+  font-size: 26px; font-weight: bold; color: @texto;
 }
 QPushButton[papel="tecla"]:hover, QToolButton[papel="tecla"]:hover { background: #f1f5f9; }
 QPushButton[papel="tecla"]:pressed, QToolButton[papel="tecla"]:pressed {
@@ -88,11 +92,42 @@ QComboBox:disabled, QDateEdit:disabled, QTimeEdit:disabled, QDateTimeEdit:disabl
 }
 QLineEdit:read-only { background: #f1f5f9; }
 QLineEdit[papel="importe"] { font-size: 34px; font-weight: bold; min-height: 60px; }
+QComboBox::drop-down { border: none; width: 44px; }
+QComboBox::down-arrow { image: url(zviconos:actions/22/go-down.svg); width: 22px; height: 22px; }
+QSpinBox::up-button, QDoubleSpinBox::up-button, QDateTimeEdit::up-button {
+  border: none; border-left: 1px solid @borde; width: 48px;
+}
+QSpinBox::down-button, QDoubleSpinBox::down-button, QDateTimeEdit::down-button {
+  border: none; border-left: 1px solid @borde; border-top: 1px solid @borde; width: 48px;
+}
+QSpinBox::up-arrow, QDoubleSpinBox::up-arrow, QDateTimeEdit::up-arrow {
+  image: url(zviconos:actions/22/go-up.svg); width: 18px; height: 18px;
+}
+QSpinBox::down-arrow, QDoubleSpinBox::down-arrow, QDateTimeEdit::down-arrow {
+  image: url(zviconos:actions/22/go-down.svg); width: 18px; height: 18px;
+}
 QComboBox QAbstractItemView { background: white; outline: 0; }
 QComboBox QAbstractItemView::item { min-height: 44px; }
 
 QCheckBox, QRadioButton { spacing: 10px; min-height: 44px; font-size: 17px; color: @texto; }
-QCheckBox::indicator, QRadioButton::indicator { width: 26px; height: 26px; }
+QCheckBox::indicator, QRadioButton::indicator {
+  width: 26px; height: 26px; border: 2px solid #64748b; background: white;
+}
+QCheckBox::indicator { border-radius: 6px; }
+QRadioButton::indicator { border-radius: 15px; }
+QCheckBox::indicator:focus, QRadioButton::indicator:focus { border: 3px solid @resalte; }
+QCheckBox::indicator:checked {
+  background: @ambar; border-color: @texto; image: url(zviconos:actions/22/dialog-ok-apply.svg);
+}
+QRadioButton::indicator:checked {
+  border-color: @texto;
+  background: qradialgradient(cx:0.5, cy:0.5, radius:0.5, fx:0.5, fy:0.5,
+    stop:0 @texto, stop:0.36 @texto, stop:0.42 @ambar, stop:1 @ambar);
+}
+QCheckBox:focus, QRadioButton:focus { border: 2px solid @resalte; border-radius: 8px; }
+QCheckBox::indicator:disabled, QRadioButton::indicator:disabled {
+  border-color: @borde; background: #eef2f6;
+}
 QCheckBox:disabled, QRadioButton:disabled { color: @apagado; }
 
 QGroupBox {

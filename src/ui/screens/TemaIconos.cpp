@@ -15,10 +15,10 @@ namespace zv::tema {
 
 namespace {
 
-QStringList CarpetasDeIconos() {
-    return QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
-                                     QStringLiteral("icons/breeze"),
-                                     QStandardPaths::LocateDirectory);
+// The theme's close icon is a full disc, too heavy beside a title; a plain cross stands for it. Our
+// own program's icon is in no theme.
+bool SiemprePropio(const QString& nombre) {
+    return nombre == QLatin1String("window-close") || nombre == QLatin1String("zvmonitor");
 }
 
 // The file's bytes; empty when no folder has the icon. 22 px is the theme's drawing for tool bars:
@@ -27,7 +27,7 @@ QByteArray BuscarSvg(const QStringList& carpetas, const QString& nombre) {
     static constexpr const char* kClases[] = {"actions", "status",      "devices",   "places",
                                               "apps",    "preferences", "categories"};
     static constexpr const char* kTamaños[] = {"22", "32", "16", "24", "48", "64", "symbolic"};
-    if (nombre.isEmpty() || nombre.contains(QLatin1Char('/')))
+    if (nombre.isEmpty() || nombre.contains(QLatin1Char('/')) || SiemprePropio(nombre))
         return {};
     for (const QString& carpeta : carpetas) {
         for (const char* clase : kClases) {
@@ -45,6 +45,17 @@ QByteArray BuscarSvg(const QStringList& carpetas, const QString& nombre) {
 
 // On a square of 22 units, with a pen of 1.8. False for a name that has no drawing.
 bool Dibujar(QPainter& p, const QString& nombre) {
+    if (nombre == QLatin1String("zvmonitor")) {
+        // Coins on the header's ground.
+        p.setPen(Qt::NoPen);
+        p.setBrush(kCabecera);
+        p.drawRoundedRect(QRectF(0, 0, 22, 22), 4, 4);
+        p.setPen(QPen(kCabecera, 1.2));
+        p.setBrush(kAmbar);
+        for (const qreal y : {13.5, 10.0, 6.5})
+            p.drawEllipse(QPointF(11, y + 1), 6.6, 3.4);
+        return true;
+    }
     if (nombre == QLatin1String("dialog-ok") || nombre == QLatin1String("dialog-ok-apply")) {
         p.drawPolyline(QPolygonF({{4, 12}, {9, 17}, {18, 6}}));
     } else if (nombre == QLatin1String("dialog-cancel") ||
@@ -150,6 +161,12 @@ class MotorIcono final : public QIconEngine {
 };
 
 } // namespace
+
+QStringList CarpetasDeIconos() {
+    return QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
+                                     QStringLiteral("icons/breeze"),
+                                     QStandardPaths::LocateDirectory);
+}
 
 QIcon IconoDe(const QStringList& carpetas, const QString& nombre, const QColor& color,
               const QColor& colorMarcado) {

@@ -18,6 +18,8 @@ namespace zv {
 namespace {
 
 constexpr int kBordeVentana = 1;
+constexpr int kLetraTitulo = 18;
+constexpr int kLetraTituloLargo = 13;
 
 } // namespace
 
@@ -82,7 +84,7 @@ VentanaSinBorde::VentanaSinBorde(const QString& nombre, QWidget* padre)
 
     lbTitulo_->setObjectName(QStringLiteral("lbTitulo"));
     lbTitulo_->setTextFormat(Qt::PlainText);
-    lbTitulo_->setFont(tema::Fuente(18, true));
+    lbTitulo_->setFont(tema::Fuente(kLetraTitulo, true));
     lbTitulo_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     cabecera_->addWidget(lbTitulo_, 1);
 
@@ -107,7 +109,7 @@ VentanaSinBorde::VentanaSinBorde(const QString& nombre, QWidget* padre)
 
 void VentanaSinBorde::PonerTitulo(const QString& titulo) {
     lbTitulo_->setText(tema::Rotulo(titulo));
-    lbTitulo_->setWordWrap(AnchoCabecera() > width());
+    AjustarTitulo();
 }
 
 QString VentanaSinBorde::Titulo() const {
@@ -156,8 +158,23 @@ void VentanaSinBorde::paintEvent(QPaintEvent*) {
 
 void VentanaSinBorde::resizeEvent(QResizeEvent* evento) {
     QDialog::resizeEvent(evento);
-    // A title wider than the window takes a second line.
-    lbTitulo_->setWordWrap(AnchoCabecera() > width());
+    AjustarTitulo();
+}
+
+void VentanaSinBorde::AjustarTitulo() {
+    lbTitulo_->setFont(tema::Fuente(kLetraTitulo, true));
+    const int necesario = AnchoCabecera();
+    lbTitulo_->setWordWrap(necesario > width());
+    // Two lines hold a little less than twice the text of one.
+    if (necesario > width() * 9 / 5)
+        lbTitulo_->setFont(tema::Fuente(kLetraTituloLargo, true));
+}
+
+void VentanaSinBorde::Pulir() {
+    ensurePolished();
+    const auto controles = findChildren<QWidget*>();
+    for (QWidget* control : controles)
+        control->ensurePolished();
 }
 
 } // namespace zv

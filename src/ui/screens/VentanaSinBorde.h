@@ -68,10 +68,17 @@ class VentanaSinBorde : public QDialog {
     // Largest size in pixels that a dialog may take on its screen.
     QSize TamañoMaximo() const;
 
+    // Brings the style sheet's fonts and margins to the controls, so that sizes can be asked for
+    // before the window is shown.
+    void Pulir();
+
     void paintEvent(QPaintEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
 
   private:
+    // A title wider than the window takes a second line, one still longer a smaller type.
+    void AjustarTitulo();
+
     QFrame* frameCab_;
     QLabel* lbTitulo_;
     QToolButton* btnCerrar_;

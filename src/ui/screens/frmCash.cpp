@@ -63,6 +63,7 @@ void frmCash::BuscarMarcas() {
 
 void frmCash::CrearTeclado() {
     auto* rejilla = new QGridLayout;
+    rejilla_ = rejilla;
     rejilla->setSpacing(8);
     static constexpr const char* kCifras[] = {"9", "4", "5", "6", "1", "2", "3", "7", "8", "0"};
     static constexpr int kFila[] = {0, 1, 1, 1, 2, 2, 2, 0, 0, 3, 3};
@@ -101,13 +102,10 @@ void frmCash::CrearTeclado() {
     QPushButton* entrar = orden(kEntrar, QStringLiteral("Entrar"));
     entrar->setDefault(true);
     sinImporte->hide();
-    QSizePolicy politica = sinImporte->sizePolicy();
-    politica.setRetainSizeWhenHidden(true);
-    sinImporte->setSizePolicy(politica);
     rejilla->setColumnMinimumWidth(3, 8);
     rejilla->addWidget(cancelar, 0, 4);
     rejilla->addWidget(sinImporte, 1, 4);
-    rejilla->addWidget(entrar, 2, 4, 2, 1);
+    rejilla->addWidget(entrar, 1, 4, 3, 1);
     connect(entrar, &QPushButton::clicked, this, &frmCash::Entrar);
     connect(cancelar, &QPushButton::clicked, this, &frmCash::Cancelar);
     connect(sinImporte, &QPushButton::clicked, this, &frmCash::Cancelar);
@@ -133,10 +131,14 @@ void frmCash::Preparar(const QString& titulo, const QString& prompt, Currency po
     tbImporte_->selectAll();
     tbImporte_->setFocus();
     teci_[kSinImporte]->setVisible(sinImporte);
+    // Its place belongs to teci(11) when it is not offered.
+    if (sinImporte)
+        rejilla_->addWidget(teci_[kEntrar], 2, 4, 2, 1);
     Ajustar();
 }
 
 void frmCash::Ajustar() {
+    Pulir();
     const QSize maximo = TamañoMaximo();
     const int ancho =
         qMin(qMax(layout()->totalMinimumSize().width(), AnchoCabecera()), maximo.width());

@@ -10,6 +10,7 @@
 #include <exception>
 
 class QAbstractButton;
+class QGridLayout;
 class QLineEdit;
 
 namespace zv {
@@ -49,6 +50,7 @@ class frmCash final : public VentanaSinBorde {
     const Importes& importes_;
     EtiquetaTexto* lbImporte_;
     QLineEdit* tbImporte_;
+    QGridLayout* rejilla_ = nullptr;
     std::array<QAbstractButton*, 15> teci_{};
     QChar decimal_;
     QChar miles_; // null when the region writes none

@@ -46,6 +46,7 @@ frmImpresio::frmImpresio(const Textos& textos, QWidget* padre)
     }
     Cuerpo()->addLayout(columna);
     TraducirPantalla(*this, textos);
+    Pulir();
     const int ancho = qMin(qMax(kAncho, AnchoCabecera()), TamañoMaximo().width());
     const QMargins m = Cuerpo()->contentsMargins();
     lbTexto->setMinimumHeight(lbTexto->heightForWidth(ancho - m.left() - m.right() - 2));

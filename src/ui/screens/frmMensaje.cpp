@@ -33,6 +33,7 @@ frmMensaje::frmMensaje(const Textos& textos, QWidget* padre)
     zonaTexto_->setFrameShape(QFrame::NoFrame);
     zonaTexto_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     zonaTexto_->setFocusPolicy(Qt::NoFocus);
+    zonaTexto_->setMinimumHeight(1); // one line of text is less than a scroll area asks for
     zonaTexto_->viewport()->setAutoFillBackground(false);
     lbTexto_->setAutoFillBackground(false);
     Cuerpo()->addWidget(zonaTexto_, 1);
@@ -92,13 +93,8 @@ void frmMensaje::reject() {
     Pulsar(*boton_[1]);
 }
 
-void frmMensaje::showEvent(QShowEvent* evento) {
-    // Fonts and screen are certain only now.
-    Ajustar();
-    VentanaSinBorde::showEvent(evento);
-}
-
 void frmMensaje::Ajustar() {
+    Pulir();
     const QSize maximo = TamañoMaximo();
     const QMargins m = Cuerpo()->contentsMargins();
     const int alrededor = m.left() + m.right() + 2;

@@ -27,9 +27,6 @@ class frmMensaje final : public VentanaSinBorde {
 
     void reject() override;
 
-  protected:
-    void showEvent(QShowEvent* evento) override;
-
   private:
     void Pulsar(const QPushButton& boton);
     void Ajustar();

@@ -102,16 +102,12 @@ void frmTexto::AbrirTeclado() {
 }
 
 void frmTexto::Ajustar() {
+    Pulir();
     const QSize maximo = TamañoMaximo();
     const int ancho = qMin(qMax(kAncho, AnchoCabecera()), maximo.width());
     const QMargins m = Cuerpo()->contentsMargins();
     lbTexto_->setMinimumHeight(lbTexto_->heightForWidth(ancho - m.left() - m.right() - 2));
     setFixedSize(ancho, qMin(layout()->totalMinimumSize().height(), maximo.height()));
-}
-
-void frmTexto::showEvent(QShowEvent* evento) {
-    Ajustar();
-    VentanaSinBorde::showEvent(evento);
 }
 
 bool frmTexto::eventFilter(QObject* objeto, QEvent* evento) {

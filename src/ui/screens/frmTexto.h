@@ -31,7 +31,6 @@ class frmTexto final : public VentanaSinBorde {
 
   protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
-    void showEvent(QShowEvent* evento) override;
 
   private:
     void Terminar(int con);
