@@ -16,11 +16,13 @@ namespace zv {
 QString CadenaConexion(const QString& tipo, const QString& ruta, const QString& base,
                        const QString& usuario, const QString& clave);
 
+// Path of the database file in the application folder.
+QString RutaBaseDatos(const QString& carpeta);
+
 class ConexionBD {
   public:
     // carpeta: application folder, without a separator at its end.
-    ConexionBD(MotorBD& motor, QString carpeta, Log& log, Dialogos& dialogos,
-               const Textos& textos);
+    ConexionBD(MotorBD& motor, QString carpeta, Log& log, Dialogos& dialogos, const Textos& textos);
 
     // True if the connection is open on return; a second call touches nothing.
     bool ConectarBD();

@@ -50,7 +50,12 @@ class Fila {
     Fila(std::shared_ptr<const QStringList> columnas, std::vector<QVariant> valores);
 
     int Indice(const QString& columna) const;
-    bool EsNulo(int indice) const { return valores_[static_cast<std::size_t>(indice)].isNull(); }
+    const QStringList& Columnas() const { return *columnas_; }
+    // The value as the engine holds it. An index beyond the columns raises 9.
+    const QVariant& Valor(int indice) const;
+    // Changes this copy only, never the table.
+    void Cambiar(int indice, QVariant valor);
+    bool EsNulo(int indice) const { return Valor(indice).isNull(); }
     bool EsNulo(const QString& columna) const { return EsNulo(Indice(columna)); }
 
     qint32 LeerLong(int indice, qint32 siNulo = 0) const;
@@ -60,7 +65,9 @@ class Fila {
     // Invalid when Null. ISO text, or a number: days since 1899-12-30.
     QDateTime LeerFecha(int indice) const;
 
-    qint32 LeerLong(const QString& c, qint32 siNulo = 0) const { return LeerLong(Indice(c), siNulo); }
+    qint32 LeerLong(const QString& c, qint32 siNulo = 0) const {
+        return LeerLong(Indice(c), siNulo);
+    }
     Currency LeerCurrency(const QString& c, Currency siNulo = {}) const {
         return LeerCurrency(Indice(c), siNulo);
     }
@@ -75,7 +82,8 @@ class Fila {
 
 using Parametros = std::vector<QVariant>;
 
-// A value for the engine from the system's types (QVariant holds the others as they are).
+// A value for the engine from the system's types (QVariant holds the others as they are). A null
+// QString is an empty text; only a QVariant without a value is Null.
 QVariant ValorBD(Currency valor);
 
 // An updatable record set with the key of its table. It holds no open statement; it must not
@@ -141,9 +149,8 @@ class MotorBD {
 
     virtual std::unique_ptr<ConjuntoRegistros> AbrirTabla(const QString& tabla) = 0;
     // On a query over one table, its first row current if there is one; new rows go to that table.
-    virtual std::unique_ptr<ConjuntoRegistros> AbrirConsulta(const QString& tabla,
-                                                             const QString& sql,
-                                                             const Parametros& parametros) = 0;
+    virtual std::unique_ptr<ConjuntoRegistros>
+    AbrirConsulta(const QString& tabla, const QString& sql, const Parametros& parametros) = 0;
 
     // Transactions nest; Confirmar and Deshacer end the innermost level only. The begin is lazy:
     // the write lock is taken by the first write.

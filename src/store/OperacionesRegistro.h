@@ -3,8 +3,8 @@
 // new row's key or 0. None starts or ends a transaction; the caller does.
 #pragma once
 
-#include "store/MotorBD.h"
 #include "platform/Reloj.h"
+#include "store/MotorBD.h"
 #include "ui/Dialogos.h"
 #include "ui/Importes.h"
 #include "ui/Log.h"

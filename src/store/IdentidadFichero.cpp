@@ -1,0 +1,16 @@
+// The system's own identity of a file: device and inode.
+#include "store/IdentidadFichero.h"
+
+#include <sys/stat.h>
+
+namespace zv {
+
+IdentidadFichero IdentidadFichero::De(const QByteArray& ruta) {
+    struct stat datos {};
+    if (stat(ruta.constData(), &datos) != 0) {
+        return {};
+    }
+    return {static_cast<quint64>(datos.st_dev), static_cast<quint64>(datos.st_ino), true};
+}
+
+} // namespace zv

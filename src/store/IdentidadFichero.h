@@ -1,0 +1,19 @@
+// Which file a path names, beyond its name: tells a file that was moved, deleted or replaced.
+#pragma once
+
+#include <QString>
+#include <QtGlobal>
+
+namespace zv {
+
+struct IdentidadFichero {
+    quint64 dispositivo = 0;
+    quint64 nodo = 0;
+    bool existe = false;
+
+    // Never fails; a path that cannot be looked at does not exist.
+    static IdentidadFichero De(const QByteArray& ruta);
+    bool operator==(const IdentidadFichero&) const = default;
+};
+
+} // namespace zv

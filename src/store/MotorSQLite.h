@@ -1,0 +1,60 @@
+// The engine port over SQLite: the file that the point of sale and the connector share, in WAL
+// mode with full synchronisation. It stands open to any program while this one works.
+#pragma once
+
+#include "store/NucleoSQLite.h"
+
+namespace zv {
+
+struct OpcionesSQLite {
+    // How long a statement waits for another program's write lock.
+    std::chrono::milliseconds espera{1000};
+};
+
+class MotorSQLite final : public MotorBD {
+  public:
+    explicit MotorSQLite(OpcionesSQLite opciones = {});
+    ~MotorSQLite() override;
+
+    void Crear(const QString& cadena) override;
+    void Abrir(const QString& cadena) override;
+    bool Abierta() const override;
+    void Cerrar() override;
+
+    QStringList Tablas() override;
+    QStringList Indices(const QString& tabla) override;
+    QStringList Columnas(const QString& tabla) override;
+    void CrearTabla(const DefTabla& tabla) override;
+    void CrearIndice(const DefIndice& indice) override;
+    void AñadirColumna(const QString& tabla, const DefColumna& columna) override;
+    void CrearVista(const QString& nombre, const QString& sql) override;
+
+    std::vector<Fila> Consultar(const QString& sql, const Parametros& parametros = {}) override;
+    void Recorrer(const QString& sql, const Parametros& parametros,
+                  const std::function<bool(const Fila&)>& visitar) override;
+    qint64 Ejecutar(const QString& sql, const Parametros& parametros = {}) override;
+
+    std::unique_ptr<ConjuntoRegistros> AbrirTabla(const QString& tabla) override;
+    std::unique_ptr<ConjuntoRegistros> AbrirConsulta(const QString& tabla, const QString& sql,
+                                                     const Parametros& parametros) override;
+
+    void Comenzar() override;
+    void Confirmar() override;
+    void Deshacer() override;
+    int Nivel() const override;
+
+    quint64 MarcaCambios() override;
+
+  private:
+    QString Adaptar(const QString& sql);
+    QString AdaptarLectura(const QString& sql);
+    QStringList Nombres(const QString& sql, const Parametros& parametros);
+
+    OpcionesSQLite opciones_;
+    NucleoSQLite nucleo_;
+};
+
+// Path of the file in a connection text: its "Data Source". Empty when it has none.
+QString RutaDeCadena(const QString& cadena);
+
+} // namespace zv

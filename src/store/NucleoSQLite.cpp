@@ -1,0 +1,162 @@
+// Opening with care, reading, writing, and the mark that tells of changes.
+#include "store/NucleoSQLite.h"
+
+#include "platform/ErrorEjecucion.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace zv {
+
+namespace {
+
+constexpr int kErrorSoloLectura = 8;
+constexpr int kErrorNoEsBaseDeDatos = 26;
+constexpr int kErrorFicheroMovido = 1032;
+
+// For the log: what stands there instead of a SQLite database.
+QString DescribirFichero(const QString& ruta) {
+    QFile fichero(ruta);
+    const QByteArray cabecera = fichero.open(QIODevice::ReadOnly) ? fichero.read(32) : QByteArray();
+    const QByteArray firma = cabecera.mid(4, 15);
+    if (firma == "Standard Jet DB" || firma == "Standard ACE DB") {
+        return QStringLiteral("el fichero %1 es una base de datos de Access (%2) y este programa "
+                              "usa SQLite; conviértalo o retírelo")
+            .arg(ruta, QString::fromLatin1(firma));
+    }
+    return QStringLiteral("el fichero %1 no es una base de datos SQLite o está dañado").arg(ruta);
+}
+
+// Looks at the file without a lock, a journal or any trace. SQLite does it, and not a plain read:
+// closing a descriptor of our own would drop the locks that another connection of this process
+// holds on the same file. Once it is known to be no database, nobody holds locks there.
+void ExigirSQLite(const QString& ruta, std::chrono::milliseconds espera) {
+    ConexionSQLite sonda;
+    try {
+        sonda.Abrir(ruta, ConexionSQLite::Modo::Inmutable, espera);
+        sonda.Ejecutar(QStringLiteral("PRAGMA schema_version"));
+    } catch (const ErrorEjecucion& e) {
+        if (e.Numero() == kErrorNoEsBaseDeDatos) {
+            throw ErrorEjecucion(kErrorNoEsBaseDeDatos, DescribirFichero(ruta));
+        }
+        // Any other trouble is told by the opening itself.
+    }
+}
+
+} // namespace
+
+NucleoSQLite::NucleoSQLite(NivelesSQLite::Aviso aviso)
+    : aviso_(std::move(aviso)), niveles_(
+                                    conexion_,
+                                    [this](Sentencia::Clase clase, const QString& sql) {
+                                        ContarCambio();
+                                        aviso_(clase, sql);
+                                    },
+                                    [this] { VerificarFichero(); }) {}
+
+void NucleoSQLite::Abrir(const QString& ruta, std::chrono::milliseconds espera) {
+    Cerrar();
+    ExigirSQLite(ruta, espera);
+    const QFileInfo info(ruta);
+    if (info.exists() && !info.isWritable()) {
+        // Better now than after a customer's money has been taken.
+        throw ErrorEjecucion(kErrorSoloLectura,
+                             QStringLiteral("el fichero %1 es de solo lectura").arg(ruta));
+    }
+    conexion_.Abrir(ruta, ConexionSQLite::Modo::LecturaEscritura, espera);
+    try {
+        conexion_.Ejecutar(QStringLiteral("PRAGMA journal_mode=WAL"));
+        conexion_.Ejecutar(QStringLiteral("PRAGMA synchronous=FULL"));
+    } catch (...) {
+        Cerrar();
+        throw;
+    }
+    ruta_ = QFile::encodeName(info.absoluteFilePath());
+    identidad_ = IdentidadFichero::De(ruta_);
+    ContarCambio();
+}
+
+void NucleoSQLite::Cerrar() {
+    conexion_.Cerrar();
+    niveles_.Olvidar();
+}
+
+void NucleoSQLite::VerificarFichero() const {
+    // SQLite would go on writing into a file that has no name any more.
+    if (conexion_.Abierta() && IdentidadFichero::De(ruta_) != identidad_) {
+        throw ErrorEjecucion(
+            kErrorFicheroMovido,
+            QStringLiteral("el fichero de la base de datos ha sido movido o borrado"));
+    }
+}
+
+qint64 NucleoSQLite::Ejecutar(Sentencia::Clase clase, const QString& sql,
+                              const Parametros& parametros, const ConexionSQLite::Visita& visita) {
+    aviso_(clase, sql);
+    try {
+        return conexion_.Ejecutar(sql, parametros, visita);
+    } catch (const ErrorEjecucion&) {
+        niveles_.TrasFallo();
+        throw;
+    }
+}
+
+std::vector<Fila> NucleoSQLite::Leer(Sentencia::Clase clase, const QString& sql,
+                                     const Parametros& parametros) {
+    std::vector<Fila> filas;
+    Ejecutar(
+        clase, sql, parametros,
+        [&filas](const QSqlQuery& consulta, const std::shared_ptr<const QStringList>& columnas) {
+            std::vector<QVariant> valores;
+            const int cuantas = static_cast<int>(columnas->size());
+            valores.reserve(static_cast<std::size_t>(cuantas));
+            for (int i = 0; i < cuantas; ++i) {
+                valores.push_back(consulta.value(i));
+            }
+            filas.emplace_back(columnas, std::move(valores));
+            return true;
+        });
+    return filas;
+}
+
+void NucleoSQLite::Recorrer(const QString& sql, const Parametros& parametros,
+                            const std::function<bool(const Fila&)>& visitar) {
+    // One row serves for all: nothing is allocated for each.
+    std::optional<Fila> fila;
+    Ejecutar(Sentencia::Clase::Lectura, sql, parametros,
+             [&](const QSqlQuery& consulta, const std::shared_ptr<const QStringList>& columnas) {
+                 const int cuantas = static_cast<int>(columnas->size());
+                 if (!fila) {
+                     fila.emplace(columnas,
+                                  std::vector<QVariant>(static_cast<std::size_t>(cuantas)));
+                 }
+                 for (int i = 0; i < cuantas; ++i) {
+                     fila->Cambiar(i, consulta.value(i));
+                 }
+                 return visitar(*fila);
+             });
+}
+
+qint64 NucleoSQLite::Escribir(const QString& sql, const Parametros& parametros, const void* dueño) {
+    niveles_.PrepararEscritura(dueño);
+    ContarCambio();
+    return Ejecutar(Sentencia::Clase::Escritura, sql, parametros, {});
+}
+
+void NucleoSQLite::Definir(const QString& sql) {
+    Escribir(sql);
+    conexion_.VaciarPreparadas();
+}
+
+quint64 NucleoSQLite::MarcaCambios() {
+    quint64 version = 0;
+    Ejecutar(Sentencia::Clase::Lectura, QStringLiteral("PRAGMA data_version"), {},
+             [&version](const QSqlQuery& consulta, const std::shared_ptr<const QStringList>&) {
+                 version = consulta.value(0).toULongLong();
+                 return false;
+             });
+    constexpr int kMitad = 32;
+    return (version << kMitad) ^ cambios_;
+}
+
+} // namespace zv

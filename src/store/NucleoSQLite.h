@@ -1,0 +1,49 @@
+// What the SQLite engine and its record sets share: the connection, the transaction levels, the
+// hook, the count of changes and the guard of the file.
+#pragma once
+
+#include "store/ConexionSQLite.h"
+#include "store/IdentidadFichero.h"
+#include "store/NivelesSQLite.h"
+
+namespace zv {
+
+class NucleoSQLite {
+  public:
+    explicit NucleoSQLite(NivelesSQLite::Aviso aviso);
+
+    // Refuses a file that is no SQLite database (26) without touching it, and one that cannot be
+    // written (8).
+    void Abrir(const QString& ruta, std::chrono::milliseconds espera);
+    bool Abierta() const { return conexion_.Abierta(); }
+    void Cerrar();
+
+    std::vector<Fila> Leer(Sentencia::Clase clase, const QString& sql,
+                           const Parametros& parametros = {});
+    void Recorrer(const QString& sql, const Parametros& parametros,
+                  const std::function<bool(const Fila&)>& visitar);
+    // dueño: the record set that writes, if it is one. Answers the rows touched.
+    qint64 Escribir(const QString& sql, const Parametros& parametros = {},
+                    const void* dueño = nullptr);
+    // A write that changes the schema.
+    void Definir(const QString& sql);
+
+    NivelesSQLite& Niveles() { return niveles_; }
+    const NivelesSQLite& Niveles() const { return niveles_; }
+    void ContarCambio() { ++cambios_; }
+    quint64 MarcaCambios();
+
+  private:
+    void VerificarFichero() const;
+    qint64 Ejecutar(Sentencia::Clase clase, const QString& sql, const Parametros& parametros,
+                    const ConexionSQLite::Visita& visita);
+
+    NivelesSQLite::Aviso aviso_;
+    ConexionSQLite conexion_;
+    NivelesSQLite niveles_;
+    QByteArray ruta_;
+    IdentidadFichero identidad_;
+    quint64 cambios_ = 0;
+};
+
+} // namespace zv

@@ -1,0 +1,355 @@
+// The five record operations as runs of statements. A statement that fails enters the operation's
+// own handler, which may have it run again; the run goes on from there and not from the start.
+#include "store/OperacionesRegistro.h"
+
+#include "platform/ErrorEjecucion.h"
+
+#include <functional>
+#include <limits>
+
+namespace zv {
+
+namespace {
+
+constexpr int kMaximoTexto = 50;
+constexpr int kReintentosProcesado = 3; // the count is tested before it is raised
+constexpr int kReintentosDiez = 9;      // raised first, and retried while below ten
+
+// How an operation meets a failure.
+struct Manejador {
+    int reintentos = 0;
+    bool borraResultado = true;
+    std::function<QString(const ErrorEjecucion&, int cuenta)> lineaReintento;
+    std::function<QString(const ErrorEjecucion&)> lineaFinal;
+};
+
+// Runs the statements of one call, one after the other. After the last attempt nothing runs any
+// more: the rest of the operation is skipped.
+class Rutina {
+  public:
+    Rutina(Log& log, qint32& resultado, Manejador manejador)
+        : log_(log), resultado_(resultado), manejador_(std::move(manejador)) {}
+
+    template <class F>
+    void operator()(F&& sentencia) {
+        while (!fallo_) {
+            try {
+                sentencia();
+                return;
+            } catch (const ErrorEjecucion& e) {
+                Manejar(e);
+            }
+        }
+    }
+
+    // The failure that ended the operation, if one did.
+    const std::optional<ErrorEjecucion>& Fallo() const { return fallo_; }
+
+  private:
+    void Manejar(const ErrorEjecucion& e) {
+        if (manejador_.borraResultado) {
+            // A retry that succeeds does not bring it back.
+            resultado_ = 0;
+        }
+        if (cuenta_ < manejador_.reintentos) {
+            ++cuenta_;
+            Anotar(manejador_.lineaReintento(e, cuenta_));
+        } else {
+            fallo_ = e;
+            Anotar(manejador_.lineaFinal(e));
+        }
+    }
+    void Anotar(const QString& linea) {
+        try {
+            log_.LogLinea(linea);
+        } catch (const ErrorEjecucion&) {
+            // Record operations never raise, not for a log that cannot be written either.
+            return;
+        }
+    }
+
+    Log& log_;
+    qint32& resultado_;
+    Manejador manejador_;
+    int cuenta_ = 0;
+    std::optional<ErrorEjecucion> fallo_;
+};
+
+// The first characters of a text; one that needs two code units counts once and stays whole.
+QString Primeros(const QString& texto) {
+    if (texto.size() <= kMaximoTexto) {
+        return texto;
+    }
+    qsizetype fin = 0;
+    for (int i = 0; i < kMaximoTexto && fin < texto.size(); ++i) {
+        const bool doble = texto.at(fin).isHighSurrogate() && fin + 1 < texto.size() &&
+                           texto.at(fin + 1).isLowSurrogate();
+        fin += doble ? 2 : 1;
+    }
+    return texto.left(fin);
+}
+
+qint32 ALong(qint64 clave) {
+    if (clave < std::numeric_limits<qint32>::min() || clave > std::numeric_limits<qint32>::max()) {
+        throw errores::Desbordamiento();
+    }
+    return static_cast<qint32>(clave);
+}
+
+QString Corchete(const QString& origen) {
+    return QStringLiteral(" [") + origen + u']';
+}
+QString CorcheteSiHay(const QString& origen) {
+    return origen.isEmpty() ? QString() : Corchete(origen);
+}
+
+QString ConNumero(const char* etiqueta, const ErrorEjecucion& e) {
+    return QLatin1String(etiqueta) + QString::number(e.Numero());
+}
+QString ConDescripcion(const char* etiqueta, const ErrorEjecucion& e) {
+    return ConNumero(etiqueta, e) + QStringLiteral(" - ") + e.Descripcion();
+}
+
+// The general form of a date: midnight shows no time.
+QString FechaGeneral(const QDateTime& fecha) {
+    return fecha.toString(fecha.time() == QTime(0, 0) ? QStringLiteral("dd/MM/yyyy")
+                                                      : QStringLiteral("dd/MM/yyyy H:mm:ss"));
+}
+
+void PonerVenta(ConjuntoRegistros& filas, const DatosVenta& venta) {
+    filas.Poner(QStringLiteral("id1"), Primeros(venta.id1));
+    filas.Poner(QStringLiteral("id2"), Primeros(venta.id2));
+    filas.Poner(QStringLiteral("idcaja"), venta.idcaja);
+    filas.Poner(QStringLiteral("terminal"), Primeros(venta.terminal));
+    filas.Poner(QStringLiteral("vendedor"), Primeros(venta.vendedor));
+    filas.Poner(QStringLiteral("formapago"), Primeros(venta.formapago));
+}
+
+} // namespace
+
+OperacionesRegistro::OperacionesRegistro(MotorBD& motor, Log& log, Dialogos& dialogos,
+                                         const Firma& firma, const Importes& importes,
+                                         const Reloj& reloj)
+    : motor_(motor), log_(log), dialogos_(dialogos), firma_(firma), importes_(importes),
+      reloj_(reloj) {}
+
+qint32 OperacionesRegistro::AñadirProcesado(const QString& origen,
+                                            const RegistroProcesado& registro) {
+    qint32 resultado = 0;
+    std::unique_ptr<ConjuntoRegistros> filas;
+    Rutina paso(log_, resultado,
+                {kReintentosProcesado, true,
+                 [&](const ErrorEjecucion& e, int cuenta) {
+                     return ConNumero("ADDPROC_ERROR_", e) + QStringLiteral("_RESUME_") +
+                            QString::number(cuenta) + CorcheteSiHay(origen);
+                 },
+                 [&](const ErrorEjecucion& e) {
+                     return ConDescripcion("ADDPROC_ERROR_", e) + CorcheteSiHay(origen);
+                 }});
+
+    paso([&] { filas = motor_.AbrirTabla(QStringLiteral("procesados")); });
+    paso([&] { filas->Nuevo(); });
+    paso([&] {
+        filas->Poner(QStringLiteral("fechaZV"), reloj_.Ahora());
+        filas->Poner(QStringLiteral("fechaVenta"), registro.fechaVenta);
+        filas->Poner(QStringLiteral("importeVenta"), ValorBD(registro.importeVenta));
+        filas->Poner(QStringLiteral("cobrado"), ValorBD(registro.cobrado));
+        filas->Poner(QStringLiteral("devuelto"), ValorBD(registro.devuelto));
+        filas->Poner(QStringLiteral("estado"), registro.estado);
+        PonerVenta(*filas, registro.venta);
+        filas->Poner(QStringLiteral("error"), Primeros(registro.error));
+        filas->Poner(QStringLiteral("idCierre"), 0);
+        filas->Poner(QStringLiteral("saldoZV"), ValorBD(registro.saldoZV));
+        filas->Poner(QStringLiteral("idcola"), registro.idcola);
+    });
+    paso([&] {
+        filas->Poner(QStringLiteral("usuario"),
+                     firma_.UsuarioFast() ? QStringLiteral("ZVFast") : firma_.GetNom());
+    });
+    paso([&] { resultado = ALong(filas->ClaveNueva()); });
+    paso([&] { filas->Actualizar(); });
+    paso([&] {
+        log_.LogLinea(QStringLiteral("ADDPROC_OK_") + QString::number(resultado) +
+                      (origen.isEmpty() ? QString() : u'_' + origen));
+    });
+    paso([&] { filas->Cerrar(); });
+    return resultado;
+}
+
+qint32 OperacionesRegistro::AñadirColaProcesada(const QString& origen, qint32 idZV,
+                                                const QString& estado, Currency cobrado,
+                                                Currency devuelto, Currency saldoZV,
+                                                const QString& error) {
+    qint32 resultado = 0;
+    std::unique_ptr<ConjuntoRegistros> cola;
+    Rutina paso(log_, resultado,
+                {kReintentosDiez, true,
+                 [](const ErrorEjecucion& e, int cuenta) {
+                     return ConNumero("ADDPROC_COLA_ERROR_", e) + QStringLiteral("_RESUME_") +
+                            QString::number(cuenta);
+                 },
+                 [](const ErrorEjecucion& e) { return ConDescripcion("ADDPROC_COLA_ERROR_", e); }});
+
+    bool encontrada = false;
+    RegistroProcesado registro;
+    paso([&] { cola = motor_.AbrirTabla(QStringLiteral("cola")); });
+    paso([&] { encontrada = cola->Buscar(idZV); });
+    if (encontrada) {
+        paso([&] {
+            const Fila& fila = cola->Actual();
+            // A credit of no value counts as 0.
+            registro.importeVenta = fila.LeerCurrency(QStringLiteral("importe")) -
+                                    fila.LeerCurrency(QStringLiteral("creditoError"));
+        });
+        paso([&] {
+            const Fila& fila = cola->Actual();
+            // The time of filing: the sale's own date is dropped.
+            registro.fechaVenta = reloj_.Ahora();
+            registro.cobrado = cobrado;
+            registro.devuelto = devuelto;
+            registro.estado = estado;
+            registro.venta = {fila.LeerTexto(QStringLiteral("id1")),
+                              fila.LeerTexto(QStringLiteral("id2")),
+                              fila.LeerLong(QStringLiteral("idcaja")),
+                              fila.LeerTexto(QStringLiteral("terminal")),
+                              fila.LeerTexto(QStringLiteral("vendedor")),
+                              fila.LeerTexto(QStringLiteral("formapago"))};
+            registro.saldoZV = saldoZV;
+            registro.error = error;
+            registro.idcola = idZV;
+            resultado = AñadirProcesado(origen, registro);
+        });
+        if (resultado > 0) {
+            paso([&] { cola->Borrar(); });
+            paso([&] {
+                log_.LogLinea(QStringLiteral("PROCCOLA_DELCOLA_OK_") + QString::number(idZV) +
+                              CorcheteSiHay(origen));
+            });
+        }
+    }
+    paso([&] { cola->Cerrar(); });
+    return resultado;
+}
+
+qint32 OperacionesRegistro::BorrarColaGrupo(const QString& origen, qint32 idZV,
+                                            const QString& tipoGrupo) {
+    qint32 resultado = 0;
+    std::vector<Fila> filas;
+    Rutina paso(log_, resultado, {0, false, {}, [&](const ErrorEjecucion& e) {
+                                      return ConDescripcion("DELCOLA_GRUPO_ERROR_", e) +
+                                             CorcheteSiHay(origen);
+                                  }});
+
+    paso([&] {
+        filas = motor_.Consultar(QStringLiteral("SELECT * FROM cola WHERE idzv=") +
+                                 QString::number(idZV));
+    });
+    if (!filas.empty()) {
+        paso([&] {
+            resultado = AñadirColaProcesada(
+                (origen.isEmpty() ? QString() : origen + u'_') + QStringLiteral("DELCOLA_GRUPO_") +
+                    tipoGrupo,
+                filas.front().LeerLong(QStringLiteral("idZV")), QStringLiteral("CANCEL"), 0, 0, 0,
+                QStringLiteral("Anulada por cobro agrupado ") + tipoGrupo);
+        });
+        if (resultado == 0) {
+            paso([&] { log_.LogLinea(QStringLiteral("DELCOLA_GRUPO: AñadirColaProcesada FAIL")); });
+        }
+    }
+    return resultado;
+}
+
+qint32 OperacionesRegistro::AñadirHistorial(const QString& origen, const QString& id1,
+                                            const QString& id2, qint32 idcaja,
+                                            const QDateTime& fecha, Currency importe) {
+    qint32 resultado = 0;
+    std::unique_ptr<ConjuntoRegistros> filas;
+    // What was read before the failure is kept, and goes back to the caller.
+    Rutina paso(log_, resultado, {0, false, {}, [&](const ErrorEjecucion& e) {
+                                      return ConDescripcion("ADDHIS_ERROR_", e) + Corchete(origen);
+                                  }});
+
+    QString clave;
+    paso([&] { filas = motor_.AbrirTabla(QStringLiteral("historial")); });
+    paso([&] { filas->Nuevo(); });
+    paso([&] {
+        clave = Primeros(QString::number(fecha.date().year()) + u'/' + id1 + u'/' + id2 + u'/' +
+                         QString::number(idcaja) + u' ' + importes_.FormatoImporte(importe));
+    });
+    paso([&] { filas->Poner(QStringLiteral("id"), clave); });
+    paso([&] { filas->Poner(QStringLiteral("fecha"), reloj_.Ahora()); });
+    paso([&] { resultado = ALong(filas->ClaveNueva()); });
+    paso([&] { filas->Actualizar(); });
+    paso([&] {
+        log_.LogLinea(QStringLiteral("ADDHIS_OK_") + QString::number(resultado) +
+                      QStringLiteral(": ") + clave + Corchete(origen));
+    });
+    paso([&] { filas->Cerrar(); });
+    return resultado;
+}
+
+qint32 OperacionesRegistro::AñadirCola(const QString& origen, const QDateTime& fecha,
+                                       Currency importe, const DatosVenta& venta,
+                                       bool mostrarError) {
+    qint32 resultado = 0;
+    std::unique_ptr<ConjuntoRegistros> filas;
+    const auto campos = [&](const QString& importeTexto) {
+        return QStringLiteral(" FECHA(") + FechaGeneral(fecha) + QStringLiteral(") ID1(") +
+               venta.id1 + QStringLiteral(") ID2(") + venta.id2 + QStringLiteral(") IDCAJA(") +
+               QString::number(venta.idcaja) + QStringLiteral(") IMPORTE(") + importeTexto + u')' +
+               Corchete(origen);
+    };
+    Rutina paso(log_, resultado,
+                {kReintentosDiez, true,
+                 [&](const ErrorEjecucion& e, int cuenta) {
+                     return ConNumero("ADDCOLA_ERROR_", e) + QStringLiteral(" Reintentando ") +
+                            QString::number(cuenta) + Corchete(origen);
+                 },
+                 [&](const ErrorEjecucion& e) {
+                     // The format asks the device, which may be what has failed.
+                     QString importeTexto = importe.ATexto();
+                     try {
+                         importeTexto = importes_.FormatoImporte(importe);
+                     } catch (const ErrorEjecucion&) {
+                         return ConDescripcion("ADDCOLA_ERROR_", e) + campos(importeTexto);
+                     }
+                     return ConDescripcion("ADDCOLA_ERROR_", e) + campos(importeTexto);
+                 }});
+
+    qint32 historia = 0;
+    paso([&] {
+        historia = AñadirHistorial(QStringLiteral("ADDCOLA"), venta.id1, venta.id2, venta.idcaja,
+                                   fecha, importe);
+    });
+    if (historia <= 0) {
+        return 0;
+    }
+    paso([&] { filas = motor_.AbrirTabla(QStringLiteral("cola")); });
+    paso([&] { filas->Nuevo(); });
+    paso([&] {
+        filas->Poner(QStringLiteral("fecha"), fecha);
+        filas->Poner(QStringLiteral("importe"), ValorBD(importe));
+        PonerVenta(*filas, venta);
+        filas->Poner(QStringLiteral("creditoError"), ValorBD(0));
+    });
+    paso([&] { resultado = ALong(filas->ClaveNueva()); });
+    paso([&] { filas->Actualizar(); });
+    paso([&] {
+        log_.LogLinea(QStringLiteral("ADDCOLA_OK_") + QString::number(resultado) +
+                      campos(importes_.FormatoImporte(importe)));
+    });
+    paso([&] { filas->Cerrar(); });
+
+    if (paso.Fallo() && mostrarError) {
+        // No lock of ours may wait for the operator.
+        filas.reset();
+        dialogos_.MostrarMensaje(
+            QStringLiteral("Error de base de datos"),
+            QStringLiteral("Se ha producido un error al añadir un registro en la cola: \r\n") +
+                QString::number(paso.Fallo()->Numero()) + QStringLiteral(" - ") +
+                paso.Fallo()->Descripcion());
+    }
+    return resultado;
+}
+
+} // namespace zv

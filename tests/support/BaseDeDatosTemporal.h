@@ -1,0 +1,55 @@
+// A folder of its own with a database made by the program's own CrearBaseDatos, and an engine open
+// on it. Everything goes when the test ends.
+#pragma once
+
+#include "store/ConexionBD.h"
+#include "store/Esquema.h"
+#include "store/MotorSQLite.h"
+#include "support/DialogosGuion.h"
+#include "support/LogMemoria.h"
+#include "ui/Textos.h"
+
+#include <QTemporaryDir>
+
+namespace zv::test {
+
+class BaseDeDatosTemporal {
+  public:
+    // Locked databases answer at once unless the test says otherwise.
+    explicit BaseDeDatosTemporal(std::chrono::milliseconds espera = std::chrono::milliseconds(0))
+        : motor_({espera}) {
+        DialogosGuion dialogos;
+        LogMemoria log;
+        const Textos textos(carpeta_.path());
+        MotorSQLite catalogo({espera});
+        CrearBaseDatos(catalogo, carpeta_.path(), log, dialogos, textos);
+        motor_.Abrir(Cadena());
+    }
+
+    QString Carpeta() const { return carpeta_.path(); }
+    QString Ruta() const { return RutaBaseDatos(carpeta_.path()); }
+    QString Cadena() const { return CadenaConexion(QStringLiteral("MDB"), {}, Ruta(), {}, {}); }
+    MotorSQLite& Motor() { return motor_; }
+
+    // Another program on the same file, with an engine of its own.
+    std::unique_ptr<MotorSQLite> Otro() const {
+        auto otro = std::make_unique<MotorSQLite>(OpcionesSQLite{std::chrono::milliseconds(0)});
+        otro->Abrir(Cadena());
+        return otro;
+    }
+
+    // Number of rows, as SQL counts them.
+    qint32 Cuenta(const QString& tabla, const QString& condicion = QStringLiteral("1=1")) {
+        return motor_
+            .Consultar(QStringLiteral("SELECT count(*) FROM ") + tabla + QStringLiteral(" WHERE ") +
+                       condicion)
+            .at(0)
+            .LeerLong(0);
+    }
+
+  private:
+    QTemporaryDir carpeta_;
+    MotorSQLite motor_;
+};
+
+} // namespace zv::test
