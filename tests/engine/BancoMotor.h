@@ -126,7 +126,8 @@ class BancoMotor : public testing::Test {
     Textos textos;
     Registro registro;
     Importes importes;
-    MotorSQLite motor;
+    MotorSQLite motorSQLite;
+    MotorBD& motor = motorSQLite;
     Seguretat seguretat;
     FirmaDe firma;
     ConexionBD conexion;

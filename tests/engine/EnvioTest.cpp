@@ -84,7 +84,8 @@ TEST_F(EnvioTest, TheBusyMarkStandsDuringTheFilingAndFallsAfterIt) {
 TEST_F(EnvioTest, NothingIsLockedWhileTheCustomerPays) {
     const qint32 id = PonerFila(100);
     cliente.EsperaCharge(100, 100, 0, FinGuion::Ok().Durante([&] {
-        MotorSQLite otro;
+        MotorSQLite otroSQLite;
+    MotorBD& otro = otroSQLite;
         otro.Abrir(CadenaConexion(QStringLiteral("MDB"), {}, conexion.RutaFichero(), {}, {}));
         EXPECT_EQ(motor.Nivel(), 0);
         EXPECT_EQ(otro.Ejecutar(QStringLiteral("INSERT INTO cola (importe,id1) VALUES (1,'POS')")),

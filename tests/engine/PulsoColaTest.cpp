@@ -364,7 +364,8 @@ TEST_F(PulsoColaTest, RowsOfNullAmountsAreSeenByTheirNumber) {
 
 TEST_F(PulsoColaTest, ARowOfAnotherProgramIsSeen) {
     pulso.ProcesarCola();
-    MotorSQLite otro;
+    MotorSQLite otroSQLite;
+    MotorBD& otro = otroSQLite;
     otro.Abrir(CadenaConexion(QStringLiteral("MDB"), {}, conexion.RutaFichero(), {}, {}));
     otro.Ejecutar(QStringLiteral("INSERT INTO cola (importe,id1) VALUES (900,'POS')"));
     pulso.ProcesarCola();
