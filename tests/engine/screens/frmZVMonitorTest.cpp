@@ -1,0 +1,254 @@
+// The main screen: what the widgets show, and what keys, buttons and mouse do.
+#include "../BancoMotor.h"
+#include "engine/screens/frmZVMonitor.h"
+#include "ui/screens/Tema.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTest>
+#include <QToolButton>
+
+namespace zv::test {
+
+class frmZVMonitorTest : public BancoMotor {
+  protected:
+    frmZVMonitorTest() {
+        tema::Aplicar(*qApp);
+        EscribirIni("[ZVMONITOR]\r\nMODO=MANUAL\r\n");
+        configuracio->Modo = modo::kManual;
+        botones.Registrar(6, [this] { pulsados << 6; });
+        botones.Registrar(7, [this] { pulsados << 7; });
+        pantalla = std::make_unique<frmZVMonitor>(
+            PartesMonitor{entorno, controles, grid, estado, pulso, botones},
+            AccionesVentana{[this] { ++descargas; }, [this] { ++manuales; }});
+        pulso.PonerVentana(pantalla.get());
+        pantalla->PrepararGrid();
+        pantalla->resize(1024, 768);
+        pantalla->show();
+        QApplication::processEvents();
+    }
+
+    const DisenoMonitor& D() const { return pantalla->Diseno(); }
+    void Mostrar() {
+        estado.RellenarGrid();
+        estado.ActualizarEstado(true);
+        QApplication::processEvents();
+    }
+    void PonerFilas(int cuantas) {
+        for (int i = 0; i < cuantas; ++i) {
+            PonerFila(100 + i);
+        }
+        Mostrar();
+    }
+    static void Clic(QToolButton* boton) {
+        QTest::mouseClick(boton, Qt::LeftButton);
+        QApplication::processEvents();
+    }
+
+    QList<int> pulsados;
+    int descargas = 0;
+    int manuales = 0;
+    std::unique_ptr<frmZVMonitor> pantalla;
+};
+
+TEST_F(frmZVMonitorTest, ControlsCarryTheirNames) {
+    const QStringList nombres = QStringLiteral(
+        "frameCab btnLogo lbVer btnModo_0 btnModo_1 btnModo_2 btnW_0 btnW_1 btnW_2 frmEstado "
+        "lbContador lbEstado ShapeOK ShapeAlert ShapeCritico grdZV pctScrollBar btnArriba "
+        "btnAbajo framePie boton_0 boton_12 TextIni btnCobro btnAbono btnCancelar").split(QLatin1Char(' '));
+    for (const QString& nombre : nombres) {
+        EXPECT_NE(pantalla->findChild<QWidget*>(nombre), nullptr) << nombre.toStdString();
+    }
+}
+
+TEST_F(frmZVMonitorTest, ShowsTheQueueAndItsCounter) {
+    PonerFila(1250);
+    PonerFila(-300);
+    Mostrar();
+    EXPECT_EQ(D().grdZV->model()->rowCount(), 2);
+    EXPECT_EQ(D().lbContador->text(), QStringLiteral("1 cobros / 1 abonos"));
+    EXPECT_EQ(D().grdZV->model()->index(0, 9).data().toString(), QStringLiteral("12,50 €"));
+}
+
+TEST_F(frmZVMonitorTest, ColumnsFillTheGridAndHideByTheirSettings) {
+    const auto ancho = [&] {
+        int suma = 0;
+        for (int i = 0; i < kColumnasGrid; ++i) {
+            suma += D().grdZV->columnWidth(i);
+        }
+        return suma;
+    };
+    EXPECT_TRUE(D().grdZV->isColumnHidden(1));
+    EXPECT_TRUE(D().grdZV->isColumnHidden(4));
+    EXPECT_EQ(D().grdZV->columnWidth(0), 1300 / 15);
+    EXPECT_LE(ancho(), D().grdZV->viewport()->width());
+    EXPECT_GE(ancho(), D().grdZV->viewport()->width() - 12);
+    configuracio->COLID2 = 1;
+    configuracio->COLTERMINAL = 1;
+    pantalla->PrepararGrid();
+    EXPECT_FALSE(D().grdZV->isColumnHidden(4));
+    EXPECT_FALSE(D().grdZV->isColumnHidden(6));
+    EXPECT_LE(ancho(), D().grdZV->viewport()->width());
+}
+
+TEST_F(frmZVMonitorTest, WidgetsFollowOnlyWhenTheEventLoopRuns) {
+    pulso.ArrancaTimer();
+    QApplication::processEvents();
+    EXPECT_TRUE(D().framePie->isEnabled());
+    pulso.ParaTimer();
+    EXPECT_TRUE(D().framePie->isEnabled());
+    pulso.ArrancaTimer();
+    QApplication::processEvents();
+    EXPECT_TRUE(D().framePie->isEnabled());
+    pulso.ParaTimer();
+    QApplication::processEvents();
+    EXPECT_FALSE(D().framePie->isEnabled());
+    EXPECT_FALSE(D().grdZV->isEnabled());
+}
+
+TEST_F(frmZVMonitorTest, OnlyButtonsWithAnOperationAreEnabled) {
+    pulso.ArrancaTimer();
+    estado.ActualizarBotonesMonitor(true);
+    QApplication::processEvents();
+    EXPECT_TRUE(D().boton[7]->isEnabled());
+    EXPECT_FALSE(D().boton[6]->isEnabled());
+    EXPECT_FALSE(D().boton[2]->isEnabled());
+    Clic(D().boton[7]);
+    EXPECT_EQ(pulsados, QList<int>{7});
+}
+
+TEST_F(frmZVMonitorTest, ModeButtonsShowTheMode) {
+    Mostrar();
+    EXPECT_TRUE(D().btnModo[1]->isChecked());
+    Clic(D().btnModo[2]);
+    EXPECT_EQ(configuracio->Modo, modo::kSemi);
+    EXPECT_TRUE(D().btnModo[2]->isChecked());
+    EXPECT_FALSE(D().btnModo[1]->isChecked());
+    Clic(D().btnModo[2]); // pressed again it stays pressed
+    EXPECT_TRUE(D().btnModo[2]->isChecked());
+}
+
+TEST_F(frmZVMonitorTest, LampsShowOneLevel) {
+    estado.MostrarLamparas(false, true, false);
+    QApplication::processEvents();
+    EXPECT_FALSE(D().ShapeOK->isVisible());
+    EXPECT_TRUE(D().ShapeAlert->isVisible());
+    EXPECT_FALSE(D().ShapeCritico->isVisible());
+}
+
+TEST_F(frmZVMonitorTest, PageButtonsScrollAndGoOutAtTheEnds) {
+    pulso.ArrancaTimer();
+    PonerFilas(40);
+    EXPECT_FALSE(D().btnArriba->isEnabled());
+    EXPECT_TRUE(D().btnAbajo->isEnabled());
+    Clic(D().btnAbajo);
+    EXPECT_EQ(grid.FilaSuperior(), 1 + grid.Pagina());
+    EXPECT_EQ(D().grdZV->verticalScrollBar()->value(), grid.Pagina());
+    EXPECT_TRUE(D().btnArriba->isEnabled());
+    Clic(D().btnArriba);
+    EXPECT_EQ(D().grdZV->verticalScrollBar()->value(), 0);
+}
+
+TEST_F(frmZVMonitorTest, ScrollingTheGridMovesTheTopRow) {
+    PonerFilas(40);
+    D().grdZV->verticalScrollBar()->setValue(5);
+    QApplication::processEvents();
+    EXPECT_EQ(grid.FilaSuperior(), 6);
+    EXPECT_TRUE(D().btnArriba->isEnabled());
+}
+
+TEST_F(frmZVMonitorTest, UpAndDownMoveTheListAndOtherKeysReachTheBox) {
+    PonerFilas(40);
+    D().TextIni->setFocus();
+    QTest::keyClick(D().TextIni, Qt::Key_Down);
+    QTest::keyClick(D().TextIni, Qt::Key_Down);
+    EXPECT_EQ(grid.FilaSuperior(), 3);
+    QTest::keyClick(D().TextIni, Qt::Key_Up);
+    EXPECT_EQ(grid.FilaSuperior(), 2);
+    QTest::keyClick(D().TextIni, Qt::Key_7);
+    EXPECT_EQ(D().TextIni->text(), QStringLiteral("7"));
+}
+
+TEST_F(frmZVMonitorTest, TheStateLineBlinksOnlyWhileItSaysSomething) {
+    controles.Poner(&EstadoControles::lbEstado, QStringLiteral("Aviso"));
+    QApplication::processEvents();
+    EXPECT_EQ(D().lbEstado->text(), QStringLiteral("Aviso"));
+    EXPECT_TRUE(pantalla->Parpadeando());
+    controles.Poner(&EstadoControles::lbEstado, QString());
+    QApplication::processEvents();
+    EXPECT_FALSE(pantalla->Parpadeando());
+}
+
+TEST_F(frmZVMonitorTest, ClosingAsksAndEndsOnlyOnAccept) {
+    const QString titulo = QStringLiteral("Cerrar aplicativo");
+    const QString texto = QStringLiteral("¿Desea cerrar ZVMonitor?");
+    controles.Poner(&EstadoControles::timerCola, true);
+    dialogos.EsperaMensaje(titulo, texto, resultado::kCancelar, 1);
+    QTest::mouseClick(D().btnW[1], Qt::LeftButton);
+    EXPECT_EQ(descargas, 0);
+    EXPECT_TRUE(pulso.Armado());
+    dialogos.EsperaMensaje(titulo, texto, resultado::kCancelar, 1);
+    pantalla->close();
+    EXPECT_TRUE(pantalla->isVisible());
+    dialogos.EsperaMensaje(titulo, texto, resultado::kAceptar, 1);
+    QTest::mouseClick(D().btnW[1], Qt::LeftButton);
+    EXPECT_EQ(descargas, 1);
+    EXPECT_FALSE(pulso.Armado());
+}
+
+TEST_F(frmZVMonitorTest, MinimisingArmsThePulseAndRestoringMaximises) {
+    QTest::mouseClick(D().btnW[0], Qt::LeftButton);
+    EXPECT_EQ(pantalla->WindowState(), ventana::kMinimizada);
+    EXPECT_TRUE(pulso.Armado());
+    pulso.RestaurarVentana();
+    EXPECT_EQ(pantalla->WindowState(), ventana::kMaximizada);
+}
+
+TEST_F(frmZVMonitorTest, TheManualsButtonOpensThem) {
+    Clic(D().btnW[2]);
+    EXPECT_EQ(manuales, 1);
+}
+
+TEST_F(frmZVMonitorTest, ADoubleClickOnTheHeaderMaximisesAndIsNoDrag) {
+    QTest::mouseDClick(D().frameCab, Qt::LeftButton, {}, QPoint(300, 3));
+    EXPECT_EQ(pantalla->WindowState(), ventana::kMaximizada);
+    const QPoint antes = pantalla->pos();
+    QTest::mousePress(D().frameCab, Qt::LeftButton, {}, QPoint(300, 3));
+    QTest::mouseMove(D().frameCab, QPoint(340, 40));
+    QTest::mouseRelease(D().frameCab, Qt::LeftButton, {}, QPoint(340, 40));
+    EXPECT_EQ(pantalla->pos(), antes);
+}
+
+TEST_F(frmZVMonitorTest, NothingToTouchIsSmallerThanAFinger) {
+    for (const QToolButton* boton : pantalla->findChildren<QToolButton*>()) {
+        if (boton->isVisible() && boton != D().btnLogo) {
+            EXPECT_GE(boton->width(), tema::kToqueMinimo) << boton->objectName().toStdString();
+            EXPECT_GE(boton->height(), tema::kToqueMinimo) << boton->objectName().toStdString();
+            EXPECT_FALSE(boton->accessibleName().isEmpty()) << boton->objectName().toStdString();
+        }
+    }
+    for (const QToolButton* boton : D().boton) {
+        if (boton->isVisible()) {
+            EXPECT_GE(boton->width(), tema::kTeclaMinima) << boton->objectName().toStdString();
+            EXPECT_GE(boton->height(), tema::kTeclaMinima) << boton->objectName().toStdString();
+        }
+    }
+}
+
+TEST_F(frmZVMonitorTest, CaptionsComeFromTheLanguageFile) {
+    QFile fichero(carpeta.filePath(QStringLiteral("RWLang.ini")));
+    ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
+    fichero.write("[GEN]\r\nFrmCaption=Till\r\n[frmZVMonitor]\r\nboton_2=Give change\r\n"
+                  "btnModo_1=By hand\r\n");
+    fichero.close();
+    pantalla->Traducir();
+    EXPECT_EQ(pantalla->windowTitle(), QStringLiteral("Till"));
+    EXPECT_EQ(D().boton[2]->text(), QStringLiteral("Give\nchange"));
+    EXPECT_EQ(D().btnModo[1]->text(), QStringLiteral("By hand"));
+    EXPECT_EQ(D().boton[0]->text(), QStringLiteral("Registro"));
+}
+
+} // namespace zv::test
