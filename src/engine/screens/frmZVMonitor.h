@@ -53,6 +53,8 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     // Brings the widgets to the logical state now; the event loop does it by itself.
     void Seguir();
     const DisenoMonitor& Diseno() const { return ui_; }
+    // The state line blinks.
+    bool Parpadeando() const { return timerParpadeo_.isActive(); }
 
   protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
