@@ -34,15 +34,27 @@ qint32 Currency::AEntero32() const {
     if (distancia > mitad || (distancia == mitad && entero % 2 != 0)) {
         entero += valor_ < 0 ? -1 : 1;
     }
-    if (entero < std::numeric_limits<qint32>::min() || entero > std::numeric_limits<qint32>::max()) {
+    if (entero < std::numeric_limits<qint32>::min() ||
+        entero > std::numeric_limits<qint32>::max()) {
         throw errores::Desbordamiento();
     }
     return static_cast<qint32>(entero);
 }
 
+double Currency::ADoble() const {
+    constexpr qint64 kExactos = qint64{1} << std::numeric_limits<double>::digits;
+    if (valor_ >= -kExactos && valor_ <= kExactos) {
+        return static_cast<double>(valor_) / static_cast<double>(kEscala);
+    }
+    // Taken as a whole, such a value would be rounded before the division too.
+    return static_cast<double>(valor_ / kEscala) +
+           static_cast<double>(valor_ % kEscala) / static_cast<double>(kEscala);
+}
+
 QString Currency::ATexto() const {
     const bool negativo = valor_ < 0;
-    const quint64 magnitud = negativo ? 0 - static_cast<quint64>(valor_) : static_cast<quint64>(valor_);
+    const quint64 magnitud =
+        negativo ? 0 - static_cast<quint64>(valor_) : static_cast<quint64>(valor_);
     QString texto = QString::number(magnitud / kEscala);
     quint64 resto = magnitud % kEscala;
     if (resto != 0) {
@@ -71,6 +83,8 @@ Currency Currency::operator-(Currency otro) const {
     return DeDiezmilesimas(resta);
 }
 
-Currency Currency::operator-() const { return Currency() - *this; }
+Currency Currency::operator-() const {
+    return Currency() - *this;
+}
 
 } // namespace zv

@@ -16,7 +16,8 @@ class Currency {
 
     constexpr Currency() = default;
     // A small whole amount; 32 bits always fit.
-    constexpr Currency(qint32 entero) : valor_(entero * kEscala) {} // NOLINT(google-explicit-constructor)
+    constexpr Currency(qint32 entero)
+        : valor_(entero * kEscala) {} // NOLINT(google-explicit-constructor)
 
     static constexpr Currency DeDiezmilesimas(qint64 valor) {
         Currency c;
@@ -31,7 +32,7 @@ class Currency {
     constexpr qint64 Diezmilesimas() const { return valor_; }
     // Rounds halves to even. Raises 6 beyond 32 bits.
     qint32 AEntero32() const;
-    double ADoble() const { return static_cast<double>(valor_) / kEscala; }
+    double ADoble() const;
     // Plain decimal text with a point and no trailing zeros: "1250", "-0.5".
     QString ATexto() const;
 

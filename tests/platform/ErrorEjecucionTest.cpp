@@ -1,0 +1,45 @@
+// Run-time failures and the machine's clock.
+#include "platform/ErrorEjecucion.h"
+
+#include "platform/Reloj.h"
+#include "support/ImprimeQt.h"
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+TEST(ErrorEjecucion, CarriesNumberAndDescription) {
+    const ErrorEjecucion error(91, QStringLiteral("Variable no establecida ñ"));
+    EXPECT_EQ(error.Numero(), 91);
+    EXPECT_EQ(error.Descripcion(), QStringLiteral("Variable no establecida ñ"));
+    EXPECT_STREQ(error.what(), "91 - Variable no establecida ñ");
+}
+
+TEST(ErrorEjecucion, ThePlatformsFailuresHaveTheirNumbers) {
+    EXPECT_EQ(errores::Desbordamiento().Numero(), 6);
+    EXPECT_EQ(errores::FueraDeIntervalo().Numero(), 9);
+    EXPECT_EQ(errores::DivisionPorCero().Numero(), 11);
+    EXPECT_EQ(errores::TipoNoCoincide().Numero(), 13);
+    const ErrorEjecucion archivo =
+        errores::ErrorDeArchivo(QStringLiteral("/a/b.ini"), QStringLiteral("es una carpeta"));
+    EXPECT_EQ(archivo.Numero(), 75);
+    EXPECT_TRUE(archivo.Descripcion().contains(QStringLiteral("/a/b.ini")));
+    EXPECT_TRUE(archivo.Descripcion().contains(QStringLiteral("es una carpeta")));
+}
+
+TEST(RelojSistema, TellsLocalTimeAndTicksThatNeverGoBack) {
+    const RelojSistema reloj;
+    EXPECT_EQ(reloj.Ahora().timeSpec(), Qt::LocalTime);
+    EXPECT_LT(std::abs(reloj.Ahora().msecsTo(QDateTime::currentDateTime())), 60000);
+    qint64 anterior = reloj.Ticks();
+    EXPECT_GT(anterior, 0);
+    for (int i = 0; i < 1000; ++i) {
+        const qint64 ahora = reloj.Ticks();
+        ASSERT_GE(ahora, anterior);
+        anterior = ahora;
+    }
+}
+
+} // namespace
+} // namespace zv

@@ -1,0 +1,154 @@
+// Existence, whole reads and replacement of files.
+#include "platform/Ficheros.h"
+
+#include "support/CarpetaTemporal.h"
+#include "support/ImprimeQt.h"
+#include "support/SinPrivilegios.h"
+
+#include <cerrno>
+#include <csignal>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace zv {
+namespace {
+
+using test::CarpetaTemporal;
+
+TEST(Ficheros, TellsFilesFromFolders) {
+    const CarpetaTemporal carpeta;
+    const QString fichero = carpeta.Pon(QStringLiteral("a.txt"), "x");
+    EXPECT_TRUE(ExisteFichero(fichero));
+    EXPECT_FALSE(ExisteCarpeta(fichero));
+    EXPECT_TRUE(ExisteCarpeta(carpeta.Ruta()));
+    EXPECT_FALSE(ExisteFichero(carpeta.Ruta()));
+    const QString nada = carpeta.Ruta(QStringLiteral("no"));
+    EXPECT_FALSE(ExisteFichero(nada));
+    EXPECT_FALSE(ExisteCarpeta(nada));
+    EXPECT_FALSE(ExisteFichero(QString()));
+    EXPECT_FALSE(ExisteCarpeta(QString()));
+}
+
+class LeerFichero : public testing::Test {
+  protected:
+    QByteArray Ruta(const char* nombre) const {
+        return QFile::encodeName(carpeta.Ruta(QString::fromUtf8(nombre)));
+    }
+    CarpetaTemporal carpeta;
+    QByteArray bytes = "antes";
+};
+
+TEST_F(LeerFichero, GivesAllBytes) {
+    const QByteArray muchos = QByteArray("0123456789").repeated(100000);
+    carpeta.Pon(QStringLiteral("a"), muchos);
+    EXPECT_EQ(LeerFicheroEntero(Ruta("a"), bytes), 0);
+    EXPECT_EQ(bytes, muchos);
+    carpeta.Pon(QStringLiteral("b"), {});
+    EXPECT_EQ(LeerFicheroEntero(Ruta("b"), bytes), 0);
+    EXPECT_TRUE(bytes.isEmpty());
+}
+
+TEST_F(LeerFichero, GivesFilesWhoseSizeTheSystemDoesNotTell) {
+    EXPECT_EQ(LeerFicheroEntero("/proc/self/stat", bytes), 0);
+    EXPECT_TRUE(bytes.contains('('));
+}
+
+TEST_F(LeerFichero, TellsWhyItCannot) {
+    EXPECT_EQ(LeerFicheroEntero(Ruta("no"), bytes), ENOENT);
+    EXPECT_TRUE(bytes.isEmpty());
+    EXPECT_EQ(LeerFicheroEntero(Ruta(""), bytes), EISDIR);
+    carpeta.Pon(QStringLiteral("a"), "12345");
+    EXPECT_EQ(LeerFicheroEntero(Ruta("a"), bytes, 4), EFBIG);
+    EXPECT_TRUE(bytes.isEmpty());
+    EXPECT_EQ(LeerFicheroEntero(Ruta("a"), bytes, 5), 0);
+    EXPECT_EQ(LeerFicheroEntero(Ruta("a/b"), bytes), ENOTDIR);
+}
+
+TEST_F(LeerFichero, DoesNotWaitForAPipe) {
+    ASSERT_EQ(::mkfifo(Ruta("tubo").constData(), 0600), 0);
+    EXPECT_EQ(LeerFicheroEntero(Ruta("tubo"), bytes), 0);
+    EXPECT_TRUE(bytes.isEmpty());
+}
+
+class Reemplazar : public LeerFichero {};
+
+TEST_F(Reemplazar, CreatesAndReplaces) {
+    EXPECT_EQ(ReemplazarFichero(Ruta("a"), "uno"), 0);
+    EXPECT_EQ(carpeta.Lee(QStringLiteral("a")), QByteArray("uno"));
+    EXPECT_EQ(ReemplazarFichero(Ruta("a"), "dos"), 0);
+    EXPECT_EQ(carpeta.Lee(QStringLiteral("a")), QByteArray("dos"));
+    EXPECT_EQ(carpeta.Entradas(), QStringList{QStringLiteral("a")});
+}
+
+TEST_F(Reemplazar, AReaderThatHasTheOldFileOpenKeepsIt) {
+    carpeta.Pon(QStringLiteral("a"), "viejo");
+    QFile abierto(carpeta.Ruta(QStringLiteral("a")));
+    ASSERT_TRUE(abierto.open(QIODevice::ReadOnly));
+    EXPECT_EQ(ReemplazarFichero(Ruta("a"), "nuevo"), 0);
+    EXPECT_EQ(abierto.readAll(), QByteArray("viejo"));
+}
+
+TEST_F(Reemplazar, TheRestOfAKilledProgramIsNoObstacle) {
+    const QString resto = QStringLiteral(".zv%1-0.tmp").arg(::getpid());
+    carpeta.Pon(resto, "medio");
+    EXPECT_EQ(ReemplazarFichero(Ruta("a"), "uno"), 0);
+    EXPECT_EQ(carpeta.Lee(QStringLiteral("a")), QByteArray("uno"));
+    EXPECT_EQ(carpeta.Lee(resto), QByteArray("medio"));
+}
+
+TEST_F(Reemplazar, ANewFileGetsTheUsualPermissions) {
+    const mode_t antes = ::umask(027);
+    EXPECT_EQ(ReemplazarFichero(Ruta("a"), "uno"), 0);
+    ::umask(antes);
+    struct stat datos {};
+    ASSERT_EQ(::stat(Ruta("a").constData(), &datos), 0);
+    EXPECT_EQ(datos.st_mode & 0777, 0640U);
+}
+
+TEST_F(Reemplazar, RefusesWhatIsNoFile) {
+    carpeta.PonCarpeta(QStringLiteral("d"));
+    EXPECT_EQ(ReemplazarFichero(Ruta("d"), "x"), EISDIR);
+    ASSERT_EQ(::mkfifo(Ruta("tubo").constData(), 0600), 0);
+    EXPECT_EQ(ReemplazarFichero(Ruta("tubo"), "x"), EINVAL);
+    EXPECT_EQ(ReemplazarFichero(Ruta("no/a"), "x"), ENOENT);
+    EXPECT_EQ(carpeta.Entradas().size(), 2);
+}
+
+TEST_F(Reemplazar, AFullDiskLeavesTheOldFileAndNoRest) {
+    carpeta.Pon(QStringLiteral("a"), "viejo");
+    const struct rlimit poco { 4, RLIM_INFINITY };
+    struct rlimit antes {};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &antes), 0);
+    const auto manejador = ::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &poco), 0);
+    const int error = ReemplazarFichero(Ruta("a"), "demasiado largo");
+    ::setrlimit(RLIMIT_FSIZE, &antes);
+    ::signal(SIGXFSZ, manejador);
+    EXPECT_EQ(error, EFBIG);
+    EXPECT_EQ(carpeta.Lee(QStringLiteral("a")), QByteArray("viejo"));
+    EXPECT_EQ(carpeta.Entradas().size(), 1);
+}
+
+TEST_F(Reemplazar, AProtectedFileOrFolderStays) {
+    carpeta.Pon(QStringLiteral("a"), "viejo");
+    ASSERT_EQ(::chmod(Ruta("a").constData(), 0444), 0);
+    EXPECT_EQ(ReemplazarFichero(Ruta("a"), "nuevo"), EACCES);
+    ASSERT_EQ(::chmod(Ruta("a").constData(), 0644), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(carpeta.Ruta()).constData(), 0755), 0);
+    const test::SinPrivilegios nadie;
+    ASSERT_NE(::geteuid(), 0U);
+    ::chmod(QFile::encodeName(carpeta.Ruta()).constData(), 0555); // for a run without privileges
+    EXPECT_EQ(ReemplazarFichero(Ruta("b"), "nuevo"), EACCES);
+    EXPECT_EQ(carpeta.Lee(QStringLiteral("a")), QByteArray("viejo"));
+}
+
+TEST(TextoErrorSistema, SpeaksSpanishAboutWhatHappensToTills) {
+    EXPECT_EQ(TextoErrorSistema(ENOSPC), QStringLiteral("no queda espacio en el disco"));
+    EXPECT_EQ(TextoErrorSistema(EACCES), QStringLiteral("permiso denegado"));
+    EXPECT_FALSE(TextoErrorSistema(EXDEV).isEmpty());
+}
+
+} // namespace
+} // namespace zv
