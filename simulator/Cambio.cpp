@@ -30,7 +30,7 @@ Pesos PesosDe(const Mezcla& disponible, Preferencia preferencia) {
         else if (hay < d.optimo)
             pesos.at(i) = kNormal + kNormal / 4;
         else if (hay >= d.objetivo)
-            pesos.at(i) = kNormal / 2;
+            pesos.at(i) = kNormal / 4;
     }
     return pesos;
 }

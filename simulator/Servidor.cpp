@@ -11,6 +11,7 @@ namespace zv::simulador {
 namespace {
 
 constexpr qint64 kSinLeerMaximo = 8 * 1024 * 1024; // bytes that a client may leave unread
+constexpr int kDespedidaMs = 2000;                 // for what a dropped client has not read yet
 
 } // namespace
 
@@ -20,6 +21,7 @@ Servidor::Servidor(Aparato& aparato, Fallos& fallos, Tiempos tiempos, std::funct
       matar_(std::move(matar)) {
     for (QTimer* const timer : {&pausa_, &ausente_, &silencio_})
         timer->setSingleShot(true);
+    pausa_.setTimerType(Qt::PreciseTimer);
     ausente_.setInterval(tiempos.ausenteMs);
     silencio_.setInterval(tiempos.silencioMs);
     connect(&pausa_, &QTimer::timeout, this, [this] {
@@ -84,8 +86,15 @@ void Servidor::Soltar() {
         return;
     QTcpSocket* const viejo = std::exchange(cliente_, nullptr);
     viejo->disconnect(this);
-    viejo->disconnectFromHost(); // what has been written still goes out
-    viejo->deleteLater();
+    // What has been written still goes out, but a peer that reads nothing is not waited for.
+    connect(viejo, &QTcpSocket::disconnected, viejo, &QObject::deleteLater);
+    QTimer::singleShot(kDespedidaMs, viejo, [viejo] {
+        viejo->abort();
+        viejo->deleteLater();
+    });
+    viejo->disconnectFromHost();
+    if (viejo->state() == QAbstractSocket::UnconnectedState)
+        viejo->deleteLater();
     pendiente_.clear();
     retenidas_.clear();
     alConectar_.clear();

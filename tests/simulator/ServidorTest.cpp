@@ -1,0 +1,423 @@
+// The gateway protocol over a real socket.
+#include "Mostrador.h"
+
+#include <QJsonArray>
+
+#include <gtest/gtest.h>
+
+namespace zv::simulador {
+namespace {
+
+int Entero(const QJsonObject& objeto, const char* nombre) {
+    return objeto.value(QLatin1String(nombre)).toInt(-999);
+}
+
+QString Texto(const QJsonObject& objeto, const char* nombre) {
+    return objeto.value(QLatin1String(nombre)).toString();
+}
+
+TEST(Saludo, TellsTheDevice) {
+    Mostrador m;
+    ClientePrueba c(m.servidor.Puerto());
+    const QJsonObject hola = c.Saludar();
+    EXPECT_EQ(Entero(hola, "protocol"), 1);
+    EXPECT_EQ(Texto(hola, "device"), QStringLiteral("ZVSimulador"));
+    EXPECT_EQ(Texto(hola, "storeId"), QStringLiteral("prueba"));
+    EXPECT_EQ(Texto(hola, "currency"), QStringLiteral("EUR"));
+    EXPECT_EQ(Entero(hola, "decimals"), 2);
+    EXPECT_EQ(Entero(hola, "multiplier"), 100);
+    EXPECT_TRUE(hola.contains(QStringLiteral("openOp")));
+    EXPECT_TRUE(hola.value(QStringLiteral("openOp")).isNull());
+}
+
+TEST(Saludo, ComesFirst) {
+    Mostrador m;
+    ClientePrueba c(m.servidor.Puerto());
+    EXPECT_EQ(c.Error(QStringLiteral("ping")), -32002);
+    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 100)), -32002);
+    EXPECT_EQ(c.Error(QStringLiteral("no.such")), -32002);
+    EXPECT_EQ(m.banco.aparato.Abierta(), nullptr);
+}
+
+TEST(Saludo, OfAnotherVersionIsRefusedAndCountsAsNone) {
+    Mostrador m;
+    ClientePrueba c(m.servidor.Puerto());
+    EXPECT_EQ(c.Error(QStringLiteral("session.hello"), {{QStringLiteral("protocol"), 2}}), -32003);
+    EXPECT_EQ(c.Error(QStringLiteral("session.hello")), -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("ping")), -32002);
+}
+
+TEST(Saludo, MayBeRepeated) {
+    Mostrador m;
+    ClientePrueba c(m.servidor.Puerto());
+    EXPECT_EQ(c.Saludar(), c.Saludar());
+}
+
+TEST(Peticiones, AreAnsweredWithTheirErrors) {
+    Mostrador m;
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    EXPECT_EQ(c.Error(QStringLiteral("no.such")), -32601);
+    EXPECT_EQ(c.Error(QStringLiteral("op.status")), -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("op.status"), ConOpId(QStringLiteral("x"))), -32011);
+    EXPECT_EQ(c.Error(QStringLiteral("op.cancel"), ConOpId(QStringLiteral("x"))), -32011);
+    EXPECT_EQ(c.Respuesta(c.Pedir(QStringLiteral("op.ack"), ConOpId(QStringLiteral("x"))))
+                  .value(QStringLiteral("result")),
+              QJsonValue(QJsonObject()));
+    EXPECT_EQ(c.Respuesta(c.Pedir(QStringLiteral("ping"))).value(QStringLiteral("result")),
+              QJsonValue(QJsonObject()));
+}
+
+TEST(Peticiones, WithWrongParamsStartNothing) {
+    Mostrador m;
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    const QString opId = QStringLiteral("opId");
+    const QString value = QStringLiteral("value");
+    const QString mode = QStringLiteral("mode");
+    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), {{value, 1}}), -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), Cobro(QString(), 1)), -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), Cobro(QString(65, u'x'), 1)), -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), {{opId, QStringLiteral("a")}}), -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), {{opId, QStringLiteral("a")}, {value, 1.5}}),
+              -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("charge.start"),
+                      {{opId, QStringLiteral("a")}, {value, 2147483648.0}}),
+              -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("charge.start"),
+                      {{opId, QStringLiteral("a")}, {value, QStringLiteral("12")}}),
+              -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), 0)), -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), -5)), -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("cashBox.control"), {{opId, QStringLiteral("a")}, {mode, 3}}),
+              -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("cashBox.control"), {{opId, QStringLiteral("a")}, {mode, 15}}),
+              -32602);
+    EXPECT_EQ(
+        c.Error(QStringLiteral("cashBox.control"),
+                {{opId, QStringLiteral("a")}, {mode, 15}, {QStringLiteral("remainingChange"), -1}}),
+        -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("box.empty"),
+                      {{opId, QStringLiteral("a")}, {QStringLiteral("device"), 2}}),
+              -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("levels.get"), {{QStringLiteral("type"), 5}}), -32602);
+    EXPECT_EQ(c.Error(QStringLiteral("levels.get")), -32602);
+    EXPECT_EQ(m.banco.aparato.Abierta(), nullptr);
+    EXPECT_EQ(
+        Texto(c.Resultado(QStringLiteral("charge.start"), Cobro(QString(64, u'x'), 1)), "state"),
+        QStringLiteral("running"));
+}
+
+TEST(Lineas, ThatAreNoRequestGetAnErrorAndTheConnectionGoesOn) {
+    Mostrador m;
+    ClientePrueba c(m.servidor.Puerto());
+    ASSERT_TRUE(c.Conectado());
+    c.Crudo("{\"jsonrpc\":\"2.0\",\"id\":7}\n{\"id\":8,\"method\":\"ping\"}\n"
+            "{\"jsonrpc\":\"2.0\",\"id\":{},\"method\":\"ping\"}\n");
+    const auto codigo = [&](const QJsonValue& id) {
+        return c.Respuesta(id)
+            .value(QStringLiteral("error"))
+            .toObject()
+            .value(QStringLiteral("code"))
+            .toInt();
+    };
+    EXPECT_EQ(codigo(7), -32600);
+    EXPECT_EQ(codigo(8), -32600);
+    EXPECT_EQ(codigo(QJsonValue::Null), -32600);
+    EXPECT_FALSE(c.Saludar().isEmpty());
+    c.Crudo("{\"jsonrpc\":\"2.0\",\"id\":\"x\",\"method\":\"ping\",\"params\":[1]}\n");
+    EXPECT_EQ(codigo(QStringLiteral("x")), -32602);
+}
+
+TEST(Lineas, ThatAreNoObjectCloseTheConnection) {
+    Mostrador m;
+    for (const char* linea : {"hola\n", "[]\n", "\n", "{\"a\":\n", "\"x\"\n"}) {
+        ClientePrueba c(m.servidor.Puerto());
+        ASSERT_TRUE(c.Conectado());
+        c.Crudo(linea);
+        EXPECT_TRUE(c.Cerrado()) << linea;
+        ASSERT_EQ(c.mensajes.size(), 1U);
+        EXPECT_EQ(Entero(c.mensajes[0].value(QStringLiteral("error")).toObject(), "code"), -32700);
+    }
+}
+
+TEST(Lineas, OfTheLargestSizeAreReadAndLongerOnesCloseTheConnection) {
+    Mostrador m;
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    const QByteArray peticion = "{\"jsonrpc\":\"2.0\",\"id\":77,\"method\":\"ping\"}";
+    c.Crudo(peticion + QByteArray(1'048'576 - 1 - peticion.size(), ' ') + '\n');
+    EXPECT_FALSE(c.Respuesta(77).isEmpty());
+    c.Crudo(peticion + QByteArray(1'048'576 - peticion.size(), ' '));
+    EXPECT_TRUE(c.Cerrado());
+}
+
+TEST(Lineas, MayComeInPiecesAndManyAtOnce) {
+    Mostrador m;
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    c.Crudo(
+        "{\"jsonrpc\":\"2.0\",\"id\":21,\"method\":\"ping\"}\r\n{\"jsonrpc\":\"2.0\",\"id\":22,");
+    EXPECT_FALSE(c.Respuesta(21).isEmpty());
+    c.Crudo("\"method\":\"ping\"}\n{\"jsonrpc\":\"2.0\",\"id\":23,\"method\":\"ping\"}\n");
+    EXPECT_FALSE(c.Respuesta(22).isEmpty());
+    EXPECT_FALSE(c.Respuesta(23).isEmpty());
+}
+
+TEST(Lineas, WithoutAnIdAreNotAnswered) {
+    Mostrador m;
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    c.Crudo("{\"jsonrpc\":\"2.0\",\"method\":\"charge.start\",\"params\":{\"opId\":\"a\","
+            "\"value\":100}}\n");
+    c.Resultado(QStringLiteral("ping"));
+    EXPECT_EQ(c.mensajes.size(), 2U); // hello and ping
+    EXPECT_EQ(m.banco.aparato.Abierta(), nullptr);
+}
+
+TEST(Operacion, TellsItsStartItsProgressAndItsEndInThatOrder) {
+    Mostrador m;
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    const QJsonObject inicio =
+        c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    EXPECT_EQ(Texto(inicio, "opId"), QStringLiteral("a"));
+    EXPECT_EQ(Texto(inicio, "method"), QStringLiteral("charge.start"));
+    EXPECT_EQ(Texto(inicio, "state"), QStringLiteral("running"));
+    EXPECT_EQ(Entero(inicio, "paidIn"), 0);
+    EXPECT_EQ(Entero(inicio, "paidOut"), 0);
+    const QJsonObject fin = c.Fin();
+    EXPECT_EQ(Texto(fin, "state"), QStringLiteral("done"));
+    EXPECT_TRUE(fin.value(QStringLiteral("ok")).toBool());
+    EXPECT_EQ(Entero(fin, "errorCode"), 0);
+    EXPECT_EQ(Texto(fin, "errorMessage"), QString());
+    EXPECT_EQ(Entero(fin, "paidIn"), 2000);
+    EXPECT_EQ(Entero(fin, "paidOut"), 750);
+    const auto progreso = c.Avisos(QStringLiteral("op.progress"));
+    ASSERT_EQ(progreso.size(), 3U);
+    EXPECT_EQ(Entero(progreso[0], "paidIn"), 2000);
+    EXPECT_EQ(Entero(progreso[0], "paidOut"), 0);
+    EXPECT_EQ(Entero(progreso[2], "paidOut"), 750);
+    EXPECT_EQ(Texto(progreso[2], "state"), QStringLiteral("running"));
+    EXPECT_EQ(c.mensajes.back().value(QStringLiteral("method")).toString(),
+              QStringLiteral("op.result"));
+    EXPECT_TRUE(m.banco.durables);
+}
+
+TEST(Operacion, OfTheBoxesTellsItsOwnMembers) {
+    Inventario hay = Inventario::Inicial();
+    hay.reciclador.at(*Indice(200)) = 35;
+    Mostrador m(Guion::Manual, {}, {}, EstadoCon(hay));
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    c.Resultado(QStringLiteral("cashBox.control"), {{QStringLiteral("opId"), QStringLiteral("a")},
+                                                    {QStringLiteral("mode"), 7},
+                                                    {QStringLiteral("remainingChange"), 0}});
+    const QJsonObject cierre = c.Fin();
+    EXPECT_EQ(Entero(cierre, "coinsValueInCB"), 1000);
+    EXPECT_EQ(Entero(cierre, "notesValueInCB"), 0);
+    EXPECT_EQ(Entero(cierre, "remainingChange"), hay.Saldo() - 1000);
+    c.Resultado(QStringLiteral("op.ack"), ConOpId(QStringLiteral("a")));
+    c.Resultado(QStringLiteral("box.empty"),
+                {{QStringLiteral("opId"), QStringLiteral("b")}, {QStringLiteral("device"), 0}});
+    ASSERT_TRUE(c.EsperarAviso(QStringLiteral("op.result"), 2));
+    EXPECT_EQ(Entero(c.Fin(), "value"), 1000);
+}
+
+TEST(Operacion, WithTheSameOpIdNeverMovesMoneyTwice) {
+    Mostrador m(Guion::Exacto);
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    const qint64 antes = m.banco.Saldo();
+    c.Resultado(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), 500));
+    const QJsonObject fin = c.Fin();
+    // Done, with other params, even wrong ones, and by another method.
+    EXPECT_EQ(c.Resultado(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), 500)), fin);
+    EXPECT_EQ(c.Resultado(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), -1)), fin);
+    EXPECT_EQ(c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 900)), fin);
+    c.Resultado(QStringLiteral("op.ack"), ConOpId(QStringLiteral("a")));
+    EXPECT_EQ(c.Resultado(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), 500)), fin);
+    EXPECT_EQ(m.banco.Saldo(), antes - 500);
+    EXPECT_EQ(c.Avisos(QStringLiteral("op.result")).size(), 1U);
+}
+
+TEST(Operacion, WithTheSameOpIdAnswersTheRunningState) {
+    Mostrador m(Guion::Manual);
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    ASSERT_TRUE(Esperar([&] { return m.banco.aparato.Admite(); }));
+    m.banco.aparato.Meter(1000);
+    EXPECT_EQ(Entero(c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250)),
+                     "paidIn"),
+              1000);
+}
+
+TEST(Operacion, IsTheOnlyOneUntilItIsAcknowledged) {
+    Mostrador m(Guion::Manual);
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    EXPECT_TRUE(
+        c.Respuesta(c.Pedir(QStringLiteral("op.last"))).value(QStringLiteral("result")).isNull());
+    c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    EXPECT_EQ(c.Error(QStringLiteral("pay.start"), Cobro(QStringLiteral("b"), 100)), -32010);
+    c.Resultado(QStringLiteral("op.ack"),
+                ConOpId(QStringLiteral("a"))); // it runs: nothing is forgotten
+    EXPECT_EQ(Texto(c.Resultado(QStringLiteral("op.last")), "opId"), QStringLiteral("a"));
+    c.Resultado(QStringLiteral("op.cancel"), ConOpId(QStringLiteral("a")));
+    c.Fin();
+    EXPECT_EQ(c.Error(QStringLiteral("pay.start"), Cobro(QStringLiteral("b"), 100)), -32010);
+    EXPECT_EQ(Texto(c.Resultado(QStringLiteral("op.last")), "state"), QStringLiteral("done"));
+    c.Pedir(QStringLiteral("op.ack"),
+            ConOpId(QStringLiteral("a"))); // the next start does not wait for its answer
+    EXPECT_EQ(
+        Texto(c.Resultado(QStringLiteral("pay.start"), Cobro(QStringLiteral("b"), 100)), "opId"),
+        QStringLiteral("b"));
+}
+
+TEST(Operacion, CancelledAnswersItsStateAndEndsSoonAfter) {
+    Mostrador m(Guion::Manual);
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    ASSERT_TRUE(Esperar([&] { return m.banco.aparato.Admite(); }));
+    m.banco.aparato.Meter(500);
+    const QJsonObject entonces =
+        c.Resultado(QStringLiteral("op.cancel"), ConOpId(QStringLiteral("a")));
+    EXPECT_EQ(Texto(entonces, "state"), QStringLiteral("running"));
+    EXPECT_EQ(Entero(entonces, "paidIn"), 500);
+    const QJsonObject fin = c.Fin();
+    EXPECT_FALSE(fin.value(QStringLiteral("ok")).toBool(true));
+    EXPECT_EQ(Entero(fin, "errorCode"), 0);
+    EXPECT_EQ(Entero(fin, "paidIn"), 500);
+    EXPECT_EQ(Entero(fin, "paidOut"), 500);
+    EXPECT_EQ(c.Resultado(QStringLiteral("op.cancel"), ConOpId(QStringLiteral("a"))),
+              fin); // changes nothing any more
+    EXPECT_EQ(c.Resultado(QStringLiteral("op.status"), ConOpId(QStringLiteral("a"))), fin);
+}
+
+TEST(Niveles, AreOneForEachDenominationAscending) {
+    Mostrador m(Guion::Manual);
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    c.Resultado(QStringLiteral("charge.start"),
+                Cobro(QStringLiteral("a"), 100)); // answered also while something runs
+    for (const int tipo : {2, 3, 4}) {
+        const QJsonObject niveles =
+            c.Resultado(QStringLiteral("levels.get"), {{QStringLiteral("type"), tipo}});
+        const QJsonArray noms = niveles.value(QStringLiteral("noms")).toArray();
+        const QJsonArray levels = niveles.value(QStringLiteral("levels")).toArray();
+        ASSERT_EQ(noms.size(), 14);
+        ASSERT_EQ(levels.size(), 14);
+        for (qsizetype i = 1; i < noms.size(); ++i)
+            EXPECT_LT(noms.at(i - 1).toInt(), noms.at(i).toInt());
+        EXPECT_EQ(levels.at(0).toInt(), tipo == 2 ? 20 : 0);
+    }
+    EXPECT_EQ(c.Respuesta(c.Pedir(QStringLiteral("device.configuration")))
+                  .value(QStringLiteral("result")),
+              QJsonValue(QJsonObject()));
+}
+
+TEST(Conexion, ANewOneTakesThePlaceOfTheOld) {
+    Mostrador m;
+    ClientePrueba vieja(m.servidor.Puerto());
+    vieja.Saludar();
+    ClientePrueba nueva(m.servidor.Puerto());
+    EXPECT_FALSE(nueva.Saludar().isEmpty());
+    EXPECT_TRUE(vieja.Cerrado());
+    EXPECT_FALSE(nueva.Resultado(QStringLiteral("op.last")).contains(QStringLiteral("x")));
+    EXPECT_EQ(nueva.socket.state(), QAbstractSocket::ConnectedState);
+}
+
+TEST(Conexion, ThatDropsLetsTheOperationGoOnAndIsPickedUpAgain) {
+    Mostrador m(Guion::Manual);
+    {
+        ClientePrueba c(m.servidor.Puerto());
+        c.Saludar();
+        c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    }
+    ASSERT_TRUE(Esperar([&] { return !m.servidor.HayCliente(); }));
+    m.banco.aparato.Meter(1000);
+    ClientePrueba c(m.servidor.Puerto());
+    const QJsonObject abierta = c.Saludar().value(QStringLiteral("openOp")).toObject();
+    EXPECT_EQ(Texto(abierta, "opId"), QStringLiteral("a"));
+    EXPECT_EQ(Texto(abierta, "state"), QStringLiteral("running"));
+    EXPECT_EQ(Entero(abierta, "paidIn"), 1000);
+    EXPECT_EQ(c.Resultado(QStringLiteral("op.status"), ConOpId(QStringLiteral("a"))), abierta);
+    m.banco.aparato.Meter(200);
+    m.banco.aparato.Meter(50);
+    EXPECT_EQ(Entero(c.Fin(), "paidIn"), 1250);
+}
+
+TEST(Conexion, HearsNothingBeforeItsHello) {
+    Mostrador m(Guion::Manual);
+    {
+        ClientePrueba c(m.servidor.Puerto());
+        c.Saludar();
+        c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1000));
+    }
+    ClientePrueba c(m.servidor.Puerto());
+    c.Error(QStringLiteral("ping"));
+    m.banco.Meter({1000});
+    const QJsonObject abierta = c.Saludar().value(QStringLiteral("openOp")).toObject();
+    EXPECT_EQ(Texto(abierta, "state"), QStringLiteral("done"));
+    EXPECT_TRUE(c.Avisos(QStringLiteral("op.result")).empty());
+}
+
+TEST(Ausencia, CancelsTheOperationAndKeepsItsResult) {
+    Mostrador m(Guion::Manual, {}, {.ausenteMs = 30, .silencioMs = 15'000});
+    {
+        ClientePrueba c(m.servidor.Puerto());
+        c.Saludar();
+        c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+        ASSERT_TRUE(Esperar([&] { return m.banco.aparato.Admite(); }));
+        m.banco.aparato.Meter(1000);
+        // With its client there it waits as long as it takes: far longer than the limit.
+        EXPECT_FALSE(Esperar([&] { return !m.banco.fines.empty(); }, 150));
+    }
+    ASSERT_TRUE(Esperar([&] { return !m.banco.fines.empty(); }));
+    EXPECT_TRUE(m.banco.aparato.Abierta()->acabada);
+    ClientePrueba c(m.servidor.Puerto());
+    const QJsonObject abierta = c.Saludar().value(QStringLiteral("openOp")).toObject();
+    EXPECT_EQ(Entero(abierta, "errorCode"), 0);
+    EXPECT_FALSE(abierta.value(QStringLiteral("ok")).toBool(true));
+    EXPECT_EQ(Entero(abierta, "paidOut"), 1000);
+}
+
+TEST(Ausencia, EndsWithTheHelloNotWithTheConnectionAlone) {
+    Mostrador m(Guion::Manual, {}, {.ausenteMs = 60, .silencioMs = 15'000});
+    {
+        ClientePrueba c(m.servidor.Puerto());
+        c.Saludar();
+        c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    }
+    ClientePrueba c(m.servidor.Puerto());
+    EXPECT_TRUE(Esperar([&] { return !m.banco.fines.empty(); }));
+}
+
+TEST(Ausencia, IsThirtySecondsUnlessToldOtherwise) {
+    EXPECT_EQ(Servidor::Tiempos{}.ausenteMs, 30'000);
+    EXPECT_EQ(Servidor::Tiempos{}.silencioMs, 15'000);
+}
+
+TEST(Silencio, DropsAClientThatIsGoneWhileAnOperationRuns) {
+    Mostrador m(Guion::Manual, {}, {.ausenteMs = 30'000, .silencioMs = 40});
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    EXPECT_FALSE(Esperar([&] { return !m.servidor.HayCliente(); }, 150)); // idle: it may be silent
+    c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    EXPECT_TRUE(c.Cerrado());
+}
+
+TEST(Servidor, TellsInPlainWordsThatThePortIsTaken) {
+    Mostrador uno;
+    Mostrador otro;
+    ASSERT_TRUE(uno.bien && otro.bien);
+    Servidor tercero(uno.banco.aparato, uno.fallos, {}, [] {});
+    QString error;
+    EXPECT_FALSE(tercero.Escuchar(otro.servidor.Puerto(), error));
+    EXPECT_EQ(error, QStringLiteral("el puerto %1 está ocupado").arg(otro.servidor.Puerto()));
+}
+
+} // namespace
+} // namespace zv::simulador
