@@ -1,0 +1,413 @@
+// Connection supervision against the scripted device: messages, order, balances, lamps.
+#include "device/SupervisionConexion.h"
+
+#include "platform/ErrorEjecucion.h"
+#include "support/DeviceGuion.h"
+#include "support/DialogosGuion.h"
+#include "support/ImprimeQt.h"
+#include "support/LogMemoria.h"
+
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace zv {
+namespace {
+
+const QString kClave = QStringLiteral("Zorvex\\ZVMonitor");
+const QString kSaldoExit = QStringLiteral("Saldo_Exit");
+const QString kSaldoInicial = QStringLiteral("Saldo_Inicial");
+
+QStringList Lista(std::initializer_list<const char*> textos) {
+    QStringList lista;
+    for (const char* texto : textos) {
+        lista << QString::fromUtf8(texto);
+    }
+    return lista;
+}
+
+// Keeps what the main screen is told, with the device's calls among it.
+class VistaGuion final : public VistaConexion {
+  public:
+    explicit VistaGuion(QStringList& sucesos) : sucesos_(sucesos) {}
+    void HabilitarConectar(bool habilitado) override {
+        sucesos_ << QStringLiteral("boton7 %1").arg(habilitado ? 1 : 0);
+    }
+    void ActualizarBotonesMonitor(bool habilitado) override {
+        sucesos_ << QStringLiteral("botones %1").arg(habilitado ? 1 : 0);
+    }
+    void MostrarLamparas(bool ok, bool alerta, bool critico) override {
+        lamparas =
+            QStringLiteral("%1%2%3").arg(ok ? 1 : 0).arg(alerta ? 1 : 0).arg(critico ? 1 : 0);
+    }
+    bool Agrupando() const override { return agrupando; }
+
+    QString lamparas;
+    bool agrupando = false;
+
+  private:
+    QStringList& sucesos_;
+};
+
+class SupervisionConexionTest : public testing::Test {
+  protected:
+    SupervisionConexionTest() {
+        supervision.PonerVista(&vista);
+        cliente.AlLlamar([this](const QString& llamada) { sucesos << llamada; });
+    }
+
+    void Guardar(const QString& valor, const QString& dato) {
+        registro.GuardarValor(kClave, valor, dato);
+    }
+    QString Leer(const QString& valor) const {
+        return registro.LeerValor(kClave, valor, QStringLiteral("(nada)"));
+    }
+    // Connected, with the balances of the registry equal to the device's total.
+    void Conectada(qint32 total) {
+        Guardar(kSaldoExit, QString::number(total));
+        Guardar(kSaldoInicial, QString::number(total));
+        cliente.PonerTotal(total);
+        cliente.EsperaConnect();
+        supervision.Conectar();
+        ASSERT_TRUE(supervision.Conectado());
+        sucesos.clear();
+        log.lineas.clear();
+    }
+
+    QTemporaryDir carpeta;
+    QStringList sucesos;
+    DeviceGuion cliente;
+    Registro registro{carpeta.path()};
+    test::LogMemoria log;
+    test::DialogosGuion dialogos;
+    Textos textos{carpeta.path()};
+    Importes importes{FormatoRegional(QStringLiteral("es_ES")),
+                      [this] { return cliente.Multiplier(); }};
+    VistaGuion vista{sucesos};
+    SupervisionConexion supervision{cliente,
+                                    registro,
+                                    log,
+                                    dialogos,
+                                    textos,
+                                    importes,
+                                    [] { return QStringLiteral("10.0.0.7"); }};
+};
+
+// ---- Conectar
+
+TEST_F(SupervisionConexionTest, ConnectsInOrderAndSaysNothingWhenTheMoneyIsAsItWas) {
+    Guardar(kSaldoExit, QStringLiteral("1234"));
+    Guardar(kSaldoInicial, QStringLiteral("1000"));
+    cliente.PonerTotal(1234);
+    cliente.EsperaConnect();
+    supervision.Conectar();
+    EXPECT_TRUE(supervision.Conectado());
+    EXPECT_EQ(sucesos, Lista({"boton7 0", "Address(10.0.0.7)", "SessionFlag(1)", "Connect()",
+                              "boton7 1", "botones 1"}));
+    EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_CONECTARZORV_CONNECT_OK"}));
+    EXPECT_EQ(supervision.SaldoInicial(), 1000);
+    EXPECT_EQ(supervision.UltimoSaldo(), Currency(1234));
+    EXPECT_EQ(supervision.SaldoExit(), Currency(1234));
+    EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1234"));
+}
+
+TEST_F(SupervisionConexionTest, TellsATotalThatDiffersByOneUnitAndStoresTheNewOne) {
+    Guardar(kSaldoExit, QStringLiteral("1234"));
+    Guardar(kSaldoInicial, QStringLiteral("1000"));
+    cliente.PonerTotal(1235);
+    cliente.EsperaConnect();
+    dialogos.EsperaMensaje(
+        QStringLiteral("Inicialización"),
+        QStringLiteral("El saldo de Zorvex ha variado desde la última vez que se ejecutó la "
+                       "aplicación:\r\nÚltimo Saldo Registrado:12,34 €\r\nSaldo Actual:12,35 €"),
+        resultado::kAceptar, 0, [this] {
+            // Only told: the value in the registry follows afterwards.
+            EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1234"));
+            EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_CONECTARZORV_CONNECT_OK"}));
+        });
+    supervision.Conectar();
+    EXPECT_EQ(log.lineas.value(1),
+              QStringLiteral(">>> Último Saldo Registrado: 12,34 € -- Saldo Actual: 12,35 €"));
+    EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1235"));
+    EXPECT_EQ(supervision.UltimoSaldo(), Currency(1234));
+    EXPECT_EQ(supervision.SaldoExit(), Currency(1235));
+}
+
+TEST_F(SupervisionConexionTest, StoresTheTotalAsTheStartOfThePeriodOnAFirstStart) {
+    cliente.PonerTotal(0);
+    cliente.EsperaConnect();
+    supervision.Conectar(); // no "Saldo_Exit" reads as 0
+    EXPECT_EQ(Leer(kSaldoInicial), QStringLiteral("0"));
+
+    registro.BorrarValor(kClave, kSaldoInicial);
+    Guardar(kSaldoExit, QStringLiteral("5000"));
+    cliente.PonerTotal(5000);
+    cliente.EsperaConnect();
+    supervision.Conectar();
+    EXPECT_EQ(Leer(kSaldoInicial), QStringLiteral("5000"));
+    EXPECT_EQ(supervision.SaldoInicial(), 5000);
+}
+
+TEST_F(SupervisionConexionTest, TakesMinusOneAsAPeriodThatHasNotBegun) {
+    Guardar(kSaldoExit, QStringLiteral("5000"));
+    Guardar(kSaldoInicial, QStringLiteral("-1"));
+    cliente.PonerTotal(5000);
+    cliente.EsperaConnect();
+    supervision.Conectar();
+    EXPECT_EQ(Leer(kSaldoInicial), QStringLiteral("5000"));
+}
+
+TEST_F(SupervisionConexionTest, ShowsAndLogsAConnectionThatFailed) {
+    cliente.EsperaConnect(FinGuion::Error(1, QStringLiteral("No contesta")));
+    dialogos.EsperaMensaje(
+        QStringLiteral("Error de Zorvex"),
+        QStringLiteral("Existe un problema de comunicación con Zorvex.\r\nConsulte con su técnico "
+                       "el siguiente error:\r\n1: No contesta"),
+        resultado::kAceptar, 0, [this] {
+            EXPECT_FALSE(sucesos.contains(QStringLiteral("boton7 1")));
+            EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_CONECTARZORV_CONNECT_ERRORZV1"}));
+        });
+    supervision.Conectar();
+    EXPECT_FALSE(supervision.Conectado());
+    EXPECT_EQ(log.lineas.value(1), QStringLiteral(">>> Error Zorvex: 1 - No contesta"));
+    EXPECT_EQ(sucesos.mid(4), Lista({"boton7 1", "botones 0"}));
+    EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("(nada)"));
+}
+
+TEST_F(SupervisionConexionTest, LogsAFailureWithoutACodeInItsOwnWords) {
+    cliente.EsperaConnect(FinGuion::Cancelado());
+    dialogos.EsperaMensaje(testing::_, testing::_);
+    supervision.Conectar();
+    EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_CONECTARZORV_CONNECT_ERRORZV0",
+                                 ">>> Error de comunicación con Zorvex"}));
+}
+
+TEST_F(SupervisionConexionTest, ConnectsWithoutAScreen) {
+    supervision.PonerVista(nullptr);
+    cliente.PonerTotal(0);
+    cliente.EsperaConnect();
+    supervision.Conectar();
+    supervision.MostrarNivel();
+    EXPECT_TRUE(supervision.Conectado());
+}
+
+TEST_F(SupervisionConexionTest, RaisesOnABalanceInTheRegistryThatIsNoNumber) {
+    Guardar(kSaldoExit, QStringLiteral("roto"));
+    EXPECT_THROW(supervision.LeerSaldos(), ErrorEjecucion);
+}
+
+TEST_F(SupervisionConexionTest, ReadsBothBalancesAtStart) {
+    supervision.LeerSaldos();
+    EXPECT_EQ(supervision.SaldoInicial(), 0);
+    EXPECT_EQ(supervision.UltimoSaldo(), Currency(0));
+    Guardar(kSaldoExit, QStringLiteral("700"));
+    Guardar(kSaldoInicial, QStringLiteral("-1"));
+    supervision.LeerSaldos();
+    EXPECT_EQ(supervision.SaldoInicial(), -1);
+    EXPECT_EQ(supervision.UltimoSaldo(), Currency(700));
+    EXPECT_EQ(supervision.SaldoExit(), Currency(0));
+}
+
+// ---- Desconectar, IntentarReconnectar
+
+TEST_F(SupervisionConexionTest, StoresTheBalanceBeforeItDisconnects) {
+    Conectada(1000);
+    cliente.PonerTotal(1500);
+    cliente.EsperaDisconnect(
+        FinGuion::Ok().Durante([this] { EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1500")); }));
+    supervision.Desconectar();
+    EXPECT_FALSE(supervision.Conectado());
+    EXPECT_EQ(sucesos, Lista({"Disconnect()", "botones 0"}));
+    EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_DESCONECTARZORV_DISCONNECT_OK"}));
+}
+
+TEST_F(SupervisionConexionTest, RefusesToDisconnectWhileGrouping) {
+    Conectada(1000);
+    vista.agrupando = true;
+    dialogos.EsperaMensaje(QStringLiteral("Conflicto de operaciones"),
+                           QStringLiteral("Esta agrupando pagos, finalize la operacion primero"),
+                           resultado::kAceptar, 0);
+    supervision.Desconectar();
+    EXPECT_TRUE(supervision.Conectado());
+    EXPECT_TRUE(log.lineas.isEmpty());
+}
+
+TEST_F(SupervisionConexionTest, ReconnectsEvenWhileGrouping) {
+    Conectada(1000);
+    vista.agrupando = true;
+    cliente.EsperaDisconnect();
+    cliente.EsperaConnect();
+    EXPECT_TRUE(supervision.IntentarReconnectar());
+    EXPECT_EQ(sucesos, Lista({"Disconnect()", "botones 0", "boton7 0", "Address(10.0.0.7)",
+                              "SessionFlag(1)", "Connect()", "boton7 1", "botones 1"}));
+    EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_DESCONECTARZORV_DISCONNECT_OK",
+                                 "ZVCONNECT_CONECTARZORV_CONNECT_OK"}));
+}
+
+TEST_F(SupervisionConexionTest, TriesOnceAndTellsTheButtonsTwiceWhenItFails) {
+    Conectada(1000);
+    cliente.EsperaDisconnect();
+    cliente.EsperaConnect(FinGuion::EnlacePerdido());
+    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"), testing::_);
+    EXPECT_FALSE(supervision.IntentarReconnectar());
+    EXPECT_EQ(sucesos.mid(6), Lista({"boton7 1", "botones 0", "botones 0"}));
+}
+
+TEST_F(SupervisionConexionTest, CutsWithoutTouchingTheMainScreenForTheCashOffice) {
+    Conectada(1000);
+    cliente.EsperaDisconnect();
+    supervision.Cortar();
+    EXPECT_FALSE(supervision.Conectado());
+    EXPECT_EQ(sucesos, Lista({"Disconnect()"}));
+    EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_DESCONECTARZORV_DISCONNECT_OK"}));
+}
+
+TEST_F(SupervisionConexionTest, StoresNoBalanceWhileDisconnected) {
+    Guardar(kSaldoExit, QStringLiteral("1234"));
+    supervision.GuardarSaldoExit();
+    EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1234"));
+    Conectada(1000);
+    supervision.MarcarDesconectado();
+    cliente.PonerTotal(9);
+    supervision.GuardarSaldoExit();
+    EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1000"));
+}
+
+// ---- SaldoPorTipo
+
+TEST_F(SupervisionConexionTest, AnswersEachKindOfBalance) {
+    Conectada(1000);
+    cliente.PonerNiveles(2, QStringLiteral("50,200,500,2000"), QStringLiteral("3,2,4,1"));
+    cliente.PonerNiveles(3, QStringLiteral("50,200,500,2000"), QStringLiteral("1,0,2,10"));
+    const qint32 esperado[] = {4550 + 21050, 4550, 550, 4000, 21050, 50, 21000, 0};
+    for (qint32 tipo = 0; tipo <= 7; ++tipo) {
+        EXPECT_EQ(supervision.SaldoPorTipo({}, tipo), Currency(esperado[tipo])) << tipo;
+    }
+    EXPECT_EQ(supervision.SaldoPorTipo({}, -1), Currency(0));
+}
+
+TEST_F(SupervisionConexionTest, ReadsOnlyTheListsOfItsKindBoxesFirst) {
+    Conectada(1000);
+    const QString nada = QStringLiteral("0");
+    sucesos.clear();
+    cliente.EsperaGetLevels(3, nada, nada);
+    cliente.EsperaGetLevels(2, nada, nada);
+    supervision.SaldoPorTipo({}, 0);
+    for (const qint32 tipo : {1, 2, 3}) {
+        cliente.EsperaGetLevels(2, nada, nada);
+        supervision.SaldoPorTipo({}, tipo);
+    }
+    for (const qint32 tipo : {4, 5, 6}) {
+        cliente.EsperaGetLevels(3, nada, nada);
+        supervision.SaldoPorTipo({}, tipo);
+    }
+    EXPECT_EQ(sucesos.size(), 8);
+}
+
+TEST_F(SupervisionConexionTest, CountsTheDenominationOfTwoHundredAsACoin) {
+    Conectada(1000);
+    cliente.PonerNiveles(2, QStringLiteral("200,201"), QStringLiteral("1,1"));
+    EXPECT_EQ(supervision.SaldoPorTipo({}, 2), Currency(200));
+    EXPECT_EQ(supervision.SaldoPorTipo({}, 3), Currency(201));
+}
+
+TEST_F(SupervisionConexionTest, SkipsLevelsOfZeroAndBelow) {
+    Conectada(1000);
+    cliente.PonerNiveles(2, QStringLiteral("roto,100,50"), QStringLiteral("0,-3,2"));
+    EXPECT_EQ(supervision.SaldoPorTipo({}, 1), Currency(100));
+}
+
+TEST_F(SupervisionConexionTest, AnswersZeroWithEmptyListsAndWhileDisconnected) {
+    EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
+    Conectada(1000);
+    cliente.PonerNiveles(2, {}, {});
+    EXPECT_EQ(supervision.SaldoPorTipo({}, 1), Currency(0));
+}
+
+TEST_F(SupervisionConexionTest, ShowsLevelsThatMakeNoSenseAndAnswersZero) {
+    Conectada(1000);
+    cliente.PonerNiveles(3, QStringLiteral("1"), QStringLiteral("77"));
+    const QString inicio = QStringLiteral("Error al recuperar el saldo del Zorvex: ");
+    for (const auto& [noms, levels] : {std::pair{"1,2", "5"}, std::pair{"1", "5,6"}}) {
+        cliente.PonerNiveles(2, QString::fromLatin1(noms), QString::fromLatin1(levels));
+        dialogos.EsperaCaja(inicio + QStringLiteral("9 - El subíndice está fuera del intervalo"));
+        EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
+    }
+    for (const auto& [noms, levels] :
+         {std::pair{"1,2", "5,x"}, std::pair{"1,x", "5,6"}, std::pair{"1,2", "5,"}}) {
+        cliente.PonerNiveles(2, QString::fromLatin1(noms), QString::fromLatin1(levels));
+        dialogos.EsperaCaja(inicio + QStringLiteral("13 - No coinciden los tipos"));
+        EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
+    }
+    cliente.PonerNiveles(2, QStringLiteral("9223372036854775807"), QStringLiteral("2"));
+    dialogos.EsperaCaja(inicio + QStringLiteral("6 - Desbordamiento"));
+    EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
+}
+
+TEST_F(SupervisionConexionTest, GoesOnWithWhatItHasWhenAReadFails) {
+    Conectada(1000);
+    cliente.PonerNiveles(3, QStringLiteral("500"), QStringLiteral("2"));
+    cliente.FallarNiveles(2, 8, QStringLiteral("Sensor"));
+    dialogos.EsperaMensaje(QStringLiteral("Operación anulada"), QStringLiteral("Sensor"),
+                           resultado::kAceptar, 0);
+    EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(1000));
+
+    // A failed read of the boxes says nothing, and neither does one without a code.
+    cliente.FallarNiveles(3, 8, QStringLiteral("Sensor"));
+    cliente.FallarNiveles(2, 0, {});
+    EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
+}
+
+// ---- MostrarNivel
+
+TEST_F(SupervisionConexionTest, LightsTheLampOfTheWorstState) {
+    Conectada(1000);
+    struct Caso {
+        const char* levels;
+        const char* lamparas;
+    };
+    for (const Caso& caso : {Caso{"0,0,0", "100"}, Caso{"0,1,0", "010"}, Caso{"0,1,2", "001"},
+                             Caso{"2,0,0", "001"}, Caso{"12", "001"}, Caso{"", "100"}}) {
+        cliente.PonerNiveles(4, QStringLiteral("1,2,5"), QString::fromLatin1(caso.levels));
+        log.lineas.clear();
+        supervision.MostrarNivel();
+        EXPECT_EQ(vista.lamparas, QString::fromLatin1(caso.lamparas)) << caso.levels;
+        EXPECT_EQ(log.lineas,
+                  QStringList(QStringLiteral(
+                                  "ZVGETLEVELS_MOSTRARNIVEL_OK: LEVELTYPE=4 NOMS=1,2,5 LEVELS=") +
+                              QString::fromLatin1(caso.levels)));
+    }
+}
+
+TEST_F(SupervisionConexionTest, ShowsCriticalWhileDisconnected) {
+    supervision.MostrarNivel();
+    EXPECT_EQ(vista.lamparas, QStringLiteral("001"));
+    EXPECT_TRUE(log.lineas.isEmpty());
+}
+
+TEST_F(SupervisionConexionTest, LeavesTheLampsWhenTheStatesCannotBeRead) {
+    Conectada(1000);
+    supervision.MostrarNivel();
+    log.lineas.clear();
+    cliente.FallarNiveles(4, 8, QStringLiteral("Sensor"));
+    supervision.MostrarNivel();
+    EXPECT_EQ(vista.lamparas, QStringLiteral("100"));
+    cliente.FallarNiveles(4, 0, {});
+    supervision.MostrarNivel();
+    EXPECT_EQ(vista.lamparas, QStringLiteral("100"));
+    EXPECT_EQ(log.lineas,
+              Lista({"ZVGETLEVELS_MOSTRARNIVEL_ERRORZV_8 - Sensor: LEVELTYPE=4 NOMS= LEVELS=",
+                     "ZVGETLEVELS_MOSTRARNIVEL_Cancelado: LEVELTYPE=4 NOMS= LEVELS="}));
+}
+
+TEST_F(SupervisionConexionTest, ShowsARunTimeErrorWhileLevelsAreShown) {
+    Conectada(1000);
+    log.fallosPendientes = 1;
+    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"),
+                           QStringLiteral("Error nº 75 - Error de acceso a la ruta o al archivo"));
+    supervision.MostrarNivel();
+    EXPECT_TRUE(vista.lamparas.isEmpty());
+}
+
+} // namespace
+} // namespace zv
