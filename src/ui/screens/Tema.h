@@ -20,6 +20,7 @@ inline const QColor kRojo(214, 48, 49);
 inline const QColor kRojoTexto(200, 0, 0); // red text on the light body, 4.5:1 or better
 // Surfaces.
 inline const QColor kCabecera(31, 41, 55);
+inline const QColor kBarra(55, 65, 81); // state bar, below the header
 inline const QColor kCabeceraTexto(243, 244, 246);
 inline const QColor kCuerpo(248, 250, 252);
 inline const QColor kTexto(17, 24, 39);

@@ -62,8 +62,18 @@ QToolButton:disabled { color: @apagado; background: transparent; }
   background: transparent; border: none;
 }
 
+/* The state line speaks in amber and green, which only a dark ground makes legible. */
+#frmEstado { background: @barra; border: none; }
+#frmEstado QLabel { color: @cabtexto; }
+#frmEstado QLineEdit { min-height: 40px; max-height: 40px; }
+#pctScrollBar { background: @cuerpo; border: none; }
+#pctScrollBar QToolButton { background: white; border: 2px solid @borde; }
+#pctScrollBar QToolButton:pressed { background: #cbd5e1; }
+#pctScrollBar QToolButton:disabled { background: transparent; border-color: #e2e8f0; }
+#grdZV { border: none; }
+
 #framePie { background: white; border: none; border-top: 1px solid @borde; }
-QToolButton[papel="pie"] { font-size: 14px; padding: 4px 1px; }
+QToolButton[papel="pie"] { font-size: 13px; padding: 4px 0; }
 
 QPushButton[papel="tecla"], QToolButton[papel="tecla"] {
   background: white; border: 2px solid @borde; border-radius: 10px; padding: 0;
@@ -185,6 +195,7 @@ QString HojaDeEstilo() {
     };
     poner("@cabecera", kCabecera);
     poner("@cabtexto", kCabeceraTexto);
+    poner("@barra", kBarra);
     poner("@cuerpo", kCuerpo);
     poner("@texto", kTexto);
     poner("@tenue", kTextoTenue);

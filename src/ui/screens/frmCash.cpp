@@ -100,6 +100,8 @@ void frmCash::CrearTeclado() {
     QPushButton* cancelar = orden(kCancelar, QStringLiteral("Cancelar"));
     QPushButton* sinImporte = orden(kSinImporte, QStringLiteral("Sin importe"));
     QPushButton* entrar = orden(kEntrar, QStringLiteral("Entrar"));
+    tema::PonerPapel(*entrar, tema::Papel::Principal);
+    entrar->setFixedWidth(kAnchoOrdenes);
     entrar->setDefault(true);
     sinImporte->hide();
     rejilla->setColumnMinimumWidth(3, 8);

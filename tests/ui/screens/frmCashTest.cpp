@@ -1,0 +1,244 @@
+// The amount prompt.
+#include "platform/ErrorEjecucion.h"
+#include "support/NumeroError.h"
+#include "ui/screens/DialogosPrueba.h"
+
+namespace zv::test {
+namespace {
+
+class frmCashTest : public DialogosPrueba {
+  protected:
+    // Opens the prompt, lets the action answer it; cancelado_ keeps how it ended.
+    Currency Pedir(std::function<void(QDialog&)> accion, Currency porDefecto = 0,
+                   bool sinImporte = false) {
+        const AlAbrir abierto(std::move(accion));
+        return dialogos_.PedirImporte(QStringLiteral("Cobro"), QStringLiteral("Importe"),
+                                      porDefecto, sinImporte, cancelado_);
+    }
+    static QLineEdit& Caja(QDialog& d) { return Control<QLineEdit>(d, "tbImporte"); }
+    // Types a text in place of the present one, then presses the key of the index given.
+    static std::function<void(QDialog&)> Escribe(const char* texto, const char* tecla = "teci_11") {
+        return [texto, tecla](QDialog& d) {
+            Caja(d).setText(QString::fromUtf8(texto));
+            Tocar(d, tecla);
+        };
+    }
+    void Region(const char* nombre) {
+        importes_ = Importes(FormatoRegional(QString::fromLatin1(nombre)),
+                             [this] { return multiplicador_; });
+    }
+
+    bool cancelado_ = true;
+};
+
+TEST_F(frmCashTest, ShowsTitlePromptAndTheDefaultAsAnAmount) {
+    const Currency importe = Pedir(
+        [](QDialog& d) {
+            EXPECT_EQ(d.objectName(), QStringLiteral("frmCash"));
+            EXPECT_EQ(Texto(d, "lbTitulo"), QStringLiteral("Cobro"));
+            EXPECT_EQ(Texto(d, "lbImporte"), QStringLiteral("Importe"));
+            EXPECT_EQ(Caja(d).text(), QStringLiteral("1.234,50 €"));
+            EXPECT_EQ(d.focusWidget(), &Caja(d));
+            Tocar(d, "teci_11");
+        },
+        123450);
+    EXPECT_EQ(importe, Currency(123450));
+    EXPECT_FALSE(cancelado_);
+}
+
+TEST_F(frmCashTest, KeysTypeTheirDigitsInPlaceOfTheDefault) {
+    const Currency importe = Pedir(
+        [](QDialog& d) {
+            // 7 8 9 4 5 6 1 2 3 0, by their indexes.
+            for (const char* tecla : {"teci_7", "teci_8", "teci_0", "teci_1", "teci_2", "teci_3",
+                                      "teci_4", "teci_10", "teci_5", "teci_9"})
+                Tocar(d, tecla);
+            EXPECT_EQ(Caja(d).text(), QStringLiteral("7894561,20"));
+            Tocar(d, "teci_11");
+        },
+        500);
+    EXPECT_EQ(importe, Currency(789456120));
+}
+
+TEST_F(frmCashTest, KeysHaveTheirCaptionsAndLieLikeATills) {
+    Pedir([](QDialog& d) {
+        const char* captions[] = {"9", "4",      "5",        "6",         "1",
+                                  "2", "3",      "7",        "8",         "0",
+                                  ",", "Entrar", "Cancelar", "Retroceso", "Sin importe"};
+        for (int i = 0; i < 15; ++i) {
+            const QByteArray nombre = QByteArray("teci_") + QByteArray::number(i);
+            EXPECT_EQ(Boton(d, nombre).text(), QString::fromLatin1(captions[i]));
+            if (i < 11) {
+                EXPECT_EQ(Boton(d, nombre).property("Tag").toString(),
+                          QString::fromLatin1(captions[i]));
+                EXPECT_GE(Boton(d, nombre).width(), tema::kTeclaMinima);
+                EXPECT_GE(Boton(d, nombre).height(), tema::kTeclaMinima);
+            }
+        }
+        const auto x = [&d](const char* n) { return Boton(d, n).x(); };
+        const auto y = [&d](const char* n) { return Boton(d, n).y(); };
+        EXPECT_TRUE(x("teci_7") < x("teci_8") && x("teci_8") < x("teci_0"));
+        EXPECT_TRUE(y("teci_7") < y("teci_1") && y("teci_1") < y("teci_4") &&
+                    y("teci_4") < y("teci_9"));
+        EXPECT_TRUE(x("teci_9") < x("teci_10") && x("teci_10") < x("teci_13"));
+        ComprobarTactil(d);
+        Tocar(d, "teci_12");
+    });
+}
+
+TEST_F(frmCashTest, BackspaceKeyTakesTheLastCharacter) {
+    EXPECT_EQ(Pedir([](QDialog& d) {
+                  for (const char* tecla : {"teci_4", "teci_5", "teci_13", "teci_6", "teci_11"})
+                      Tocar(d, tecla);
+              }),
+              Currency(1300));
+}
+
+TEST_F(frmCashTest, KeysWriteIntoTheBoxWhereverTheFocusIs) {
+    EXPECT_EQ(Pedir([](QDialog& d) {
+                  Boton(d, "teci_12").setFocus();
+                  Tocar(d, "teci_2");
+                  EXPECT_EQ(d.focusWidget(), &Caja(d));
+                  Tocar(d, "teci_11");
+              }),
+              Currency(500));
+}
+
+TEST_F(frmCashTest, CommaMachineShowsACommaAndTypedPointsEnterIt) {
+    EXPECT_EQ(Pedir([](QDialog& d) {
+                  EXPECT_EQ(Boton(d, "teci_10").text(), QStringLiteral(","));
+                  QTest::keyClicks(&Caja(d), QStringLiteral("12.5"));
+                  EXPECT_EQ(Caja(d).text(), QStringLiteral("12,5"));
+                  Tocar(d, "teci_11");
+              }),
+              Currency(1250));
+}
+
+TEST_F(frmCashTest, PointMachineShowsAPointAndTypedCommasEnterIt) {
+    Region("en_US");
+    EXPECT_EQ(Pedir([](QDialog& d) {
+                  EXPECT_EQ(Caja(d).text(), QStringLiteral("$0.00"));
+                  EXPECT_EQ(Boton(d, "teci_10").text(), QStringLiteral("."));
+                  EXPECT_EQ(Boton(d, "teci_10").property("Tag").toString(), QStringLiteral("."));
+                  QTest::keyClicks(&Caja(d), QStringLiteral("12,5"));
+                  EXPECT_EQ(Caja(d).text(), QStringLiteral("12.5"));
+                  Tocar(d, "teci_11");
+              }),
+              Currency(1250));
+}
+
+TEST_F(frmCashTest, EnterEntersAndEscapeCancels) {
+    EXPECT_EQ(Pedir([](QDialog& d) {
+                  QTest::keyClicks(&Caja(d), QStringLiteral("7"));
+                  Tecla(d, Qt::Key_Enter);
+              }),
+              Currency(700));
+    EXPECT_FALSE(cancelado_);
+    EXPECT_EQ(Pedir([](QDialog& d) {
+                  QTest::keyClicks(&Caja(d), QStringLiteral("7"));
+                  Tecla(d, Qt::Key_Escape);
+              }),
+              Currency(0));
+    EXPECT_TRUE(cancelado_);
+}
+
+TEST_F(frmCashTest, ZeroAcceptedReturnsZeroLikeACancelButForTheFlag) {
+    EXPECT_EQ(Pedir(Escribe("0")), Currency(0));
+    EXPECT_FALSE(cancelado_);
+    EXPECT_EQ(Pedir(Escribe("0", "teci_12")), Currency(0));
+    EXPECT_TRUE(cancelado_);
+}
+
+TEST_F(frmCashTest, CancelNoAmountAndCloseAllCancelWhateverWasTyped) {
+    for (const char* tecla : {"teci_12", "teci_14", "btnW_1"}) {
+        cancelado_ = false;
+        EXPECT_EQ(Pedir(Escribe("12,50", tecla), 0, true), Currency(0)) << tecla;
+        EXPECT_TRUE(cancelado_) << tecla;
+    }
+}
+
+TEST_F(frmCashTest, NoAmountIsHiddenUnlessAskedFor) {
+    Pedir([](QDialog& d) {
+        EXPECT_FALSE(Boton(d, "teci_14").isVisible());
+        Tocar(d, "teci_12");
+    });
+    Pedir(
+        [](QDialog& d) {
+            EXPECT_TRUE(Boton(d, "teci_14").isVisible());
+            ComprobarTactil(d);
+            Tocar(d, "teci_12");
+        },
+        0, true);
+}
+
+TEST_F(frmCashTest, WhatIsNoNumberKeepsTheDialogOpenWithTheFocusInTheBox) {
+    for (const char* texto : {"", "abc", "1,2,3", "12x"}) {
+        EXPECT_EQ(Pedir([texto](QDialog& d) {
+                      Caja(d).setText(QString::fromUtf8(texto));
+                      Boton(d, "teci_11").setFocus();
+                      Tocar(d, "teci_11");
+                      EXPECT_TRUE(d.isVisible()) << texto;
+                      EXPECT_EQ(d.focusWidget(), &Caja(d)) << texto;
+                      Tocar(d, "teci_12");
+                  }),
+                  Currency(0));
+        EXPECT_TRUE(cancelado_);
+    }
+}
+
+TEST_F(frmCashTest, ReadsAmountsAsTheRegionWritesThem) {
+    EXPECT_EQ(Pedir(Escribe("1.234,56 €")), Currency(123456));
+    EXPECT_EQ(Pedir(Escribe("-5")), Currency(-500));
+    EXPECT_EQ(Pedir(Escribe(" 3 ")), Currency(300));
+}
+
+TEST_F(frmCashTest, MultipliesByTheDevicesMultiplier) {
+    multiplicador_ = 1;
+    EXPECT_EQ(Pedir(Escribe("12")), Currency(12));
+    multiplicador_ = 10;
+    EXPECT_EQ(Pedir(Escribe("12,5")), Currency(125));
+    EXPECT_EQ(Pedir(Escribe("12,55")), Currency::DeDiezmilesimas(1255000));
+}
+
+TEST_F(frmCashTest, LargestAmountOf32BitsIsTaken) {
+    EXPECT_EQ(Pedir(Escribe("21474836,47")), Currency(2147483647));
+    EXPECT_EQ(Pedir(Escribe("-21474836,48")), Currency(-2147483647 - 1));
+}
+
+TEST_F(frmCashTest, AmountThatOverflowsIsAFailureOfTheCaller) {
+    for (const char* texto : {"21474836,48", "99999999999999", "1E+300"}) {
+        cancelado_ = true;
+        EXPECT_EQ(NumeroError([this, texto] { Pedir(Escribe(texto)); }), 6) << texto;
+        EXPECT_TRUE(cancelado_) << "the outcome of an earlier prompt stays";
+    }
+}
+
+TEST_F(frmCashTest, MultiplierOfZeroIsAFailureBeforeAnythingIsShown) {
+    multiplicador_ = 0;
+    EXPECT_EQ(NumeroError([this] {
+                  dialogos_.PedirImporte(QStringLiteral("Cobro"), QStringLiteral("Importe"), 0,
+                                         false, cancelado_);
+              }),
+              11);
+}
+
+TEST_F(frmCashTest, CaptionsOfTheKeysAreTranslated) {
+    Fichero(QStringLiteral("[frmCash]\r\nteci_11=Enter\r\nteci_14=No amount\r\n"));
+    Pedir([](QDialog& d) {
+        EXPECT_EQ(Boton(d, "teci_11").text(), QStringLiteral("Enter"));
+        EXPECT_EQ(Boton(d, "teci_14").text(), QStringLiteral("No amount"));
+        EXPECT_EQ(Boton(d, "teci_12").text(), QStringLiteral("Cancelar"));
+        Tocar(d, "teci_12");
+    });
+}
+
+TEST_F(frmCashTest, IsModalAndAboveAllWindows) {
+    Pedir([](QDialog& d) {
+        EXPECT_EQ(d.windowModality(), Qt::ApplicationModal);
+        EXPECT_TRUE(d.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
+        Tocar(d, "teci_12");
+    });
+}
+
+} // namespace
+} // namespace zv::test
