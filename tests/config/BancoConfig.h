@@ -1,0 +1,44 @@
+// A folder with INI file and registry for the tests of the settings, and what stands around them.
+#pragma once
+
+#include "config/Configuracio.h"
+#include "config/MarcaActivo.h"
+#include "config/ModuloIni.h"
+#include "support/CarpetaTemporal.h"
+#include "support/DialogosGuion.h"
+#include "support/ImprimeQt.h"
+#include "support/LogMemoria.h"
+
+#include <gtest/gtest.h>
+
+namespace zv {
+
+class BancoConfig : public testing::Test {
+  protected:
+    Configuracio Nueva() {
+        return {ini, registro, carpeta.Ruta(), FormatoRegional(QStringLiteral("es_ES"))};
+    }
+    // Loads a new object from a file of these bytes.
+    Configuracio Leida(const QByteArray& bytes) {
+        carpeta.Pon(QStringLiteral("ZVMonitor.ini"), bytes);
+        Configuracio cfg = Nueva();
+        bool existe = false;
+        cfg.LeerCfgIni(ruta, existe);
+        EXPECT_TRUE(existe);
+        return cfg;
+    }
+    QByteArray Fichero() const { return carpeta.Lee(QStringLiteral("ZVMonitor.ini")); }
+    QString Registrado(const char* valor, const char* clave = "Zorvex\\ZVMonitor") const {
+        return registro.LeerValor(QString::fromUtf8(clave), QString::fromUtf8(valor),
+                                  QStringLiteral("(no)"));
+    }
+
+    test::CarpetaTemporal carpeta;
+    test::LogMemoria log;
+    test::DialogosGuion dialogos;
+    ModuloIni ini{log, dialogos};
+    Registro registro{carpeta.Ruta(QStringLiteral("Registro"))};
+    const QString ruta = carpeta.Ruta(QStringLiteral("ZVMonitor.ini"));
+};
+
+} // namespace zv

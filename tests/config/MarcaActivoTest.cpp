@@ -1,0 +1,59 @@
+// The busy mark.
+#include "config/BancoConfig.h"
+
+#include <sys/stat.h>
+
+namespace zv {
+namespace {
+
+class MarcaActivoTest : public BancoConfig {
+  protected:
+    // Changes with every write of the value, also of the same text.
+    quint64 Identidad() const {
+        struct stat datos {};
+        const QString fichero =
+            carpeta.Ruta(QStringLiteral("Registro/HKLM/Software/Zorvex/ZVMonitor/Activo"));
+        EXPECT_EQ(::stat(QFile::encodeName(fichero).constData(), &datos), 0);
+        return datos.st_ino;
+    }
+    void Pon(const char* valor) {
+        registro.GuardarValor(QStringLiteral("Zorvex\\ZVMonitor"), QStringLiteral("Activo"),
+                              QString::fromUtf8(valor));
+    }
+    MarcaActivo marca{registro};
+};
+
+TEST_F(MarcaActivoTest, IsOneWhileBusyAndZeroAfterwards) {
+    marca.MarcarActivo(true);
+    EXPECT_EQ(Registrado("Activo"), QStringLiteral("1"));
+    marca.MarcarActivo(false);
+    EXPECT_EQ(Registrado("Activo"), QStringLiteral("0"));
+}
+
+TEST_F(MarcaActivoTest, TrueIsWrittenWithoutALook) {
+    Pon("1");
+    const auto antes = Identidad();
+    marca.MarcarActivo(true);
+    EXPECT_NE(Identidad(), antes);
+}
+
+TEST_F(MarcaActivoTest, AQuietSystemWritesNothing) {
+    marca.MarcarActivo(false);
+    EXPECT_FALSE(carpeta.Esta(QStringLiteral("Registro")));
+    for (const char* quieto : {"0", "", "2", "no"}) {
+        Pon(quieto);
+        const auto antes = Identidad();
+        marca.MarcarActivo(false);
+        EXPECT_EQ(Identidad(), antes);
+        EXPECT_EQ(Registrado("Activo"), QString::fromUtf8(quieto));
+    }
+}
+
+TEST_F(MarcaActivoTest, AMarkThatAnotherProgramWroteIsTakenBack) {
+    carpeta.Pon(QStringLiteral("Registro/HKLM/Software/Zorvex/ZVMonitor/Activo"), "1\n");
+    marca.MarcarActivo(false);
+    EXPECT_EQ(Registrado("Activo"), QStringLiteral("0"));
+}
+
+} // namespace
+} // namespace zv
