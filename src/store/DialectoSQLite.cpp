@@ -15,6 +15,7 @@ enum class Tipo { Espacio, Literal, Palabra, NombreCitado, Numero, Parametro, Si
 struct Pieza {
     Tipo tipo;
     QString texto;
+    QString detras; // what is written behind it besides
 };
 
 bool EsInicioPalabra(QChar c) {
@@ -95,7 +96,7 @@ std::vector<Pieza> Trocear(const QString& sql) {
                 ++fin;
             }
         }
-        piezas.push_back({tipo, sql.mid(i, fin - i)});
+        piezas.push_back({tipo, sql.mid(i, fin - i), {}});
         i = fin;
     }
     return piezas;
@@ -132,8 +133,7 @@ class Adaptador {
             }
             const std::optional<std::size_t> fin = FinSelect(numero);
             if (fin) {
-                const QString limite = QStringLiteral(" LIMIT ") + piezas_[numero].texto;
-                piezas_[Anterior(*fin)].texto += limite;
+                piezas_[Anterior(*fin)].detras = QStringLiteral(" LIMIT ") + piezas_[numero].texto;
                 for (std::size_t j = top; j <= numero; ++j) {
                     piezas_[j].texto.clear();
                 }
@@ -160,7 +160,7 @@ class Adaptador {
     QString Texto() const {
         QString texto;
         for (const Pieza& pieza : piezas_) {
-            texto += pieza.texto;
+            texto += pieza.texto + pieza.detras;
         }
         return texto;
     }
@@ -318,7 +318,10 @@ class Adaptador {
     std::size_t Cadena(std::size_t mas, const QSet<QString>& columnas) {
         const std::size_t finPrimero = Anterior(mas);
         const std::size_t inicio = InicioOperando(finPrimero);
-        bool texto = inicio != kNinguna && EsTexto(inicio, finPrimero, columnas);
+        if (inicio == kNinguna) {
+            return mas;
+        }
+        bool texto = EsTexto(inicio, finPrimero, columnas);
         bool numero = piezas_[finPrimero].tipo == Tipo::Numero;
         std::vector<std::size_t> signos;
         std::size_t fin = finPrimero;
@@ -336,9 +339,8 @@ class Adaptador {
             signos.push_back(signo);
             fin = ultimo;
         }
-        if (texto) {
-            if (numero || EsAritmetica(inicio == kNinguna ? kNinguna : Anterior(inicio)) ||
-                EsAritmetica(Siguiente(fin))) {
+        if (texto && !signos.empty()) {
+            if (numero || EsAritmetica(Anterior(inicio)) || EsAritmetica(Siguiente(fin))) {
                 // The result would be another number, without a word.
                 throw errores::TipoNoCoincide();
             }

@@ -6,11 +6,16 @@ namespace zv::esquemasqlite {
 
 namespace {
 
-// Text that is a real day SQLite can read (the modifier makes it look at the calendar), or the
-// number of days that older writers use.
+// "YYYY-MM-DD", with " HH:MM" or " HH:MM:SS" or a fraction behind it if there is a time, a real day
+// (the modifier makes SQLite look at the calendar) at a real hour; or the number of days that older
+// writers use.
 QString ComprobacionFecha(const QString& c) {
     return QStringLiteral(
-               "CHECK(%1 IS NULL OR (typeof(%1)='text' AND date(%1,'+0 days')=substr(%1,1,10)) OR "
+               "CHECK(%1 IS NULL OR (typeof(%1)='text' AND "
+               "date(substr(%1,1,10),'+0 days') IS substr(%1,1,10) AND time(%1) IS NOT NULL AND "
+               "substr(%1,11,1) IN ('',' ','T') AND substr(%1,17,1) IN ('',':') AND "
+               "(length(%1) IN (10,16,19) OR (length(%1)>20 AND substr(%1,20,1)='.' AND "
+               "substr(%1,21) NOT GLOB '*[^0-9]*'))) OR "
                "(typeof(%1) IN ('integer','real') AND %1>=-657434 AND %1<2958466))")
         .arg(c);
 }

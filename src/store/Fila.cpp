@@ -55,22 +55,28 @@ int Numero(QStringView texto, qsizetype desde, qsizetype cuantos) {
     return valor;
 }
 
-// "YYYY-MM-DD", "YYYY-MM-DD HH:MM" or "YYYY-MM-DD HH:MM:SS", blank or T between.
+// "YYYY-MM-DD", with " HH:MM", " HH:MM:SS" or a fraction of a second; T may stand for the blank.
 QDateTime FechaFija(QStringView texto) {
     const qsizetype n = texto.size();
-    if ((n != 10 && n != 16 && n != 19) || texto[4] != u'-' || texto[7] != u'-') {
+    const bool fraccion = n > 20 && texto[19] == u'.';
+    if ((n != 10 && n != 16 && n != 19 && !fraccion) || texto[4] != u'-' || texto[7] != u'-') {
         return {};
     }
     const QDate fecha(Numero(texto, 0, 4), Numero(texto, 5, 2), Numero(texto, 8, 2));
-    if (n == 10) {
-        return fecha.isValid() ? QDateTime(fecha, QTime(0, 0)) : QDateTime();
+    QTime hora(0, 0);
+    if (n > 10) {
+        if ((texto[10] != u' ' && texto[10] != u'T') || texto[13] != u':' ||
+            (n > 16 && texto[16] != u':')) {
+            return {};
+        }
+        const qsizetype cifras = fraccion ? qMin<qsizetype>(n - 20, 3) : 0;
+        int ms = cifras > 0 ? Numero(texto, 20, cifras) : 0;
+        for (qsizetype i = cifras; i > 0 && i < 3; ++i) {
+            ms *= 10;
+        }
+        hora = QTime(Numero(texto, 11, 2), Numero(texto, 14, 2), n > 16 ? Numero(texto, 17, 2) : 0,
+                     ms);
     }
-    if ((texto[10] != u' ' && texto[10] != u'T') || texto[13] != u':' ||
-        (n == 19 && texto[16] != u':')) {
-        return {};
-    }
-    const QTime hora(Numero(texto, 11, 2), Numero(texto, 14, 2),
-                     n == 19 ? Numero(texto, 17, 2) : 0);
     if (!fecha.isValid() || !hora.isValid()) {
         return {};
     }
@@ -193,7 +199,7 @@ QDateTime Fila::LeerFecha(int indice) const {
     const QString texto = v.toString();
     QDateTime fecha = FechaFija(texto);
     if (!fecha.isValid()) {
-        // Fractions of a second and time zones come this way.
+        // Time zones come this way.
         fecha = QDateTime::fromString(texto, Qt::ISODateWithMs);
         if (!fecha.isValid()) {
             throw errores::TipoNoCoincide();

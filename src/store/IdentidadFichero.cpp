@@ -1,7 +1,9 @@
 // The system's own identity of a file: device and inode.
 #include "store/IdentidadFichero.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace zv {
 
@@ -11,6 +13,10 @@ IdentidadFichero IdentidadFichero::De(const QByteArray& ruta) {
         return {};
     }
     return {static_cast<quint64>(datos.st_dev), static_cast<quint64>(datos.st_ino), true};
+}
+
+bool SePuedeEscribir(const QByteArray& ruta) {
+    return faccessat(AT_FDCWD, ruta.constData(), W_OK, AT_EACCESS) == 0;
 }
 
 } // namespace zv

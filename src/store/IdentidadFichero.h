@@ -16,4 +16,7 @@ struct IdentidadFichero {
     bool operator==(const IdentidadFichero&) const = default;
 };
 
+// Whether this process may write the file, with the rights it has now.
+bool SePuedeEscribir(const QByteArray& ruta);
+
 } // namespace zv

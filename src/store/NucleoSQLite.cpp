@@ -27,10 +27,18 @@ QString DescribirFichero(const QString& ruta) {
     return QStringLiteral("el fichero %1 no es una base de datos SQLite o está dañado").arg(ruta);
 }
 
+constexpr qint64 kMenorBaseDeDatos = 512;
+
 // Looks at the file without a lock, a journal or any trace. SQLite does it, and not a plain read:
 // closing a descriptor of our own would drop the locks that another connection of this process
 // holds on the same file. Once it is known to be no database, nobody holds locks there.
+// A file without bytes is a new database.
 void ExigirSQLite(const QString& ruta, std::chrono::milliseconds espera) {
+    const qint64 bytes = QFileInfo(ruta).size();
+    if (bytes > 0 && bytes < kMenorBaseDeDatos) {
+        // SQLite would take a scrap for an empty database and write over it.
+        throw ErrorEjecucion(kErrorNoEsBaseDeDatos, DescribirFichero(ruta));
+    }
     ConexionSQLite sonda;
     try {
         sonda.Abrir(ruta, ConexionSQLite::Modo::Inmutable, espera);
@@ -57,8 +65,8 @@ NucleoSQLite::NucleoSQLite(NivelesSQLite::Aviso aviso)
 void NucleoSQLite::Abrir(const QString& ruta, std::chrono::milliseconds espera) {
     Cerrar();
     ExigirSQLite(ruta, espera);
-    const QFileInfo info(ruta);
-    if (info.exists() && !info.isWritable()) {
+    const QByteArray nombre = QFile::encodeName(QFileInfo(ruta).absoluteFilePath());
+    if (IdentidadFichero::De(nombre).existe && !SePuedeEscribir(nombre)) {
         // Better now than after a customer's money has been taken.
         throw ErrorEjecucion(kErrorSoloLectura,
                              QStringLiteral("el fichero %1 es de solo lectura").arg(ruta));
@@ -71,7 +79,7 @@ void NucleoSQLite::Abrir(const QString& ruta, std::chrono::milliseconds espera) 
         Cerrar();
         throw;
     }
-    ruta_ = QFile::encodeName(info.absoluteFilePath());
+    ruta_ = nombre;
     identidad_ = IdentidadFichero::De(ruta_);
     ContarCambio();
 }
