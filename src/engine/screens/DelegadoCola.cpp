@@ -14,7 +14,7 @@ namespace {
 constexpr int kColumnaAnular = 0;
 constexpr int kColumnaImporte = 9;
 constexpr int kColumnaEnviar = 10;
-constexpr int kMargen = 12;
+constexpr int kMargen = 8;
 
 } // namespace
 
@@ -36,6 +36,52 @@ void DelegadoCola::PintarBoton(QPainter& painter, const QRect& celda, const QAbs
     boton.icon().paint(&painter, icono);
 }
 
+void DelegadoCola::PintarTexto(QPainter& painter, const QRect& caja, int alineacion,
+                               const QString& texto, bool negrita) const {
+    painter.setFont(tema::Fuente(16, negrita));
+    if (painter.fontMetrics().horizontalAdvance(texto) <= caja.width()) {
+        painter.drawText(caja, alineacion, texto);
+        return;
+    }
+    // A narrow column shows two lines of smaller text; only what exceeds those is cut.
+    painter.setFont(tema::Fuente(13, negrita));
+    const QFontMetrics medidas = painter.fontMetrics();
+    QString corte = texto;
+    const int flags = alineacion | Qt::TextWordWrap | Qt::TextWrapAnywhere;
+    while (corte.size() > 1 &&
+           medidas.boundingRect(QRect(0, 0, caja.width(), 1000), flags, corte).height() >
+               2 * medidas.lineSpacing()) {
+        corte.chop(corte.endsWith(QChar(0x2026)) ? 2 : 1);
+        corte += QChar(0x2026);
+    }
+    painter.drawText(caja, flags, corte);
+}
+
+void DelegadoCola::PintarImporte(QPainter& painter, const QRect& caja, int alineacion,
+                                 const QModelIndex& index) const {
+    QString texto = index.data().toString();
+    QFont fuente = tema::FuenteImporte(20);
+    painter.setFont(fuente);
+    const auto ancho = [&] { return painter.fontMetrics().horizontalAdvance(texto); };
+    QRect resto = caja;
+    if (ancho() > caja.width() && index.data(ModeloCola::kCredito).toBool()) {
+        // The mark goes above its amount.
+        const qsizetype corte = texto.lastIndexOf(QLatin1Char('>')) + 1;
+        painter.setFont(tema::Fuente(13, true));
+        painter.drawText(QRect(caja.left(), caja.top() + 3, caja.width(), 18), alineacion,
+                         texto.left(corte));
+        texto = texto.mid(corte).trimmed();
+        resto.setTop(caja.top() + 16);
+        painter.setFont(fuente);
+    }
+    if (ancho() > resto.width() && resto.width() > 0) {
+        // An amount that is cut would be a wrong amount: it is shrunk instead.
+        fuente.setPixelSize(qMax(10, fuente.pixelSize() * resto.width() / ancho()));
+        painter.setFont(fuente);
+    }
+    painter.drawText(resto, alineacion, texto);
+}
+
 void DelegadoCola::paint(QPainter* painter, const QStyleOptionViewItem& option,
                          const QModelIndex& index) const {
     painter->save();
@@ -51,25 +97,15 @@ void DelegadoCola::paint(QPainter* painter, const QStyleOptionViewItem& option,
                     abono ? tema::kAmbar : tema::kVerde);
     } else {
         const bool manual = index.data(ModeloCola::kManual).toBool();
-        const bool importe = index.column() == kColumnaImporte;
-        QFont fuente = importe ? tema::FuenteImporte(20) : tema::Fuente(16);
-        fuente.setBold(importe || manual);
-        painter->setFont(fuente);
         painter->setPen(manual ? QColor(255, 0, 0) : tema::kTexto);
         const QRect caja = option.rect.adjusted(kMargen, 0, -kMargen, 0);
-        const auto alineacion = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
-        // An amount that is cut would be a wrong amount: it is shrunk instead.
-        QString texto = index.data().toString();
-        if (importe) {
-            const int ancho = painter->fontMetrics().horizontalAdvance(texto);
-            if (ancho > caja.width() && caja.width() > 0) {
-                fuente.setPixelSize(qMax(11, fuente.pixelSize() * caja.width() / ancho));
-                painter->setFont(fuente);
-            }
+        const auto alineacion =
+            static_cast<int>(index.data(Qt::TextAlignmentRole).value<Qt::Alignment>());
+        if (index.column() == kColumnaImporte) {
+            PintarImporte(*painter, caja, alineacion, index);
         } else {
-            texto = painter->fontMetrics().elidedText(texto, Qt::ElideRight, caja.width());
+            PintarTexto(*painter, caja, alineacion, index.data().toString(), manual);
         }
-        painter->drawText(caja, static_cast<int>(alineacion), texto);
     }
     painter->restore();
 }

@@ -23,6 +23,10 @@ class DelegadoCola final : public QStyledItemDelegate {
   private:
     void PintarBoton(QPainter& painter, const QRect& celda, const QAbstractButton& boton,
                      const QColor& fondo) const;
+    void PintarTexto(QPainter& painter, const QRect& caja, int alineacion, const QString& texto,
+                     bool negrita) const;
+    void PintarImporte(QPainter& painter, const QRect& caja, int alineacion,
+                       const QModelIndex& index) const;
 
     const QAbstractButton& btnCancelar_;
     const QAbstractButton& btnCobro_;

@@ -92,7 +92,7 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
     const std::array<std::pair<QString, QString>, 3> modos{
         {{QStringLiteral("Automático"), QStringLiteral("media-playback-start")},
          {QStringLiteral("Manual"), QStringLiteral("hand")},
-         {QStringLiteral("Semiautomático"), QStringLiteral("media-skip-forward")}}};
+         {QStringLiteral("Semiautomático"), QStringLiteral("media-repeat-none")}}};
     for (int i = 0; i < 3; ++i) {
         const auto& [caption, icono] = modos[static_cast<std::size_t>(i)];
         QToolButton* control = Boton(frameCab, Indexado(QStringLiteral("btnModo"), i), caption,
@@ -131,7 +131,7 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
 void DisenoMonitor::ConstruirEstado(QWidget& ventana) {
     frmEstado = new QFrame(&ventana);
     frmEstado->setObjectName(QStringLiteral("frmEstado"));
-    frmEstado->setFixedHeight(52);
+    frmEstado->setFixedHeight(60);
 
     lbContador = new QLabel(QStringLiteral("Comprobando operaciones pendientes..."), frmEstado);
     lbContador->setObjectName(QStringLiteral("lbContador"));
@@ -152,7 +152,7 @@ void DisenoMonitor::ConstruirEstado(QWidget& ventana) {
     TextIni = new QLineEdit(frmEstado);
     TextIni->setObjectName(QStringLiteral("TextIni"));
     TextIni->setAccessibleName(QStringLiteral("Código de barras"));
-    TextIni->setFixedSize(150, 36);
+    TextIni->setFixedSize(160, 48);
     TextIni->setFont(tema::Fuente(15));
 
     auto* fila = new QHBoxLayout(frmEstado);
@@ -222,8 +222,8 @@ void DisenoMonitor::ConstruirPie(QWidget& ventana) {
     framePie->setObjectName(QStringLiteral("framePie"));
     framePie->setFixedHeight(104);
     auto* fila = new QHBoxLayout(framePie);
-    fila->setContentsMargins(6, 6, 6, 6);
-    fila->setSpacing(4);
+    fila->setContentsMargins(4, 6, 4, 6);
+    fila->setSpacing(0);
 
     const std::array<std::pair<QString, QString>, 13> botones{
         {{QStringLiteral("Registro"), QStringLiteral("view-list-details")},

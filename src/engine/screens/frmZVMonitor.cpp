@@ -104,6 +104,8 @@ void frmZVMonitor::Conectar() {
         asidero->installEventFilter(this);
     }
     ui_.TextIni->installEventFilter(this);
+    // The grid's own size decides, which follows the window's a moment later.
+    ui_.grdZV->viewport()->installEventFilter(this);
     installEventFilter(this);
 }
 
@@ -251,11 +253,6 @@ void frmZVMonitor::Mostrar() {
     showMaximized();
 }
 
-void frmZVMonitor::resizeEvent(QResizeEvent* evento) {
-    QWidget::resizeEvent(evento);
-    ColocarColumnas();
-}
-
 void frmZVMonitor::ColocarColumnas() {
     QTableView& vista = *ui_.grdZV;
     const int barra = vista.verticalScrollBar()->sizeHint().width();
@@ -288,6 +285,9 @@ bool frmZVMonitor::eventFilter(QObject* objeto, QEvent* evento) {
     if (evento->type() == QEvent::KeyPress &&
         TeclaDeLista(static_cast<QKeyEvent*>(evento)->key())) {
         return true;
+    }
+    if (evento->type() == QEvent::Resize && objeto == ui_.grdZV->viewport()) {
+        ColocarColumnas();
     }
     if (evento->type() == QEvent::MouseButtonDblClick && objeto == ui_.frameCab) {
         DobleClicCabecera();

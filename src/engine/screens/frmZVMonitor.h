@@ -58,7 +58,6 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
 
   protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
-    void resizeEvent(QResizeEvent* evento) override;
     void closeEvent(QCloseEvent* evento) override;
 
   private:
