@@ -1,0 +1,142 @@
+// A monitor for measurements: real database, registry and logs in a temporary folder, a device
+// that answers at once, an operator who is never asked.
+#pragma once
+
+#include "app/Monitor.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace zv::bench {
+
+class DispositivoListo final : public DeviceClient {
+  public:
+    qint16 ErrorCode() const override { return 0; }
+    QString ErrorMessage() const override { return {}; }
+    void Address(const QString&) override {}
+    void Connect(bool& result) override { result = true; }
+    void Disconnect() override {}
+    void Change(qint32& in, qint32& out, bool& result) override { Nada(in, out, result); }
+    void AddChange(qint32& in, bool& result) override {
+        qint32 out = 0;
+        Nada(in, out, result);
+    }
+    void Pay(qint32, qint32& out, bool& result) override {
+        qint32 in = 0;
+        Nada(in, out, result);
+    }
+    void Charge(qint32 value, qint32& in, qint32& out, bool& result) override {
+        in = value;
+        out = 0;
+        result = true;
+    }
+    void CashBoxControl(qint32, qint32& a, qint32& b, qint32&, bool& result) override {
+        Nada(a, b, result);
+    }
+    void Configuration(bool& result) override { result = true; }
+    void EmptyCB(qint32, qint32& value, bool& result) override {
+        qint32 out = 0;
+        Nada(value, out, result);
+    }
+    void GetLevels(qint32 tipo, QString& noms, QString& levels, bool& result) override {
+        noms = QStringLiteral("1,2,5,10,20,50,100,200,500,1000,2000,5000");
+        levels = tipo == 4 ? QStringLiteral("0,0,0,0,0,0,0,0,0,0,0,0")
+                           : QStringLiteral("0,0,0,0,0,0,0,0,0,0,0,0");
+        result = true;
+    }
+    void SessionFlag(bool) override {}
+    quint8 Decimals() const override { return 2; }
+    quint8 Multiplier() const override { return 100; }
+
+  private:
+    static void Nada(qint32& in, qint32& out, bool& result) {
+        in = out = 0;
+        result = true;
+    }
+};
+
+// A question would stop the measurement: it ends the program.
+class DialogosProhibidos final : public Dialogos {
+  public:
+    int MostrarMensaje(const QString& titulo, const QString& texto, int) override {
+        Fin(titulo + QStringLiteral(": ") + texto);
+    }
+    QString PedirTexto(const QString& titulo, const QString&, const QString&) override {
+        Fin(titulo);
+    }
+    Currency PedirImporte(const QString& titulo, const QString&, Currency, bool, bool&) override {
+        Fin(titulo);
+    }
+    void CajaSimple(const QString& texto) override { Fin(texto); }
+
+  private:
+    [[noreturn]] static void Fin(const QString& texto) {
+        std::fprintf(stderr, "unexpected dialog: %s\n", qPrintable(texto));
+        std::exit(EXIT_FAILURE);
+    }
+};
+
+class SinProcesos final : public Procesos {
+  public:
+    int Contar(const QString&) const override { return 0; }
+    void Terminar(const QString&) override {}
+};
+
+class SinShell final : public Shell {
+  public:
+    bool Abrir(const QString&, const QString&) override { return false; }
+    bool AbrirDireccion(const QString&) override { return false; }
+};
+
+class BancoMedida {
+  public:
+    BancoMedida()
+        : servicios(OpcionesDe(carpeta), reloj),
+          importes(servicios.formato, [this] { return cliente.Multiplier(); }),
+          monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell}) {
+        QFile ini(carpeta.filePath(QStringLiteral("ZVMonitor.ini")));
+        if (!ini.open(QIODevice::WriteOnly)) {
+            std::exit(EXIT_FAILURE);
+        }
+        ini.write("[ZVMONITOR]\r\nMODO=AUTO\r\n");
+    }
+
+    // n rows that no mode sends, in one transaction.
+    void PonerFilas(int n) {
+        MotorBD& motor = monitor.motor;
+        motor.Comenzar();
+        motor.Ejecutar(QStringLiteral("DELETE FROM cola"));
+        for (int i = 0; i < n; ++i) {
+            motor.Ejecutar(
+                QStringLiteral("INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,"
+                               "formapago,creditoError,manual) VALUES (?,?,?,?,?,?,?,?,?,?)"),
+                {QStringLiteral("2026-03-14 10:20:30"), 100 + i,
+                 QStringLiteral("T%1").arg(i), QStringLiteral("L%1").arg(i), 3,
+                 QStringLiteral("TPV1"), QStringLiteral("Ana"), QStringLiteral("EFECTIVO"), 0,
+                 true});
+        }
+        motor.Confirmar();
+    }
+    QString RutaBase() const { return carpeta.filePath(QStringLiteral("ZVMonito2.mdb")); }
+
+    QTemporaryDir carpeta;
+    RelojSistema reloj;
+    Servicios servicios;
+    DispositivoListo cliente;
+    Importes importes;
+    DialogosProhibidos dialogos;
+    SinProcesos procesos;
+    SinShell shell;
+    Monitor monitor;
+
+  private:
+    static Opciones OpcionesDe(const QTemporaryDir& carpeta) {
+        return {carpeta.path(), carpeta.filePath(QStringLiteral("Registro")),
+                QStringLiteral("es_ES"), QStringLiteral("ZVMonitor")};
+    }
+};
+
+} // namespace zv::bench

@@ -1,0 +1,33 @@
+// Timing of short pieces of work: many runs, median and worst in microseconds.
+#pragma once
+
+#include <algorithm>
+#include <chrono>
+#include <vector>
+
+namespace zv::bench {
+
+struct Medida {
+    double medianaUs = 0;
+    double peorUs = 0;
+};
+
+inline Medida Resumir(std::vector<double> tiempos) {
+    std::sort(tiempos.begin(), tiempos.end());
+    return {tiempos[tiempos.size() / 2], tiempos.back()};
+}
+
+template <typename F>
+Medida Medir(int veces, F&& hacer) {
+    using Reloj = std::chrono::steady_clock;
+    std::vector<double> tiempos;
+    tiempos.reserve(static_cast<std::size_t>(veces));
+    for (int i = 0; i < veces; ++i) {
+        const auto inicio = Reloj::now();
+        hacer();
+        tiempos.push_back(std::chrono::duration<double, std::micro>(Reloj::now() - inicio).count());
+    }
+    return Resumir(std::move(tiempos));
+}
+
+} // namespace zv::bench
