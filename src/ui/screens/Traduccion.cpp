@@ -91,9 +91,13 @@ void PonerCaption(QWidget& control, const QString& caption) {
         etiqueta->setText(rotulo);
     } else if (auto* boton = qobject_cast<QAbstractButton*>(&control)) {
         boton->setText(rotulo);
-        // A picture button is read aloud by this name; others by their text.
-        if (!boton->accessibleName().isEmpty() && !rotulo.trimmed().isEmpty())
-            boton->setAccessibleName(QString(rotulo).replace(QLatin1Char('\n'), QLatin1Char(' ')));
+        // A picture button is read aloud, and explained, by this name; others by their text.
+        if (!boton->accessibleName().isEmpty() && !rotulo.trimmed().isEmpty()) {
+            const QString nombre = QString(rotulo).replace(QLatin1Char('\n'), QLatin1Char(' '));
+            if (boton->toolTip() == boton->accessibleName())
+                boton->setToolTip(nombre);
+            boton->setAccessibleName(nombre);
+        }
     }
 }
 

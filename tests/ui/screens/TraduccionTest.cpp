@@ -139,11 +139,13 @@ TEST_F(TraduccionTest, EditedFileTakesEffectAtTheNextOpening) {
 TEST_F(TraduccionTest, NameReadAloudFollowsTheCaptionOfAPictureButton) {
     auto* imagen = Con(new QToolButton(&pantalla_), QStringLiteral("btnW_1"));
     imagen->setAccessibleName(QStringLiteral("Cerrar"));
+    imagen->setToolTip(QStringLiteral("Cerrar"));
     Traducir();
     EXPECT_EQ(imagen->accessibleName(), QStringLiteral("Cerrar"));
     Fichero(QStringLiteral("[frmPrueba]\r\nbtnW_1=Close¬it\r\n"));
     Traducir();
     EXPECT_EQ(imagen->accessibleName(), QStringLiteral("Close it"));
+    EXPECT_EQ(imagen->toolTip(), QStringLiteral("Close it"));
 }
 
 class EnviaTeclasTest : public testing::Test {
