@@ -78,12 +78,11 @@ void ClientePasarela::Connect(bool& result) {
     }
     storeId_ = saludo->storeId;
     TomarSaludo(*saludo);
-    conectado_ = true;
     if (saludo->openOp && !ResolverPendiente(*saludo->openOp)) {
-        conectado_ = false;
         sesion_.Cerrar();
         return;
     }
+    conectado_ = true;
     reposo_.start();
     Bien();
     result = true;

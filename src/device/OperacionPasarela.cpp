@@ -248,6 +248,7 @@ void OperacionPasarela::PerderEnlace() {
 }
 
 void OperacionPasarela::EnlaceCaido() {
+    const bool yaReanudando = Reanudando();
     idPeticion_ = 0;
     idCancelar_ = 0;
     fase_ = Fase::Pausa;
@@ -259,7 +260,7 @@ void OperacionPasarela::EnlaceCaido() {
     }
     avance_ = false;
     enlaceBueno_.invalidate();
-    if (ventana_ != nullptr) {
+    if (ventana_ != nullptr && !yaReanudando) {
         ventana_->Aviso(entorno_.avisoReconectando);
     }
 }

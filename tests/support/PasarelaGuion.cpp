@@ -111,6 +111,9 @@ void PasarelaGuion::Encender() {
 }
 
 void PasarelaGuion::Escuchar() {
+    if (servidor_) {
+        return;
+    }
     servidor_ = std::make_unique<QTcpServer>();
     QObject::connect(servidor_.get(), &QTcpServer::newConnection, servidor_.get(),
                      [this] { AlConectar(); });
@@ -191,6 +194,9 @@ void PasarelaGuion::Atender(const QJsonObject& peticion) {
     Reaccion reaccion;
     {
         const QMutexLocker guarda(&cerrojo_);
+        // Before the answer: a client that has its answer finds the request here.
+        recibidas_.append(peticion);
+        llegada_.wakeAll();
         const QString metodo = Metodo(peticion);
         auto una = unaVez_.find(metodo);
         auto fija = siempre_.find(metodo);
@@ -207,9 +213,6 @@ void PasarelaGuion::Atender(const QJsonObject& peticion) {
     } else {
         Defecto(enlace, peticion);
     }
-    const QMutexLocker guarda(&cerrojo_);
-    recibidas_.append(peticion);
-    llegada_.wakeAll();
 }
 
 void PasarelaGuion::Defecto(EnlaceGuion& enlace, const QJsonObject& peticion) {

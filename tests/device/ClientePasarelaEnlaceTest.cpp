@@ -1,0 +1,453 @@
+// The gateway client when the link or the gateway fails: resuming, giving up, strange peers, and
+// operations that a former run has left open.
+#include "BancoPasarela.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+
+namespace zv {
+namespace {
+
+const QString kHola = QStringLiteral("session.hello");
+const QString kEstado = QStringLiteral("op.status");
+const QString kAck = QStringLiteral("op.ack");
+const QString kFin = QStringLiteral("op.result");
+const QString kPendiente = QStringLiteral(">>> Operación pendiente en Zorvex: ");
+
+class ClientePasarelaEnlaceTest : public BancoPasarela {
+  protected:
+    // Gives up a lost link soon.
+    static OpcionesPasarela Impacientes() {
+        OpcionesPasarela o = Rapidas();
+        o.reanudar = 80;
+        o.respuesta = 60;
+        o.silencio = 60;
+        o.intento = 60;
+        o.conexion = 100;
+        o.reapertura = 60;
+        return o;
+    }
+};
+
+// ---- resuming
+
+TEST_F(ClientePasarelaEnlaceTest, StartsAgainWithTheSameIdWhenTheStartNeverArrived) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), Corta());
+    pasarela.Al(kCobro(), Termina(2000, 750));
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+    EXPECT_TRUE(pasarela.Espera(kAck));
+    EXPECT_EQ(pasarela.Metodos(), Lista({"session.hello", "charge.start", "session.hello",
+                                         "op.status", "charge.start", "op.ack"}));
+    EXPECT_EQ(OpId(kCobro(), 0), OpId(kCobro(), 1));
+    EXPECT_EQ(OpId(kCobro(), 0), OpId(kEstado));
+    EXPECT_EQ(pasarela.Recibidas(kCobro()).value(1)[u"params"].toObject()[u"value"].toInt(), 1250);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, PicksTheOperationUpAfterADropInTheMiddle) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), [](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        Empieza(500)(enlace, peticion);
+        enlace.Cortar();
+    });
+    pasarela.Al(kEstado, [](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        const QString op = PasarelaGuion::OpId(peticion);
+        enlace.Contestar(peticion, CobroEnMarcha(op, 2000));
+        enlace.Notificar(kFin, CobroHecho(op, 2000, 750));
+    });
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+    EXPECT_EQ(pasarela.Recibidas(kCobro()).size(), 1);
+    EXPECT_EQ(ventana.lineas, Lista({"abrir 0 1250", "aviso ", "progreso 500 0",
+                                     "aviso Recuperando la comunicación con Zorvex…",
+                                     "progreso 2000 0", "aviso ", "progreso 2000 750", "cerrar"}));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, FetchesAResultThatWasLostWithTheLink) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), [](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        Empieza()(enlace, peticion);
+        enlace.Cortar();
+    });
+    pasarela.Al(kEstado, Contesta([](const QString& op) {
+                    return PasarelaGuion::Fallida(op, kCobro(), 90, QStringLiteral("Reinicio"),
+                                                  2000, 0);
+                }));
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("no 2000 0 90"));
+    EXPECT_TRUE(pasarela.Espera(kAck));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, CountsAResultThatArrivedJustBeforeTheDrop) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), [](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        Termina(2000, 750)(enlace, peticion);
+        enlace.Cortar();
+    });
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, ReconnectsWhenTheGatewayComesBackAfterAWhile) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), Empieza(500));
+    pasarela.Al(kEstado, Contesta([](const QString& op) { return CobroHecho(op, 2000, 750); }));
+    ventana.alProgresar = [this] {
+        if (ventana.lineas.last() == QLatin1String("progreso 500 0")) {
+            QTimer::singleShot(0, qApp, [this] { pasarela.Apagar(); });
+        }
+    };
+    ventana.alAvisar = [this] {
+        if (ventana.lineas.last() != QLatin1String("aviso ")) {
+            QTimer::singleShot(30, qApp, [this] { pasarela.Encender(); });
+        }
+    };
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, KeepsResumingWhileTheOperationAdvances) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), Corta());
+    pasarela.Al(kCobro(), [](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        Empieza(100)(enlace, peticion);
+        enlace.Cortar();
+    });
+    for (int entra = 200; entra <= 1000; entra += 100) {
+        pasarela.Al(kEstado, [entra](EnlaceGuion& enlace, const QJsonObject& peticion) {
+            if (entra == 200) { // before the start has ever arrived
+                enlace.Rechazar(peticion, -32011, {});
+                return;
+            }
+            enlace.Contestar(peticion, CobroEnMarcha(PasarelaGuion::OpId(peticion), entra));
+            enlace.Cortar();
+        });
+    }
+    pasarela.Al(kEstado, Contesta([](const QString& op) { return CobroHecho(op, 2000, 750); }));
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, GivesUpWithTheLastAmountsKnown) {
+    ClientePasarela& cliente = Conectado(Impacientes());
+    pasarela.Al(kCobro(), Empieza(500));
+    ventana.alProgresar = [this] { QTimer::singleShot(0, qApp, [this] { pasarela.Apagar(); }); };
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("no 500 0 1"));
+    EXPECT_EQ(cliente.ErrorMessage(), QStringLiteral("Se ha perdido la comunicación con Zorvex"));
+    EXPECT_EQ(ventana.lineas.last(), QStringLiteral("cerrar"));
+    EXPECT_FALSE(Niveles(cliente));
+    EXPECT_EQ(cliente.ErrorCode(), 1);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, GivesUpALinkThatComesAndGoesWithoutGettingAnywhere) {
+    ClientePasarela& cliente = Conectado(Impacientes());
+    pasarela.Al(kCobro(), [](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        Empieza()(enlace, peticion);
+        enlace.Cortar();
+    });
+    pasarela.Siempre(kEstado, [](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        enlace.Contestar(peticion, CobroEnMarcha(PasarelaGuion::OpId(peticion), 0));
+        enlace.Cortar();
+    });
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("no 0 0 1"));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, DoesNotResumeAtAnotherDevice) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), [this](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        Empieza(500)(enlace, peticion);
+        pasarela.PonerSaludo(QStringLiteral("storeId"), QStringLiteral("almacen-2"));
+        enlace.Cortar();
+    });
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("no 500 0 1"));
+    EXPECT_TRUE(pasarela.Recibidas(kEstado).isEmpty());
+    EXPECT_FALSE(Niveles(cliente));
+    bool bien = false;
+    cliente.Connect(bien);
+    EXPECT_TRUE(bien);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, IsCancelledWhenItNeverStartedAndTheCashierGaveUp) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), Corta());
+    ventana.alAvisar = [this] {
+        if (ventana.lineas.last() != QLatin1String("aviso ")) {
+            ventana.Cancelar();
+        }
+    };
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("no 0 0 0"));
+    EXPECT_EQ(pasarela.Recibidas(kCobro()).size(), 1);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, RepeatsACancelThatWasLostWithTheLink) {
+    ClientePasarela& cliente = Conectado();
+    const QString cancelar = QStringLiteral("op.cancel");
+    pasarela.Al(kCobro(), Empieza(500));
+    pasarela.Al(cancelar, Corta());
+    pasarela.Al(kEstado, Contesta([](const QString& op) { return CobroEnMarcha(op, 500); }));
+    pasarela.Al(cancelar, Contesta([](const QString& op) {
+                    return PasarelaGuion::Fallida(op, kCobro(), 0, {}, 500, 500);
+                }));
+    ventana.alProgresar = [this] {
+        if (ventana.lineas.last() == QLatin1String("progreso 500 0")) {
+            ventana.Cancelar();
+        }
+    };
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("no 500 500 0"));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, ChargesOnALinkThatWasLostAtRest) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Cortar();
+    pasarela.Al(kCobro(), Termina(2000, 750));
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+    EXPECT_EQ(pasarela.Conexiones(), 2);
+    EXPECT_EQ(pasarela.Recibidas(kCobro()).size(), 1);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, ReopensALinkLostAtRestForAQuery) {
+    ClientePasarela& cliente = Conectado(Impacientes());
+    pasarela.Cortar();
+    EXPECT_FALSE(Niveles(cliente)); // the drop is noticed here
+    EXPECT_EQ(cliente.ErrorCode(), 1);
+    EXPECT_TRUE(Niveles(cliente));
+    EXPECT_EQ(pasarela.Conexiones(), 2);
+    pasarela.Apagar();
+    EXPECT_FALSE(Niveles(cliente));
+    EXPECT_FALSE(Niveles(cliente));
+    EXPECT_EQ(cliente.ErrorCode(), 1);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, LeavesAnOperationThatStillRunsToConnect) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.PonerSaludo(QStringLiteral("openOp"), CobroEnMarcha(QStringLiteral("vieja"), 5));
+    pasarela.Cortar();
+    Niveles(cliente);
+    EXPECT_FALSE(Niveles(cliente));
+    EXPECT_EQ(cliente.ErrorCode(), 1);
+    EXPECT_TRUE(pasarela.Recibidas(QStringLiteral("op.cancel")).isEmpty());
+}
+
+TEST_F(ClientePasarelaEnlaceTest, AcknowledgesItsOwnResultAgainWithoutALogLine) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), Termina(2000, 750));
+    Cobrar(cliente);
+    ASSERT_TRUE(pasarela.Espera(kAck));
+    pasarela.PonerSaludo(QStringLiteral("openOp"), CobroHecho(OpId(kCobro()), 2000, 750));
+    pasarela.Cortar();
+    pasarela.Al(kCobro(), Termina(1250, 0));
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 1250 0 0"));
+    EXPECT_TRUE(pasarela.Espera(kAck, 3));
+    EXPECT_EQ(OpId(kAck, 0), OpId(kAck, 1));
+    EXPECT_TRUE(log.lineas.isEmpty());
+}
+
+// ---- peers that do not answer
+
+TEST_F(ClientePasarelaEnlaceTest, TakesAStartWithoutAnAnswerForALostLink) {
+    OpcionesPasarela opciones = Rapidas();
+    opciones.respuesta = 80; // pings are answered all the while
+    ClientePasarela& cliente = Conectado(opciones);
+    pasarela.Al(kCobro(), Calla());
+    pasarela.Al(kEstado, Contesta([](const QString& op) { return CobroHecho(op, 2000, 750); }));
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+    EXPECT_EQ(pasarela.Conexiones(), 2);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, TakesSilenceForALostLink) {
+    OpcionesPasarela opciones = Rapidas();
+    opciones.silencio = 80;
+    ClientePasarela& cliente = Conectado(opciones);
+    pasarela.Al(kCobro(), [this](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        Empieza(500)(enlace, peticion);
+        pasarela.Siempre(QStringLiteral("ping"), Calla());
+    });
+    pasarela.Al(kEstado, Contesta([](const QString& op) { return CobroHecho(op, 2000, 750); }));
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+    EXPECT_EQ(pasarela.Conexiones(), 2);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, DoesNotTakeItsOwnAbsenceForSilence) {
+    OpcionesPasarela opciones = Rapidas();
+    opciones.silencio = 40;
+    opciones.respuesta = 40;
+    ClientePasarela& cliente = Conectado(opciones);
+    pasarela.Al(kCobro(), Empieza(500));
+    ventana.alProgresar = [this] {
+        if (ventana.lineas.last() == QLatin1String("progreso 500 0")) {
+            // The program is busy elsewhere for longer than the silence allowed.
+            QElapsedTimer ocupado;
+            ocupado.start();
+            while (!ocupado.hasExpired(120)) {
+            }
+            pasarela.Notificar(kFin, CobroHecho(OpId(kCobro()), 1250, 0));
+        }
+    };
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 1250 0 0"));
+    EXPECT_EQ(pasarela.Conexiones(), 1);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, EndsWithAPeerThatNeverAnswersAnything) {
+    ClientePasarela& cliente = Conectado(Impacientes());
+    for (const char* metodo : {"charge.start", "ping", "session.hello"}) {
+        pasarela.Siempre(QString::fromLatin1(metodo), Calla());
+    }
+    QElapsedTimer reloj;
+    reloj.start();
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("no 0 0 1"));
+    EXPECT_LT(reloj.elapsed(), 3000);
+    bool bien = true;
+    cliente.Connect(bien);
+    EXPECT_FALSE(bien);
+    EXPECT_EQ(cliente.ErrorCode(), 1);
+}
+
+// ---- peers that answer nonsense
+
+TEST_F(ClientePasarelaEnlaceTest, ResumesAfterALineThatIsNoMessage) {
+    ClientePasarela& cliente = Conectado();
+    const QByteArray larga = "{\"x\":\"" + QByteArray(1048576, 'x') + "\"}\n";
+    for (const QByteArray& basura : {QByteArray("hola\n"), QByteArray("\n"), QByteArray("[1,2]\n"),
+                                     QByteArray("{\"id\":2,\"result\":{\n"), larga}) {
+        pasarela.Al(kCobro(), Escupe(basura));
+        pasarela.Al(kEstado, Contesta([](const QString& op) { return CobroHecho(op, 2000, 750); }));
+        EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+    }
+    EXPECT_EQ(pasarela.Conexiones(), 6);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, ReadsMessagesInPiecesAndInHeaps) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), [](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        const QByteArray id = QByteArray::number(peticion[u"id"].toInt());
+        const QByteArray op = PasarelaGuion::OpId(peticion).toUtf8();
+        const QByteArray estado = "{\"opId\":\"" + op + "\",\"method\":\"charge.start\",";
+        const QByteArray todo =
+            "{\"jsonrpc\":\"2.0\",\"id\":" + id + ",\"result\":" + estado +
+            "\"state\":\"running\",\"paidIn\":0,\"paidOut\":0}}\r\n"
+            "{\"method\":\"op.progress\",\"params\":" +
+            estado +
+            "\"state\":\"running\",\"paidIn\":2000,\"paidOut\":0}}\n"
+            "{\"method\":\"op.result\",\"params\":" +
+            estado +
+            "\"state\":\"done\",\"ok\":true,\"errorCode\":0,\"paidIn\":2000,\"paidOut\":750}}\n";
+        enlace.Crudo(todo.left(40));
+        for (const char letra : todo.mid(40, 100)) {
+            enlace.Crudo(QByteArray(1, letra));
+        }
+        enlace.Crudo(todo.mid(140));
+    });
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, EndsWithoutRepeatingOnAmountsBeyondThirtyTwoBits) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), Empieza(500));
+    ventana.alProgresar = [this] {
+        pasarela.Notificar(kFin, CobroHecho(OpId(kCobro()), 2147483648, 0));
+    };
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("no 500 0 902"));
+    EXPECT_TRUE(pasarela.Recibidas(kEstado).isEmpty());
+    EXPECT_TRUE(pasarela.Recibidas(kAck).isEmpty());
+    EXPECT_FALSE(Niveles(cliente));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, EndsOnAStateThatIsNone) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), [](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        enlace.Contestar(peticion, CobroHecho(QStringLiteral("otra"), 5, 0));
+    });
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("no 0 0 902"));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, DoesNotStartTwiceWhatTheGatewayHasForgotten) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), [](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        Empieza(500)(enlace, peticion);
+        enlace.Cortar();
+    });
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("no 500 0 902"));
+    EXPECT_EQ(pasarela.Recibidas(kCobro()).size(), 1);
+}
+
+// ---- operations of a former run
+
+TEST_F(ClientePasarelaEnlaceTest, LogsAndAcknowledgesAnEndedOperationFoundAtConnection) {
+    pasarela.PonerSaludo(QStringLiteral("openOp"), CobroHecho(QStringLiteral("vieja"), 2000, 750));
+    Conectado();
+    EXPECT_TRUE(pasarela.Espera(kAck));
+    EXPECT_EQ(pasarela.Metodos(), Lista({"session.hello", "op.ack"}));
+    EXPECT_EQ(OpId(kAck), QStringLiteral("vieja"));
+    EXPECT_EQ(log.lineas,
+              QStringList(kPendiente + QStringLiteral("charge.start OK PAIDINVALUE=2000 "
+                                                      "PAIDOUTVALUE=750")));
+    EXPECT_TRUE(ventana.lineas.isEmpty());
+}
+
+TEST_F(ClientePasarelaEnlaceTest, CancelsARunningOperationFoundAtConnection) {
+    pasarela.PonerSaludo(QStringLiteral("openOp"), CobroEnMarcha(QStringLiteral("vieja"), 500));
+    pasarela.Al(QStringLiteral("op.cancel"), [](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        const QString op = PasarelaGuion::OpId(peticion);
+        enlace.Contestar(peticion, CobroEnMarcha(op, 500));
+        enlace.Notificar(kFin, PasarelaGuion::Fallida(op, kCobro(), 0, {}, 500, 500));
+    });
+    Conectado();
+    EXPECT_TRUE(pasarela.Espera(kAck));
+    EXPECT_EQ(log.lineas, QStringList(kPendiente + QStringLiteral("charge.start CANCEL "
+                                                                  "PAIDINVALUE=500 "
+                                                                  "PAIDOUTVALUE=500")));
+    EXPECT_EQ(ventana.lineas,
+              Lista({"abrir 7 0 sin cancelar", "progreso 500 0", "progreso 500 500", "cerrar"}));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, ResumesTheEndOfAnOldOperationOverADrop) {
+    pasarela.PonerSaludo(QStringLiteral("openOp"), CobroEnMarcha(QStringLiteral("vieja"), 500));
+    pasarela.Al(QStringLiteral("op.cancel"), Corta());
+    pasarela.Al(kEstado, Contesta([](const QString& op) { return CobroHecho(op, 1250, 0); }));
+    Conectado();
+    EXPECT_EQ(log.lineas,
+              QStringList(kPendiente + QStringLiteral("charge.start OK PAIDINVALUE=1250 "
+                                                      "PAIDOUTVALUE=0")));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, DoesNotConnectWhileAnOldOperationDoesNotEnd) {
+    pasarela.PonerSaludo(QStringLiteral("openOp"), CobroEnMarcha(QStringLiteral("vieja"), 500));
+    pasarela.Al(QStringLiteral("op.cancel"),
+                Contesta([](const QString& op) { return CobroEnMarcha(op, 500); }));
+    OpcionesPasarela opciones = Rapidas();
+    opciones.pendiente = 60;
+    ClientePasarela& cliente = Cliente(opciones);
+    bool bien = true;
+    cliente.Connect(bien);
+    EXPECT_FALSE(bien);
+    EXPECT_EQ(cliente.ErrorCode(), 1);
+    EXPECT_EQ(log.lineas, QStringList(kPendiente + QStringLiteral("charge.start EN CURSO "
+                                                                  "PAIDINVALUE=500 "
+                                                                  "PAIDOUTVALUE=0")));
+    EXPECT_TRUE(pasarela.Recibidas(kAck).isEmpty());
+    EXPECT_FALSE(Niveles(cliente));
+}
+
+TEST_F(ClientePasarelaEnlaceTest, ClearsAnotherEndedOperationOutOfTheWayOfAStart) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), [this](EnlaceGuion& enlace, const QJsonObject&) {
+        pasarela.PonerSaludo(QStringLiteral("openOp"),
+                             CobroHecho(QStringLiteral("vieja"), 2000, 750));
+        enlace.Cortar();
+    });
+    pasarela.Al(kCobro(), Termina(1250, 0));
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 1250 0 0"));
+    ASSERT_TRUE(pasarela.Espera(kAck, 2));
+    EXPECT_EQ(pasarela.Metodos().mid(2),
+              Lista({"session.hello", "op.ack", "op.status", "charge.start", "op.ack"}));
+    EXPECT_EQ(log.CuentaInicio(kPendiente), 1);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, RaisesAndAcknowledgesNothingWhenTheLogCannotBeWritten) {
+    pasarela.PonerSaludo(QStringLiteral("openOp"), CobroHecho(QStringLiteral("vieja"), 2000, 750));
+    log.fallosPendientes = 1;
+    ClientePasarela& cliente = Cliente();
+    bool bien = true;
+    EXPECT_THROW(cliente.Connect(bien), ErrorEjecucion);
+    EXPECT_FALSE(Niveles(cliente));
+    EXPECT_TRUE(pasarela.Recibidas(kAck).isEmpty());
+}
+
+} // namespace
+} // namespace zv
