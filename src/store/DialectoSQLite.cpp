@@ -133,7 +133,7 @@ class Adaptador {
             }
             const std::optional<std::size_t> fin = FinSelect(numero);
             if (fin) {
-                piezas_[Anterior(*fin)].detras = QStringLiteral(" LIMIT ") + piezas_[numero].texto;
+                piezas_[Anterior(*fin)].detras += QStringLiteral(" LIMIT ") + piezas_[numero].texto;
                 for (std::size_t j = top; j <= numero; ++j) {
                     piezas_[j].texto.clear();
                 }
@@ -347,6 +347,8 @@ class Adaptador {
             for (const std::size_t signo : signos) {
                 piezas_[signo].texto = QStringLiteral("||");
             }
+            // Joined text would otherwise compare with regard to case.
+            piezas_[fin].detras += QStringLiteral(" COLLATE NOCASE");
         }
         return signos.empty() ? mas : signos.back();
     }

@@ -50,15 +50,22 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         Caso{"View",
              "SELECT * FROM cola WHERE id1+' '+id2 IN (SELECT Cola.id1+' '+Cola.id2 FROM Cola)",
-             "SELECT * FROM cola WHERE id1||' '||id2 IN (SELECT Cola.id1||' '||Cola.id2 FROM "
-             "Cola)"},
-        Caso{"ColumnsAlone", "SELECT id1 + Cola.ID2 FROM Cola", "SELECT id1 || Cola.ID2 FROM Cola"},
-        Caso{"QuotedColumns", "SELECT [id1]+\"id2\" FROM c", "SELECT [id1]||\"id2\" FROM c"},
-        Caso{"LiteralWithUnknown", "SELECT 'x'+y FROM c", "SELECT 'x'||y FROM c"},
-        Caso{"Group", "SELECT ('a'+'b')+y FROM c", "SELECT ('a'||'b')||y FROM c"},
-        Caso{"Function", "SELECT upper(y)+'x' FROM c", "SELECT upper(y)||'x' FROM c"},
-        Caso{"Parameter", "SELECT ?+id1 FROM c", "SELECT ?||id1 FROM c"},
-        Caso{"PlusInsideLiteral", "SELECT 'a+b'+id1 FROM c", "SELECT 'a+b'||id1 FROM c"}));
+             "SELECT * FROM cola WHERE id1||' '||id2 COLLATE NOCASE IN (SELECT Cola.id1||' "
+             "'||Cola.id2 COLLATE NOCASE FROM Cola)"},
+        Caso{"ColumnsAlone", "SELECT id1 + Cola.ID2 FROM Cola",
+             "SELECT id1 || Cola.ID2 COLLATE NOCASE FROM Cola"},
+        Caso{"QuotedColumns", "SELECT [id1]+\"id2\" FROM c",
+             "SELECT [id1]||\"id2\" COLLATE NOCASE FROM c"},
+        Caso{"LiteralWithUnknown", "SELECT 'x'+y FROM c", "SELECT 'x'||y COLLATE NOCASE FROM c"},
+        Caso{"Group", "SELECT ('a'+'b')+y FROM c",
+             "SELECT ('a'||'b' COLLATE NOCASE)||y COLLATE NOCASE FROM c"},
+        Caso{"Function", "SELECT upper(y)+'x' FROM c",
+             "SELECT upper(y)||'x' COLLATE NOCASE FROM c"},
+        Caso{"Parameter", "SELECT ?+id1 FROM c", "SELECT ?||id1 COLLATE NOCASE FROM c"},
+        Caso{"PlusInsideLiteral", "SELECT 'a+b'+id1 FROM c",
+             "SELECT 'a+b'||id1 COLLATE NOCASE FROM c"},
+        Caso{"AtTheEndOfTop", "SELECT TOP 1 a FROM c ORDER BY id1+'x'",
+             "SELECT a FROM c ORDER BY id1||'x' COLLATE NOCASE LIMIT 1"}));
 
 INSTANTIATE_TEST_SUITE_P(
     Parameters, DialectoSQLiteTest,
