@@ -120,7 +120,10 @@ qint64 ConjuntoSQLite::ClaveNueva() {
     }
     // Under the lock nobody else can take the number.
     if (nucleo_.Niveles().Nivel() == 0) {
-        nucleo_.Niveles().ComenzarPropia(this);
+        // A question that failed half way has left it open.
+        if (!nucleo_.Niveles().EsPropia(this)) {
+            nucleo_.Niveles().ComenzarPropia(this);
+        }
     } else {
         nucleo_.Niveles().PrepararEscritura();
     }
