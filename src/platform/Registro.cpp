@@ -264,13 +264,17 @@ int Registro::LeerTexto(Raiz raiz, const QString& clave, const QString& valor,
     if (sitio.exacta.isEmpty()) {
         return kNombreNoValido;
     }
-    int error = LeerPequeño(sitio.exacta, bytes);
+    // Nothing at the exact path before, and no folder has changed since: the answer still holds.
+    const bool vale = sitio.Vale();
+    int error = vale ? ENOENT : LeerPequeño(sitio.exacta, bytes);
     if (NoEsta(error)) {
         // Perhaps spelled otherwise. The search is paid again only after a change in the folders.
-        if (!sitio.Vale()) {
+        if (!vale) {
             sitio.Buscar(carpeta_);
         }
         error = sitio.real.isEmpty() ? ENOENT : LeerPequeño(sitio.real, bytes);
+    } else {
+        sitio.creible = false;
     }
     return CodigoDe(error);
 }

@@ -56,7 +56,7 @@ int GuardarHastaMorir(const std::function<void(int)>& guardar, std::mt19937& aza
     return ultimo;
 }
 
-constexpr int kVueltas = 80;
+constexpr int kVueltas = 50;
 
 // Long enough for a write to take several steps of the system.
 QString Relleno(int i) {
