@@ -2,7 +2,6 @@
 #include "simulator/Fallos.h"
 
 #include <QRegularExpression>
-#include <QStringList>
 
 #include <algorithm>
 #include <array>
@@ -195,6 +194,15 @@ bool Fallos::Añadir(const QString& guion, QString& error) {
     }
     std::ranges::move(nuevas, std::back_inserter(reglas_));
     return true;
+}
+
+QStringList Fallos::Pendientes() const {
+    QStringList reglas;
+    for (const Regla& regla : reglas_) {
+        if (regla.hasta == 0 || regla.veces < regla.hasta)
+            reglas.append(regla.accion.regla);
+    }
+    return reglas;
 }
 
 Acciones Fallos::Toca(Punto punto) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QtGlobal>
 
 #include <optional>
@@ -62,6 +63,8 @@ class Fallos {
     bool Añadir(const QString& guion, QString& error);
     void Borrar() { reglas_.clear(); }
     bool Vacio() const { return reglas_.empty(); }
+    // Rules that may still strike, as written.
+    QStringList Pendientes() const;
 
     // The point is reached once more: what strikes this time.
     Acciones Toca(Punto punto);

@@ -84,6 +84,16 @@ TEST(Fallos, AddedLaterCountFromThen) {
     EXPECT_EQ(fallos.Toca(Punto::Cobro).size(), 1U);
 }
 
+TEST(Fallos, ListsTheRulesThatMayStillStrike) {
+    Fallos fallos = Con("cobro#1:atasco,pago:mudo,cobro#2+:mudo");
+    EXPECT_EQ(fallos.Pendientes().size(), 3);
+    fallos.Toca(Punto::Cobro);
+    EXPECT_EQ(fallos.Pendientes(),
+              (QStringList{QStringLiteral("pago:mudo"), QStringLiteral("cobro#2+:mudo")}));
+    fallos.Borrar();
+    EXPECT_TRUE(fallos.Pendientes().isEmpty());
+}
+
 TEST(Fallos, AWrongRuleIsToldInPlainWordsAndAddsNothing) {
     EXPECT_EQ(ErrorDe("cobro"),
               QStringLiteral("fallo \"cobro\": la forma es punto[#n]:acción[=valor]"));

@@ -1,0 +1,191 @@
+// The window of the simulator, by touching it.
+#include "simulator/screens/frmSimulador.h"
+
+#include "../Banco.h"
+#include "../Esperas.h"
+#include "simulator/screens/BotonPieza.h"
+#include "simulator/screens/Textos.h"
+#include "simulator/screens/frmFallos.h"
+#include "ui/screens/Tema.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace zv::simulador {
+namespace {
+
+TEST(Textos, WriteAmountsTheSpanishWay) {
+    EXPECT_EQ(TextoImporte(0), QStringLiteral("0,00 €"));
+    EXPECT_EQ(TextoImporte(5), QStringLiteral("0,05 €"));
+    EXPECT_EQ(TextoImporte(123456), QStringLiteral("1.234,56 €"));
+    EXPECT_EQ(TextoImporte(-100000000), QStringLiteral("-1.000.000,00 €"));
+    EXPECT_EQ(TextoPieza(50), QStringLiteral("50 c"));
+    EXPECT_EQ(TextoPieza(20000), QStringLiteral("200 €"));
+}
+
+class Ventana : public testing::Test {
+  protected:
+    Ventana() {
+        Opciones opciones;
+        opciones.carpeta = carpeta_.path();
+        opciones.traza = carpeta_.filePath(QStringLiteral("traza"));
+        simulador = std::make_unique<Simulador>(std::move(opciones));
+        QString error;
+        arrancado_ = simulador->Arrancar(error);
+        if (arrancado_) {
+            ventana = std::make_unique<frmSimulador>(*simulador);
+            ventana->show();
+        }
+    }
+    void SetUp() override { ASSERT_TRUE(arrancado_); }
+
+    template <typename T>
+    T* Hallar(const char* nombre) const {
+        return ventana->findChild<T*>(QLatin1String(nombre));
+    }
+    QString Texto(const char* nombre) const { return Hallar<QLabel>(nombre)->text(); }
+    BotonPieza* Pieza(qint32 valor) const {
+        return ventana->findChild<BotonPieza*>(QStringLiteral("pieza_%1").arg(valor));
+    }
+    // Starts an operation and waits until the window takes money for it.
+    void Empezar(const Operacion& op) {
+        Fallos& fallos = simulador->LosFallos();
+        ASSERT_TRUE(simulador->ElAparato().Empezar(op, fallos.Toca(Punto::Cobro)));
+        ASSERT_TRUE(Esperar([&] { return Pieza(100)->isEnabled(); }));
+    }
+    bool Acabada() {
+        return Esperar([&] {
+            const Operacion* const op = simulador->ElAparato().Abierta();
+            return op != nullptr && op->acabada && !Pieza(100)->isEnabled();
+        });
+    }
+
+    QTemporaryDir carpeta_;
+    bool arrancado_ = false;
+    std::unique_ptr<Simulador> simulador;
+    std::unique_ptr<frmSimulador> ventana;
+};
+
+TEST_F(Ventana, AtRestTakesNoMoneyAndShowsTheTotal) {
+    EXPECT_EQ(Texto("saldo"), QStringLiteral("427,60 €"));
+    EXPECT_EQ(Texto("titulo"), QStringLiteral("En espera"));
+    EXPECT_TRUE(Texto("enlace").contains(QStringLiteral("sin monitor")));
+    EXPECT_FALSE(Pieza(100)->isEnabled());
+    EXPECT_FALSE(Hallar<QPushButton>("cancelar")->isEnabled());
+    EXPECT_FALSE(Hallar<QPushButton>("terminar")->isEnabled());
+}
+
+TEST_F(Ventana, TouchedMoneyPaysTheCharge) {
+    Empezar(Pedir(Metodo::Cobro, 1250));
+    EXPECT_EQ(Texto("titulo"), QStringLiteral("Cobro"));
+    EXPECT_EQ(Texto("pedido"), QStringLiteral("12,50 €"));
+    Pieza(2000)->click();
+    ASSERT_TRUE(Acabada());
+    EXPECT_EQ(Texto("entrado"), QStringLiteral("20,00 €"));
+    EXPECT_EQ(Texto("salido"), QStringLiteral("7,50 €"));
+    EXPECT_EQ(Texto("estado"), QStringLiteral("Terminada (sin acuse)"));
+    EXPECT_EQ(Texto("saldo"), QStringLiteral("440,10 €"));
+}
+
+TEST_F(Ventana, TheCancelKeyGivesTheMoneyBack) {
+    Empezar(Pedir(Metodo::Cobro, 1250));
+    EXPECT_FALSE(Hallar<QPushButton>("terminar")->isEnabled());
+    Pieza(1000)->click();
+    Hallar<QPushButton>("cancelar")->click();
+    ASSERT_TRUE(Acabada());
+    EXPECT_EQ(Texto("estado"), QStringLiteral("Cancelada (sin acuse)"));
+    EXPECT_EQ(Texto("salido"), QStringLiteral("10,00 €"));
+    EXPECT_EQ(Texto("saldo"), QStringLiteral("427,60 €"));
+}
+
+TEST_F(Ventana, TheEndKeyKeepsTheFloat) {
+    Empezar(Pedir(Metodo::Ingreso));
+    Pieza(500)->click();
+    ASSERT_TRUE(Hallar<QPushButton>("terminar")->isEnabled());
+    Hallar<QPushButton>("terminar")->click();
+    ASSERT_TRUE(Acabada());
+    EXPECT_EQ(Texto("saldo"), QStringLiteral("432,60 €"));
+}
+
+TEST_F(Ventana, ADeviceErrorIsTold) {
+    Hallar<QPushButton>("fallos")->click();
+    auto* const dialogo = ventana->findChild<frmFallos*>();
+    ASSERT_NE(dialogo, nullptr);
+    dialogo->findChild<QPushButton*>(QStringLiteral("todo#1:atasco"))->click();
+    EXPECT_EQ(Hallar<QPushButton>("fallos")->text(), QStringLiteral("Fallos… (1)"));
+    Empezar(Pedir(Metodo::Cobro, 1000));
+    Pieza(1000)->click();
+    ASSERT_TRUE(Acabada());
+    EXPECT_EQ(Texto("estado"), QStringLiteral("Error 12: Pieza atascada (sin acuse)"));
+    EXPECT_EQ(Hallar<QPushButton>("fallos")->text(), QStringLiteral("Fallos…"));
+}
+
+TEST_F(Ventana, EveryFaultOfTheMenuIsARule) {
+    frmFallos dialogo(*simulador);
+    int reglas = 0;
+    for (QPushButton* const boton : dialogo.findChildren<QPushButton*>()) {
+        if (!boton->objectName().contains(QLatin1Char(':')))
+            continue;
+        boton->click();
+        ++reglas;
+        EXPECT_EQ(simulador->LosFallos().Pendientes().size(), reglas)
+            << boton->objectName().toStdString();
+    }
+    EXPECT_EQ(reglas, 17);
+    dialogo.findChild<QPushButton*>(QStringLiteral("quitar"))->click();
+    EXPECT_TRUE(simulador->LosFallos().Vacio());
+}
+
+TEST_F(Ventana, ACustomerCanBePutToWork) {
+    Empezar(Pedir(Metodo::Cobro, 1250));
+    auto* const cliente = Hallar<QComboBox>("cliente");
+    cliente->setCurrentIndex(cliente->findData(static_cast<int>(Guion::Exacto)));
+    ASSERT_TRUE(Acabada());
+    EXPECT_EQ(Texto("entrado"), QStringLiteral("12,50 €"));
+}
+
+TEST_F(Ventana, ABoxTakenByHandStillCountsUntilItIsReconciled) {
+    Empezar(Pedir(Metodo::Cobro, 10000));
+    Pieza(10000)->click();
+    ASSERT_TRUE(Acabada());
+    EXPECT_EQ(Texto("cajon_1"), QStringLiteral("100,00 €"));
+    auto* const retirar = Hallar<QPushButton>("retirar_1");
+    ASSERT_TRUE(retirar->isEnabled());
+    EXPECT_FALSE(Hallar<QPushButton>("retirar_0")->isEnabled());
+    retirar->click();
+    ASSERT_TRUE(Esperar([&] { return !retirar->isEnabled(); }));
+    EXPECT_EQ(retirar->text(), QStringLiteral("Retirado"));
+    EXPECT_EQ(Texto("saldo"), QStringLiteral("527,60 €"));
+}
+
+TEST_F(Ventana, ListsWhatHappensNewestFirstWithoutStampsForPrograms) {
+    Empezar(Pedir(Metodo::Cobro, 1250));
+    Pieza(1000)->click();
+    const auto* const sucesos = Hallar<QListWidget>("sucesos");
+    ASSERT_EQ(sucesos->count(), 2);
+    EXPECT_TRUE(sucesos->item(0)->text().endsWith(QStringLiteral("  entra 1000")));
+    EXPECT_TRUE(sucesos->item(1)->text().endsWith(QStringLiteral("  inicio charge.start 1250")));
+}
+
+TEST_F(Ventana, NothingToTouchIsTooSmallOnASmallScreen) {
+    tema::Aplicar(*qobject_cast<QApplication*>(QCoreApplication::instance()));
+    ventana->resize(1024, 768);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(ventana->size(), QSize(1024, 768)); // nothing asks for more
+    for (const QAbstractButton* const boton : ventana->findChildren<QAbstractButton*>()) {
+        if (!boton->isVisible())
+            continue;
+        EXPECT_GE(boton->width(), tema::kToqueMinimo) << boton->objectName().toStdString();
+        EXPECT_GE(boton->height(), tema::kToqueMinimo) << boton->objectName().toStdString();
+        EXPECT_FALSE(boton->accessibleName().isEmpty() && boton->text().isEmpty());
+    }
+}
+
+} // namespace
+} // namespace zv::simulador
