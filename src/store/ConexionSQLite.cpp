@@ -7,6 +7,8 @@
 #include <QUrl>
 #include <QUuid>
 
+#include <limits>
+
 namespace zv {
 
 namespace {
@@ -117,10 +119,12 @@ ConexionSQLite::Preparada& ConexionSQLite::Preparar(const QString& sql, std::siz
     auto sitio = preparadas_.find(sql);
     if (sitio == preparadas_.end()) {
         if (preparadas_.size() >= kMaximoPreparadas) {
-            auto masVieja = preparadas_.begin();
-            for (auto i = preparadas_.begin(); i != preparadas_.end(); ++i) {
-                if (i->second.usada < masVieja->second.usada) {
-                    masVieja = i;
+            QString masVieja;
+            quint64 menor = std::numeric_limits<quint64>::max();
+            for (const auto& [texto, preparada] : preparadas_) {
+                if (preparada.usada < menor) {
+                    menor = preparada.usada;
+                    masVieja = texto;
                 }
             }
             preparadas_.erase(masVieja);

@@ -3,11 +3,8 @@
 #include "store/ConjuntoSQLite.h"
 
 #include "platform/ErrorEjecucion.h"
-#include "store/EsquemaSQLite.h"
 
 namespace zv {
-
-using esquemasqlite::Citar;
 
 namespace {
 
@@ -26,25 +23,7 @@ ErrorEjecucion FilaPerdida() {
 } // namespace
 
 ConjuntoSQLite::ConjuntoSQLite(NucleoSQLite& nucleo, const QString& tabla)
-    : nucleo_(nucleo), tabla_(Citar(tabla)), nombre_(tabla) {
-    const std::vector<Fila> filas =
-        nucleo_.Leer(Sentencia::Clase::Catalogo,
-                     QStringLiteral("SELECT name, pk, EXISTS(SELECT 1 FROM sqlite_master WHERE "
-                                    "name='sqlite_sequence') FROM pragma_table_info(?)"),
-                     {tabla});
-    if (filas.empty()) {
-        throw ErrorEjecucion(kErrorSQLite, QStringLiteral("no such table: ") + tabla);
-    }
-    for (const Fila& fila : filas) {
-        const QString columna = fila.LeerTexto(0);
-        if (fila.LeerLong(1) == 1) {
-            columnaClave_ = static_cast<int>(columnas_.size());
-            clave_ = Citar(columna);
-        }
-        columnas_.append(columna);
-        numerada_ = fila.LeerBooleano(2);
-    }
-}
+    : nucleo_(nucleo), tabla_(nucleo.Tabla(tabla)), nombre_(tabla) {}
 
 ConjuntoSQLite::~ConjuntoSQLite() {
     SoltarPropia();
@@ -59,16 +38,13 @@ void ConjuntoSQLite::Consultar(const QString& sql, const Parametros& parametros)
 }
 
 bool ConjuntoSQLite::Buscar(qint64 clave) {
-    if (columnaClave_ < 0) {
-        throw ErrorEjecucion(kErrorSQLite,
-                             QStringLiteral("la tabla %1 no tiene clave").arg(nombre_));
-    }
+    const QString& columna = Clave();
     actual_.reset();
     cambios_.clear();
     std::vector<Fila> filas =
         nucleo_.Leer(Sentencia::Clase::Lectura,
-                     QStringLiteral("SELECT * FROM ") + tabla_ + QStringLiteral(" WHERE ") +
-                         clave_ + QStringLiteral("=?"),
+                     QStringLiteral("SELECT * FROM ") + tabla_->nombre + QStringLiteral(" WHERE ") +
+                         columna + QStringLiteral("=?"),
                      {clave});
     if (filas.empty()) {
         return false;
@@ -95,8 +71,8 @@ void ConjuntoSQLite::Poner(const QString& columna, const QVariant& valor) {
     if (!nueva_ && !actual_) {
         throw SinFila();
     }
-    for (int i = 0; i < static_cast<int>(columnas_.size()); ++i) {
-        if (columnas_.at(i).compare(columna, Qt::CaseInsensitive) != 0) {
+    for (int i = 0; i < static_cast<int>(tabla_->columnas.size()); ++i) {
+        if (tabla_->columnas.at(i).compare(columna, Qt::CaseInsensitive) != 0) {
             continue;
         }
         for (Cambio& cambio : cambios_) {
@@ -112,9 +88,10 @@ void ConjuntoSQLite::Poner(const QString& columna, const QVariant& valor) {
 }
 
 qint64 ConjuntoSQLite::ClaveNueva() {
-    if (!nueva_ || columnaClave_ < 0) {
+    if (!nueva_) {
         throw SinFila();
     }
+    const QString& columna = Clave();
     if (claveNueva_) {
         return *claveNueva_;
     }
@@ -128,9 +105,9 @@ qint64 ConjuntoSQLite::ClaveNueva() {
         nucleo_.Niveles().PrepararEscritura();
     }
     Parametros parametros;
-    QString sql =
-        QStringLiteral("SELECT max(coalesce((SELECT max(%1) FROM %2),0),").arg(clave_, tabla_);
-    if (numerada_) {
+    QString sql = QStringLiteral("SELECT max(coalesce((SELECT max(%1) FROM %2),0),")
+                      .arg(columna, tabla_->nombre);
+    if (tabla_->numerada) {
         sql += QStringLiteral("coalesce((SELECT max(seq) FROM sqlite_sequence WHERE name=? COLLATE "
                               "NOCASE),0))+1");
         parametros.emplace_back(nombre_);
@@ -168,15 +145,15 @@ void ConjuntoSQLite::Insertar() {
         valores.push_back(valor);
     };
     if (claveNueva_) {
-        añadir(clave_, QVariant(static_cast<qlonglong>(*claveNueva_)));
+        añadir(Clave(), QVariant(static_cast<qlonglong>(*claveNueva_)));
     }
     for (const Cambio& cambio : cambios_) {
-        if (!(claveNueva_ && cambio.columna == columnaClave_)) {
-            añadir(Citar(columnas_.at(cambio.columna)), cambio.valor);
+        if (!(claveNueva_ && cambio.columna == tabla_->columnaClave)) {
+            añadir(tabla_->citadas.at(cambio.columna), cambio.valor);
         }
     }
     const QString sql =
-        QStringLiteral("INSERT INTO ") + tabla_ +
+        QStringLiteral("INSERT INTO ") + tabla_->nombre +
         (valores.empty() ? QStringLiteral(" DEFAULT VALUES")
                          : QStringLiteral(" (") + nombres + QStringLiteral(") VALUES (") + marcas +
                                QLatin1Char(')'));
@@ -204,19 +181,19 @@ void ConjuntoSQLite::Modificar() {
     Parametros valores;
     for (const Cambio& cambio : cambios_) {
         asignaciones += (valores.empty() ? QString() : QStringLiteral(", ")) +
-                        Citar(columnas_.at(cambio.columna)) + QStringLiteral("=?");
+                        tabla_->citadas.at(cambio.columna) + QStringLiteral("=?");
         valores.push_back(cambio.valor);
     }
     valores.push_back(ClaveActual());
-    if (nucleo_.Escribir(QStringLiteral("UPDATE ") + tabla_ + QStringLiteral(" SET ") +
-                             asignaciones + QStringLiteral(" WHERE ") + clave_ +
+    if (nucleo_.Escribir(QStringLiteral("UPDATE ") + tabla_->nombre + QStringLiteral(" SET ") +
+                             asignaciones + QStringLiteral(" WHERE ") + Clave() +
                              QStringLiteral("=?"),
                          valores) == 0) {
         throw FilaPerdida();
     }
     for (const Cambio& cambio : cambios_) {
         // A query need not have asked for every column.
-        const QString& columna = columnas_.at(cambio.columna);
+        const QString& columna = tabla_->columnas.at(cambio.columna);
         if (actual_->Columnas().contains(columna, Qt::CaseInsensitive)) {
             actual_->Cambiar(actual_->Indice(columna), cambio.valor);
         }
@@ -227,8 +204,8 @@ void ConjuntoSQLite::Borrar() {
     if (!actual_) {
         throw SinFila();
     }
-    if (nucleo_.Escribir(QStringLiteral("DELETE FROM ") + tabla_ + QStringLiteral(" WHERE ") +
-                             clave_ + QStringLiteral("=?"),
+    if (nucleo_.Escribir(QStringLiteral("DELETE FROM ") + tabla_->nombre +
+                             QStringLiteral(" WHERE ") + Clave() + QStringLiteral("=?"),
                          {ClaveActual()}) == 0) {
         throw FilaPerdida();
     }
@@ -243,12 +220,17 @@ void ConjuntoSQLite::Cerrar() {
     claveNueva_.reset();
 }
 
-QVariant ConjuntoSQLite::ClaveActual() const {
-    if (columnaClave_ < 0) {
+const QString& ConjuntoSQLite::Clave() const {
+    if (tabla_->columnaClave < 0) {
         throw ErrorEjecucion(kErrorSQLite,
                              QStringLiteral("la tabla %1 no tiene clave").arg(nombre_));
     }
-    return actual_->Valor(actual_->Indice(columnas_.at(columnaClave_)));
+    return tabla_->citadas.at(tabla_->columnaClave);
+}
+
+QVariant ConjuntoSQLite::ClaveActual() const {
+    Clave();
+    return actual_->Valor(actual_->Indice(tabla_->columnas.at(tabla_->columnaClave)));
 }
 
 void ConjuntoSQLite::SoltarPropia() noexcept {

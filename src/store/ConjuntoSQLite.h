@@ -26,21 +26,19 @@ class ConjuntoSQLite final : public ConjuntoRegistros {
 
   private:
     struct Cambio {
-        int columna; // of columnas_
+        int columna; // of the table
         QVariant valor;
     };
     void Insertar();
     void Modificar();
+    // The key column's quoted name; raises 1 when the table has no key.
+    const QString& Clave() const;
     QVariant ClaveActual() const;
     void SoltarPropia() noexcept;
 
     NucleoSQLite& nucleo_;
-    QString tabla_; // quoted
+    std::shared_ptr<const TablaSQLite> tabla_;
     QString nombre_;
-    QStringList columnas_;
-    QString clave_; // quoted name of the key column; empty when there is none
-    int columnaClave_ = -1;
-    bool numerada_ = false; // the file keeps the highest number of each table
     std::optional<Fila> actual_;
     std::vector<Cambio> cambios_;
     bool nueva_ = false;

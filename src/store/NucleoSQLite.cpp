@@ -2,6 +2,7 @@
 #include "store/NucleoSQLite.h"
 
 #include "platform/ErrorEjecucion.h"
+#include "store/EsquemaSQLite.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -10,6 +11,7 @@ namespace zv {
 
 namespace {
 
+constexpr int kErrorSQLite = 1;
 constexpr int kErrorSoloLectura = 8;
 constexpr int kErrorNoEsBaseDeDatos = 26;
 constexpr int kErrorFicheroMovido = 1032;
@@ -85,6 +87,7 @@ void NucleoSQLite::Abrir(const QString& ruta, std::chrono::milliseconds espera) 
 }
 
 void NucleoSQLite::Cerrar() {
+    tablas_.clear();
     conexion_.Cerrar();
     niveles_.Olvidar();
 }
@@ -156,13 +159,50 @@ void NucleoSQLite::Definir(const QString& sql) {
     conexion_.VaciarPreparadas();
 }
 
-quint64 NucleoSQLite::MarcaCambios() {
-    quint64 version = 0;
-    Ejecutar(Sentencia::Clase::Lectura, QStringLiteral("PRAGMA data_version"), {},
-             [&version](const QSqlQuery& consulta, const std::shared_ptr<const QStringList>&) {
-                 version = consulta.value(0).toULongLong();
+qint64 NucleoSQLite::LeerNumero(Sentencia::Clase clase, const QString& sql) {
+    qint64 numero = 0;
+    Ejecutar(clase, sql, {},
+             [&numero](const QSqlQuery& consulta, const std::shared_ptr<const QStringList>&) {
+                 numero = consulta.value(0).toLongLong();
                  return false;
              });
+    return numero;
+}
+
+std::shared_ptr<const TablaSQLite> NucleoSQLite::Tabla(const QString& nombre) {
+    const qint64 version =
+        LeerNumero(Sentencia::Clase::Catalogo, QStringLiteral("PRAGMA schema_version"));
+    if (version != versionTablas_) {
+        tablas_.clear();
+        versionTablas_ = version;
+    }
+    if (const auto conocida = tablas_.find(nombre); conocida != tablas_.end()) {
+        return conocida->second;
+    }
+    auto tabla = std::make_shared<TablaSQLite>();
+    tabla->nombre = esquemasqlite::Citar(nombre);
+    for (const Fila& fila :
+         Leer(Sentencia::Clase::Catalogo,
+              QStringLiteral("SELECT name, pk, EXISTS(SELECT 1 FROM sqlite_master WHERE "
+                             "name='sqlite_sequence') FROM pragma_table_info(?)"),
+              {nombre})) {
+        if (fila.LeerLong(1) == 1) {
+            tabla->columnaClave = static_cast<int>(tabla->columnas.size());
+        }
+        tabla->columnas.append(fila.LeerTexto(0));
+        tabla->citadas.append(esquemasqlite::Citar(fila.LeerTexto(0)));
+        tabla->numerada = fila.LeerBooleano(2);
+    }
+    if (tabla->columnas.isEmpty()) {
+        throw ErrorEjecucion(kErrorSQLite, QStringLiteral("no such table: ") + nombre);
+    }
+    tablas_.emplace(nombre, tabla);
+    return tabla;
+}
+
+quint64 NucleoSQLite::MarcaCambios() {
+    const auto version = static_cast<quint64>(
+        LeerNumero(Sentencia::Clase::Lectura, QStringLiteral("PRAGMA data_version")));
     constexpr int kMitad = 32;
     return (version << kMitad) ^ cambios_;
 }

@@ -8,6 +8,15 @@
 
 namespace zv {
 
+// What a record set needs to know of its table.
+struct TablaSQLite {
+    QString nombre; // quoted
+    QStringList columnas;
+    QStringList citadas; // the same, quoted
+    int columnaClave = -1;
+    bool numerada = false; // the file keeps the highest number of each table
+};
+
 class NucleoSQLite {
   public:
     explicit NucleoSQLite(NivelesSQLite::Aviso aviso);
@@ -28,6 +37,9 @@ class NucleoSQLite {
     // A write that changes the schema.
     void Definir(const QString& sql);
 
+    // Read once and again only when the file's schema has changed. Raises 1 for an unknown table.
+    std::shared_ptr<const TablaSQLite> Tabla(const QString& nombre);
+
     NivelesSQLite& Niveles() { return niveles_; }
     const NivelesSQLite& Niveles() const { return niveles_; }
     void ContarCambio() { ++cambios_; }
@@ -35,6 +47,7 @@ class NucleoSQLite {
 
   private:
     void VerificarFichero() const;
+    qint64 LeerNumero(Sentencia::Clase clase, const QString& sql);
     qint64 Ejecutar(Sentencia::Clase clase, const QString& sql, const Parametros& parametros,
                     const ConexionSQLite::Visita& visita);
 
@@ -43,6 +56,8 @@ class NucleoSQLite {
     NivelesSQLite niveles_;
     QByteArray ruta_;
     IdentidadFichero identidad_;
+    std::unordered_map<QString, std::shared_ptr<const TablaSQLite>> tablas_;
+    qint64 versionTablas_ = -1;
     quint64 cambios_ = 0;
 };
 

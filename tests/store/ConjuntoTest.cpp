@@ -248,6 +248,23 @@ TEST_F(ConjuntoTest, ATableWithoutNumberingStillTellsTheNextKey) {
     EXPECT_EQ(base.Cuenta(QStringLiteral("vieja")), 2);
 }
 
+TEST_F(ConjuntoTest, AColumnThatAnotherProgramAddsIsKnownAtOnce) {
+    Añadir(10);
+    base.Otro()->Ejecutar(QStringLiteral("ALTER TABLE Cola ADD COLUMN notas TEXT"));
+    auto filas = Cola();
+    ASSERT_TRUE(filas->Buscar(1));
+    filas->Poner(QStringLiteral("notas"), QStringLiteral("x"));
+    filas->Actualizar();
+    EXPECT_EQ(base.Cuenta(QStringLiteral("cola"), QStringLiteral("notas='x'")), 1);
+}
+
+TEST_F(ConjuntoTest, ATableIsLookedUpOnce) {
+    Cola();
+    GanchoFallos gancho(motor);
+    Cola();
+    EXPECT_EQ(gancho.Cuenta(Clase::Catalogo, QStringLiteral("pragma_table_info")), 0);
+}
+
 TEST_F(ConjuntoTest, NoViewIsFrozenByAnOpenRecordSet) {
     Añadir(10);
     auto filas = Cola();

@@ -9,6 +9,8 @@
 #include "support/LogMemoria.h"
 #include "ui/Textos.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 namespace zv::test {
@@ -48,7 +50,14 @@ class BaseDeDatosTemporal {
     }
 
   private:
-    QTemporaryDir carpeta_;
+    // In memory where the system offers it: the schema's many commits need no real disk here.
+    static QString Plantilla() {
+        const QString memoria = QStringLiteral("/dev/shm");
+        return (QFileInfo(memoria).isWritable() ? memoria : QDir::tempPath()) +
+               QStringLiteral("/zv-XXXXXX");
+    }
+
+    QTemporaryDir carpeta_{Plantilla()};
     MotorSQLite motor_;
 };
 
