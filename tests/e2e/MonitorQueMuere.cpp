@@ -1,0 +1,210 @@
+// A monitor without windows that kills itself: it counts the points it passes (each statement, each
+// line of the log, each call of the device and each step of an operation, each message) and at the
+// n-th one is gone as by a power cut. Not killed, it works until cola is empty.
+//
+//   zv_crash_monitor FOLDER N    N 0: no kill. Prints the points passed. Exit codes: 0 cola is
+//   empty,
+//                                1 it could not start or the queue did not empty in time.
+#include "app/Monitor.h"
+#include "device/ClientePasarela.h"
+#include "support/ProcesosFalsos.h"
+#include "support/VentanaFalsa.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+
+namespace zv {
+namespace {
+
+constexpr int kLimiteMs = 30000;
+
+class Puntos {
+  public:
+    explicit Puntos(int mortal) : mortal_(mortal) {}
+    void Pasar() {
+        if (++pasados_ == mortal_) {
+            std::raise(SIGKILL);
+        }
+    }
+    int Pasados() const { return pasados_; }
+
+  private:
+    int mortal_;
+    int pasados_ = 0;
+};
+
+// The log asks the time before each line, so that the clock stands for it.
+class RelojMortal final : public Reloj {
+  public:
+    explicit RelojMortal(Puntos& puntos) : puntos_(puntos) {}
+    QDateTime Ahora() const override {
+        puntos_.Pasar();
+        return reloj_.Ahora();
+    }
+    qint64 Ticks() const override { return reloj_.Ticks(); }
+
+  private:
+    Puntos& puntos_;
+    RelojSistema reloj_;
+};
+
+// What an operation would show: a point at its start, at each coin, at its end.
+class OperacionMortal final : public VentanaOperacion {
+  public:
+    explicit OperacionMortal(Puntos& puntos) : puntos_(puntos) {}
+    void Abrir(ClaseOperacion, qint32, std::function<void()>) override { puntos_.Pasar(); }
+    void Progreso(qint32, qint32) override { puntos_.Pasar(); }
+    void Aviso(const QString&) override { puntos_.Pasar(); }
+    void Cerrar() override { puntos_.Pasar(); }
+
+  private:
+    Puntos& puntos_;
+};
+
+// Accepts whatever is asked.
+class OperadorMortal final : public Dialogos {
+  public:
+    explicit OperadorMortal(Puntos& puntos) : puntos_(puntos) {}
+    int MostrarMensaje(const QString&, const QString&, int estilo) override {
+        puntos_.Pasar();
+        return estilo == 5   ? resultado::kReintentar
+               : estilo == 4 ? resultado::kSi
+                             : resultado::kAceptar;
+    }
+    QString PedirTexto(const QString&, const QString&, const QString& porDefecto) override {
+        puntos_.Pasar();
+        return porDefecto;
+    }
+    Currency PedirImporte(const QString&, const QString&, Currency porDefecto, bool,
+                          bool& cancelado) override {
+        puntos_.Pasar();
+        cancelado = false;
+        return porDefecto;
+    }
+    void CajaSimple(const QString&) override { puntos_.Pasar(); }
+
+  private:
+    Puntos& puntos_;
+};
+
+// The gateway client, with a point before and after each call.
+class DeviceMortal final : public DeviceClient {
+  public:
+    DeviceMortal(DeviceClient& cliente, Puntos& puntos) : cliente_(cliente), puntos_(puntos) {}
+
+    qint16 ErrorCode() const override { return cliente_.ErrorCode(); }
+    QString ErrorMessage() const override { return cliente_.ErrorMessage(); }
+    void Address(const QString& direccion) override { cliente_.Address(direccion); }
+    void Connect(bool& result) override {
+        Entre([&] { cliente_.Connect(result); });
+    }
+    void Disconnect() override {
+        Entre([&] { cliente_.Disconnect(); });
+    }
+    void Change(qint32& paidIn, qint32& paidOut, bool& result) override {
+        Entre([&] { cliente_.Change(paidIn, paidOut, result); });
+    }
+    void AddChange(qint32& paidIn, bool& result) override {
+        Entre([&] { cliente_.AddChange(paidIn, result); });
+    }
+    void Pay(qint32 valueInCents, qint32& paidOut, bool& result) override {
+        Entre([&] { cliente_.Pay(valueInCents, paidOut, result); });
+    }
+    void Charge(qint32 valueInCents, qint32& paidIn, qint32& paidOut, bool& result) override {
+        Entre([&] { cliente_.Charge(valueInCents, paidIn, paidOut, result); });
+    }
+    void CashBoxControl(qint32 mode, qint32& coinsValueInCB, qint32& notesValueInCB,
+                        qint32& remainingChange, bool& result) override {
+        Entre([&] {
+            cliente_.CashBoxControl(mode, coinsValueInCB, notesValueInCB, remainingChange, result);
+        });
+    }
+    void Configuration(bool& result) override {
+        Entre([&] { cliente_.Configuration(result); });
+    }
+    void EmptyCB(qint32 device, qint32& value, bool& result) override {
+        Entre([&] { cliente_.EmptyCB(device, value, result); });
+    }
+    void GetLevels(qint32 levelType, QString& noms, QString& levels, bool& result) override {
+        Entre([&] { cliente_.GetLevels(levelType, noms, levels, result); });
+    }
+    void SessionFlag(bool valor) override { cliente_.SessionFlag(valor); }
+    quint8 Decimals() const override { return cliente_.Decimals(); }
+    quint8 Multiplier() const override { return cliente_.Multiplier(); }
+
+  private:
+    template <class F>
+    void Entre(F&& llamada) {
+        puntos_.Pasar();
+        llamada();
+        puntos_.Pasar();
+    }
+
+    DeviceClient& cliente_;
+    Puntos& puntos_;
+};
+
+bool Vacia(Monitor& monitor) {
+    return monitor.motor.Consultar(QStringLiteral("SELECT Count(*) AS n FROM cola"))
+               .front()
+               .LeerLong(0) == 0;
+}
+
+int Ejecutar(const QString& carpeta, int mortal) {
+    Puntos puntos(mortal);
+    const RelojMortal reloj(puntos);
+    Opciones opciones;
+    opciones.carpeta = carpeta;
+    opciones.registro = carpeta + QStringLiteral("/Registro");
+    opciones.region = QStringLiteral("es_ES");
+    opciones.programa = QStringLiteral("ZVMonitor");
+    Servicios servicios(opciones, reloj);
+    OperacionMortal operacion(puntos);
+    ClientePasarela pasarela(servicios.log, servicios.textos, &operacion);
+    DeviceMortal cliente(pasarela, puntos);
+    const Importes importes(servicios.formato, [&] { return cliente.Multiplier(); });
+    OperadorMortal dialogos(puntos);
+    test::ProcesosFalsos procesos;
+    test::ShellFalsa shell(procesos);
+    test::VentanaFalsa ventana;
+    Monitor monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell});
+    monitor.PonerVentana(ventana);
+    monitor.motor.PonerGancho([&](const Sentencia&) { puntos.Pasar(); });
+    if (!monitor.Cargar()) {
+        return EXIT_FAILURE;
+    }
+    const QDeadlineTimer limite(kLimiteMs);
+    bool vacia = false;
+    while (!vacia && !limite.hasExpired()) {
+        monitor.pulso.ProcesarCola();
+        QCoreApplication::processEvents();
+        vacia = Vacia(monitor);
+    }
+    monitor.arranque.Descargar();
+    std::printf("%d\n", puntos.Pasados());
+    return vacia ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+} // namespace
+} // namespace zv
+
+int main(int argc, char** argv) {
+    const QCoreApplication app(argc, argv);
+    const QStringList argumentos = QCoreApplication::arguments();
+    bool bien = false;
+    const int mortal = argumentos.value(2).toInt(&bien);
+    if (argumentos.size() != 3 || !bien || mortal < 0) {
+        std::fputs("usage: zv_crash_monitor FOLDER N\n", stderr);
+        return EXIT_FAILURE;
+    }
+    try {
+        return zv::Ejecutar(argumentos.at(1), mortal);
+    } catch (const std::exception& e) {
+        std::fprintf(stderr, "%s\n", e.what());
+        return EXIT_FAILURE;
+    }
+}
