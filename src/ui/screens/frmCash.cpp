@@ -187,7 +187,7 @@ void frmCash::reject() {
 Currency frmCash::Importe() const {
     if (fallo_)
         std::rethrow_exception(fallo_);
-    return cancelado ? Currency() : importe_;
+    return importe_; // 0 unless teci(11) has taken an amount
 }
 
 bool frmCash::eventFilter(QObject* objeto, QEvent* evento) {
