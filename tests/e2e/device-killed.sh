@@ -8,8 +8,7 @@ start_till --cliente exacto --ritmo 400
 start_monitor_connected
 put_sale 1250 T0001
 wait_for 20 "the first money" trace_has '^entra 1000'
-kill -KILL "$simulator_pid"
-exit_of "$simulator_pid" 10
+cut_off "$simulator_pid"
 in_device=$(($(money) - start_money))
 [ "$in_device" -gt 0 ] && [ "$in_device" -lt 1250 ] || fail "the device holds $in_device of the sale"
 restart_simulator --cliente exacto

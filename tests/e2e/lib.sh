@@ -22,10 +22,12 @@ cleanup() {
   if [ "$status" -ne 0 ] && [ "$status" -ne 77 ]; then
     tell
   fi
-  for i in "${pids[@]}"; do
-    kill -KILL "$i" 2>/dev/null || true
-  done
-  wait 2>/dev/null || true
+  {
+    for i in "${pids[@]}"; do
+      kill -KILL "$i" || true
+    done
+    wait || true
+  } 2>/dev/null
   for ((i = ${#undo[@]} - 1; i >= 0; --i)); do
     eval "${undo[i]}" || true
   done
@@ -86,6 +88,11 @@ exit_of() {
   wait "$1" 2>/dev/null || code=$?
 }
 ended() { ! kill -0 "$1" 2>/dev/null || [ "$(cut -d' ' -f3 "/proc/$1/stat" 2>/dev/null)" = Z ]; }
+
+# A power cut for one process; the shell does not comment on it.
+cut_off() {
+  { kill -KILL "$1" && wait "$1" || true; } 2>/dev/null
+}
 
 stop_monitor() {
   kill -TERM "$monitor_pid"

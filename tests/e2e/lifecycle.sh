@@ -36,8 +36,7 @@ equals "settings and balance" "$before" \
 put_sale 500 T0002
 wait_sold T0002
 
-kill -KILL "$first"
-exit_of "$first" 10
+cut_off "$first"
 start_monitor_connected
 put_sale 700 T0003
 wait_sold T0003

@@ -12,7 +12,8 @@ wait_for 20 "the charge" trace_has '^inicio charge.start'
 coproc other { exec sqlite3 "$till/ZVMonito2.mdb" 2>&1; }
 pids+=("$other_PID")
 printf '.timeout 2000\nBEGIN IMMEDIATE;\nSELECT 1;\n' >&"${other[1]}"
-read -r -t 10 answer <&"${other[0]}" && equals "the lock" 1 "$answer"
+read -r -t 10 told <&"${other[0]}" || fail "the other program says nothing"
+equals "what the other program says with the lock" 1 "$told"
 ! trace_has '^fin' || fail "the charge has ended before the lock was taken"
 
 wait_for 30 "the box" find_box

@@ -5,8 +5,7 @@
 
 start_screen
 start_till --cliente redondeo
-kill -KILL "$simulator_pid"
-exit_of "$simulator_pid" 10
+cut_off "$simulator_pid"
 start_monitor
 answer right "the device does not answer"
 wait_line "ZVCONNECT_CONECTARZORV_CONNECT_ERRORZV1"
