@@ -4,7 +4,7 @@
 . "$(dirname "$0")/lib.sh"
 
 start_screen
-start_till --cliente exacto --ritmo 400
+start_till --cliente exacto --ritmo 600
 start_monitor_connected
 put_sale 1250 T0001
 wait_for 20 "the first money" trace_has '^entra 1000'

@@ -116,6 +116,15 @@ restart_simulator() {
   pids+=("$simulator_pid")
 }
 
+# The device stands still while the scenario does something in the middle of a charge; for less than
+# the five seconds after which it would count as lost.
+hold_charge() {
+  wait_for 20 "the charge" trace_has '^inicio charge.start'
+  kill -STOP "$simulator_pid"
+  ! trace_has '^fin' || fail "the charge has ended before it could be held"
+}
+release_charge() { kill -CONT "$simulator_pid"; }
+
 money() { "$bin/ZVSimulador" --carpeta "$till/simulador" --saldo; }
 trace_has() { grep -q -- "$1" "$till/simulador.log"; }
 # How many charges the device has taken on.
