@@ -47,8 +47,9 @@ double Currency::ADoble() const {
         return static_cast<double>(valor_) / static_cast<double>(kEscala);
     }
     // Taken as a whole, such a value would be rounded before the division too.
-    return static_cast<double>(valor_ / kEscala) +
-           static_cast<double>(valor_ % kEscala) / static_cast<double>(kEscala);
+    const qint64 entero = valor_ / kEscala;
+    const qint64 resto = valor_ % kEscala;
+    return static_cast<double>(entero) + static_cast<double>(resto) / static_cast<double>(kEscala);
 }
 
 QString Currency::ATexto() const {

@@ -37,7 +37,7 @@ class Currency {
     QString ATexto() const;
 
     constexpr bool EsCero() const { return valor_ == 0; }
-    constexpr auto operator<=>(const Currency&) const = default;
+    constexpr auto operator<=>(const Currency&) const = default; // NOLINT(modernize-use-nullptr)
 
     // Raise 6 on overflow.
     Currency operator+(Currency otro) const;

@@ -18,7 +18,7 @@ bool ExisteCarpeta(const QString& ruta);
 // The whole file into contenido, which is empty after a failure. A folder is EISDIR; more than
 // limite bytes is EFBIG.
 int LeerFicheroEntero(const QByteArray& ruta, QByteArray& contenido,
-                      qsizetype limite = 256 * 1024 * 1024);
+                      qsizetype limite = qsizetype{1} << 28);
 // Writes a temporary file beside it, flushes it to disk and renames it. Keeps owner and
 // permissions of an old file and follows a link to it; a file that nobody may write stays (EACCES).
 int ReemplazarFichero(const QByteArray& ruta, QByteArrayView contenido);

@@ -100,7 +100,8 @@ constexpr std::array<NombreDeRaiz, 6> kRaices = {{{"HKCU", Raiz::HKCU},
                                                   {"HKCC", Raiz::HKCC},
                                                   {"HKCR", Raiz::HKCR}}};
 
-constexpr qsizetype kTopeValor = 1024 * 1024; // bytes; what a registry value may hold at most
+constexpr qsizetype kTopeValor = qsizetype{1}
+                                 << 20; // bytes; what a registry value may hold at most
 
 // The number that the registry's callers know for an error of this system.
 int CodigoDe(int numero) {
@@ -258,7 +259,7 @@ int Registro::LeerTexto(Raiz raiz, const QString& clave, const QString& valor,
         if (sitios_.size() >= kTopeSitios) {
             sitios_.clear();
         }
-        hallado = sitios_.insert(nombre, std::move(nuevo));
+        hallado = sitios_.insert(nombre, nuevo);
     }
     Sitio& sitio = **hallado;
     if (sitio.exacta.isEmpty()) {
@@ -281,8 +282,7 @@ int Registro::LeerTexto(Raiz raiz, const QString& clave, const QString& valor,
 
 int Registro::LeerRegistro(const QString& raiz, const QString& clave, const QString& valor,
                            const QString& tipo, const QString& defecto, QString& resultado) const {
-    const QString porDefecto = defecto; // the caller may hand in the same object twice
-    resultado = porDefecto;
+    resultado = defecto;
     const Raiz donde = RaizRegistro(raiz);
     if (donde == Raiz::Ninguna) {
         return kRaizNoValida;
@@ -290,7 +290,7 @@ int Registro::LeerRegistro(const QString& raiz, const QString& clave, const QStr
     const bool texto = EsTipo(tipo, u'S');
     if (donde == Raiz::Ini) {
         try {
-            const QString leido = perfil::Leer(raiz, clave, valor).value_or(porDefecto);
+            const QString leido = perfil::Leer(raiz, clave, valor).value_or(defecto);
             if (!texto) {
                 return EnteroDePerfil(leido);
             }

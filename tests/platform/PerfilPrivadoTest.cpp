@@ -97,6 +97,7 @@ TEST_F(PerfilPrivado, HalfACharacterAtTheEndOfWideTextDoesNotShiftTheRest) {
     Pon(QByteArray("\xFF\xFE[\0A\0]\0\n\0\x41", 11));
     Escribe("B", "k", "1");
     EXPECT_EQ(Lee("B", "k"), QStringLiteral("1"));
+    EXPECT_EQ(Bytes().size() % 2, 0);
 }
 
 TEST_F(PerfilPrivado, ACharacterThatTheCodePageLacksBecomesAQuestionMark) {

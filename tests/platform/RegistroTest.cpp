@@ -196,7 +196,7 @@ TEST_F(RegistroArbol, ReadsLongTextsUpToAMegabyte) {
     EXPECT_EQ(Valor("A", "largo"), QString::fromLatin1(largo));
     Pon("HKLM/Software/A/justo", QByteArray(512, 'y'));
     EXPECT_EQ(Valor("A", "justo").size(), 512);
-    Pon("HKLM/Software/A/enorme", QByteArray(2 * 1024 * 1024, 'x'));
+    Pon("HKLM/Software/A/enorme", QByteArray(qsizetype{1} << 21, 'x'));
     EXPECT_EQ(Lee("HKLM", "Software\\A", "enorme", "S"), 234);
     EXPECT_EQ(resultado, QStringLiteral("defecto"));
 }

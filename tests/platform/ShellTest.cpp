@@ -25,7 +25,7 @@ class ShellReal : public testing::Test {
 
     // A program that writes its folder and its arguments into the pipe.
     QString Programa(const QString& nombre) const {
-        const QString ruta = carpeta.Pon(
+        QString ruta = carpeta.Pon(
             nombre, "#!/bin/sh\nprintf '%s' \"$(pwd)|$*\" > '" +
                         QFile::encodeName(carpeta.Ruta(QStringLiteral("tubo"))) + "'\n");
         EXPECT_EQ(::chmod(QFile::encodeName(ruta).constData(), 0755), 0);

@@ -21,7 +21,7 @@ class CarpetaTemporal {
 
     // Writes a file and the folders above it; answers its path.
     QString Pon(const QString& nombre, const QByteArray& bytes) const {
-        const QString ruta = Ruta(nombre);
+        QString ruta = Ruta(nombre);
         QDir().mkpath(QFileInfo(ruta).path());
         QFile fichero(ruta);
         EXPECT_TRUE(fichero.open(QIODevice::WriteOnly | QIODevice::Truncate));
