@@ -1,0 +1,71 @@
+// The scripted dialogs themselves: a script that is not kept must fail the test.
+#include "support/DialogosGuion.h"
+
+#include "support/ImprimeQt.h"
+
+#include <gtest/gtest-spi.h>
+#include <optional>
+
+namespace zv {
+namespace {
+
+using test::DialogosGuion;
+
+const QString& Hola() {
+    static const QString texto = QStringLiteral("hola");
+    return texto;
+}
+
+TEST(DialogosGuion, AnswersInOrder) {
+    DialogosGuion guion;
+    bool visto = false;
+    guion.EsperaMensaje(Hola(), testing::_, resultado::kSi, 4, [&] { visto = true; });
+    guion.EsperaTexto(testing::_, testing::_, QStringLiteral("causa"), QStringLiteral("antes"));
+    guion.EsperaImporte(testing::_, testing::_, Currency(1250));
+    guion.EsperaImporte(testing::_, testing::_, Currency(), true);
+    guion.EsperaCaja(Hola());
+    EXPECT_EQ(guion.MostrarMensaje(Hola(), QStringLiteral("x"), 4), resultado::kSi);
+    EXPECT_TRUE(visto);
+    EXPECT_EQ(guion.PedirTexto(Hola(), {}, QStringLiteral("antes")), QStringLiteral("causa"));
+    bool cancelado = true;
+    EXPECT_EQ(guion.PedirImporte(Hola(), {}, Currency(7), true, cancelado), Currency(1250));
+    EXPECT_FALSE(cancelado);
+    EXPECT_EQ(guion.UltimoImportePorDefecto(), Currency(7));
+    EXPECT_TRUE(guion.UltimoSinImporte());
+    EXPECT_EQ(guion.PedirImporte(Hola(), {}, Currency(), false, cancelado), Currency());
+    EXPECT_TRUE(cancelado);
+    guion.CajaSimple(Hola());
+    EXPECT_EQ(guion.Pendientes(), 0U);
+    EXPECT_EQ(guion.Llamadas().size(), 5);
+}
+
+TEST(DialogosGuion, AnUnexpectedDialogFailsTheTest) {
+    DialogosGuion guion;
+    EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(Hola(), {}), "unexpected dialog");
+    EXPECT_NONFATAL_FAILURE(guion.CajaSimple(Hola()), "unexpected dialog");
+    bool cancelado = false;
+    EXPECT_NONFATAL_FAILURE(guion.PedirImporte(Hola(), {}, {}, false, cancelado),
+                            "unexpected dialog");
+    EXPECT_TRUE(cancelado);
+}
+
+TEST(DialogosGuion, AnotherDialogThanTheScriptsFailsTheTest) {
+    DialogosGuion guion;
+    guion.EsperaMensaje(Hola(), QStringLiteral("texto"), resultado::kNo, 4);
+    const QString otro = QStringLiteral("otro");
+    const QString texto = QStringLiteral("texto");
+    EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(otro, texto, 4), "the script has");
+    EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(Hola(), otro, 4), "the script has");
+    EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(Hola(), texto, 0), "the script has");
+    EXPECT_NONFATAL_FAILURE(guion.CajaSimple(texto), "the script has");
+    EXPECT_EQ(guion.MostrarMensaje(Hola(), texto, 4), resultado::kNo);
+}
+
+TEST(DialogosGuion, AnAnswerNobodyAskedForFailsTheTest) {
+    std::optional<DialogosGuion> guion(std::in_place);
+    guion->EsperaCaja(Hola());
+    EXPECT_NONFATAL_FAILURE(guion.reset(), "nobody asked for this dialog");
+}
+
+} // namespace
+} // namespace zv
