@@ -174,6 +174,8 @@ std::shared_ptr<const TablaSQLite> NucleoSQLite::Tabla(const QString& nombre) {
         LeerNumero(Sentencia::Clase::Catalogo, QStringLiteral("PRAGMA schema_version"));
     if (version != versionTablas_) {
         tablas_.clear();
+        // Statements that name all columns know them as they were.
+        conexion_.VaciarPreparadas();
         versionTablas_ = version;
     }
     if (const auto conocida = tablas_.find(nombre); conocida != tablas_.end()) {
