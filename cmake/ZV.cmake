@@ -16,17 +16,15 @@ endif()
 add_library(zv_options INTERFACE)
 target_compile_options(zv_options INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual
-  -Wimplicit-fallthrough -Wnull-dereference -Werror)
+  -Wimplicit-fallthrough -Werror)
 target_compile_definitions(zv_options INTERFACE
   ZV_VERSION_MAJOR=${PROJECT_VERSION_MAJOR}
   ZV_VERSION_MINOR=${PROJECT_VERSION_MINOR}
   ZV_VERSION_REVISION=${PROJECT_VERSION_PATCH}
   QT_NO_KEYWORDS QT_NO_FOREACH)
 if(ZV_SANITIZE)
-  # GCC's null-dereference warning is unreliable in instrumented code.
   target_compile_options(zv_options INTERFACE
-    -fsanitize=${ZV_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer
-    -Wno-null-dereference)
+    -fsanitize=${ZV_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(zv_options INTERFACE -fsanitize=${ZV_SANITIZE})
 endif()
 

@@ -10,8 +10,8 @@ namespace zv {
 Arranque::Arranque(Entorno& entorno, EstadoMonitor& estado, PulsoCola& pulso, Conector& conector,
                    InstanciaUnica& instancia, LogFicheros& ficherosLog, QString carpeta,
                    std::function<std::unique_ptr<MotorBD>()> crearCatalogo)
-    : entorno_(entorno), estado_(estado), pulso_(pulso), conector_(conector),
-      instancia_(instancia), ficherosLog_(ficherosLog), carpeta_(std::move(carpeta)),
+    : entorno_(entorno), estado_(estado), pulso_(pulso), conector_(conector), instancia_(instancia),
+      ficherosLog_(ficherosLog), carpeta_(std::move(carpeta)),
       crearCatalogo_(std::move(crearCatalogo)) {}
 
 QString Arranque::Traduce(const char16_t* clave, const char16_t* porDefecto) const {

@@ -13,7 +13,9 @@ qsizetype UltimoSeparador(const QString& ruta) {
     return qMax(ruta.lastIndexOf(QLatin1Char('\\')), ruta.lastIndexOf(QLatin1Char('/')));
 }
 
-QString NombreFichero(const QString& ruta) { return ruta.mid(UltimoSeparador(ruta) + 1); }
+QString NombreFichero(const QString& ruta) {
+    return ruta.mid(UltimoSeparador(ruta) + 1);
+}
 
 } // namespace
 

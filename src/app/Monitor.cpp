@@ -20,11 +20,11 @@ Servicios::Servicios(Opciones lasOpciones, const Reloj& elReloj)
 Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exterior)
     : conexion(motor, servicios.opciones.carpeta, servicios.log, exterior.dialogos,
                servicios.textos),
-      firma(seguretat), registros(motor, servicios.log, exterior.dialogos, firma, importes,
-                                  servicios.reloj),
+      firma(seguretat),
+      registros(motor, servicios.log, exterior.dialogos, firma, importes, servicios.reloj),
       ini(servicios.log, exterior.dialogos),
-      configuracio(std::make_unique<Configuracio>(ini, servicios.registro,
-                                                  servicios.opciones.carpeta)),
+      configuracio(
+          std::make_unique<Configuracio>(ini, servicios.registro, servicios.opciones.carpeta)),
       marca(servicios.registro),
       supervision(exterior.cliente, servicios.registro, servicios.log, exterior.dialogos,
                   servicios.textos, importes, [this] { return configuracio->IP; }),

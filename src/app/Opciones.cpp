@@ -57,13 +57,12 @@ LecturaOpciones LeerOpciones(const QStringList& argumentos) {
     const QFileInfo programa(argumentos.value(0));
     Opciones opciones;
     opciones.programa = programa.completeBaseName();
-    opciones.carpeta = analizador.isSet(carpeta) ? analizador.value(carpeta)
-                                                 : programa.absolutePath();
+    opciones.carpeta =
+        analizador.isSet(carpeta) ? analizador.value(carpeta) : programa.absolutePath();
     opciones.carpeta = QDir::cleanPath(QDir(opciones.carpeta).absolutePath());
     if (!QFileInfo(opciones.carpeta).isDir()) {
-        return responder(QStringLiteral("No existe la carpeta ") + opciones.carpeta +
-                             QLatin1Char('\n'),
-                         2);
+        return responder(
+            QStringLiteral("No existe la carpeta ") + opciones.carpeta + QLatin1Char('\n'), 2);
     }
     opciones.registro = analizador.isSet(registro)
                             ? QDir::cleanPath(QDir(analizador.value(registro)).absolutePath())

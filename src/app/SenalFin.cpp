@@ -1,11 +1,10 @@
 // The signal handler writes a byte into a pipe that the event loop reads.
 #include "app/SenalFin.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <atomic>
 #include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
 #include <utility>
 
 namespace zv {

@@ -83,7 +83,8 @@ int main(int argc, char** argv) {
         lectura = zv::LeerOpciones(argumentos);
     }
     if (!lectura.opciones) {
-        std::fputs(qPrintable(lectura.respuesta.texto), lectura.respuesta.codigo == 0 ? stdout : stderr);
+        std::fputs(qPrintable(lectura.respuesta.texto),
+                   lectura.respuesta.codigo == 0 ? stdout : stderr);
         return lectura.respuesta.codigo;
     }
     zv::Aplicacion app(argc, argv);

@@ -36,7 +36,7 @@ class Controles {
 
     // Assigns one member and tells the screen when that changes it.
     template <typename T, typename V>
-    void Poner(T EstadoControles::* miembro, const V& valor) {
+    void Poner(T EstadoControles::*miembro, const V& valor) {
         if (estado_.*miembro != valor) {
             estado_.*miembro = valor;
             Avisar();

@@ -8,7 +8,9 @@ namespace zv {
 
 namespace {
 
-QString N(qint32 numero) { return QString::number(numero); }
+QString N(qint32 numero) {
+    return QString::number(numero);
+}
 
 } // namespace
 
@@ -127,8 +129,7 @@ void Envio::TerminarArchivo(qint32 clave, const QString& etiqueta) {
     if (clave == 0) {
         entorno_.dialogos.CajaSimple(entorno_.textos.Traduce(
             QStringLiteral("errorAlProcesarOperacion"),
-            QStringLiteral(
-                "Error al procesar la operación, consulte con el técnico de Zorvex")));
+            QStringLiteral("Error al procesar la operación, consulte con el técnico de Zorvex")));
         entorno_.Motor().Deshacer();
         entorno_.log.LogLinea(etiqueta + QStringLiteral("_ROLLBACK"));
         return;

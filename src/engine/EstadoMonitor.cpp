@@ -53,13 +53,12 @@ void EstadoMonitor::ActualizarEstado(bool automatico) {
 
     const int superior = grid_.FilaSuperior();
     controles_.Poner(&EstadoControles::btnArriba, superior != 1);
-    controles_.Poner(&EstadoControles::btnAbajo,
-                     superior + grid_.Pagina() <= grid_.FilasDatos());
+    controles_.Poner(&EstadoControles::btnAbajo, superior + grid_.Pagina() <= grid_.FilasDatos());
 
     const QString& actual = entorno_.configuracio->Modo;
-    controles_.Poner(&EstadoControles::btnModo,
-                     std::array<bool, 3>{actual == modo::kAuto, actual == modo::kManual,
-                                         actual == modo::kSemi});
+    controles_.Poner(
+        &EstadoControles::btnModo,
+        std::array<bool, 3>{actual == modo::kAuto, actual == modo::kManual, actual == modo::kSemi});
 }
 
 void EstadoMonitor::ActualizarContador() {
@@ -92,9 +91,9 @@ void EstadoMonitor::ActualizarTexto(bool automatico) {
         if (configuracio.ModoAnterior == modo::kAuto && ultimaCuenta_ == 0) {
             CambiarModo(modo::kAuto);
             entorno_.ResultadoEnvio = envio::kBien;
-            poner(Traduce(u"operacionCancelada2",
-                          QStringLiteral(
-                              "Última operación cancelada. Cambiado a modo AUTOMATICO")));
+            poner(
+                Traduce(u"operacionCancelada2",
+                        QStringLiteral("Última operación cancelada. Cambiado a modo AUTOMATICO")));
         } else {
             poner(Traduce(u"operacionCancelada",
                           QStringLiteral("Última operación cancelada. Cambiado a modo MANUAL")));
@@ -103,8 +102,8 @@ void EstadoMonitor::ActualizarTexto(bool automatico) {
     case envio::kError: {
         const qint16 codigo = entorno_.cliente.ErrorCode();
         if (codigo != 0) {
-            const QString detalle = QString::number(codigo) + QStringLiteral(" - ") +
-                                    entorno_.cliente.ErrorMessage();
+            const QString detalle =
+                QString::number(codigo) + QStringLiteral(" - ") + entorno_.cliente.ErrorMessage();
             poner(Traduce(u"errorDeZorvex3", QStringLiteral("Error ") + detalle +
                                                  QStringLiteral(". Consulte con su técnico")));
             entorno_.dialogos.MostrarMensaje(
@@ -153,7 +152,9 @@ void EstadoMonitor::IrAFila(int fila) {
     ActualizarEstado(true);
 }
 
-void EstadoMonitor::PaginaArriba() { IrAFila(std::max(1, grid_.FilaSuperior() - grid_.Pagina())); }
+void EstadoMonitor::PaginaArriba() {
+    IrAFila(std::max(1, grid_.FilaSuperior() - grid_.Pagina()));
+}
 
 void EstadoMonitor::PaginaAbajo() {
     IrAFila(std::max(1, std::min(grid_.FilasDatos(), grid_.FilaSuperior() + grid_.Pagina())));

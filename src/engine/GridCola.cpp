@@ -174,8 +174,7 @@ void GridCola::ColocarColumnas(const Configuracio& configuracio, int anchoGrid, 
          {kFormaPago, configuracio.COLFORMAPAGO == 1}}};
     const auto ocultas = static_cast<int>(std::count_if(
         opcionales.begin(), opcionales.end(), [](const auto& par) { return !par.second; }));
-    const int parte =
-        std::max(0, (anchoGrid - 2 * kAnchoBotonTwips - anchoBarra) / (8 - ocultas));
+    const int parte = std::max(0, (anchoGrid - 2 * kAnchoBotonTwips - anchoBarra) / (8 - ocultas));
 
     anchos_.fill(parte);
     anchos_[kAnular] = kAnchoBotonTwips;

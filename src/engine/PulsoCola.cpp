@@ -15,8 +15,7 @@ constexpr qint16 kEnlacePerdido = 1;
 
 } // namespace
 
-PulsoCola::PulsoCola(Entorno& entorno, Controles& controles, GridCola& grid,
-                     EstadoMonitor& estado)
+PulsoCola::PulsoCola(Entorno& entorno, Controles& controles, GridCola& grid, EstadoMonitor& estado)
     : entorno_(entorno), controles_(controles), grid_(grid), estado_(estado), envio_(entorno) {}
 
 void PulsoCola::ParaTimer() {
@@ -158,11 +157,11 @@ bool PulsoCola::ConfirmarAbono(Currency importe) {
         return entorno_.textos.Traduce(QString::fromUtf16(clave), QString::fromUtf16(porDefecto));
     };
     const QString salto = QStringLiteral("\r\n");
-    const QString texto =
-        t(u"retireElCambio", u"RETIRE EL CAMBIO DE") + salto +
-        t(u"retireElCambio2", u" LA OPERACION ANTERIOR") + salto + salto +
-        t(u"retireElCambio3", u"Pulse 'Aceptar' para continuar con el ABONO") + salto + salto +
-        t(u"importe", u"Importe: ") + entorno_.importes.FormatoImporte(importe.Absoluto());
+    const QString texto = t(u"retireElCambio", u"RETIRE EL CAMBIO DE") + salto +
+                          t(u"retireElCambio2", u" LA OPERACION ANTERIOR") + salto + salto +
+                          t(u"retireElCambio3", u"Pulse 'Aceptar' para continuar con el ABONO") +
+                          salto + salto + t(u"importe", u"Importe: ") +
+                          entorno_.importes.FormatoImporte(importe.Absoluto());
     return entorno_.dialogos.MostrarMensaje(t(u"abonoPendiente", u"Abono pendiente"), texto, 0) ==
            resultado::kAceptar;
 }

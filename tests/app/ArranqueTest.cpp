@@ -26,18 +26,18 @@ TEST_F(ArranqueTest, TheLoadGoesThroughItsStepsInOrder) {
     ventana.alLlamar = [&](const QString& paso) { pasos << paso; };
     cliente.AlLlamar([&](const QString& paso) { pasos << paso; });
     cliente.EsperaConnect();
-    monitor->arranque.PonerPasos({[&] { pasos << QStringLiteral("configuración"); },
-                                  [&] {
-                                      pasos << QStringLiteral("fast");
-                                      EXPECT_TRUE(QFile::exists(carpeta.filePath(
-                                          QStringLiteral("ZVMonito2.mdb"))));
-                                      EXPECT_FALSE(monitor->motor.Abierta());
-                                  },
-                                  [&] {
-                                      pasos << QStringLiteral("dades");
-                                      EXPECT_TRUE(monitor->motor.Abierta());
-                                  },
-                                  [&] { pasos << QStringLiteral("botón"); }});
+    monitor->arranque.PonerPasos(
+        {[&] { pasos << QStringLiteral("configuración"); },
+         [&] {
+             pasos << QStringLiteral("fast");
+             EXPECT_TRUE(QFile::exists(carpeta.filePath(QStringLiteral("ZVMonito2.mdb"))));
+             EXPECT_FALSE(monitor->motor.Abierta());
+         },
+         [&] {
+             pasos << QStringLiteral("dades");
+             EXPECT_TRUE(monitor->motor.Abierta());
+         },
+         [&] { pasos << QStringLiteral("botón"); }});
 
     EXPECT_TRUE(monitor->Cargar());
 
@@ -220,7 +220,8 @@ TEST_F(ArranqueTest, TwoMonitorsLiveSideBySide) {
     Servicios segundos(opciones, reloj);
     DeviceGuion segundoCliente;
     Importes segundosImportes(segundos.formato, [&] { return segundoCliente.Multiplier(); });
-    Monitor segundo(segundos, segundosImportes, Exterior{segundoCliente, dialogos, procesos, shell});
+    Monitor segundo(segundos, segundosImportes,
+                    Exterior{segundoCliente, dialogos, procesos, shell});
     VentanaFalsa segundaVentana;
     segundo.PonerVentana(segundaVentana);
 

@@ -14,7 +14,6 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
-
 #include <memory>
 
 namespace zv::test {
@@ -33,8 +32,8 @@ class BancoMonitor : public testing::Test {
         opciones.region = QStringLiteral("es_ES");
         opciones.programa = QStringLiteral("ZVMonitor");
         servicios = std::make_unique<Servicios>(opciones, reloj);
-        importes = std::make_unique<Importes>(servicios->formato,
-                                              [this] { return cliente.Multiplier(); });
+        importes =
+            std::make_unique<Importes>(servicios->formato, [this] { return cliente.Multiplier(); });
         monitor = std::make_unique<Monitor>(*servicios, *importes,
                                             Exterior{cliente, dialogos, procesos, shell});
         monitor->PonerVentana(ventana);

@@ -39,8 +39,8 @@ TEST_F(ConectorTest, OneThatRunsIsLeftAlone) {
 TEST_F(ConectorTest, IsStartedInItsOwnFolder) {
     CrearPrograma();
     monitor->conector.ArrancarConector();
-    EXPECT_EQ(shell.abiertos, QStringList{ruta + QLatin1Char('|') +
-                                          carpeta.filePath(QStringLiteral("con ector"))});
+    EXPECT_EQ(shell.abiertos,
+              QStringList{ruta + QLatin1Char('|') + carpeta.filePath(QStringLiteral("con ector"))});
     EXPECT_TRUE(monitor->conector.EnMarcha());
 }
 

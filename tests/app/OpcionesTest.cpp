@@ -1,5 +1,6 @@
 // The command line of ZVMonitor.
 #include "app/Opciones.h"
+
 #include "support/ImprimeQt.h"
 
 #include <QTemporaryDir>
@@ -21,10 +22,11 @@ TEST(OpcionesTest, ByDefaultEverythingStandsBesideTheProgram) {
 
 TEST(OpcionesTest, FoldersAndRegionAreTaken) {
     QTemporaryDir carpeta;
-    const LecturaOpciones lectura = LeerOpciones(
-        {QStringLiteral("ZVMonitor"), QStringLiteral("--carpeta"), carpeta.path() + QLatin1Char('/'),
-         QStringLiteral("--registro"), carpeta.filePath(QStringLiteral("r")),
-         QStringLiteral("--region"), QStringLiteral("es_ES")});
+    const LecturaOpciones lectura =
+        LeerOpciones({QStringLiteral("ZVMonitor"), QStringLiteral("--carpeta"),
+                      carpeta.path() + QLatin1Char('/'), QStringLiteral("--registro"),
+                      carpeta.filePath(QStringLiteral("r")), QStringLiteral("--region"),
+                      QStringLiteral("es_ES")});
     ASSERT_TRUE(lectura.opciones);
     EXPECT_EQ(lectura.opciones->carpeta, carpeta.path());
     EXPECT_EQ(lectura.opciones->registro, carpeta.filePath(QStringLiteral("r")));

@@ -44,10 +44,9 @@ class BancoMotor : public testing::Test {
           configuracio(std::make_unique<Configuracio>(ini, registro, carpeta.path())),
           marca(registro), supervision(cliente, registro, log, dialogos, textos, importes,
                                        [this] { return configuracio->IP; }),
-          entorno{conexion,     registros, cliente,  supervision,
-                  seguretat,    configuracio, ini,   RutaIni(),
-                  registro,     marca,     log,      dialogos,
-                  textos,       importes,  reloj},
+          entorno{conexion,     registros, cliente,   supervision, seguretat,
+                  configuracio, ini,       RutaIni(), registro,    marca,
+                  log,          dialogos,  textos,    importes,    reloj},
           grid(textos, importes), estado(entorno, controles, grid),
           pulso(entorno, controles, grid, estado), botones(entorno, controles, estado) {
         bool existe = false;
@@ -82,8 +81,7 @@ class BancoMotor : public testing::Test {
             QStringLiteral("INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,"
                            "formapago,creditoError,manual) VALUES (?,?,?,?,?,?,?,?,?,?)"),
             {QStringLiteral("2026-03-14 10:20:30"), importe, id1, QStringLiteral("L2"), 3,
-             QStringLiteral("TPV1"), QStringLiteral("Ana"), QStringLiteral("EFECTIVO"), 0,
-             manual});
+             QStringLiteral("TPV1"), QStringLiteral("Ana"), QStringLiteral("EFECTIVO"), 0, manual});
         return motor.Consultar(QStringLiteral("SELECT Max(idZV) AS id FROM cola"))
             .front()
             .LeerLong(0);

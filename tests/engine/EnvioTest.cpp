@@ -1,6 +1,7 @@
 // Sending of one sale: what stands in cola, in procesados and in the log after each outcome.
-#include "BancoMotor.h"
 #include "engine/Envio.h"
+
+#include "BancoMotor.h"
 
 namespace zv::test {
 
@@ -45,14 +46,13 @@ TEST_F(EnvioTest, ACollectedSaleIsFiledAndLeavesTheQueue) {
     EXPECT_EQ(f.LeerTexto(QStringLiteral("usuario")), QStringLiteral("ZVFast"));
     EXPECT_FALSE(seguretat.UsuarioFast);
     EXPECT_EQ(motor.Nivel(), 0);
-    EXPECT_EQ(log.lineas,
-              (QStringList{QStringLiteral("ENVIARZV_INICIO_CHARGE: 1250"),
-                           QStringLiteral("ZVCHARGE_ENVIARZV_1_OK: VALUEINCENTS=1250 "
-                                          "PAIDINVALUE=2000 PAIDOUTVALUE=750"),
-                           QStringLiteral("ENVIARZV1_1_BEGINTRANS"),
-                           QStringLiteral("ADDPROC_OK_1_ENVIARCOLA"),
-                           QStringLiteral("PROCCOLA_DELCOLA_OK_1 [ENVIARCOLA]"),
-                           QStringLiteral("ENVIARZV1_1_COMMIT")}));
+    EXPECT_EQ(log.lineas, (QStringList{QStringLiteral("ENVIARZV_INICIO_CHARGE: 1250"),
+                                       QStringLiteral("ZVCHARGE_ENVIARZV_1_OK: VALUEINCENTS=1250 "
+                                                      "PAIDINVALUE=2000 PAIDOUTVALUE=750"),
+                                       QStringLiteral("ENVIARZV1_1_BEGINTRANS"),
+                                       QStringLiteral("ADDPROC_OK_1_ENVIARCOLA"),
+                                       QStringLiteral("PROCCOLA_DELCOLA_OK_1 [ENVIARCOLA]"),
+                                       QStringLiteral("ENVIARZV1_1_COMMIT")}));
 }
 
 TEST_F(EnvioTest, IdZeroSendsTheOldestRow) {
@@ -67,8 +67,7 @@ TEST_F(EnvioTest, IdZeroSendsTheOldestRow) {
 TEST_F(EnvioTest, TheBusyMarkStandsDuringTheFilingAndFallsAfterIt) {
     const qint32 id = PonerFila(100);
     QStringList marcas;
-    cliente.EsperaCharge(100, 100, 0,
-                         FinGuion::Ok().Durante([&] { marcas << Activo(); }));
+    cliente.EsperaCharge(100, 100, 0, FinGuion::Ok().Durante([&] { marcas << Activo(); }));
     motor.PonerGancho([&](const Sentencia& s) {
         if (s.clase == Sentencia::Clase::Escritura) {
             marcas << Activo();
@@ -85,7 +84,7 @@ TEST_F(EnvioTest, NothingIsLockedWhileTheCustomerPays) {
     const qint32 id = PonerFila(100);
     cliente.EsperaCharge(100, 100, 0, FinGuion::Ok().Durante([&] {
         MotorSQLite otroSQLite;
-    MotorBD& otro = otroSQLite;
+        MotorBD& otro = otroSQLite;
         otro.Abrir(CadenaConexion(QStringLiteral("MDB"), {}, conexion.RutaFichero(), {}, {}));
         EXPECT_EQ(motor.Nivel(), 0);
         EXPECT_EQ(otro.Ejecutar(QStringLiteral("INSERT INTO cola (importe,id1) VALUES (1,'POS')")),
@@ -133,10 +132,8 @@ TEST_F(EnvioTest, ARefusedCreditWritesNothing) {
     dialogos.EsperaMensaje(TituloCredito(), testing::_, resultado::kCancelar, 5);
     int comienzos = 0;
     motor.PonerGancho([&](const Sentencia& s) {
-        comienzos += s.clase == Sentencia::Clase::Comenzar ||
-                             s.clase == Sentencia::Clase::Escritura
-                         ? 1
-                         : 0;
+        comienzos +=
+            s.clase == Sentencia::Clase::Comenzar || s.clase == Sentencia::Clase::Escritura ? 1 : 0;
     });
     EXPECT_EQ(Enviar(id), envio::kCancelado);
     motor.PonerGancho({});
@@ -182,8 +179,7 @@ TEST_F(EnvioTest, ADeviceErrorKeepsTheRowAndReplacesItsCredit) {
     const qint32 id = PonerFila(3000);
     PonerCredito(id, 300);
     dialogos.EsperaMensaje(TituloCredito(), testing::_, resultado::kReintentar, 5);
-    cliente.EsperaCharge(2700, 2000, 500,
-                         FinGuion::Error(5, QStringLiteral("Billete atascado")));
+    cliente.EsperaCharge(2700, 2000, 500, FinGuion::Error(5, QStringLiteral("Billete atascado")));
     EXPECT_EQ(Enviar(id), envio::kError);
 
     ASSERT_EQ(Cola().size(), 1U);
@@ -286,8 +282,8 @@ TEST_F(EnvioTest, AFailedFilingIsToldAndRolledBackWithTheRowKept) {
     const qint32 id = PonerFila(500);
     cliente.EsperaCharge(500, 500, 0);
     motor.PonerGancho([](const Sentencia& s) {
-        if (s.clase == Sentencia::Clase::Escritura && s.sql.contains(QStringLiteral("procesados"),
-                                                                     Qt::CaseInsensitive)) {
+        if (s.clase == Sentencia::Clase::Escritura &&
+            s.sql.contains(QStringLiteral("procesados"), Qt::CaseInsensitive)) {
             throw ErrorEjecucion(10, QStringLiteral("disk I/O error"));
         }
     });
@@ -374,9 +370,9 @@ TEST_F(EnvioTest, AnAmountBeyondTheDeviceIsAnErrorThatMovesNothing) {
     const qint32 id = PonerFila(3000000000LL);
     EXPECT_EQ(Enviar(id), envio::kError);
     EXPECT_EQ(log.lineas,
-              (QStringList{QStringLiteral("ENVIARZV_INICIO_CHARGE: 3000000000"),
-                           QStringLiteral(
-                               ">>> Error nº 6 al procesar operación nº 1 - Desbordamiento")}));
+              (QStringList{
+                  QStringLiteral("ENVIARZV_INICIO_CHARGE: 3000000000"),
+                  QStringLiteral(">>> Error nº 6 al procesar operación nº 1 - Desbordamiento")}));
     EXPECT_EQ(Cola().size(), 1U);
     EXPECT_TRUE(Procesados().empty());
 }

@@ -10,13 +10,12 @@ TEST_F(GridColaTest, HasElevenTitledColumns) {
     for (int i = 0; i < kColumnasGrid; ++i) {
         titulos << grid.Titulo(i);
     }
-    EXPECT_EQ(titulos,
-              (QStringList{QStringLiteral("Anular"), QStringLiteral("IdCola"),
-                           QStringLiteral("Fecha Venta"), QStringLiteral("Id. Venta"),
-                           QStringLiteral("Id. Venta 2"), QStringLiteral("Id. Caja"),
-                           QStringLiteral("Terminal"), QStringLiteral("Vendedor"),
-                           QStringLiteral("Forma Pago"), QStringLiteral("Importe"),
-                           QStringLiteral("Enviar")}));
+    EXPECT_EQ(titulos, (QStringList{QStringLiteral("Anular"), QStringLiteral("IdCola"),
+                                    QStringLiteral("Fecha Venta"), QStringLiteral("Id. Venta"),
+                                    QStringLiteral("Id. Venta 2"), QStringLiteral("Id. Caja"),
+                                    QStringLiteral("Terminal"), QStringLiteral("Vendedor"),
+                                    QStringLiteral("Forma Pago"), QStringLiteral("Importe"),
+                                    QStringLiteral("Enviar")}));
 }
 
 TEST_F(GridColaTest, ShowsARowInItsColumns) {
@@ -27,12 +26,11 @@ TEST_F(GridColaTest, ShowsARowInItsColumns) {
     for (int i = 0; i < kColumnasGrid; ++i) {
         celdas << grid.Texto(1, i);
     }
-    EXPECT_EQ(celdas, (QStringList{QString(), QString::number(id),
-                                   QStringLiteral("14/03/26 10:20:30"), QStringLiteral("T1"),
-                                   QStringLiteral("L2"), QStringLiteral("3"),
-                                   QStringLiteral("TPV1"), QStringLiteral("Ana"),
-                                   QStringLiteral("EFECTIVO"), QStringLiteral("1.250,00 €"),
-                                   QString()}));
+    EXPECT_EQ(celdas,
+              (QStringList{QString(), QString::number(id), QStringLiteral("14/03/26 10:20:30"),
+                           QStringLiteral("T1"), QStringLiteral("L2"), QStringLiteral("3"),
+                           QStringLiteral("TPV1"), QStringLiteral("Ana"),
+                           QStringLiteral("EFECTIVO"), QStringLiteral("1.250,00 €"), QString()}));
     EXPECT_FALSE(grid.Linea(1).abono);
     EXPECT_FALSE(grid.Linea(1).manual);
     EXPECT_EQ(grid.FilaActual(), 1);
@@ -125,8 +123,10 @@ TEST_F(GridColaTest, WidthsAreSharedByTheVisibleColumns) {
 
 TEST_F(GridColaTest, EverySettingShowsItsOwnColumn) {
     const std::vector<std::pair<quint8 Configuracio::*, int>> ajustes{
-        {&Configuracio::COLID2, 4},    {&Configuracio::COLIDCAJA, 5},
-        {&Configuracio::COLTERMINAL, 6}, {&Configuracio::COLVENDEDOR, 7},
+        {&Configuracio::COLID2, 4},
+        {&Configuracio::COLIDCAJA, 5},
+        {&Configuracio::COLTERMINAL, 6},
+        {&Configuracio::COLVENDEDOR, 7},
         {&Configuracio::COLFORMAPAGO, 8}};
     for (const auto& [ajuste, columna] : ajustes) {
         (*configuracio).*ajuste = 1;

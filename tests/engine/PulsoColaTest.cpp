@@ -263,12 +263,10 @@ TEST_F(PulsoColaTest, ALinkThatStaysLostLeavesTheRowInManual) {
     cliente.EsperaCharge(500, 0, 0, FinGuion::EnlacePerdido());
     cliente.EsperaDisconnect();
     cliente.EsperaConnect(FinGuion::EnlacePerdido());
-    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"),
-                           testing::Truly([](const QString& t) {
+    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"), testing::Truly([](const QString& t) {
                                return t.startsWith(QStringLiteral("Existe un problema"));
                            }));
-    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"),
-                           QStringLiteral("1 - Enlace perdido"));
+    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"), QStringLiteral("1 - Enlace perdido"));
     pulso.ProcesarCola();
     EXPECT_FALSE(supervision.Conectado());
     EXPECT_EQ(configuracio->Modo, modo::kManual);
@@ -411,7 +409,7 @@ TEST_F(PulsoColaTest, RestoringConcernsOnlyAMinimisedWindow) {
 TEST_F(PulsoColaTest, AMissingDatabaseIsToldAndThePulseGoesOn) {
     MotorSQLite cerrado;
     ConexionBD rota(cerrado, carpeta.filePath(QStringLiteral("no")), log, dialogos, textos);
-    Entorno e{rota,     registros, cliente, supervision, seguretat, configuracio, ini, RutaIni(),
+    Entorno e{rota,     registros, cliente, supervision, seguretat, configuracio, ini,  RutaIni(),
               registro, marca,     log,     dialogos,    textos,    importes,     reloj};
     PulsoCola otro(e, controles, grid, estado);
     otro.PonerVentana(&ventana);

@@ -74,8 +74,8 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
     frameCab->setObjectName(QStringLiteral("frameCab"));
     frameCab->setFixedHeight(tema::kAltoCabecera);
 
-    btnLogo = Boton(frameCab, QStringLiteral("btnLogo"), QString(),
-                    QStringLiteral("zvmonitor"), tema::kCabeceraTexto);
+    btnLogo = Boton(frameCab, QStringLiteral("btnLogo"), QString(), QStringLiteral("zvmonitor"),
+                    tema::kCabeceraTexto);
     btnLogo->setAccessibleName(QStringLiteral("ZVMonitor"));
     btnLogo->setIconSize(QSize(32, 32));
     lbVer = new QLabel(QStringLiteral("Monitor"), frameCab);
@@ -96,7 +96,7 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
     for (int i = 0; i < 3; ++i) {
         const auto& [caption, icono] = modos[static_cast<std::size_t>(i)];
         QToolButton* control = Boton(frameCab, Indexado(QStringLiteral("btnModo"), i), caption,
-                                   icono, tema::kCabeceraTexto);
+                                     icono, tema::kCabeceraTexto);
         tema::PonerPapel(*control, tema::Papel::Cabecera);
         control->setFocusPolicy(Qt::NoFocus);
         control->setIcon(tema::Icono(icono, tema::kCabeceraTexto, tema::kTexto));
@@ -115,7 +115,7 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
     for (int i = 0; i < 3; ++i) {
         const auto& [accesible, icono] = ventanas[static_cast<std::size_t>(i)];
         QToolButton* control = Boton(frameCab, Indexado(QStringLiteral("btnW"), i), QString(),
-                                   icono, tema::kCabeceraTexto);
+                                     icono, tema::kCabeceraTexto);
         control->setAccessibleName(accesible);
         control->setToolTip(accesible);
         control->setFixedSize(tema::kToqueMinimo + 4, tema::kToqueMinimo);
@@ -190,11 +190,11 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
     pctScrollBar = new QFrame(&ventana);
     pctScrollBar->setObjectName(QStringLiteral("pctScrollBar"));
     pctScrollBar->setFixedWidth(76);
-    btnArriba = Boton(pctScrollBar, QStringLiteral("btnArriba"), QString(),
-                      QStringLiteral("go-up"), tema::kTexto);
+    btnArriba = Boton(pctScrollBar, QStringLiteral("btnArriba"), QString(), QStringLiteral("go-up"),
+                      tema::kTexto);
     btnArriba->setAccessibleName(QStringLiteral("Página anterior"));
-    btnAbajo = Boton(pctScrollBar, QStringLiteral("btnAbajo"), QString(),
-                     QStringLiteral("go-down"), tema::kTexto);
+    btnAbajo = Boton(pctScrollBar, QStringLiteral("btnAbajo"), QString(), QStringLiteral("go-down"),
+                     tema::kTexto);
     btnAbajo->setAccessibleName(QStringLiteral("Página siguiente"));
     auto* columna = new QVBoxLayout(pctScrollBar);
     columna->setContentsMargins(6, 6, 6, 6);
@@ -206,10 +206,10 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
     columna->addStretch(1);
     columna->addWidget(btnAbajo);
 
-    btnCobro = Boton(&ventana, QStringLiteral("btnCobro"), QString(),
-                     QStringLiteral("list-add"), tema::kTexto);
-    btnAbono = Boton(&ventana, QStringLiteral("btnAbono"), QString(),
-                     QStringLiteral("list-remove"), tema::kTexto);
+    btnCobro = Boton(&ventana, QStringLiteral("btnCobro"), QString(), QStringLiteral("list-add"),
+                     tema::kTexto);
+    btnAbono = Boton(&ventana, QStringLiteral("btnAbono"), QString(), QStringLiteral("list-remove"),
+                     tema::kTexto);
     btnCancelar = Boton(&ventana, QStringLiteral("btnCancelar"), QString(),
                         QStringLiteral("edit-delete"), tema::kRojoTexto);
     for (QToolButton* control : {btnCobro, btnAbono, btnCancelar}) {

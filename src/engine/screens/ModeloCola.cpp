@@ -29,7 +29,9 @@ void ModeloCola::Refrescar() {
     endResetModel();
 }
 
-int ModeloCola::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : filas_; }
+int ModeloCola::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : filas_;
+}
 
 int ModeloCola::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : kColumnasGrid;

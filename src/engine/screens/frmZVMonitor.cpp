@@ -95,9 +95,8 @@ void frmZVMonitor::Conectar() {
     // A click in the grid takes the focus out of it.
     connect(ui_.grdZV, &QTableView::clicked, this,
             [](const QModelIndex&) { EnviaTeclas(QStringLiteral("{TAB}")); });
-    connect(ui_.grdZV, &QTableView::pressed, this, [this](const QModelIndex& indice) {
-        partes_.grid.PonerFilaActual(indice.row() + 1);
-    });
+    connect(ui_.grdZV, &QTableView::pressed, this,
+            [this](const QModelIndex& indice) { partes_.grid.PonerFilaActual(indice.row() + 1); });
 
     for (QWidget* asidero : std::initializer_list<QWidget*>{ui_.frameCab, ui_.btnLogo, ui_.lbVer}) {
         arrastre_.Añadir(*asidero);
@@ -236,7 +235,9 @@ void frmZVMonitor::Traducir() {
     ui_.PartirRotulos();
 }
 
-void frmZVMonitor::PonerIcono() { setWindowIcon(tema::Icono(QStringLiteral("zvmonitor"))); }
+void frmZVMonitor::PonerIcono() {
+    setWindowIcon(tema::Icono(QStringLiteral("zvmonitor")));
+}
 
 void frmZVMonitor::PrepararGrid() {
     partes_.grid.PonerTitulos();
@@ -244,7 +245,9 @@ void frmZVMonitor::PrepararGrid() {
     ColocarColumnas();
 }
 
-void frmZVMonitor::PonerVersion(const QString& caption) { ui_.lbVer->setText(caption); }
+void frmZVMonitor::PonerVersion(const QString& caption) {
+    ui_.lbVer->setText(caption);
+}
 
 void frmZVMonitor::Mostrar() {
     if (const QScreen* pantalla = screen()) {

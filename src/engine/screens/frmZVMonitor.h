@@ -30,7 +30,7 @@ struct PartesMonitor {
 
 // Window buttons whose work lies outside the engine.
 struct AccionesVentana {
-    std::function<void()> descargar;      // ends the program
+    std::function<void()> descargar; // ends the program
     std::function<void()> abrirManuales;
 };
 

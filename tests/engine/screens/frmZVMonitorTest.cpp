@@ -1,6 +1,7 @@
 // The main screen: what the widgets show, and what keys, buttons and mouse do.
-#include "../BancoMotor.h"
 #include "engine/screens/frmZVMonitor.h"
+
+#include "../BancoMotor.h"
 #include "ui/screens/Tema.h"
 
 #include <QApplication>
@@ -55,10 +56,12 @@ class frmZVMonitorTest : public BancoMotor {
 };
 
 TEST_F(frmZVMonitorTest, ControlsCarryTheirNames) {
-    const QStringList nombres = QStringLiteral(
-        "frameCab btnLogo lbVer btnModo_0 btnModo_1 btnModo_2 btnW_0 btnW_1 btnW_2 frmEstado "
-        "lbContador lbEstado ShapeOK ShapeAlert ShapeCritico grdZV pctScrollBar btnArriba "
-        "btnAbajo framePie boton_0 boton_12 TextIni btnCobro btnAbono btnCancelar").split(QLatin1Char(' '));
+    const QStringList nombres =
+        QStringLiteral(
+            "frameCab btnLogo lbVer btnModo_0 btnModo_1 btnModo_2 btnW_0 btnW_1 btnW_2 frmEstado "
+            "lbContador lbEstado ShapeOK ShapeAlert ShapeCritico grdZV pctScrollBar btnArriba "
+            "btnAbajo framePie boton_0 boton_12 TextIni btnCobro btnAbono btnCancelar")
+            .split(QLatin1Char(' '));
     for (const QString& nombre : nombres) {
         EXPECT_NE(pantalla->findChild<QWidget*>(nombre), nullptr) << nombre.toStdString();
     }
