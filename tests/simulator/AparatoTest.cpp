@@ -379,6 +379,19 @@ TEST(Vaciado, EmptiesOneBoxAndTellsItsValue) {
     EXPECT_EQ(b.Fin().vaciado, 10000);
 }
 
+TEST(Vaciado, OfABoxTakenByHandLeavesNothingToReconcile) {
+    Inventario hay = Inventario::Inicial();
+    hay.cajon.at(*Indice(200)) = 4;
+    Banco b(EstadoCon(hay));
+    b.aparato.RetirarAMano(Cajon::Monedas);
+    b.Empezar(Pedir(Metodo::Vaciado, 0));
+    EXPECT_EQ(b.Fin().vaciado, 800);
+    b.aparato.Acusar(QStringLiteral("op"));
+    b.Empezar(Pedir(Metodo::Cajones, 0, 0, QStringLiteral("op2")));
+    EXPECT_EQ(b.Fin().monedasCajon, 0);
+    EXPECT_EQ(b.EnCajon(200), 0);
+}
+
 TEST(Aparato, RefusesASecondOperationUntilTheFirstIsAcknowledged) {
     Banco b;
     b.Empezar(Pedir(Metodo::Pago, 100));

@@ -169,6 +169,12 @@ TEST(CambioMasCercano, IsTheLargestSumThatDoesNotExceedTheAmount) {
     }
 }
 
+TEST(CambioMasCercano, LooksBeyondTheLargestCoinsThatFit) {
+    const Mezcla hay = Con({{50, 1}, {20, 2}, {5, 1}, {2, 3}});
+    // 50 and nothing more, or 20, 20, 5, 2, 2, 2.
+    EXPECT_EQ(Total(CambioMasCercano(51, hay, Preferencia::MenosPiezas)), 51);
+}
+
 TEST(CambioMasCercano, BelowZeroIsNothing) {
     EXPECT_EQ(Piezas(CambioMasCercano(-1, Con({{50, 1}}), Preferencia::MenosPiezas)), 0);
 }

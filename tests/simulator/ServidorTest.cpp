@@ -392,6 +392,8 @@ TEST(Ausencia, EndsWithTheHelloNotWithTheConnectionAlone) {
         c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
     }
     ClientePrueba c(m.servidor.Puerto());
+    EXPECT_EQ(c.Error(QStringLiteral("ping")), -32002);
+    m.banco.aparato.Meter(100); // what moves meanwhile does not count as a client either
     EXPECT_TRUE(Esperar([&] { return !m.banco.fines.empty(); }));
 }
 
