@@ -271,6 +271,8 @@ void OperacionPasarela::Tic() {
     }
     if (sesion_.Abierta()) {
         VigilarEnlace();
+    } else if (!Reanudando()) {
+        EnlaceCaido(); // whoever closed it: nothing more would ever arrive
     }
     if (fase_ == Fase::Acabada) {
         return;

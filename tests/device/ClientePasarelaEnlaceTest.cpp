@@ -104,7 +104,10 @@ TEST_F(ClientePasarelaEnlaceTest, ReconnectsWhenTheGatewayComesBackAfterAWhile) 
 }
 
 TEST_F(ClientePasarelaEnlaceTest, KeepsResumingWhileTheOperationAdvances) {
-    ClientePasarela& cliente = Conectado();
+    OpcionesPasarela opciones = Rapidas();
+    opciones.reintento = 100;
+    opciones.reanudar = 600; // less than all the drops together take
+    ClientePasarela& cliente = Conectado(opciones);
     pasarela.Al(kCobro(), Corta());
     pasarela.Al(kCobro(), [](EnlaceGuion& enlace, const QJsonObject& peticion) {
         Empieza(100)(enlace, peticion);
@@ -163,6 +166,19 @@ TEST_F(ClientePasarelaEnlaceTest, DoesNotResumeAtAnotherDevice) {
     EXPECT_TRUE(bien);
 }
 
+TEST_F(ClientePasarelaEnlaceTest, BelievesNoResultBeforeItKnowsWhoseItIs) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.Al(kCobro(), Corta());
+    pasarela.Al(kHola, [this](EnlaceGuion& enlace, const QJsonObject& peticion) {
+        enlace.Notificar(kFin, CobroHecho(OpId(kCobro()), 9999, 0));
+        enlace.Contestar(peticion, QJsonObject{{QStringLiteral("protocol"), 1},
+                                               {QStringLiteral("storeId"), QStringLiteral("otro")},
+                                               {QStringLiteral("decimals"), 2},
+                                               {QStringLiteral("multiplier"), 100}});
+    });
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("no 0 0 1"));
+}
+
 TEST_F(ClientePasarelaEnlaceTest, IsCancelledWhenItNeverStartedAndTheCashierGaveUp) {
     ClientePasarela& cliente = Conectado();
     pasarela.Al(kCobro(), Corta());
@@ -212,6 +228,18 @@ TEST_F(ClientePasarelaEnlaceTest, ReopensALinkLostAtRestForAQuery) {
     EXPECT_FALSE(Niveles(cliente));
     EXPECT_FALSE(Niveles(cliente));
     EXPECT_EQ(cliente.ErrorCode(), 1);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, ReopensNoLinkToAnotherDevice) {
+    ClientePasarela& cliente = Conectado();
+    pasarela.PonerSaludo(QStringLiteral("storeId"), QStringLiteral("almacen-2"));
+    pasarela.PonerSaludo(QStringLiteral("multiplier"), 1);
+    pasarela.Cortar();
+    Niveles(cliente); // notices the drop
+    EXPECT_FALSE(Niveles(cliente));
+    EXPECT_EQ(cliente.ErrorCode(), 1);
+    EXPECT_EQ(cliente.Multiplier(), 100);
+    EXPECT_TRUE(pasarela.Recibidas(QStringLiteral("levels.get")).size() <= 1);
 }
 
 TEST_F(ClientePasarelaEnlaceTest, LeavesAnOperationThatStillRunsToConnect) {
@@ -264,23 +292,54 @@ TEST_F(ClientePasarelaEnlaceTest, TakesSilenceForALostLink) {
 }
 
 TEST_F(ClientePasarelaEnlaceTest, DoesNotTakeItsOwnAbsenceForSilence) {
+    const auto ocupar = [](int milisegundos) {
+        QElapsedTimer ocupado;
+        ocupado.start();
+        while (!ocupado.hasExpired(milisegundos)) {
+        }
+    };
     OpcionesPasarela opciones = Rapidas();
-    opciones.silencio = 40;
-    opciones.respuesta = 40;
+    opciones.silencio = 60;
+    opciones.tic = 40;
     ClientePasarela& cliente = Conectado(opciones);
     pasarela.Al(kCobro(), Empieza(500));
-    ventana.alProgresar = [this] {
+    pasarela.Al(QStringLiteral("op.cancel"),
+                Contesta([](const QString& op) { return CobroEnMarcha(op, 500); }));
+    // A timer of the program that keeps the thread for longer than the silence allowed, with the
+    // client's own timer due right behind it and the answer waiting in the system.
+    const auto tarea = [&, this] {
+        ventana.Cancelar(); // an answer is owed from here on
+        ASSERT_TRUE(pasarela.Espera(QStringLiteral("op.cancel")));
+        ocupar(120);
+        QTimer::singleShot(
+            20, qApp, [this] { pasarela.Notificar(kFin, CobroHecho(OpId(kCobro()), 1250, 0)); });
+    };
+    ventana.alProgresar = [&] {
         if (ventana.lineas.last() == QLatin1String("progreso 500 0")) {
-            // The program is busy elsewhere for longer than the silence allowed.
-            QElapsedTimer ocupado;
-            ocupado.start();
-            while (!ocupado.hasExpired(120)) {
-            }
-            pasarela.Notificar(kFin, CobroHecho(OpId(kCobro()), 1250, 0));
+            QTimer::singleShot(1, Qt::PreciseTimer, qApp, tarea);
+            ocupar(50);
         }
     };
     EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 1250 0 0"));
     EXPECT_EQ(pasarela.Conexiones(), 1);
+}
+
+TEST_F(ClientePasarelaEnlaceTest, ResumesWhenAQueryInsideAnOperationFindsTheLinkLost) {
+    OpcionesPasarela opciones = Rapidas();
+    opciones.respuesta = 60;
+    ClientePasarela& cliente = Conectado(opciones);
+    pasarela.Al(kCobro(), Empieza(500));
+    pasarela.Al(QStringLiteral("levels.get"), Calla());
+    pasarela.Al(kEstado, Contesta([](const QString& op) { return CobroHecho(op, 2000, 750); }));
+    bool niveles = true;
+    ventana.alProgresar = [&] {
+        if (ventana.lineas.last() == QLatin1String("progreso 500 0")) {
+            QTimer::singleShot(0, qApp, [&] { niveles = Niveles(cliente); });
+        }
+    };
+    EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+    EXPECT_FALSE(niveles);
+    EXPECT_EQ(pasarela.Conexiones(), 2);
 }
 
 TEST_F(ClientePasarelaEnlaceTest, EndsWithAPeerThatNeverAnswersAnything) {
@@ -307,7 +366,10 @@ TEST_F(ClientePasarelaEnlaceTest, ResumesAfterALineThatIsNoMessage) {
                                      QByteArray("{\"id\":2,\"result\":{\n"), larga}) {
         pasarela.Al(kCobro(), Escupe(basura));
         pasarela.Al(kEstado, Contesta([](const QString& op) { return CobroHecho(op, 2000, 750); }));
+        QElapsedTimer reloj;
+        reloj.start();
         EXPECT_EQ(Cobrar(cliente), QStringLiteral("ok 2000 750 0"));
+        EXPECT_LT(reloj.elapsed(), 4000); // at once, not when the silence has run out
     }
     EXPECT_EQ(pasarela.Conexiones(), 6);
 }

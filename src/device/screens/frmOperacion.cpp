@@ -101,6 +101,8 @@ QString frmOperacion::Texto(const char* clave, const QString& porDefecto) const 
 }
 
 void frmOperacion::PonerTextos() {
+    setWindowTitle(textos_.TextoIdioma(QStringLiteral("GEN"), QStringLiteral("FrmCaption"),
+                                       QStringLiteral("Zorvex ®")));
     rotulo_[Entrado]->setText(Texto("lbEntrado", QStringLiteral("Introducido")));
     rotulo_[Salido]->setText(Texto("lbSalido", QStringLiteral("Devuelto")));
     rotulo_[Falta]->setText(Texto("lbFalta", QStringLiteral("Pendiente")));

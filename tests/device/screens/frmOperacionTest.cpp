@@ -54,6 +54,11 @@ TEST_F(frmOperacionTest, ShowsWhatAChargeAsksForAndWhatIsStillMissing) {
     EXPECT_EQ(Texto("lbImporteFalta"), QStringLiteral("0,00 €"));
 }
 
+TEST_F(frmOperacionTest, HasTheTitleOfEveryWindow) {
+    Abrir(ClaseOperacion::Cobro, 1250);
+    EXPECT_EQ(ventana.windowTitle(), QStringLiteral("Zorvex ®"));
+}
+
 TEST_F(frmOperacionTest, CountsWhatGoesOutOfAPayment) {
     Abrir(ClaseOperacion::Pago, 1500);
     EXPECT_EQ(Texto("lbPedido"), QStringLiteral("A pagar"));
