@@ -24,14 +24,15 @@ int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
     Servicios servicios(opciones, reloj);
     DeviceClient* dispositivo = nullptr;
     const Importes importes(servicios.formato, [&] { return dispositivo->Multiplier(); });
-    frmOperacion ventanaOperacion(servicios.textos, importes);
+    QWidget* principal = nullptr;
+    const auto padre = [&] {
+        return principal != nullptr && principal->isVisible() ? principal : nullptr;
+    };
+    frmOperacion ventanaOperacion(servicios.textos, importes, padre);
     ClientePasarela cliente(servicios.log, servicios.textos, &ventanaOperacion);
     dispositivo = &cliente;
 
-    QWidget* principal = nullptr;
-    DialogosPantalla dialogos(opciones.programa, servicios.textos, importes, [&] {
-        return principal != nullptr && principal->isVisible() ? principal : nullptr;
-    });
+    DialogosPantalla dialogos(opciones.programa, servicios.textos, importes, padre);
     ProcesosSistema procesos;
     ShellSistema shell;
     app.PonerAlFallar([&](const QString& texto) {
