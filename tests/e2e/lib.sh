@@ -22,12 +22,11 @@ cleanup() {
   if [ "$status" -ne 0 ] && [ "$status" -ne 77 ]; then
     tell
   fi
-  {
-    for i in "${pids[@]}"; do
-      kill -KILL "$i" || true
-    done
-    wait || true
-  } 2>/dev/null
+  exec 2>/dev/null # the shell would tell of each process that it has ended
+  for i in "${pids[@]}"; do
+    kill -KILL "$i" || true
+  done
+  wait || true
   for ((i = ${#undo[@]} - 1; i >= 0; --i)); do
     eval "${undo[i]}" || true
   done
