@@ -49,8 +49,8 @@ class OperacionesFallosTest : public test::BancoOperaciones {
 
 struct Paso {
     const char* nombre;
-    Sentencia::Clase clase;
     const char* texto;
+    Sentencia::Clase clase;
     bool despuesDeLeer; // the number had been read
 };
 void PrintTo(const Paso& paso, std::ostream* salida) {
@@ -87,10 +87,10 @@ TEST_P(ProcesadoFallosTest, RetriesFromTheFailedStatement) {
 }
 
 const Paso kPasosProcesado[] = {
-    {"Open", Sentencia::Clase::Catalogo, "schema_version", false},
-    {"Lock", Sentencia::Clase::Comenzar, "BEGIN IMMEDIATE", false},
-    {"Key", Sentencia::Clase::Lectura, "sqlite_sequence", false},
-    {"Update", Sentencia::Clase::Escritura, "INSERT INTO \"procesados\"", true},
+    {"Open", "schema_version", Sentencia::Clase::Catalogo, false},
+    {"Lock", "BEGIN IMMEDIATE", Sentencia::Clase::Comenzar, false},
+    {"Key", "sqlite_sequence", Sentencia::Clase::Lectura, false},
+    {"Update", "INSERT INTO \"procesados\"", Sentencia::Clase::Escritura, true},
 };
 
 INSTANTIATE_TEST_SUITE_P(CadaPaso, ProcesadoFallosTest,
@@ -193,9 +193,9 @@ TEST_P(ColaProcesadaFallosTest, RetriesFromTheFailedStatement) {
 }
 
 const Paso kPasosCola[] = {
-    {"Open", Sentencia::Clase::Catalogo, "schema_version", false},
-    {"Seek", Sentencia::Clase::Lectura, "FROM \"cola\"", false},
-    {"Delete", Sentencia::Clase::Escritura, "DELETE FROM \"cola\"", true},
+    {"Open", "schema_version", Sentencia::Clase::Catalogo, false},
+    {"Seek", "FROM \"cola\"", Sentencia::Clase::Lectura, false},
+    {"Delete", "DELETE FROM \"cola\"", Sentencia::Clase::Escritura, true},
 };
 
 INSTANTIATE_TEST_SUITE_P(CadaPaso, ColaProcesadaFallosTest,
@@ -388,10 +388,10 @@ TEST_P(ColaFallosTest, RetriesFromTheFailedStatement) {
 }
 
 const Paso kPasosAñadirCola[] = {
-    {"Open", Sentencia::Clase::Catalogo, "schema_version", false},
-    {"Lock", Sentencia::Clase::Comenzar, "BEGIN IMMEDIATE", false},
-    {"Key", Sentencia::Clase::Lectura, "sqlite_sequence", false},
-    {"Update", Sentencia::Clase::Escritura, "INSERT INTO \"cola\"", true},
+    {"Open", "schema_version", Sentencia::Clase::Catalogo, false},
+    {"Lock", "BEGIN IMMEDIATE", Sentencia::Clase::Comenzar, false},
+    {"Key", "sqlite_sequence", Sentencia::Clase::Lectura, false},
+    {"Update", "INSERT INTO \"cola\"", Sentencia::Clase::Escritura, true},
 };
 
 INSTANTIATE_TEST_SUITE_P(CadaPaso, ColaFallosTest,
