@@ -133,7 +133,7 @@ QString Preparar(const QString& carpeta) {
     const zv::Textos textos(carpeta);
     zv::MotorSQLite motor;
     zv::CrearBaseDatos(motor, carpeta, log, dialogos, textos);
-    const QString ruta = zv::RutaBaseDatos(carpeta);
+    QString ruta = zv::RutaBaseDatos(carpeta);
     motor.Abrir(zv::CadenaConexion(QStringLiteral("MDB"), {}, ruta, {}, {}));
     motor.Comenzar();
     for (int i = 0; i < kVeces; ++i) {
