@@ -5,6 +5,7 @@
 #include "support/ImprimeQt.h"
 #include "support/SinPrivilegios.h"
 
+#include <ctime>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -123,6 +124,22 @@ TEST_F(RegistroArbol, AChangeShowsAlsoInFoldersThatWereQuietForLong) {
     ASSERT_TRUE(QDir(carpeta.Ruta(QStringLiteral("HKLM/Software/Zorvex")))
                     .rename(QStringLiteral("zvconnector"), QStringLiteral("fuera")));
     EXPECT_EQ(Valor("Zorvex\\ZVConnector", "Activo"), QStringLiteral("defecto"));
+}
+
+TEST_F(RegistroArbol, AChangeWithinTheTimeStampsGranularityShowsToo) {
+    const QString clave = carpeta.PonCarpeta(QStringLiteral("HKLM/Software/Zorvex"));
+    // As a coarse file system leaves it: the stamp is the same after the change. Ahead of the
+    // clock, so that it stays fresh however slowly the test runs.
+    const auto sella = [&clave] {
+        const time_t despues = ::time(nullptr) / 100000 * 100000 + 200000;
+        const struct timespec sello[2] = {{despues, 0}, {despues, 0}};
+        ASSERT_EQ(::utimensat(AT_FDCWD, QFile::encodeName(clave).constData(), sello, 0), 0);
+    };
+    sella();
+    EXPECT_EQ(Valor("Zorvex", "Activo"), QStringLiteral("defecto"));
+    Pon("HKLM/Software/Zorvex/activo", "1");
+    sella();
+    EXPECT_EQ(Valor("Zorvex", "Activo"), QStringLiteral("1"));
 }
 
 TEST_F(RegistroArbol, BothKindsOfSlashPartKeys) {
