@@ -113,10 +113,9 @@ class BancoMedida {
             motor.Ejecutar(
                 QStringLiteral("INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,"
                                "formapago,creditoError,manual) VALUES (?,?,?,?,?,?,?,?,?,?)"),
-                {QStringLiteral("2026-03-14 10:20:30"), 100 + i,
-                 QStringLiteral("T%1").arg(i), QStringLiteral("L%1").arg(i), 3,
-                 QStringLiteral("TPV1"), QStringLiteral("Ana"), QStringLiteral("EFECTIVO"), 0,
-                 true});
+                {QStringLiteral("2026-03-14 10:20:30"), 100 + i, QStringLiteral("T%1").arg(i),
+                 QStringLiteral("L%1").arg(i), 3, QStringLiteral("TPV1"), QStringLiteral("Ana"),
+                 QStringLiteral("EFECTIVO"), 0, true});
         }
         motor.Confirmar();
     }

@@ -6,11 +6,10 @@
 #include <QFile>
 #include <QString>
 
-#include <sqlite3.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <sqlite3.h>
 #include <unistd.h>
 
 namespace {

@@ -55,8 +55,7 @@ int main(int argc, char** argv) {
         for (int i = 0; i < 10; ++i) {
             banco.monitor.pulso.ProcesarCola();
         }
-        const auto medida =
-            zv::bench::Medir(kVeces, [&] { banco.monitor.pulso.ProcesarCola(); });
+        const auto medida = zv::bench::Medir(kVeces, [&] { banco.monitor.pulso.ProcesarCola(); });
         std::printf("idle pulse, %5d rows: median %6.1f us, worst %8.1f us (limit: median 60 us)\n",
                     filas, medida.medianaUs, medida.peorUs);
         bien = bien && medida.medianaUs <= 60;

@@ -2,10 +2,9 @@
 #include <QCoreApplication>
 #include <QTimer>
 
-#include <sys/resource.h>
-
 #include <cstdio>
 #include <cstdlib>
+#include <sys/resource.h>
 
 int main(int argc, char** argv) {
     QCoreApplication app(argc, argv);
@@ -21,7 +20,7 @@ int main(int argc, char** argv) {
     getrusage(RUSAGE_SELF, &uso);
     const double cpu = static_cast<double>(uso.ru_utime.tv_sec + uso.ru_stime.tv_sec) +
                        static_cast<double>(uso.ru_utime.tv_usec + uso.ru_stime.tv_usec) / 1e6;
-    std::printf("bare 1 ms timer: %.2f %% of one core, %.0f ticks a second\n",
-                100 * cpu / segundos, static_cast<double>(tics) / segundos);
+    std::printf("bare 1 ms timer: %.2f %% of one core, %.0f ticks a second\n", 100 * cpu / segundos,
+                static_cast<double>(tics) / segundos);
     return EXIT_SUCCESS;
 }

@@ -9,13 +9,21 @@ ErrorEjecucion::ErrorEjecucion(int numero, QString descripcion)
 
 namespace errores {
 
-ErrorEjecucion Desbordamiento() { return {6, QStringLiteral("Desbordamiento")}; }
+ErrorEjecucion Desbordamiento() {
+    return {6, QStringLiteral("Desbordamiento")};
+}
 
-ErrorEjecucion FueraDeIntervalo() { return {9, QStringLiteral("El subíndice está fuera del intervalo")}; }
+ErrorEjecucion FueraDeIntervalo() {
+    return {9, QStringLiteral("El subíndice está fuera del intervalo")};
+}
 
-ErrorEjecucion DivisionPorCero() { return {11, QStringLiteral("División por cero")}; }
+ErrorEjecucion DivisionPorCero() {
+    return {11, QStringLiteral("División por cero")};
+}
 
-ErrorEjecucion TipoNoCoincide() { return {13, QStringLiteral("No coinciden los tipos")}; }
+ErrorEjecucion TipoNoCoincide() {
+    return {13, QStringLiteral("No coinciden los tipos")};
+}
 
 ErrorEjecucion ErrorDeArchivo(const QString& ruta, const QString& detalle) {
     return {75, QStringLiteral("Error de acceso a la ruta o al archivo: ") + ruta +

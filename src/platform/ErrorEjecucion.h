@@ -25,10 +25,10 @@ class ErrorEjecucion : public std::exception {
 
 // The platform's own failures, with the numbers that technicians know.
 namespace errores {
-ErrorEjecucion Desbordamiento();       // 6: a value beyond the range of its type
-ErrorEjecucion DivisionPorCero();      // 11
-ErrorEjecucion TipoNoCoincide();       // 13: text that is no number, a value of another kind
-ErrorEjecucion FueraDeIntervalo();     // 9: an index beyond its list
+ErrorEjecucion Desbordamiento();   // 6: a value beyond the range of its type
+ErrorEjecucion DivisionPorCero();  // 11
+ErrorEjecucion TipoNoCoincide();   // 13: text that is no number, a value of another kind
+ErrorEjecucion FueraDeIntervalo(); // 9: an index beyond its list
 ErrorEjecucion ErrorDeArchivo(const QString& ruta, const QString& detalle); // 75
 } // namespace errores
 

@@ -64,7 +64,7 @@ DescriptorFichero CrearTemporal(const QByteArray& carpeta, QByteArray& ruta) {
 }
 
 int EscribirTemporal(const DescriptorFichero& fichero, QByteArrayView contenido,
-                     const struct stat* antiguo) {
+                     const struct stat* antiguo, Guardado guardado) {
     if (antiguo != nullptr) {
         // Another owner's file is kept theirs where the system allows it.
         [[maybe_unused]] const int ignorado =
@@ -75,6 +75,9 @@ int EscribirTemporal(const DescriptorFichero& fichero, QByteArrayView contenido,
     }
     if (const int error = EscribirTodo(fichero.Numero(), contenido); error != 0) {
         return error;
+    }
+    if (guardado == Guardado::Pasajero) {
+        return 0;
     }
     return ::fsync(fichero.Numero()) == 0 ? 0 : errno;
 }
@@ -128,7 +131,7 @@ int LeerFicheroEntero(const QByteArray& ruta, QByteArray& contenido, qsizetype l
     }
 }
 
-int ReemplazarFichero(const QByteArray& ruta, QByteArrayView contenido) {
+int ReemplazarFichero(const QByteArray& ruta, QByteArrayView contenido, Guardado guardado) {
     const QByteArray destino = SinEnlace(ruta);
     struct stat antiguo {};
     const bool existe = ::stat(destino.constData(), &antiguo) == 0;
@@ -154,7 +157,7 @@ int ReemplazarFichero(const QByteArray& ruta, QByteArrayView contenido) {
         if (!fichero.Abierto()) {
             return errno;
         }
-        int error = EscribirTemporal(fichero, contenido, existe ? &antiguo : nullptr);
+        int error = EscribirTemporal(fichero, contenido, existe ? &antiguo : nullptr, guardado);
         if (error == 0 && ::rename(temporal.constData(), destino.constData()) != 0) {
             error = errno;
         }
@@ -162,6 +165,9 @@ int ReemplazarFichero(const QByteArray& ruta, QByteArrayView contenido) {
             ::unlink(temporal.constData());
             return error;
         }
+    }
+    if (guardado == Guardado::Pasajero) {
+        return 0;
     }
     // The new name is on disk only with its folder. Some file systems cannot flush one: no failure.
     const DescriptorFichero abierta(

@@ -19,9 +19,15 @@ bool ExisteCarpeta(const QString& ruta);
 // limite bytes is EFBIG.
 int LeerFicheroEntero(const QByteArray& ruta, QByteArray& contenido,
                       qsizetype limite = qsizetype{1} << 28);
-// Writes a temporary file beside it, flushes it to disk and renames it. Keeps owner and
-// permissions of an old file and follows a link to it; a file that nobody may write stays (EACCES).
-int ReemplazarFichero(const QByteArray& ruta, QByteArrayView contenido);
+// Whether a replaced file must outlive a power cut. A passing one is whole for every reader all the
+// same, and costs no wait for the disk.
+enum class Guardado { Duradero, Pasajero };
+
+// Writes a temporary file beside it, flushes it to disk if it is to last, and renames it. Keeps
+// owner and permissions of an old file and follows a link to it; a file that nobody may write stays
+// (EACCES).
+int ReemplazarFichero(const QByteArray& ruta, QByteArrayView contenido,
+                      Guardado guardado = Guardado::Duradero);
 
 // What such a number means, in Spanish, for messages and logs.
 QString TextoErrorSistema(int numero);

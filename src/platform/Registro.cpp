@@ -326,7 +326,7 @@ int Registro::LeerRegistro(const QString& raiz, const QString& clave, const QStr
 }
 
 int Registro::Escribir(Raiz raiz, const QString& clave, const QString& valor,
-                       const QByteArray& bytes) {
+                       const QByteArray& bytes, Guardado guardado) {
     auto partes = arbol::PartesDeClave(clave);
     if (!partes || !arbol::NombreValido(valor)) {
         return kNombreNoValido;
@@ -345,11 +345,11 @@ int Registro::Escribir(Raiz raiz, const QString& clave, const QString& valor,
     }
     const QByteArray nombre = QFile::encodeName(valor);
     ruta += '/' + arbol::Entrada(ruta, nombre, arbol::Clase::Fichero).value_or(nombre);
-    return CodigoDe(ReemplazarFichero(ruta, bytes));
+    return CodigoDe(ReemplazarFichero(ruta, bytes, guardado));
 }
 
 int Registro::EscribirRegistro(const QString& raiz, const QString& clave, const QString& valor,
-                               const QString& tipo, const QString& dato) {
+                               const QString& tipo, const QString& dato, Guardado guardado) {
     const Raiz donde = RaizRegistro(raiz);
     if (donde == Raiz::Ninguna) {
         return kRaizNoValida;
@@ -364,14 +364,14 @@ int Registro::EscribirRegistro(const QString& raiz, const QString& clave, const 
             return kBien;
         }
         if (texto) {
-            return Escribir(donde, clave, valor, dato.toUtf8());
+            return Escribir(donde, clave, valor, dato.toUtf8(), guardado);
         }
         if (EsTipo(tipo, u'B')) {
-            return Escribir(donde, clave, valor, BytesDe(ABooleano(dato) ? -1 : 0, 2));
+            return Escribir(donde, clave, valor, BytesDe(ABooleano(dato) ? -1 : 0, 2), guardado);
         }
         if (EsTipo(tipo, u'D')) {
             const qint16 numero = AEntero16(dato, FormatoRegional::DelSistema());
-            return Escribir(donde, clave, valor, BytesDe(numero, 4));
+            return Escribir(donde, clave, valor, BytesDe(numero, 4), guardado);
         }
         return kParametroNoValido;
     } catch (const ErrorEjecucion&) {
@@ -427,9 +427,10 @@ QString Registro::LeerValor(const QString& clave, const QString& valor,
     return codigo == kBien ? TextoDe(bytes) : defecto;
 }
 
-void Registro::GuardarValor(const QString& clave, const QString& valor, const QString& dato) {
+void Registro::GuardarValor(const QString& clave, const QString& valor, const QString& dato,
+                            Guardado guardado) {
     const QString completa = QStringLiteral("Software\\") + clave + QLatin1Char('\\');
-    EscribirRegistro(QStringLiteral("HKLM"), completa, valor, QStringLiteral("S"), dato);
+    EscribirRegistro(QStringLiteral("HKLM"), completa, valor, QStringLiteral("S"), dato, guardado);
 }
 
 void Registro::BorrarValor(const QString& clave, const QString& valor) {

@@ -5,6 +5,8 @@
 // refused.
 #pragma once
 
+#include "platform/Ficheros.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
@@ -42,14 +44,17 @@ class Registro {
     // "S" is UTF-8 text without a terminator, "B" two bytes, "D" four bytes of a 16-bit number, low
     // byte first; 13 for a dato that is no such value. In an INI file only "S".
     int EscribirRegistro(const QString& raiz, const QString& clave, const QString& valor,
-                         const QString& tipo, const QString& dato);
+                         const QString& tipo, const QString& dato,
+                         Guardado guardado = Guardado::Duradero);
     // A value that is not there is no failure. In an INI file the value becomes empty.
     int BorrarRegistro(const QString& raiz, const QString& clave, const QString& valor);
 
     // Text values under HKLM\Software\<clave>; failures yield the default or are ignored.
     // LeerValor is on the path of every idle tick: a few microseconds.
     QString LeerValor(const QString& clave, const QString& valor, const QString& defecto) const;
-    void GuardarValor(const QString& clave, const QString& valor, const QString& dato);
+    // A passing value need not outlive a power cut, and costs no wait for the disk.
+    void GuardarValor(const QString& clave, const QString& valor, const QString& dato,
+                      Guardado guardado = Guardado::Duradero);
     void BorrarValor(const QString& clave, const QString& valor);
 
   private:
@@ -68,7 +73,8 @@ class Registro {
     struct Sitio;
 
     int LeerTexto(Raiz raiz, const QString& clave, const QString& valor, QByteArray& bytes) const;
-    int Escribir(Raiz raiz, const QString& clave, const QString& valor, const QByteArray& bytes);
+    int Escribir(Raiz raiz, const QString& clave, const QString& valor, const QByteArray& bytes,
+                 Guardado guardado);
     int Borrar(Raiz raiz, const QString& clave, const QString& valor);
     QByteArray Carpeta(Raiz raiz) const;
 

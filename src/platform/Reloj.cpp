@@ -5,7 +5,9 @@
 
 namespace zv {
 
-QDateTime RelojSistema::Ahora() const { return QDateTime::currentDateTime(); }
+QDateTime RelojSistema::Ahora() const {
+    return QDateTime::currentDateTime();
+}
 
 qint64 RelojSistema::Ticks() const {
     timespec t{};
