@@ -71,6 +71,7 @@ QToolButton:disabled { color: @apagado; background: transparent; }
 #pctScrollBar QToolButton:pressed { background: #cbd5e1; }
 #pctScrollBar QToolButton:disabled { background: transparent; border-color: #e2e8f0; }
 #grdZV { border: none; }
+#grdZV QHeaderView::section { padding: 0 6px; font-size: 14px; }
 
 #framePie { background: white; border: none; border-top: 1px solid @borde; }
 QToolButton[papel="pie"] { font-size: 13px; padding: 4px 0; }

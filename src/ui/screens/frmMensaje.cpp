@@ -6,12 +6,14 @@
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
 
+#include <QCloseEvent>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QToolButton>
 
 namespace zv {
 
@@ -54,6 +56,8 @@ frmMensaje::frmMensaje(const Textos& textos, QWidget* padre)
         connect(boton_[i], &QPushButton::clicked, this, [this, i] { Pulsar(*boton_[i]); });
     }
     Cuerpo()->addLayout(fila);
+    disconnect(btnW(1), &QToolButton::clicked, this, nullptr);
+    connect(btnW(1), &QToolButton::clicked, this, &frmMensaje::CerrarSinPulsar);
     TraducirPantalla(*this, textos_);
     VentanaEncima(*this, true);
 }
@@ -87,6 +91,22 @@ void frmMensaje::PonerEstilo(int estilo) {
 void frmMensaje::Pulsar(const QPushButton& boton) {
     resultado = boton.property("Tag").toString().toInt();
     done(QDialog::Accepted);
+}
+
+// Closing is no answer to a single button: what it would confirm has not been confirmed. Where
+// there are two, it is the refusing one.
+void frmMensaje::CerrarSinPulsar() {
+    if (boton_[0]->isHidden()) {
+        resultado = 0;
+        done(QDialog::Rejected);
+    } else {
+        Pulsar(*boton_[1]);
+    }
+}
+
+void frmMensaje::closeEvent(QCloseEvent* evento) {
+    evento->ignore();
+    CerrarSinPulsar();
 }
 
 void frmMensaje::reject() {

@@ -22,12 +22,17 @@ class frmMensaje final : public VentanaSinBorde {
     // 3, 4 yes and no; 5 retry and cancel. Decides which numbers the buttons give, and shows them.
     void PonerEstilo(int estilo);
 
-    // Number of the button pressed. Leaving by Escape or the close button presses boton(1).
+    // Number of the button pressed. Escape presses boton(1); closing the window does so only where
+    // there are two buttons, and is 0 otherwise: no answer.
     int resultado = 0;
 
     void reject() override;
 
+  protected:
+    void closeEvent(QCloseEvent* evento) override;
+
   private:
+    void CerrarSinPulsar();
     void Pulsar(const QPushButton& boton);
     void Ajustar();
 

@@ -82,13 +82,20 @@ TEST_F(frmMensajeTest, EnterPressesTheVisibleDefaultButton) {
     }
 }
 
-TEST_F(frmMensajeTest, EscapeAndTheCloseButtonPressTheSecondButton) {
+TEST_F(frmMensajeTest, EscapePressesTheSecondButton) {
     for (const auto& [estilo, respuesta] : {std::pair{0, 1}, {1, 2}, {4, 7}, {5, 2}}) {
+        const AlAbrir abierto([](QDialog& d) { Tecla(d, Qt::Key_Escape); });
+        EXPECT_EQ(dialogos_.MostrarMensaje(QString(), QStringLiteral("¿?"), estilo), respuesta);
+    }
+}
+
+TEST_F(frmMensajeTest, ClosingRefusesWhereThereIsAChoiceAndIsNoAnswerWhereThereIsNone) {
+    for (const auto& [estilo, respuesta] : {std::pair{0, 0}, {64, 0}, {1, 2}, {4, 7}, {5, 2}}) {
         {
-            const AlAbrir abierto([](QDialog& d) { Tecla(d, Qt::Key_Escape); });
+            const AlAbrir abierto([](QDialog& d) { Tocar(d, "btnW_1"); });
             EXPECT_EQ(dialogos_.MostrarMensaje(QString(), QStringLiteral("¿?"), estilo), respuesta);
         }
-        const AlAbrir abierto([](QDialog& d) { Tocar(d, "btnW_1"); });
+        const AlAbrir abierto([](QDialog& d) { d.close(); });
         EXPECT_EQ(dialogos_.MostrarMensaje(QString(), QStringLiteral("¿?"), estilo), respuesta);
     }
 }
