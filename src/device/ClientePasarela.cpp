@@ -3,6 +3,7 @@
 
 #include "platform/ErrorEjecucion.h"
 
+#include <QScopeGuard>
 #include <QUuid>
 
 #include <cstdlib>
@@ -236,6 +237,11 @@ void ClientePasarela::SaludoEnMarcha(const Saludo& saludo) {
 OperacionPasarela::Fin ClientePasarela::Correr(OperacionPasarela& operacion, ClaseOperacion clase,
                                                qint32 importe, bool cancelable) {
     ocupado_ = true;
+    // Also when the window or the log raises: a later operation must not find this one running.
+    const auto libre = qScopeGuard([this] {
+        ocupado_ = false;
+        opIdActual_.clear();
+    });
     if (ventana_ != nullptr) {
         std::function<void()> cancelar;
         if (cancelable) {
@@ -248,8 +254,6 @@ OperacionPasarela::Fin ClientePasarela::Correr(OperacionPasarela& operacion, Cla
     if (ventana_ != nullptr) {
         ventana_->Cerrar();
     }
-    ocupado_ = false;
-    opIdActual_.clear();
     return fin;
 }
 
@@ -379,6 +383,11 @@ void ClientePasarela::EmptyCB(qint32 device, qint32& value, bool& result) {
 std::optional<QJsonValue> ClientePasarela::Consultar(const QString& metodo,
                                                      const QJsonObject& params) {
     // While an operation recovers the link, the link is its business.
+    if (!conectado_ && errorCode_ > errorpasarela::kEnlacePerdido) {
+        // The operation that gave the link up has said why. Code 1 in its place would have the
+        // caller send it again.
+        return std::nullopt;
+    }
     if (!conectado_ || (!sesion_.Lista() && (ocupado_ || !Reabrir()))) {
         FallarSinConexion();
         return std::nullopt;

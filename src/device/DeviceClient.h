@@ -18,31 +18,31 @@ class DeviceClient {
     virtual ~DeviceClient() = default;
 
     // The members stand in interface order; the numbers that are missing have no use here.
-    virtual qint16 ErrorCode() const = 0;                                              // 1
-    virtual QString ErrorMessage() const = 0;                                          // 3
-    virtual void Address(const QString& direccion) = 0;                                // 10
-    virtual void Connect(bool& result) = 0;                                            // 11
-    virtual void Disconnect() = 0;                                                     // 12
-    virtual void Change(qint32& paidIn, qint32& paidOut, bool& result) = 0;            // 13
-    virtual void AddChange(qint32& paidIn, bool& result) = 0;                          // 14
-    virtual void Pay(qint32 valueInCents, qint32& paidOut, bool& result) = 0;          // 15
+    virtual qint16 ErrorCode() const = 0;                                     // 1
+    virtual QString ErrorMessage() const = 0;                                 // 3
+    virtual void Address(const QString& direccion) = 0;                       // 10
+    virtual void Connect(bool& result) = 0;                                   // 11
+    virtual void Disconnect() = 0;                                            // 12
+    virtual void Change(qint32& paidIn, qint32& paidOut, bool& result) = 0;   // 13
+    virtual void AddChange(qint32& paidIn, bool& result) = 0;                 // 14
+    virtual void Pay(qint32 valueInCents, qint32& paidOut, bool& result) = 0; // 15
     // A negative value is a refund.
     virtual void Charge(qint32 valueInCents, qint32& paidIn, qint32& paidOut,
-                        bool& result) = 0;                                             // 16
+                        bool& result) = 0; // 16
     // mode 7: optimal levels; 15: the value in remainingChange; 0: reconciling run.
     virtual void CashBoxControl(qint32 mode, qint32& coinsValueInCB, qint32& notesValueInCB,
-                                qint32& remainingChange, bool& result) = 0;            // 17
-    virtual void Configuration(bool& result) = 0;                                      // 18
+                                qint32& remainingChange, bool& result) = 0; // 17
+    virtual void Configuration(bool& result) = 0;                           // 18
     // device 0: coin box, 1: note box.
-    virtual void EmptyCB(qint32 device, qint32& value, bool& result) = 0;              // 20
+    virtual void EmptyCB(qint32 device, qint32& value, bool& result) = 0; // 20
     // levelType 2: pieces in the recycler, 3: pieces in the boxes, 4: states "0", "1", "2".
     virtual void GetLevels(qint32 levelType, QString& noms, QString& levels,
-                           bool& result) = 0;                                          // 21
-    virtual void SessionFlag(bool valor) = 0;                                          // 26
+                           bool& result) = 0; // 21
+    virtual void SessionFlag(bool valor) = 0; // 26
     // Decimal places of the currency.
-    virtual quint8 Decimals() const = 0;                                               // 27
+    virtual quint8 Decimals() const = 0; // 27
     // Minor units in one main unit.
-    virtual quint8 Multiplier() const = 0;                                             // 28
+    virtual quint8 Multiplier() const = 0; // 28
 };
 
 } // namespace zv
