@@ -10,6 +10,9 @@
 #include "ui/screens/DialogosPantalla.h"
 #include "ui/screens/Tema.h"
 
+#include <QPointer>
+#include <QScopeGuard>
+
 #include <cstdio>
 
 namespace {
@@ -24,9 +27,9 @@ int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
     Servicios servicios(opciones, reloj);
     DeviceClient* dispositivo = nullptr;
     const Importes importes(servicios.formato, [&] { return dispositivo->Multiplier(); });
-    QWidget* principal = nullptr;
-    const auto padre = [&] {
-        return principal != nullptr && principal->isVisible() ? principal : nullptr;
+    QPointer<QWidget> principal;
+    const auto padre = [&]() -> QWidget* {
+        return principal && principal->isVisible() ? principal.data() : nullptr;
     };
     frmOperacion ventanaOperacion(servicios.textos, importes, padre);
     ClientePasarela cliente(servicios.log, servicios.textos, &ventanaOperacion);
@@ -35,7 +38,13 @@ int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
     DialogosPantalla dialogos(opciones.programa, servicios.textos, importes, padre);
     ProcesosSistema procesos;
     ShellSistema shell;
+    Monitor* enMarcha = nullptr;
     app.PonerAlFallar([&](const QString& texto) {
+        if (enMarcha != nullptr) {
+            // No sale may start under the box of a program that is about to end.
+            enMarcha->pulso.ParaTimer();
+            enMarcha->marca.MarcarActivo(false);
+        }
         try {
             servicios.log.LogLinea(texto);
         } catch (const ErrorEjecucion&) {
@@ -57,12 +66,14 @@ int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
             AccionesVentana{terminar, [&] { shell.AbrirDireccion(kDireccionManuales); }});
         principal = &pantalla;
         monitor.PonerVentana(pantalla);
+        enMarcha = &monitor;
+        const auto fuera = qScopeGuard([&] { enMarcha = nullptr; });
         const SenalFin senal(terminar);
         if (!monitor.Cargar()) {
             return EXIT_FAILURE;
         }
         const int codigo = QApplication::exec();
-        principal = nullptr;
+        app.PonerAlFallar({}); // what it refers to ends here
         return codigo;
     } catch (const std::exception& e) {
         app.Fallar(TextoDeError(e));

@@ -24,16 +24,25 @@ int Envio::EnviarOperacion(const QString& origen, DeviceClient& cliente, qint32 
     try {
         resultado = Enviar(cliente, op);
     } catch (const ErrorEjecucion& e) {
-        // An open transaction stays open and UsuarioFast stays as it is.
-        entorno_.log.LogLinea(QStringLiteral(">>> Error nº ") + N(e.Numero()) +
-                              QStringLiteral(" al procesar operación nº ") + N(op.idZV) +
-                              QStringLiteral(" - ") + e.Descripcion());
         resultado = envio::kError;
+        // An open transaction stays open and UsuarioFast stays as it is.
+        AnotarFallo(op, e);
     }
     if (!op.creditoRechazado) {
         entorno_.marca.MarcarActivo(false);
     }
     return resultado;
+}
+
+void Envio::AnotarFallo(const Operacion& op, const ErrorEjecucion& e) {
+    try {
+        entorno_.log.LogLinea(QStringLiteral(">>> Error nº ") + N(e.Numero()) +
+                              QStringLiteral(" al procesar operación nº ") + N(op.idZV) +
+                              QStringLiteral(" - ") + e.Descripcion());
+    } catch (const ErrorEjecucion&) {
+        // The log itself has failed. The send still ends as an error, and the busy mark falls.
+        return;
+    }
 }
 
 int Envio::Enviar(DeviceClient& cliente, Operacion& op) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "engine/Entorno.h"
+#include "platform/ErrorEjecucion.h"
 
 namespace zv {
 
@@ -32,6 +33,7 @@ class Envio {
     };
 
     int Enviar(DeviceClient& cliente, Operacion& op);
+    void AnotarFallo(const Operacion& op, const ErrorEjecucion& e);
     void LeerFila(Operacion& op);
     // False when the operator refuses to go on with an earlier partial payment.
     bool AplicarCredito(Operacion& op);

@@ -81,8 +81,7 @@ void GridCola::PonerTitulos() {
 }
 
 LineaGrid GridCola::LeerLinea(const Fila& fila, bool sinHora) const {
-    // Columns by name once per row would cost more than reading them; cola has them in this order
-    // in every file that this program made, but a shared file is read by name.
+    // By name: another program may have made the file, with its columns in another order.
     LineaGrid linea;
     linea.idZV = fila.LeerLong(QStringLiteral("idZV"));
     linea.fecha = FechaCorta(fila.LeerFecha(QStringLiteral("fecha")), sinHora);
@@ -100,7 +99,7 @@ LineaGrid GridCola::LeerLinea(const Fila& fila, bool sinHora) const {
         linea.importe.clear();
     }
     linea.credito = !fila.LeerCurrency(QStringLiteral("creditoError")).EsCero();
-    if (linea.credito) {
+    if (linea.credito && !linea.importe.isEmpty()) {
         linea.importe.prepend(QStringLiteral("! >>> "));
     }
     linea.abono = importe < Currency(0);

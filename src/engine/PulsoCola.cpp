@@ -181,6 +181,7 @@ bool PulsoCola::EnviarConReconexion(qint32 idZV) {
             return false;
         }
         estado_.ActualizarBotonesMonitor(false);
+        DeshacerAbandonadas();
         entorno_.ResultadoEnvio =
             envio_.EnviarOperacion(QStringLiteral("ENVIARCOLA"), entorno_.cliente, idZV);
         const qint16 codigo = entorno_.cliente.ErrorCode();
@@ -204,6 +205,15 @@ bool PulsoCola::EnviarConReconexion(qint32 idZV) {
     entorno_.supervision.MostrarNivel();
     entorno_.supervision.GuardarSaldoExit();
     return true;
+}
+
+// A send that failed inside its transaction leaves it open. The next one would nest in it, and its
+// books would go with it at the end of the process.
+void PulsoCola::DeshacerAbandonadas() {
+    while (entorno_.Motor().Nivel() > 0) {
+        entorno_.Motor().Deshacer();
+        entorno_.log.LogLinea(QStringLiteral(">>> Transacción abandonada: deshecha"));
+    }
 }
 
 void PulsoCola::RestaurarVentana() {

@@ -35,6 +35,7 @@ class PulsoCola {
     void RestaurarVentana();
 
   private:
+    void DeshacerAbandonadas();
     bool ConectorActivo();
     void ReflejarCambios();
     bool PuedeEnviar() const;

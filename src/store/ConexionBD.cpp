@@ -104,8 +104,12 @@ bool ConexionBD::ConectarBD() {
         }
         return true;
     } catch (const ErrorEjecucion& e) {
-        log_.LogLinea(QStringLiteral(">>> Error conectarBDZV %1 - ").arg(e.Numero()) +
-                      e.Descripcion() + QStringLiteral(": ") + cadena);
+        try {
+            log_.LogLinea(QStringLiteral(">>> Error conectarBDZV %1 - ").arg(e.Numero()) +
+                          e.Descripcion() + QStringLiteral(": ") + cadena);
+        } catch (const ErrorEjecucion&) {
+            return false; // the log itself is what has failed
+        }
         return false;
     }
 }

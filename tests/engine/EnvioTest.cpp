@@ -366,6 +366,29 @@ TEST_F(EnvioTest, AFailureInsideTheTransactionLeavesItOpenAndTheSignatureUp) {
     EXPECT_TRUE(seguretat.UsuarioFast);
 }
 
+TEST_F(EnvioTest, AFailedCreditLeavesTheTransactionOpen) {
+    const qint32 id = PonerFila(500);
+    cliente.EsperaCharge(500, 300, 0, FinGuion::Error(5, QStringLiteral("Atasco")));
+    motor.PonerGancho([](const Sentencia& s) {
+        if (s.sql.startsWith(QStringLiteral("UPDATE"))) {
+            throw ErrorEjecucion(5, QStringLiteral("database is locked"));
+        }
+    });
+    EXPECT_EQ(Enviar(id), envio::kError);
+    motor.PonerGancho({});
+    EXPECT_EQ(motor.Nivel(), 1);
+    motor.Deshacer();
+}
+
+TEST_F(EnvioTest, ALogThatCannotBeWrittenEndsTheSendAsAnErrorWithTheMarkDown) {
+    const qint32 id = PonerFila(500);
+    log.fallosPendientes = 1000;
+    EXPECT_EQ(Enviar(id), envio::kError);
+    log.fallosPendientes = 0;
+    EXPECT_EQ(Cola().size(), 1U);
+    EXPECT_NE(Activo(), QStringLiteral("1"));
+}
+
 TEST_F(EnvioTest, AnAmountBeyondTheDeviceIsAnErrorThatMovesNothing) {
     const qint32 id = PonerFila(3000000000LL);
     EXPECT_EQ(Enviar(id), envio::kError);

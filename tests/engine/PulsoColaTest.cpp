@@ -175,7 +175,7 @@ TEST_F(PulsoColaTest, ARefundThatIsNotAcceptedStaysAndTheModeGoesToManual) {
     ConectarCon(10000);
     ventana.estado = ventana::kMinimizada;
     PonerFila(-800);
-    dialogos.EsperaMensaje(QStringLiteral("Abono pendiente"), kTextoAbono, resultado::kCancelar);
+    dialogos.EsperaMensaje(QStringLiteral("Abono pendiente"), kTextoAbono, 0);
     pulso.ProcesarCola();
     EXPECT_EQ(Cola().size(), 1U);
     EXPECT_TRUE(Procesados().empty());
@@ -277,6 +277,22 @@ TEST_F(PulsoColaTest, SendingWithoutADeviceSaysNo) {
     const qint32 id = PonerFila(500);
     EXPECT_FALSE(pulso.EnviarConReconexion(id));
     EXPECT_TRUE(controles.Estado().ShapeCritico);
+}
+
+TEST_F(PulsoColaTest, AnAbandonedTransactionDoesNotSwallowTheNextSale) {
+    ConectarCon(10000);
+    const qint32 id = PonerFila(500);
+    motor.Comenzar();
+    motor.Ejecutar(QStringLiteral("UPDATE cola SET creditoError = 77 WHERE idZV = ?"), {id});
+    cliente.EsperaCharge(500, 500, 0);
+    EXPECT_TRUE(pulso.EnviarConReconexion(id));
+    EXPECT_EQ(motor.Nivel(), 0);
+    EXPECT_EQ(log.Cuenta(QStringLiteral(">>> Transacción abandonada: deshecha")), 1);
+    MotorSQLite otroSQLite;
+    MotorBD& otro = otroSQLite;
+    otro.Abrir(CadenaConexion(QStringLiteral("MDB"), {}, conexion.RutaFichero(), {}, {}));
+    EXPECT_EQ(otro.Consultar(QStringLiteral("SELECT * FROM procesados")).size(), 1U);
+    EXPECT_TRUE(otro.Consultar(QStringLiteral("SELECT * FROM cola")).empty());
 }
 
 TEST_F(PulsoColaTest, TheBalanceIsKeptAfterEachSend) {

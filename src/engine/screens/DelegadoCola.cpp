@@ -47,10 +47,13 @@ void DelegadoCola::PintarTexto(QPainter& painter, const QRect& caja, int alineac
     painter.setFont(tema::Fuente(13, negrita));
     const QFontMetrics medidas = painter.fontMetrics();
     QString corte = texto;
-    const int flags = alineacion | Qt::TextWordWrap | Qt::TextWrapAnywhere;
+    // Words stay whole unless one of them is wider than the cell.
+    const int porPalabras = alineacion | Qt::TextWordWrap;
+    const QRect hoja(0, 0, caja.width(), 1000);
+    const bool enteras = medidas.boundingRect(hoja, porPalabras, texto).width() <= caja.width();
+    const int flags = enteras ? porPalabras : alineacion | Qt::TextWrapAnywhere;
     while (corte.size() > 1 &&
-           medidas.boundingRect(QRect(0, 0, caja.width(), 1000), flags, corte).height() >
-               2 * medidas.lineSpacing()) {
+           medidas.boundingRect(hoja, flags, corte).height() > 2 * medidas.lineSpacing()) {
         corte.chop(corte.endsWith(QChar(0x2026)) ? 2 : 1);
         corte += QChar(0x2026);
     }

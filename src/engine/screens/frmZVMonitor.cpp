@@ -6,6 +6,7 @@
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -52,7 +53,8 @@ frmZVMonitor::~frmZVMonitor() {
 }
 
 void frmZVMonitor::Conectar() {
-    partes_.controles.AlCambiar([this] { PedirSeguir(); });
+    partes_.controles.AlCambiar([this] { porSeguir_ = true; });
+    SeguirAlBucle();
     partes_.grid.AlRellenar([this] {
         modelo_.Refrescar();
         SeguirGrid();
@@ -76,7 +78,7 @@ void frmZVMonitor::Conectar() {
             partes_.estado.PulsarModo(i);
             // A press of the mode in force must not leave its button up.
             aplicado_.btnModo = {};
-            PedirSeguir();
+            porSeguir_ = true;
         });
         connect(ui_.btnW[static_cast<std::size_t>(i)], &QToolButton::clicked, this,
                 [this, i] { PulsarVentana(i); });
@@ -108,15 +110,21 @@ void frmZVMonitor::Conectar() {
     installEventFilter(this);
 }
 
-void frmZVMonitor::PedirSeguir() {
-    if (!seguirPedido_) {
-        seguirPedido_ = true;
-        QMetaObject::invokeMethod(this, &frmZVMonitor::Seguir, Qt::QueuedConnection);
-    }
+void frmZVMonitor::SeguirAlBucle() {
+    // Told at every turn of the event loop, nested ones too: no event is posted for it, which
+    // would cost a second turn a thousand times a second.
+    const QAbstractEventDispatcher* bucle = QAbstractEventDispatcher::instance();
+    const auto seguir = [this] {
+        if (porSeguir_) {
+            Seguir();
+        }
+    };
+    connect(bucle, &QAbstractEventDispatcher::aboutToBlock, this, seguir);
+    connect(bucle, &QAbstractEventDispatcher::awake, this, seguir);
 }
 
 void frmZVMonitor::Seguir() {
-    seguirPedido_ = false;
+    porSeguir_ = false;
     const EstadoControles& e = partes_.controles.Estado();
     // While the pulse is stopped its real timer rests too.
     if (e.timerCola != timerCola_.isActive()) {
@@ -260,8 +268,7 @@ void frmZVMonitor::ColocarColumnas() {
     QTableView& vista = *ui_.grdZV;
     const int barra = vista.verticalScrollBar()->sizeHint().width();
     partes_.grid.ColocarColumnas(*partes_.entorno.configuracio, vista.width() * kTwipsPorPixel,
-                                 barra * kTwipsPorPixel, vista.viewport()->height(),
-                                 tema::kAltoFila);
+                                 barra * kTwipsPorPixel, vista.height(), tema::kAltoFila);
     for (int columna = 0; columna < kColumnasGrid; ++columna) {
         const int ancho = tema::TwipsAPixeles(partes_.grid.AnchoColumna(columna));
         vista.setColumnHidden(columna, ancho == 0);

@@ -69,14 +69,14 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     void SeguirGrid();
     bool TeclaDeLista(int tecla);
     void DobleClicCabecera();
-    void PedirSeguir();
+    void SeguirAlBucle();
 
     PartesMonitor partes_;
     AccionesVentana acciones_;
     DisenoMonitor ui_;
     ModeloCola modelo_;
     EstadoControles aplicado_; // what the widgets show
-    bool seguirPedido_ = false;
+    bool porSeguir_ = false;   // the logical state has changed since
     bool moviendoGrid_ = false;
     bool maximizando_ = false; // a maximise by double click settles
     bool parpadeoAmbar_ = false;

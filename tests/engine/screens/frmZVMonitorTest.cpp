@@ -175,6 +175,19 @@ TEST_F(frmZVMonitorTest, UpAndDownMoveTheListAndOtherKeysReachTheBox) {
     EXPECT_EQ(D().TextIni->text(), QStringLiteral("7"));
 }
 
+TEST_F(frmZVMonitorTest, EachTickGivesTheBarcodeBoxTheFocusAlsoWhileTheConnectorWorks) {
+    for (const QString& activo : {QStringLiteral("0"), QStringLiteral("1")}) {
+        registro.GuardarValor(QStringLiteral("Zorvex\\ZVConnector"), QStringLiteral("Activo"),
+                              activo);
+        pantalla->setFocusPolicy(Qt::StrongFocus);
+        pantalla->setFocus();
+        ASSERT_NE(pantalla->focusWidget(), D().TextIni);
+        pulso.ArrancaTimer();
+        EXPECT_TRUE(QTest::qWaitFor([&] { return pantalla->focusWidget() == D().TextIni; }, 2000));
+        pulso.ParaTimer();
+    }
+}
+
 TEST_F(frmZVMonitorTest, TheStateLineBlinksOnlyWhileItSaysSomething) {
     controles.Poner(&EstadoControles::lbEstado, QStringLiteral("Aviso"));
     QApplication::processEvents();
