@@ -87,7 +87,7 @@ std::optional<Estado> DeJson(const QJsonObject& objeto) {
             return std::nullopt;
     }
     const QJsonArray recientes = objeto.value(QStringLiteral("recientes")).toArray();
-    for (const QJsonValue& una : recientes) {
+    for (const auto una : recientes) {
         const auto op = Operacion::DeJson(una.toObject());
         if (!op)
             return std::nullopt;

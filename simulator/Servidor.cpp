@@ -10,8 +10,8 @@ namespace zv::simulador {
 
 namespace {
 
-constexpr qint64 kSinLeerMaximo = 8 * 1024 * 1024; // bytes that a client may leave unread
-constexpr int kDespedidaMs = 2000;                 // for what a dropped client has not read yet
+constexpr qint64 kSinLeerMaximo = qint64{8} * 1024 * 1024; // bytes that a client may leave unread
+constexpr int kDespedidaMs = 2000; // for what a dropped client has not read yet
 
 } // namespace
 
