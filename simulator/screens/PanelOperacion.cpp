@@ -112,7 +112,7 @@ void PanelOperacion::Refrescar() {
     entrado_->setEnabled(op != nullptr);
     salido_->setEnabled(op != nullptr);
     cancelar_->setEnabled(aparato_.Admite());
-    terminar_->setEnabled(aparato_.Admite() && op->metodo != Metodo::Cobro);
+    terminar_->setEnabled(op != nullptr && aparato_.Admite() && op->metodo != Metodo::Cobro);
 }
 
 void PanelOperacion::MostrarUna(const Operacion& op) {
