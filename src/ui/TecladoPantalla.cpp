@@ -9,7 +9,7 @@ namespace zv {
 QString BuscarTecladoPantalla(const QStringList& carpetas) {
     for (const char* nombre :
          {"osk", "onboard", "matchbox-keyboard", "florence", "kvkbd", "wvkbd-mobintl", "xvkbd"}) {
-        const QString ruta = QStandardPaths::findExecutable(QString::fromLatin1(nombre), carpetas);
+        QString ruta = QStandardPaths::findExecutable(QString::fromLatin1(nombre), carpetas);
         if (!ruta.isEmpty())
             return ruta;
     }
