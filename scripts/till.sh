@@ -44,3 +44,18 @@ sql() {
 log_has() {
   cat "$till"/Debug/ZVMonitor*.log 2>/dev/null | grep -q -- "$1"
 }
+
+# start_display WIDTHxHEIGHT: a virtual screen with a window manager; sets DISPLAY, adds to pids.
+# Without -noreset the server starts anew when its last client leaves, and takes with it whoever
+# connects just then.
+start_display() {
+  Xvfb -displayfd 3 -screen 0 "$1x24" -nolisten tcp -noreset 3>"$till/display" >/dev/null 2>&1 &
+  pids+=($!)
+  wait_for 20 "the virtual screen" test -s "$till/display"
+  DISPLAY=:$(cat "$till/display")
+  export DISPLAY
+  openbox >/dev/null 2>&1 &
+  pids+=($!)
+  wait_for 20 "the window manager" managed
+}
+managed() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }

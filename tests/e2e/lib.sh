@@ -182,14 +182,8 @@ lines_in_order() {
 # ---- screen
 
 start_screen() {
-  Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$till/display" >/dev/null 2>&1 &
-  pids+=($!)
-  wait_for 20 "the virtual screen" test -s "$till/display"
-  DISPLAY=:$(cat "$till/display")
-  export DISPLAY QT_QPA_PLATFORM=xcb
-  openbox >/dev/null 2>&1 &
-  pids+=($!)
-  wait_for 20 "the window manager" xprop -root _NET_SUPPORTING_WM_CHECK
+  start_display 1024x768
+  export QT_QPA_PLATFORM=xcb
 }
 
 windows() { xdotool search --onlyvisible --class ZVMonitor 2>/dev/null || true; }
