@@ -36,7 +36,9 @@ bool Arranque::Cargar(VentanaPrincipal& ventana) {
     ventana.PonerIcono();
     entorno_.log.LogLinea(QStringLiteral("INICIADO"));
     try {
-        return CargarProtegido(ventana);
+        if (!CargarProtegido(ventana)) {
+            return false;
+        }
     } catch (const ErrorEjecucion& e) {
         entorno_.dialogos.MostrarMensaje(
             Traduce(u"errorDeInicio", u"Error al iniciar la aplicación"),
@@ -44,6 +46,12 @@ bool Arranque::Cargar(VentanaPrincipal& ventana) {
                 e.Descripcion());
         return false;
     }
+    // Past the handler: from here on a failure is nobody's, as in any other event.
+    if (entorno_.configuracio->BOTONACCESO == 1 && pasos_.mostrarBotonAcceso) {
+        pasos_.mostrarBotonAcceso();
+    }
+    pulso_.ArrancaTimer();
+    return true;
 }
 
 bool Arranque::LeerConfiguracion() {
@@ -97,10 +105,6 @@ bool Arranque::CargarProtegido(VentanaPrincipal& ventana) {
     if (entorno_.configuracio->MINIMIZADO == 1 && estado_.FilasGrid() == 0) {
         ventana.PonerWindowState(ventana::kMinimizada);
     }
-    if (entorno_.configuracio->BOTONACCESO == 1 && pasos_.mostrarBotonAcceso) {
-        pasos_.mostrarBotonAcceso();
-    }
-    pulso_.ArrancaTimer();
     return true;
 }
 

@@ -61,6 +61,9 @@ void frmZVMonitor::Conectar() {
     });
     partes_.grid.AlMover([this] { SeguirGrid(); });
 
+    timerCola_.setObjectName(QStringLiteral("timerCola"));
+    timerParpadeo_.setObjectName(QStringLiteral("timerParpadeo"));
+    timerMaximitzat_.setObjectName(QStringLiteral("timerMaximitzat"));
     timerCola_.setTimerType(Qt::PreciseTimer);
     timerCola_.setInterval(kPulsoMs);
     connect(&timerCola_, &QTimer::timeout, this, &frmZVMonitor::Tick);
@@ -234,7 +237,9 @@ void frmZVMonitor::PonerWindowState(int estado) {
 
 void frmZVMonitor::TraerAlFrente() {
     show();
-    raise();
+    // Some window managers keep a window down that only asks to be raised.
+    VentanaEncima(*this, true);
+    VentanaEncima(*this, false);
     activateWindow();
 }
 

@@ -50,6 +50,9 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     void PonerVersion(const QString& caption) override;
     void Mostrar() override;
 
+    // Always false: the program is never at design time.
+    void ModoDiseño(bool& resultado) const { resultado = false; }
+
     // Brings the widgets to the logical state now; the event loop does it by itself.
     void Seguir();
     const DisenoMonitor& Diseno() const { return ui_; }
@@ -82,9 +85,10 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     bool parpadeoAmbar_ = false;
     Arrastre arrastre_;
 
-    QTimer timerCola_;
-    QTimer timerParpadeo_;
-    QTimer timerMaximitzat_;
+    // Children by their names, so that they can be found from outside.
+    QTimer timerCola_{this};
+    QTimer timerParpadeo_{this};
+    QTimer timerMaximitzat_{this};
 };
 
 } // namespace zv

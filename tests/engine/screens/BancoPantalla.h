@@ -1,0 +1,59 @@
+// The main screen shown on the bench of the engine.
+#pragma once
+
+#include "../BancoMotor.h"
+#include "engine/screens/frmZVMonitor.h"
+#include "ui/screens/Tema.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTableView>
+#include <QTest>
+#include <QToolButton>
+
+namespace zv::test {
+
+class BancoPantalla : public BancoMotor {
+  protected:
+    BancoPantalla() {
+        tema::Aplicar(*qApp);
+        EscribirIni("[ZVMONITOR]\r\nMODO=MANUAL\r\n");
+        configuracio->Modo = modo::kManual;
+        botones.Registrar(6, [this] { pulsados << 6; });
+        botones.Registrar(7, [this] { pulsados << 7; });
+        pantalla = std::make_unique<frmZVMonitor>(
+            PartesMonitor{entorno, controles, grid, estado, pulso, botones},
+            AccionesVentana{[this] { ++descargas; }, [this] { ++manuales; }});
+        pulso.PonerVentana(pantalla.get());
+        pantalla->PrepararGrid();
+        pantalla->resize(1024, 768);
+        pantalla->show();
+        QApplication::processEvents();
+    }
+
+    const DisenoMonitor& D() const { return pantalla->Diseno(); }
+    void Mostrar() {
+        estado.RellenarGrid();
+        estado.ActualizarEstado(true);
+        QApplication::processEvents();
+    }
+    void PonerFilas(int cuantas) {
+        for (int i = 0; i < cuantas; ++i) {
+            PonerFila(100 + i);
+        }
+        Mostrar();
+    }
+    static void Clic(QToolButton* boton) {
+        QTest::mouseClick(boton, Qt::LeftButton);
+        QApplication::processEvents();
+    }
+
+    QList<int> pulsados;
+    int descargas = 0;
+    int manuales = 0;
+    std::unique_ptr<frmZVMonitor> pantalla;
+};
+
+} // namespace zv::test
