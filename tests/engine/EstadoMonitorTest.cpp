@@ -48,6 +48,15 @@ TEST_F(EstadoMonitorTest, ACancelWithOtherRowsStaysInManual) {
     EXPECT_EQ(entorno.ResultadoEnvio, envio::kCancelado);
 }
 
+TEST_F(EstadoMonitorTest, ACancelInAModeThatWasNotAutoStaysInManual) {
+    configuracio->Modo = modo::kManual;
+    configuracio->ModoAnterior = modo::kSemi;
+    entorno.ResultadoEnvio = envio::kCancelado;
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbEstado, QStringLiteral("Última operación cancelada. Cambiado a modo MANUAL"));
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+}
+
 TEST_F(EstadoMonitorTest, ACancelWithAnEmptyQueueReturnsToAuto) {
     configuracio->Modo = modo::kManual;
     configuracio->ModoAnterior = modo::kAuto;
@@ -109,6 +118,60 @@ TEST_F(EstadoMonitorTest, AModeButtonSetsItsModeAndClearsTheResult) {
     EXPECT_EQ(configuracio->Modo, modo::kAuto);
 }
 
+TEST_F(EstadoMonitorTest, AModeSetByHandIsNotWrittenAndReturnsOnlyWithTheNextGoodRefresh) {
+    const QByteArray contenido("[ZVMONITOR]\r\nMODO=AUTO\r\n");
+    EscribirIni(contenido);
+    estado.PulsarModo(1);
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+    EXPECT_TRUE(C().btnModo[1]);
+    QFile fichero(RutaIni());
+    ASSERT_TRUE(fichero.open(QIODevice::ReadOnly));
+    EXPECT_EQ(fichero.readAll(), contenido);
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(configuracio->Modo, modo::kAuto);
+}
+
+TEST_F(EstadoMonitorTest, OnlyManualReturnsByTheFile) {
+    EscribirIni("[ZVMONITOR]\r\nMODO=AUTO\r\n");
+    configuracio->Modo = modo::kSemi;
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(configuracio->Modo, modo::kSemi);
+    EscribirIni("[ZVMONITOR]\r\nMODO=SEMI\r\n");
+    configuracio->Modo = modo::kManual;
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+}
+
+TEST_F(EstadoMonitorTest, TheWordsComeFromTheLanguageFileEvenTheModes) {
+    QFile fichero(carpeta.filePath(QStringLiteral("RWLang.ini")));
+    ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
+    fichero.write("[COMMON]\r\ncobros=charges\r\nabonos=refunds\r\noperacionCancelada=stopped\r\n"
+                  "operacionCancelada2=stopped, auto\r\nerrorDeZorvex=Fault\r\n"
+                  "errorDeZorvex3=see the technician\r\nbtnModo_2=HALF\r\n");
+    fichero.close();
+    PonerFila(-100);
+    estado.RellenarGrid();
+    estado.PonerUltimaCuenta(1);
+    entorno.ResultadoEnvio = envio::kCancelado;
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbContador, QStringLiteral("0 charges / 1 refunds"));
+    EXPECT_EQ(C().lbEstado, QStringLiteral("stopped"));
+    configuracio->ModoAnterior = modo::kAuto;
+    estado.PonerUltimaCuenta(0);
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbEstado, QStringLiteral("stopped, auto"));
+    entorno.ResultadoEnvio = envio::kError;
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbEstado, QStringLiteral("see the technician"));
+    cliente.PonerError(12, QStringLiteral("Sin cambio"));
+    dialogos.EsperaMensaje(QStringLiteral("Fault"), QStringLiteral("12 - Sin cambio"));
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(C().lbEstado, QStringLiteral("see the technician"));
+    estado.PulsarModo(2);
+    EXPECT_EQ(configuracio->Modo, QStringLiteral("HALF"));
+    EXPECT_EQ(C().btnModo, (std::array<bool, 3>{false, false, false}));
+}
+
 TEST_F(EstadoMonitorTest, ButtonsFollowTheConnectionAndThePermission) {
     estado.ActualizarBotonesMonitor(true);
     EXPECT_TRUE(C().boton[7]);
@@ -116,6 +179,9 @@ TEST_F(EstadoMonitorTest, ButtonsFollowTheConnectionAndThePermission) {
     for (const std::size_t i : {2U, 3U, 4U, 8U}) {
         EXPECT_TRUE(C().boton[i]) << i;
     }
+    EXPECT_FALSE(C().boton[9]);
+    estado.PonerUltimaCuenta(1);
+    estado.ActualizarBotonesMonitor(true);
     EXPECT_FALSE(C().boton[9]);
     estado.PonerUltimaCuenta(2);
     estado.ActualizarBotonesMonitor(true);
@@ -168,6 +234,20 @@ TEST_F(EstadoMonitorTest, TheNextPageButtonGoesOutWhenTheLastRowIsInView) {
     EXPECT_TRUE(C().btnAbajo);
     estado.FilaAbajo();
     EXPECT_FALSE(C().btnAbajo);
+}
+
+TEST_F(EstadoMonitorTest, PagingAndScrollingAreGoodRefreshes) {
+    PonerFilas(10);
+    grid.ColocarColumnas(*configuracio, 15000, 300, 400, 100);
+    EscribirIni("[ZVMONITOR]\r\nMODO=AUTO\r\n");
+    const std::array<std::function<void()>, 3> gestos{[this] { estado.PaginaAbajo(); },
+                                                      [this] { estado.PaginaArriba(); },
+                                                      [this] { estado.Desplazado(3); }};
+    for (const auto& gesto : gestos) {
+        configuracio->Modo = modo::kManual;
+        gesto();
+        EXPECT_EQ(configuracio->Modo, modo::kAuto);
+    }
 }
 
 TEST_F(EstadoMonitorTest, KeysMoveTheTopRowByOne) {

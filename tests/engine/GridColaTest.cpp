@@ -94,6 +94,29 @@ TEST_F(GridColaTest, RowsComeInQueueOrder) {
     }
 }
 
+TEST_F(GridColaTest, TitlesComeFromTheLanguageFileOnceAtTheStart) {
+    QFile fichero(carpeta.filePath(QStringLiteral("RWLang.ini")));
+    ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
+    fichero.write("[COMMON]\r\nanular=a\r\nfechaVenta=b\r\nidVenta=c\r\ncaja2=d\r\nterminal=e\r\n"
+                  "vendedor=f\r\nformapago=g\r\nimporte2=h\r\nenviar=i\r\n");
+    fichero.close();
+    grid.PonerTitulos();
+    EXPECT_TRUE(fichero.remove());
+    QStringList titulos;
+    for (int i = 0; i < kColumnasGrid; ++i) {
+        titulos << grid.Titulo(i);
+    }
+    EXPECT_EQ(titulos.join(QLatin1Char('|')), QStringLiteral("a|IdCola|b|c|c 2|Id. d|e|f|g|h|i"));
+}
+
+TEST_F(GridColaTest, ACreditMarksTheWholeAmountOfARefundToo) {
+    const qint32 id = PonerFila(-1000);
+    PonerCredito(id, -400);
+    grid.Rellenar(motor, false);
+    EXPECT_EQ(grid.Texto(1, 9), QStringLiteral("! >>> -10,00 €"));
+    EXPECT_TRUE(grid.Linea(1).abono);
+}
+
 TEST_F(GridColaTest, ARefillGoesBackToTheFirstRow) {
     PonerFila(1);
     PonerFila(2);
