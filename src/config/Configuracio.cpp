@@ -63,8 +63,11 @@ Configuracio::Configuracio(const ModuloIni& ini, Registro& registro, QString car
     : ini_(ini), registro_(registro), carpeta_(std::move(carpeta)), formato_(std::move(formato)) {}
 
 void Configuracio::LeerCfgIni(const QString& ruta, bool& existe) {
+    // One reading for all keys. A file that cannot be read counts as one that is not there.
+    const std::optional<DocumentoIni> leido = ini_.LeerTodo(ruta);
+    const DocumentoIni documento = leido.value_or(DocumentoIni());
     const auto leer = [&](QLatin1String seccion, QLatin1String clave, const QString& defecto) {
-        return ini_.LeerIni(ruta, seccion, clave, defecto);
+        return ModuloIni::Valor(documento, seccion, clave, defecto);
     };
     const auto leerByte = [&](QLatin1String seccion, const CampoByte& byte) {
         this->*byte.campo = AByte(leer(seccion, byte.clave, byte.defecto), formato_);
@@ -100,7 +103,7 @@ void Configuracio::LeerCfgIni(const QString& ruta, bool& existe) {
         ZVConectorPath = registro_.LeerValor(kRegistroConector, QStringLiteral("Path"), {});
     }
 
-    existe = ExisteFichero(ruta);
+    existe = leido && ExisteFichero(ruta);
 }
 
 void Configuracio::GuardarConfig(const QString& ruta) {

@@ -52,7 +52,8 @@ class Configuracio {
     QString ZVFastPort;
 
     // Fills every field from the file and the registry; ModoAnterior, which neither of them holds,
-    // becomes empty. existe: the file is there. Raises 13 or 6 for a value that is no number of its
+    // becomes empty. existe: the file is there and can be read; one that cannot is shown once, and
+    // the defaults stand in for it. Raises 13 or 6 for a value that is no number of its
     // field's type; the fields before it are filled then.
     void LeerCfgIni(const QString& ruta, bool& existe);
     // Writes every key and the three passwords; goes on with the next key after a failure.

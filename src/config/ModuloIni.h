@@ -2,12 +2,17 @@
 // the operator or to the log.
 #pragma once
 
+#include "platform/DocumentoIni.h"
 #include "ui/Dialogos.h"
 #include "ui/Log.h"
 
 #include <QString>
 
+#include <optional>
+
 namespace zv {
+
+class ErrorEjecucion;
 
 class ModuloIni {
   public:
@@ -17,11 +22,19 @@ class ModuloIni {
     // and gives an empty text.
     QString LeerIni(const QString& fichero, const QString& seccion, const QString& clave,
                     const QString& defecto) const;
+    // The whole file at once, for a reader of many keys; empty when it is not there. Nothing when
+    // it cannot be read, which is shown.
+    std::optional<DocumentoIni> LeerTodo(const QString& fichero) const;
+    // LeerIni out of such a reading.
+    static QString Valor(const DocumentoIni& documento, const QString& seccion,
+                         const QString& clave, const QString& defecto);
     // False, with a log line, when the value could not be written.
     bool EscribirIni(const QString& fichero, const QString& seccion, const QString& clave,
                      const QString& valor) const;
 
   private:
+    void MostrarFallo(const ErrorEjecucion& e) const;
+
     Log& log_;
     Dialogos& dialogos_;
 };

@@ -6,21 +6,28 @@
 namespace zv {
 
 DocumentoIni DocumentoIni::Analizar(const QByteArray& bytes) {
+    constexpr int kNinguna = -1;
     DocumentoIni documento;
     LineasIni lineas(bytes);
-    QHash<QString, QString>* seccion = nullptr;
+    int seccion = kNinguna;
     while (const auto linea = lineas.Siguiente()) {
         const QString texto = lineas.Texto(*linea);
         const EntradaIni entrada = AnalizarLineaIni(texto);
         if (entrada.clase == EntradaIni::Clase::Seccion) {
             const QString nombre = entrada.nombre.toString().toCaseFolded();
             // A second section of one name is out of reach, with all its keys.
-            seccion =
-                documento.secciones_.contains(nombre) ? nullptr : &documento.secciones_[nombre];
-        } else if (entrada.clase == EntradaIni::Clase::Clave && seccion != nullptr) {
-            const QString nombre = entrada.nombre.toString().toCaseFolded();
-            if (!seccion->contains(nombre)) {
-                seccion->insert(nombre, SinComillas(entrada.valor).toString());
+            const bool repetida = documento.secciones_.contains(nombre);
+            seccion = repetida ? kNinguna : static_cast<int>(documento.secciones_.size());
+            if (!repetida) {
+                documento.secciones_.insert(nombre, seccion);
+            }
+        } else if (entrada.clase == EntradaIni::Clase::Clave && seccion != kNinguna) {
+            // One search for both questions: is it new, and where does it go.
+            const qsizetype antes = documento.valores_.size();
+            QString& valor =
+                documento.valores_[Clave{seccion, entrada.nombre.toString().toCaseFolded()}];
+            if (documento.valores_.size() != antes) {
+                valor = SinComillas(entrada.valor).toString();
             }
         }
     }
@@ -32,8 +39,8 @@ std::optional<QString> DocumentoIni::Valor(const QString& seccion, const QString
     if (deSeccion == secciones_.cend()) {
         return std::nullopt;
     }
-    const auto valor = deSeccion->constFind(clave.toCaseFolded());
-    if (valor == deSeccion->cend()) {
+    const auto valor = valores_.constFind({*deSeccion, clave.toCaseFolded()});
+    if (valor == valores_.cend()) {
         return std::nullopt;
     }
     return *valor;

@@ -21,7 +21,19 @@ class DocumentoIni {
     bool EstaVacio() const { return secciones_.isEmpty(); }
 
   private:
-    QHash<QString, QHash<QString, QString>> secciones_; // by case-folded names
+    struct Clave {
+        int seccion;
+        QString nombre;
+        bool operator==(const Clave&) const = default;
+        friend size_t qHash(const Clave& clave, size_t semilla = 0) {
+            return qHashMulti(semilla, clave.seccion, clave.nombre);
+        }
+    };
+
+    // Names are case-folded. One hash for the keys of all sections: a hash for each would make a
+    // file of very many sections slow.
+    QHash<QString, int> secciones_;
+    QHash<Clave, QString> valores_;
 };
 
 } // namespace zv

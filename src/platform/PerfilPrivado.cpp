@@ -1,6 +1,7 @@
 // Reading and changing one value of an INI file.
 #include "platform/PerfilPrivado.h"
 
+#include "platform/CodePage.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/Ficheros.h"
 #include "platform/LineasIni.h"
@@ -88,6 +89,11 @@ std::optional<QString> Leer(const QString& fichero, const QString& seccion, cons
     return sitio.hayClave ? std::optional(sitio.valor) : std::nullopt;
 }
 
+DocumentoIni LeerTodo(const QString& fichero) {
+    bool existe = false;
+    return DocumentoIni::Analizar(Bytes(fichero, existe));
+}
+
 void Escribir(const QString& fichero, const QString& seccion, const QString& clave,
               const QString& valor) {
     bool existe = false;
@@ -119,7 +125,12 @@ void Escribir(const QString& fichero, const QString& seccion, const QString& cla
         }
         trozo += lineas.Codificar(clave + u'=' + nuevo) + salto;
     }
+    const bool dePagina = lineas.Clase() == LineasIni::Codificacion::CodePage;
     bytes.replace(desde, hasta - desde, trozo);
+    if (dePagina && LineasIni(bytes).Clase() == LineasIni::Codificacion::Utf8) {
+        // By chance the text now looks like UTF-8: it is made that, and reads as before.
+        bytes = DeCodePage(bytes).toUtf8();
+    }
 
     const int error = ReemplazarFichero(QFile::encodeName(fichero), bytes);
     if (error != 0) {

@@ -2,6 +2,8 @@
 // opened and closed for it. What a write does not concern stays as it is, byte for byte.
 #pragma once
 
+#include "platform/DocumentoIni.h"
+
 #include <QString>
 
 #include <optional>
@@ -11,6 +13,10 @@ namespace zv::perfil {
 // The whole value by the rules of DocumentoIni; nothing when file, section or key are absent.
 // Raises 75 for a file that is there and cannot be read.
 std::optional<QString> Leer(const QString& fichero, const QString& seccion, const QString& clave);
+
+// The whole file at once, for a reader of many keys; empty when it is not there. Raises 75
+// likewise.
+DocumentoIni LeerTodo(const QString& fichero);
 
 // Writes one value and creates file, section and key as needed; the file keeps its encoding, line
 // ends and permissions. Text behind a line break or a NUL is left out. A value that reads the same

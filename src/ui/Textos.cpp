@@ -2,6 +2,7 @@
 #include "ui/Textos.h"
 
 #include "platform/DocumentoIni.h"
+#include "platform/Ficheros.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -73,9 +74,10 @@ struct Textos::Fichero {
         // A date in the future (another machine's clock) tells nothing either way: only the
         // change time is always this machine's.
         reciente = Nanosegundos(ahora) - actual.cambiado < kReciente;
-        QFile fichero(QFile::decodeName(ruta));
-        if (fichero.open(QIODevice::ReadOnly))
-            documento = DocumentoIni::Analizar(fichero.readAll());
+        // One that cannot be read is as good as none.
+        QByteArray bytes;
+        LeerFicheroEntero(ruta, bytes);
+        documento = DocumentoIni::Analizar(bytes);
         return documento;
     }
 };

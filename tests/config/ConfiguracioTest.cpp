@@ -292,18 +292,6 @@ TEST_F(ConfiguracioTest, AFileThatCannotBeWrittenIsLoggedKeyByKey) {
     EXPECT_EQ(cfg.ModoInicial, cfg.Modo);
 }
 
-TEST_F(ConfiguracioTest, AFileThatCannotBeReadIsShownAndThenNoNumber) {
-    carpeta.PonCarpeta(QStringLiteral("ZVMonitor.ini"));
-    // IP, SUITEZV and MODO come back empty, and so does REFRESCO, which is no number then.
-    for (int i = 0; i < 4; ++i) {
-        dialogos.EsperaMensaje(QStringLiteral("Error al leer el fichero de configuración"),
-                               testing::_);
-    }
-    Configuracio cfg = Nueva();
-    bool existe = true;
-    EXPECT_EQ(NumeroError([&] { cfg.LeerCfgIni(ruta, existe); }), 13);
-}
-
 TEST_F(ConfiguracioTest, TheGlobalOneIsReplacedWhole) {
     ConfiguracioGlobal global(std::make_unique<Configuracio>(ini, registro, carpeta.Ruta()));
     global->IP = QStringLiteral("vieja");

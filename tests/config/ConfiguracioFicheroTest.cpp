@@ -1,0 +1,214 @@
+// The settings out of files that are damaged, odd or very big.
+#include "config/BancoConfig.h"
+#include "support/NumeroError.h"
+#include "support/SinPrivilegios.h"
+
+#include <QStringEncoder>
+
+#include <sys/inotify.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace zv {
+namespace {
+
+using test::NumeroError;
+
+class ConfiguracioFicheroTest : public BancoConfig {
+  protected:
+    void ElFicheroCuentaComoAusente(const char* motivo) {
+        dialogos.EsperaMensaje(QStringLiteral("Error al leer el fichero de configuración"),
+                               QStringLiteral("Error nº 75: Error de acceso a la ruta o al "
+                                              "archivo: %1 (%2)")
+                                   .arg(ruta, QString::fromUtf8(motivo)),
+                               resultado::kAceptar, 0);
+        Configuracio cfg = Nueva();
+        cfg.IP = QStringLiteral("vieja");
+        cfg.PREGUNTARANULAR = 7;
+        bool existe = true;
+        EXPECT_EQ(NumeroError([&] { cfg.LeerCfgIni(ruta, existe); }), 0);
+        EXPECT_FALSE(existe);
+        EXPECT_EQ(cfg.IP, QString());
+        EXPECT_EQ(cfg.Modo, QStringLiteral("AUTO"));
+        EXPECT_EQ(cfg.REFRESCO, 2);
+        EXPECT_EQ(cfg.PREGUNTARANULAR, 1);
+        EXPECT_EQ(cfg.ZVFastPort, QStringLiteral("16501"));
+        EXPECT_EQ(dialogos.Pendientes(), 0U);
+    }
+};
+
+// Counts how often a file is opened while it lives.
+class CuentaAperturas {
+  public:
+    explicit CuentaAperturas(const QString& fichero) : cola_(::inotify_init1(IN_NONBLOCK)) {
+        EXPECT_GE(
+            ::inotify_add_watch(cola_, QFile::encodeName(fichero).constData(), IN_OPEN | IN_CLOSE),
+            0);
+    }
+    ~CuentaAperturas() { ::close(cola_); }
+    CuentaAperturas(const CuentaAperturas&) = delete;
+    CuentaAperturas& operator=(const CuentaAperturas&) = delete;
+
+    int Cuenta() const {
+        int aperturas = 0;
+        inotify_event evento{}; // without a name: the watch is on the file itself
+        while (::read(cola_, &evento, sizeof evento) == sizeof evento) {
+            aperturas += (evento.mask & IN_OPEN) != 0 ? 1 : 0;
+        }
+        return aperturas;
+    }
+
+  private:
+    int cola_;
+};
+
+struct ClaveNumerica {
+    const char* seccion;
+    const char* clave;
+};
+
+class ClavesNumericas : public ConfiguracioFicheroTest,
+                        public testing::WithParamInterface<ClaveNumerica> {
+  protected:
+    int Fallo(const QByteArray& valor) {
+        return NumeroError([&] {
+            Leida(QByteArray("[") + GetParam().seccion + "]\r\n" + GetParam().clave + '=' + valor +
+                  "\r\n");
+        });
+    }
+};
+
+TEST_P(ClavesNumericas, ALetterIsNoNumber) {
+    for (const char* letra : {"x", "1x", "O", "", "si", "1 2", "--1"}) {
+        EXPECT_EQ(Fallo(letra), 13) << letra;
+    }
+    EXPECT_EQ(Fallo("1"), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Todas, ClavesNumericas,
+    testing::Values(
+        ClaveNumerica{"ZVMONITOR", "REFRESCO"}, ClaveNumerica{"ZVMONITOR", "MINIMIZADO"},
+        ClaveNumerica{"ZVMONITOR", "BLOQUEARPAGOS"}, ClaveNumerica{"ZVMONITOR", "PREGUNTARANULAR"},
+        ClaveNumerica{"ZVMONITOR", "SINIMPRESORA"}, ClaveNumerica{"ZVMONITOR", "PREGUNTARCTO"},
+        ClaveNumerica{"ZVMONITOR", "BOTONACCESO"}, ClaveNumerica{"ZVMONITOR", "PAGOSADMIN"},
+        ClaveNumerica{"ZVMONITOR", "SINHORA"}, ClaveNumerica{"ZVMONITOR", "COLID2"},
+        ClaveNumerica{"ZVMONITOR", "COLIDCAJA"}, ClaveNumerica{"ZVMONITOR", "COLVENDEDOR"},
+        ClaveNumerica{"ZVMONITOR", "COLTERMINAL"}, ClaveNumerica{"ZVMONITOR", "COLFORMAPAGO"},
+        ClaveNumerica{"BARCODE", "BCEAN"}, ClaveNumerica{"BARCODE", "BCTPRE"},
+        ClaveNumerica{"BARCODE", "BCTINI"}, ClaveNumerica{"BARCODE", "BCTFIN"},
+        ClaveNumerica{"BARCODE", "BCIINI"}, ClaveNumerica{"BARCODE", "BCIFIN"},
+        ClaveNumerica{"BARCODE", "BCDEC"}),
+    [](const auto& caso) { return std::string(caso.param.clave); });
+
+TEST_F(ConfiguracioFicheroTest, TextKeysTakeAnything) {
+    const Configuracio cfg = Leida("[ZORVEX]\r\nIP=x\r\nSUITEZV=\r\n[ZVMONITOR]\r\nMODO=x\r\n"
+                                   "[CONECTOR]\r\nZVFastActive=x\r\nZVFastPort=x\r\n"
+                                   "ZVConectorActive=x\r\nZVConectorPath=x\r\n");
+    EXPECT_EQ(cfg.IP, QStringLiteral("x"));
+    EXPECT_EQ(cfg.SUITEZV, QString());
+    EXPECT_EQ(cfg.Modo, QStringLiteral("x"));
+    EXPECT_TRUE(cfg.zvFastActive);
+    EXPECT_EQ(cfg.ZVFastPort, QStringLiteral("x"));
+    EXPECT_TRUE(cfg.ZVConectorActive);
+    EXPECT_EQ(cfg.ZVConectorPath, QStringLiteral("x"));
+}
+
+TEST_F(ConfiguracioFicheroTest, EmptyAndBinaryFilesGiveTheDefaultsAndExist) {
+    QByteArray ruido;
+    for (int i = 0; i < 4096; ++i) {
+        ruido.append(static_cast<char>(i * 37 % 256));
+    }
+    for (const QByteArray& bytes :
+         {QByteArray(), QByteArray(5000, '\0'), ruido, QByteArray("\xFF\xFE\x00\xD8\x5B", 5)}) {
+        const Configuracio cfg = Leida(bytes);
+        EXPECT_EQ(cfg.IP, QString());
+        EXPECT_EQ(cfg.SUITEZV, carpeta.Ruta());
+        EXPECT_EQ(cfg.Modo, QStringLiteral("AUTO"));
+        EXPECT_EQ(cfg.REFRESCO, 2);
+        EXPECT_EQ(cfg.PREGUNTARANULAR, 1);
+        EXPECT_TRUE(cfg.zvFastActive);
+    }
+}
+
+TEST_F(ConfiguracioFicheroTest, WideTextIsReadAndStaysWide) {
+    const QString texto = QStringLiteral("[ZORVEX]\r\nIP=10.0.0.7\r\nSUITEZV=C:\\Ñandú\\Ελλάς\r\n"
+                                         "[ZVMONITOR]\r\nMODO=SEMI\r\nREFRESCO=9\r\n");
+    for (const auto codigo : {QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
+        QStringEncoder codificador(codigo, QStringConverter::Flag::WriteBom);
+        const QByteArray bytes = codificador.encode(texto);
+        Configuracio cfg = Leida(bytes);
+        EXPECT_EQ(cfg.IP, QStringLiteral("10.0.0.7"));
+        EXPECT_EQ(cfg.SUITEZV, QStringLiteral("C:\\Ñandú\\Ελλάς"));
+        EXPECT_EQ(cfg.Modo, QStringLiteral("SEMI"));
+        EXPECT_EQ(cfg.REFRESCO, 9);
+
+        cfg.IP = QStringLiteral("2.2.2.2");
+        cfg.GuardarConfig(ruta);
+        EXPECT_TRUE(Fichero().startsWith(bytes.first(2)));
+        Configuracio otra = Leida(Fichero());
+        EXPECT_EQ(otra.IP, QStringLiteral("2.2.2.2"));
+        EXPECT_EQ(otra.SUITEZV, QStringLiteral("C:\\Ñandú\\Ελλάς"));
+    }
+    EXPECT_TRUE(log.lineas.isEmpty());
+}
+
+TEST_F(ConfiguracioFicheroTest, TheFirstOfDoubledSectionsAndKeysCounts) {
+    const Configuracio cfg = Leida("[ZVMONITOR]\r\nREFRESCO=5\r\nrefresco=x\r\n"
+                                   "[ZORVEX]\r\nIP=1.1.1.1\r\nIP=2.2.2.2\r\n"
+                                   "[zvmonitor]\r\nREFRESCO=x\r\nSINHORA=1\r\n"
+                                   "[ZORVEX]\r\nIP=3.3.3.3\r\nSUITEZV=/otra\r\n");
+    EXPECT_EQ(cfg.REFRESCO, 5);
+    EXPECT_EQ(cfg.IP, QStringLiteral("1.1.1.1"));
+    EXPECT_EQ(cfg.SINHORA, 0);
+    EXPECT_EQ(cfg.SUITEZV, carpeta.Ruta());
+}
+
+TEST_F(ConfiguracioFicheroTest, ValuesAreCutAt255Characters) {
+    const Configuracio cfg = Leida("[ZORVEX]\nIP=" + QByteArray(600, 'a') +
+                                   "\n[CONECTOR]\nZVConectorPath=" + QByteArray(255, 'b') + "\n");
+    EXPECT_EQ(cfg.IP, QString(255, u'a'));
+    EXPECT_EQ(cfg.ZVConectorPath, QString(255, u'b'));
+}
+
+TEST_F(ConfiguracioFicheroTest, AVeryBigFileIsReadOnceForAllKeys) {
+    const QByteArray relleno = QByteArray("[s]\r\nclave=0123456789\r\n").repeated(200000);
+    const QByteArray bytes =
+        relleno + relleno + "[ZORVEX]\r\nIP=10.0.0.7\r\n" + relleno + "[CONECTOR]\r\nZVFastPort=7";
+    ASSERT_GT(bytes.size(), 10'000'000);
+    carpeta.Pon(QStringLiteral("ZVMonitor.ini"), bytes);
+    Configuracio cfg = Nueva();
+    bool existe = false;
+    const CuentaAperturas aperturas(ruta);
+    cfg.LeerCfgIni(ruta, existe);
+    EXPECT_EQ(aperturas.Cuenta(), 1);
+    EXPECT_TRUE(existe);
+    EXPECT_EQ(cfg.IP, QStringLiteral("10.0.0.7"));
+    EXPECT_EQ(cfg.ZVFastPort, QStringLiteral("7"));
+}
+
+TEST_F(ConfiguracioFicheroTest, AReadOnlyFileIsReadAsAnyOther) {
+    carpeta.Pon(QStringLiteral("ZVMonitor.ini"), "[ZORVEX]\r\nIP=10.0.0.7\r\n");
+    ASSERT_EQ(::chmod(QFile::encodeName(ruta).constData(), 0444), 0);
+    Configuracio cfg = Nueva();
+    bool existe = false;
+    cfg.LeerCfgIni(ruta, existe);
+    EXPECT_TRUE(existe);
+    EXPECT_EQ(cfg.IP, QStringLiteral("10.0.0.7"));
+}
+
+TEST_F(ConfiguracioFicheroTest, AFileThatMayNotBeReadIsShownOnceAndCountsAsMissing) {
+    carpeta.Pon(QStringLiteral("ZVMonitor.ini"), "[ZORVEX]\r\nIP=10.0.0.7\r\n");
+    ASSERT_EQ(::chmod(QFile::encodeName(carpeta.Ruta()).constData(), 0755), 0);
+    ASSERT_EQ(::chmod(QFile::encodeName(ruta).constData(), 0), 0);
+    const test::SinPrivilegios nadie;
+    ElFicheroCuentaComoAusente("permiso denegado");
+}
+
+TEST_F(ConfiguracioFicheroTest, AFolderInThePlaceOfTheFileIsShownOnceAndCountsAsMissing) {
+    carpeta.PonCarpeta(QStringLiteral("ZVMonitor.ini"));
+    ElFicheroCuentaComoAusente("es una carpeta");
+}
+
+} // namespace
+} // namespace zv
