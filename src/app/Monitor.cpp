@@ -23,8 +23,8 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
       firma(seguretat),
       registros(motor, servicios.log, exterior.dialogos, firma, importes, servicios.reloj),
       ini(servicios.log, exterior.dialogos),
-      configuracio(
-          std::make_unique<Configuracio>(ini, servicios.registro, servicios.opciones.carpeta)),
+      configuracio(std::make_unique<Configuracio>(ini, servicios.registro,
+                                                  servicios.opciones.carpeta, servicios.formato)),
       marca(servicios.registro),
       supervision(exterior.cliente, servicios.registro, servicios.log, exterior.dialogos,
                   servicios.textos, importes, [this] { return configuracio->IP; }),
