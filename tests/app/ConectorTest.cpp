@@ -61,6 +61,34 @@ TEST_F(ConectorTest, AMissingProgramIsTold) {
     EXPECT_TRUE(shell.abiertos.isEmpty());
 }
 
+TEST_F(ConectorTest, OneThatSomebodyStartsUnderTheMessageCounts) {
+    dialogos.EsperaMensaje(QStringLiteral("Conector no cargado"), testing::_, resultado::kAceptar,
+                           0, [this] { procesos.enMarcha << QStringLiteral("ZVConnector.exe"); });
+    monitor->conector.ArrancarConector();
+    EXPECT_TRUE(monitor->conector.EnMarcha());
+}
+
+TEST_F(ConectorTest, ItsWordsComeFromTheLanguageFile) {
+    QFile fichero(carpeta.filePath(QStringLiteral("RWLang.ini")));
+    ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
+    fichero.write("[COMMON]\r\nconectorNoCargado=a\r\nconectorNoDisponible=b\r\n");
+    fichero.close();
+    dialogos.EsperaMensaje(QStringLiteral("a"), QStringLiteral("b"));
+    monitor->conector.ArrancarConector();
+}
+
+TEST_F(ConectorTest, APathThatEndsInASeparatorNamesNoProgram) {
+    QDir(carpeta.path()).mkdir(QStringLiteral("con ector"));
+    monitor->configuracio->ZVConectorPath =
+        carpeta.filePath(QStringLiteral("con ector")) + QLatin1Char('/');
+    dialogos.EsperaMensaje(QStringLiteral("Conector no cargado"), testing::_);
+    monitor->conector.ArrancarConector();
+    EXPECT_FALSE(monitor->conector.EnMarcha());
+    monitor->conector.PararConector();
+    EXPECT_TRUE(procesos.terminados.isEmpty());
+    EXPECT_TRUE(shell.abiertos.isEmpty());
+}
+
 TEST_F(ConectorTest, AFolderIsNoProgram) {
     QDir(carpeta.path()).mkpath(QStringLiteral("con ector/ZVConnector.exe"));
     dialogos.EsperaMensaje(QStringLiteral("Conector no cargado"), testing::_);

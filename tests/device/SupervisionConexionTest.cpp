@@ -7,6 +7,7 @@
 #include "support/ImprimeQt.h"
 #include "support/LogMemoria.h"
 
+#include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -271,6 +272,35 @@ TEST_F(SupervisionConexionTest, StoresNoBalanceWhileDisconnected) {
     cliente.PonerTotal(9);
     supervision.GuardarSaldoExit();
     EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1000"));
+}
+
+TEST_F(SupervisionConexionTest, EveryWordComesFromTheLanguageFile) {
+    QFile fichero(carpeta.filePath(QStringLiteral("RWLang.ini")));
+    ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
+    fichero.write("[COMMON]\r\ninicializacion=a\r\ninicializacion2=b\r\n"
+                  "ultimoSaldoRegistrado=c\r\nsaldoActual=d\r\nerrorDeZorvex=e\r\n"
+                  "problemaComunicacion=f\r\nconsulteConSuTecnico=g\r\nconflictoOperacion=h\r\n"
+                  "problemaAgrupacion=i\r\noperacionAnulada=j\r\nerrorAlRecuperarSaldo=k\r\n");
+    fichero.close();
+    cliente.PonerTotal(100);
+    cliente.EsperaConnect();
+    dialogos.EsperaMensaje(QStringLiteral("a"), QStringLiteral("b\r\nc0,00 €\r\nd1,00 €"));
+    supervision.Conectar();
+    // The log's own words stay as they are.
+    EXPECT_EQ(log.lineas.value(1),
+              QStringLiteral(">>> Último Saldo Registrado: 0,00 € -- Saldo Actual: 1,00 €"));
+    vista.agrupando = true;
+    dialogos.EsperaMensaje(QStringLiteral("h"), QStringLiteral("i"));
+    supervision.Desconectar();
+    cliente.FallarNiveles(2, 8, QStringLiteral("Sensor"));
+    dialogos.EsperaMensaje(QStringLiteral("j"), QStringLiteral("Sensor"));
+    supervision.SaldoPorTipo({}, 1);
+    cliente.PonerNiveles(2, QStringLiteral("1,2"), QStringLiteral("1"));
+    dialogos.EsperaCaja(QStringLiteral("k 9 - El subíndice está fuera del intervalo"));
+    supervision.SaldoPorTipo({}, 1);
+    cliente.EsperaConnect(FinGuion::Error(7, QStringLiteral("x")));
+    dialogos.EsperaMensaje(QStringLiteral("e"), QStringLiteral("f\r\ng\r\n7: x"));
+    supervision.Conectar();
 }
 
 // ---- SaldoPorTipo
