@@ -4,6 +4,7 @@
 
 #include "platform/CodePage.h"
 #include "platform/ErrorEjecucion.h"
+#include "platform/Ficheros.h"
 #include "ui/Dialogos.h"
 
 #include <QFile>
@@ -11,7 +12,6 @@
 #include <QStringList>
 
 #include <cerrno>
-#include <cstring>
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
@@ -35,7 +35,7 @@ ErrorEjecucion FalloDe(int error, const QByteArray& ruta) {
     case ENOTDIR:
         return {76, QStringLiteral("No se ha encontrado la ruta de acceso: ") + nombre};
     default:
-        return errores::ErrorDeArchivo(nombre, QString::fromLocal8Bit(strerror(error)));
+        return errores::ErrorDeArchivo(nombre, TextoErrorSistema(error));
     }
 }
 

@@ -1,6 +1,7 @@
 // The daily log files: names, lines, failures, and which of them a start removes.
 #include "ui/LogFicheros.h"
 
+#include "platform/DescriptorFichero.h"
 #include "platform/ErrorEjecucion.h"
 #include "support/CarpetaTemporal.h"
 #include "support/DialogosGuion.h"
@@ -11,7 +12,9 @@
 
 #include <QFileInfo>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 
 namespace zv::test {
 namespace {
@@ -144,7 +147,45 @@ TEST_F(LogFicherosTest, FileInThePlaceOfTheFolderRaises76) {
 
 TEST_F(LogFicherosTest, FolderInThePlaceOfTheFileRaises75) {
     carpeta_.PonCarpeta(QStringLiteral("Debug/ZVMonitor20260509.log"));
-    EXPECT_EQ(NumeroError([this] { Log().LogLinea(QStringLiteral("A")); }), 75);
+    try {
+        Log().LogLinea(QStringLiteral("A"));
+        FAIL() << "nothing was raised";
+    } catch (const ErrorEjecucion& e) {
+        EXPECT_EQ(e.Numero(), 75);
+        EXPECT_EQ(e.Descripcion(),
+                  QStringLiteral("Error de acceso a la ruta o al archivo: %1 (es una carpeta)")
+                      .arg(carpeta_.Ruta(QStringLiteral("Debug/ZVMonitor20260509.log"))));
+    }
+}
+
+TEST_F(LogFicherosTest, AFailureNamesTheFileAndItsReason) {
+    const auto descripcion = [](LogFicheros log) {
+        try {
+            log.LogLinea(QStringLiteral("A"));
+        } catch (const ErrorEjecucion& e) {
+            return e.Descripcion();
+        }
+        return QString();
+    };
+    EXPECT_EQ(descripcion({carpeta_.Ruta(QStringLiteral("no")), QStringLiteral("ZVMonitor"),
+                           QStringLiteral("1.2.3"), reloj_}),
+              QStringLiteral("No se ha encontrado la ruta de acceso: ") +
+                  carpeta_.Ruta(QStringLiteral("no/Debug/")));
+    carpeta_.PonCarpeta(QStringLiteral("Debug"));
+    const QString fichero = carpeta_.Ruta(QStringLiteral("Debug/ZVMonitor20260509.log"));
+    ASSERT_TRUE(QFile::link(QStringLiteral("/dev/full"), fichero));
+    EXPECT_EQ(descripcion(Log()), QStringLiteral("Disco lleno: ") + fichero);
+}
+
+// Locks of this system bind only those who ask for them: a line is never lost to one.
+TEST_F(LogFicherosTest, WritesAFileThatAnotherProgramHoldsALockOn) {
+    carpeta_.Pon(QStringLiteral("Debug/ZVMonitor20260509.log"), "");
+    const DescriptorFichero otro(::open(
+        QFile::encodeName(carpeta_.Ruta(QStringLiteral("Debug/ZVMonitor20260509.log"))), O_RDWR));
+    ASSERT_EQ(::flock(otro.Numero(), LOCK_EX), 0);
+    Log().LogLinea(QStringLiteral("A"));
+    EXPECT_EQ(carpeta_.Lee(QStringLiteral("Debug/ZVMonitor20260509.log")),
+              "v26.5.25 - 18:04:11 - A\r\n");
 }
 
 TEST_F(LogFicherosTest, MissingProgramFolderRaises76) {

@@ -3,10 +3,13 @@
 
 #include "support/CarpetaTemporal.h"
 #include "support/ImprimeQt.h"
+#include "support/SinPrivilegios.h"
 
 #include <QStringEncoder>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <utime.h>
 
 namespace zv::test {
@@ -152,6 +155,28 @@ TEST_F(TextosTest, WhatIsNoLanguageFileGivesTheDefaults) {
     EXPECT_EQ(T("a", "defecto"), QStringLiteral("defecto"));
     QFile::remove(carpeta_.Ruta(QStringLiteral("RWLang.ini")));
     carpeta_.PonCarpeta(QStringLiteral("RWLang.ini"));
+    EXPECT_EQ(T("a", "defecto"), QStringLiteral("defecto"));
+}
+
+TEST_F(TextosTest, UnknownSectionsAndKeysChangeNothing) {
+    Fichero(QStringLiteral("a=1\r\n[DESCONOCIDA]\r\na=2\r\n[COMMON]\r\nb=3\r\naa=4\r\n= 5\r\na\r\n"
+                           "[]\r\na=6\r\n[COMMON\r\n"));
+    EXPECT_EQ(T("a", "defecto"), QStringLiteral("defecto"));
+    EXPECT_EQ(T("b", "defecto"), QStringLiteral("3"));
+}
+
+TEST_F(TextosTest, AFileThatCannotBeReadGivesTheDefaultsAndStopsNobody) {
+    Fichero(QStringLiteral("[COMMON]\r\na=uno\r\n"));
+    const QByteArray ruta = QFile::encodeName(carpeta_.Ruta(QStringLiteral("RWLang.ini")));
+    ASSERT_EQ(::chmod(QFile::encodeName(carpeta_.Ruta()).constData(), 0755), 0);
+    ASSERT_EQ(::chmod(ruta.constData(), 0), 0);
+    {
+        const SinPrivilegios nadie;
+        EXPECT_EQ(T("a", "defecto"), QStringLiteral("defecto"));
+    }
+    ASSERT_EQ(::unlink(ruta.constData()), 0);
+    // Opening a pipe that nobody writes would wait for ever.
+    ASSERT_EQ(::mkfifo(ruta.constData(), 0644), 0);
     EXPECT_EQ(T("a", "defecto"), QStringLiteral("defecto"));
 }
 
