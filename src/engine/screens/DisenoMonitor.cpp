@@ -1,6 +1,7 @@
 // Layout of the main screen: header, state bar, grid with its page buttons, footer.
 #include "engine/screens/DisenoMonitor.h"
 
+#include "ui/Textos.h"
 #include "ui/screens/Tema.h"
 
 #include <QFrame>
@@ -30,20 +31,6 @@ QToolButton* Boton(QWidget* padre, const QString& nombre, const QString& caption
 
 QString Indexado(const QString& nombre, int indice) {
     return nombre + QLatin1Char('_') + QString::number(indice);
-}
-
-QLabel* Lampara(QWidget* padre, const QString& nombre, const QColor& color,
-                const QString& accesible) {
-    auto* lampara = new QLabel(padre);
-    lampara->setObjectName(nombre);
-    lampara->setFixedSize(28, 28);
-    lampara->setStyleSheet(
-        QStringLiteral("background:%1;border:3px solid white;border-radius:14px;")
-            .arg(color.name()));
-    lampara->setAccessibleName(accesible);
-    lampara->setToolTip(accesible);
-    lampara->setVisible(false);
-    return lampara;
 }
 
 } // namespace
@@ -142,16 +129,12 @@ void DisenoMonitor::ConstruirEstado(QWidget& ventana) {
     lbEstado->setAlignment(Qt::AlignCenter);
     lbEstado->setWordWrap(true);
 
-    ShapeOK = Lampara(frmEstado, QStringLiteral("ShapeOK"), tema::kVerde,
-                      QStringLiteral("Niveles normales"));
-    ShapeAlert = Lampara(frmEstado, QStringLiteral("ShapeAlert"), tema::kAmbar,
-                         QStringLiteral("Niveles en alerta"));
-    ShapeCritico = Lampara(frmEstado, QStringLiteral("ShapeCritico"), tema::kRojo,
-                           QStringLiteral("Niveles críticos o sin conexión"));
+    ShapeOK = new Lampara(Lampara::Marca::Bien, QStringLiteral("ShapeOK"), frmEstado);
+    ShapeAlert = new Lampara(Lampara::Marca::Alerta, QStringLiteral("ShapeAlert"), frmEstado);
+    ShapeCritico = new Lampara(Lampara::Marca::Critico, QStringLiteral("ShapeCritico"), frmEstado);
 
     TextIni = new QLineEdit(frmEstado);
     TextIni->setObjectName(QStringLiteral("TextIni"));
-    TextIni->setAccessibleName(QStringLiteral("Código de barras"));
     TextIni->setFixedSize(160, 48);
     TextIni->setFont(tema::Fuente(15));
 
@@ -253,6 +236,20 @@ void DisenoMonitor::ConstruirPie(QWidget& ventana) {
         }
     }
     PartirRotulos();
+}
+
+void DisenoMonitor::PonerSentidos(const Textos& textos) {
+    const auto sentido = [&](const QString& clave, const QString& porDefecto) {
+        return textos.TextoForm(QStringLiteral("frmZVMonitor"), clave, porDefecto);
+    };
+    const QString barras = sentido(QStringLiteral("TextIni"), QStringLiteral("Código de barras"));
+    TextIni->setAccessibleName(barras);
+    TextIni->setPlaceholderText(barras);
+    ShapeOK->PonerSentido(sentido(QStringLiteral("ShapeOK"), QStringLiteral("Niveles normales")));
+    ShapeAlert->PonerSentido(
+        sentido(QStringLiteral("ShapeAlert"), QStringLiteral("Niveles en alerta")));
+    ShapeCritico->PonerSentido(
+        sentido(QStringLiteral("ShapeCritico"), QStringLiteral("Niveles críticos o sin conexión")));
 }
 
 void DisenoMonitor::PartirRotulos() {

@@ -1,6 +1,8 @@
 // The controls of frmZVMonitor and where they stand. Behaviour is frmZVMonitor's.
 #pragma once
 
+#include "engine/screens/Lampara.h"
+
 #include <QWidget>
 
 #include <array>
@@ -15,11 +17,15 @@ class QToolButton;
 
 namespace zv {
 
+class Textos;
+
 struct DisenoMonitor {
     // Builds all controls as children of the window; captions are the Spanish defaults.
     void Construir(QWidget& ventana);
     // Breaks the footer's captions at their blanks: the buttons are narrow and high.
     void PartirRotulos();
+    // What controls without a caption mean, for hints and for reading aloud.
+    void PonerSentidos(const Textos& textos);
 
     QFrame* frameCab = nullptr;
     QToolButton* btnLogo = nullptr;
@@ -30,9 +36,9 @@ struct DisenoMonitor {
     QFrame* frmEstado = nullptr;
     QLabel* lbContador = nullptr;
     QLabel* lbEstado = nullptr;
-    QLabel* ShapeOK = nullptr;
-    QLabel* ShapeAlert = nullptr;
-    QLabel* ShapeCritico = nullptr;
+    Lampara* ShapeOK = nullptr;
+    Lampara* ShapeAlert = nullptr;
+    Lampara* ShapeCritico = nullptr;
     QLineEdit* TextIni = nullptr;
 
     QTableView* grdZV = nullptr;

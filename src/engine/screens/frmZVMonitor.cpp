@@ -37,6 +37,7 @@ frmZVMonitor::frmZVMonitor(PartesMonitor partes, AccionesVentana acciones)
     setWindowTitle(QStringLiteral("Zorvex ®"));
     setMinimumSize(1000, 600);
     ui_.Construir(*this);
+    ui_.PonerSentidos(partes_.entorno.textos);
     ui_.grdZV->setModel(&modelo_);
     ui_.grdZV->setItemDelegate(
         new DelegadoCola(*ui_.btnCancelar, *ui_.btnCobro, *ui_.btnAbono, ui_.grdZV));
@@ -245,7 +246,9 @@ void frmZVMonitor::TraerAlFrente() {
 
 void frmZVMonitor::Traducir() {
     TraducirPantalla(*this, partes_.entorno.textos);
+    ui_.lbEstado->setToolTip(ui_.lbEstado->text());
     ui_.PartirRotulos();
+    ui_.PonerSentidos(partes_.entorno.textos);
 }
 
 void frmZVMonitor::PonerIcono() {

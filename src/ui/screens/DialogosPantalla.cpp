@@ -3,6 +3,7 @@
 
 #include "ui/Importes.h"
 #include "ui/TecladoPantalla.h"
+#include "ui/Textos.h"
 #include "ui/screens/VentanaSinBorde.h"
 #include "ui/screens/frmCash.h"
 #include "ui/screens/frmMensaje.h"
@@ -58,7 +59,8 @@ void DialogosPantalla::CajaSimple(const QString& texto) {
     caja.setWindowTitle(programa_);
     caja.setTextFormat(Qt::PlainText);
     caja.setText(texto);
-    caja.addButton(QStringLiteral("Aceptar"), QMessageBox::AcceptRole);
+    caja.addButton(textos_.Traduce(QStringLiteral("boton_0"), QStringLiteral("Aceptar")),
+                   QMessageBox::AcceptRole);
     VentanaEncima(caja, true);
     caja.exec();
 }
