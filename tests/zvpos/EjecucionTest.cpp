@@ -1,0 +1,163 @@
+// Orders against a scripted link: how they end, and how long they wait.
+#include "zvpos/EnlaceGuion.h"
+
+#include <gtest/gtest.h>
+
+using namespace zv::zvpos;
+
+namespace {
+
+class EjecucionZvpos : public testing::Test {
+  protected:
+    EjecucionZvpos() {
+        opciones.venta.id = QStringLiteral("T1");
+        opciones.venta.importe = 1250;
+        opciones.segundos = 10;
+    }
+    Veredicto Hacer(Orden orden) {
+        opciones.orden = orden;
+        return Ejecutar(opciones, enlace, tiempo);
+    }
+    void Fallar(Contestacion::Clase clase) { enlace.guion.append({clase, QStringLiteral("roto")}); }
+
+    Opciones opciones;
+    TiempoFalso tiempo;
+    EnlaceGuion enlace{tiempo};
+};
+
+TEST_F(EjecucionZvpos, CobrarSendsOneMessage) {
+    enlace.Contestar(QStringLiteral("OK|Added"));
+    opciones.plazoMs = 77;
+    EXPECT_EQ(Hacer(Orden::Cobrar).codigo, Bien);
+    EXPECT_EQ(enlace.mensajes, QList<QByteArray>{"C|T1|1250"});
+    EXPECT_EQ(enlace.plazos, QList<int>{77});
+}
+
+TEST_F(EjecucionZvpos, EstadoAsksOnce) {
+    enlace.Contestar(QStringLiteral("OK|PENDING"));
+    const Veredicto veredicto = Hacer(Orden::Estado);
+    EXPECT_EQ(veredicto.codigo, Pendiente);
+    EXPECT_TRUE(veredicto.error.isEmpty());
+    EXPECT_EQ(enlace.mensajes, QList<QByteArray>{"S|T1"});
+}
+
+TEST_F(EjecucionZvpos, WhoKnowsNothingOfASaleSaysSo) {
+    Fallar(Contestacion::SinRespuesta);
+    const Veredicto sin = Hacer(Orden::Cobrar);
+    EXPECT_EQ(sin.codigo, SinRespuesta);
+    EXPECT_EQ(sin.error, QStringLiteral("el monitor en 127.0.0.1:16501 no ha contestado a tiempo; "
+                                        "no se sabe si ha tomado la venta: repita la misma orden, "
+                                        "con el mismo ID"));
+    Fallar(Contestacion::Cortada);
+    EXPECT_TRUE(
+        Hacer(Orden::Cobrar)
+            .error.startsWith(QStringLiteral(
+                "el monitor en 127.0.0.1:16501 ha cortado la conexión; no se sabe si ha tomado")));
+    Fallar(Contestacion::SinTurno);
+    EXPECT_EQ(Hacer(Orden::Cobrar).error,
+              QStringLiteral("el monitor en 127.0.0.1:16501 no contesta; no se le ha enviado la "
+                             "venta"));
+    Fallar(Contestacion::SinConexion);
+    EXPECT_EQ(Hacer(Orden::Cobrar).error,
+              QStringLiteral("no hay conexión con el monitor en 127.0.0.1:16501: roto"));
+}
+
+TEST_F(EjecucionZvpos, FailuresOfEstado) {
+    for (const auto clase : {Contestacion::SinConexion, Contestacion::SinTurno,
+                             Contestacion::SinRespuesta, Contestacion::Cortada}) {
+        Fallar(clase);
+        const Veredicto veredicto = Hacer(Orden::Estado);
+        EXPECT_EQ(veredicto.codigo, SinRespuesta);
+        EXPECT_TRUE(veredicto.salida.isEmpty());
+        EXPECT_FALSE(veredicto.error.isEmpty());
+        EXPECT_FALSE(veredicto.error.contains(QStringLiteral("venta")));
+    }
+}
+
+TEST_F(EjecucionZvpos, EsperarAsksUntilTheSaleHasEnded) {
+    const struct {
+        const char* final;
+        Codigo codigo;
+    } casos[] = {{"OK|OK", Bien},
+                 {"OK|ERROR", NoAceptada},
+                 {"OK|CANCEL", NoAceptada},
+                 {"NOK|Not found", Desconocida}};
+    for (const auto& caso : casos) {
+        tiempo.dormido.clear();
+        enlace.Contestar(QStringLiteral("OK|PENDING"));
+        enlace.Contestar(QStringLiteral("OK|PENDING"));
+        enlace.Contestar(QString::fromLatin1(caso.final));
+        EXPECT_EQ(Hacer(Orden::Esperar).codigo, caso.codigo) << caso.final;
+        EXPECT_EQ(tiempo.dormido, (QList<qint64>{250, 250}));
+    }
+}
+
+TEST_F(EjecucionZvpos, AnUnknownSaleIsNotWaitedFor) {
+    enlace.Contestar(QStringLiteral("NOK|Not found"));
+    EXPECT_EQ(Hacer(Orden::Esperar).codigo, Desconocida);
+    EXPECT_TRUE(tiempo.dormido.isEmpty());
+}
+
+TEST_F(EjecucionZvpos, EsperarEndsWithTheTimeAndAsksOnceMoreAtIt) {
+    enlace.siempre = Contestacion{Contestacion::Contestada, QStringLiteral("OK|PENDING")};
+    const Veredicto veredicto = Hacer(Orden::Esperar);
+    EXPECT_EQ(veredicto.codigo, Pendiente);
+    EXPECT_EQ(veredicto.salida, QStringLiteral("PENDING"));
+    EXPECT_EQ(veredicto.error, QStringLiteral("sigue pendiente después de 10 segundos"));
+    EXPECT_EQ(tiempo.ahora, 11'000);
+    EXPECT_EQ(enlace.mensajes.size(), 41);
+}
+
+TEST_F(EjecucionZvpos, NoSecondsIsOneQuestion) {
+    opciones.segundos = 0;
+    enlace.Contestar(QStringLiteral("OK|PENDING"));
+    EXPECT_EQ(Hacer(Orden::Esperar).codigo, Pendiente);
+    EXPECT_EQ(enlace.plazos, QList<int>{5000});
+}
+
+TEST_F(EjecucionZvpos, OneQuestionWaitsAsLongAsThereIsTime) {
+    enlace.Contestar(QStringLiteral("OK|PENDING"));
+    Fallar(Contestacion::SinRespuesta);
+    EXPECT_EQ(Hacer(Orden::Esperar).codigo, SinRespuesta);
+    EXPECT_EQ(enlace.plazos, (QList<int>{10'000, 9'750}));
+}
+
+TEST_F(EjecucionZvpos, TheLastQuestionHasTheWholeTimeForAnAnswer) {
+    opciones.segundos = 1;
+    enlace.siempre = Contestacion{Contestacion::Contestada, QStringLiteral("OK|PENDING")};
+    Hacer(Orden::Esperar);
+    EXPECT_EQ(enlace.plazos, (QList<int>{5000, 5000, 5000, 5000, 5000}));
+}
+
+TEST_F(EjecucionZvpos, NobodyThereAtTheFirstQuestionIsAnErrorAtOnce) {
+    Fallar(Contestacion::SinConexion);
+    EXPECT_EQ(Hacer(Orden::Esperar).codigo, SinRespuesta);
+    EXPECT_TRUE(tiempo.dormido.isEmpty());
+}
+
+TEST_F(EjecucionZvpos, AConnectionLostOnTheWayIsMadeAnew) {
+    enlace.Contestar(QStringLiteral("OK|PENDING"));
+    Fallar(Contestacion::Cortada);
+    Fallar(Contestacion::SinConexion);
+    enlace.Contestar(QStringLiteral("OK|OK"));
+    EXPECT_EQ(Hacer(Orden::Esperar).codigo, Bien);
+    EXPECT_EQ(tiempo.dormido.size(), 3);
+}
+
+TEST_F(EjecucionZvpos, WithNoConnectionAtTheEndTheStateIsNotKnown) {
+    enlace.Contestar(QStringLiteral("OK|PENDING"));
+    enlace.siempre = Contestacion{Contestacion::SinConexion, QStringLiteral("roto")};
+    const Veredicto veredicto = Hacer(Orden::Esperar);
+    EXPECT_EQ(veredicto.codigo, SinRespuesta);
+    EXPECT_TRUE(veredicto.salida.isEmpty());
+    EXPECT_EQ(tiempo.ahora, 11'000);
+}
+
+TEST_F(EjecucionZvpos, WhatIsNoMonitorIsNotAskedAgain) {
+    enlace.Contestar(QStringLiteral("HTTP/1.1 400 Bad Request"));
+    const Veredicto veredicto = Hacer(Orden::Esperar);
+    EXPECT_EQ(veredicto.codigo, SinRespuesta);
+    EXPECT_TRUE(veredicto.error.contains(QStringLiteral("¿es un ZVMonitor?")));
+}
+
+} // namespace

@@ -1,0 +1,140 @@
+// The real program as a script sees it: exit code, stdout, stderr.
+#include "zvpos/Mensajes.h"
+#include "zvpos/ServidorFalso.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QProcess>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+using namespace zv::zvpos;
+
+namespace {
+
+struct Salida {
+    int codigo = -1;
+    QByteArray normal;
+    QByteArray errores;
+};
+
+Salida Correr(const QStringList& argumentos) {
+    QProcess proceso;
+    QEventLoop bucle;
+    QObject::connect(&proceso, &QProcess::finished, &bucle, &QEventLoop::quit);
+    QObject::connect(&proceso, &QProcess::errorOccurred, &bucle, &QEventLoop::quit);
+    QTimer::singleShot(60'000, &bucle, [&bucle] { bucle.quit(); });
+    proceso.start(QCoreApplication::applicationDirPath() + QStringLiteral("/zvpos"), argumentos);
+    if (proceso.state() != QProcess::NotRunning)
+        bucle.exec();
+    EXPECT_EQ(proceso.state(), QProcess::NotRunning);
+    EXPECT_EQ(proceso.error(), QProcess::UnknownError);
+    return {proceso.exitCode(), proceso.readAllStandardOutput(), proceso.readAllStandardError()};
+}
+
+Salida Preguntar(const QByteArray& respuesta, const QStringList& argumentos, QByteArray* mensaje) {
+    ServidorFalso servidor([&respuesta](const QByteArray& recibido) {
+        return QList<QByteArray>{recibido == MensajeMarca() ? RespuestaMarca() : respuesta};
+    });
+    const Salida salida = Correr(
+        argumentos + QStringList{QStringLiteral("--puerto"), QString::number(servidor.Puerto()),
+                                 QStringLiteral("--plazo"), QStringLiteral("20000")});
+    if (mensaje != nullptr)
+        *mensaje = servidor.mensajes.value(1);
+    return salida;
+}
+
+TEST(ProgramaZvpos, ASaleIsTaken) {
+    QByteArray mensaje;
+    const Salida salida =
+        Preguntar("OK|Added",
+                  {QStringLiteral("cobrar"), QStringLiteral("Ñ1"), QStringLiteral("-450"),
+                   QStringLiteral("--caja"), QStringLiteral("3")},
+                  &mensaje);
+    EXPECT_EQ(salida.codigo, 0);
+    EXPECT_EQ(salida.normal, QByteArray("Added\n"));
+    EXPECT_EQ(salida.errores, QByteArray());
+    EXPECT_EQ(mensaje, QByteArray("C|\xd1"
+                                  "1|-450||3"));
+}
+
+TEST(ProgramaZvpos, ASaleThatIsThereAlready) {
+    const Salida salida =
+        Preguntar("NOK|Already exists",
+                  {QStringLiteral("cobrar"), QStringLiteral("T1"), QStringLiteral("5")}, nullptr);
+    EXPECT_EQ(salida.codigo, 6);
+    EXPECT_EQ(salida.normal, QByteArray("Already exists\n"));
+    EXPECT_EQ(salida.errores,
+              QByteArray("zvpos: ya hay una venta con ese ID; no se ha puesto otra\n"));
+}
+
+TEST(ProgramaZvpos, StatesInTheExitCode) {
+    const QStringList estado{QStringLiteral("estado"), QStringLiteral("T1")};
+    EXPECT_EQ(Preguntar("OK|OK", estado, nullptr).codigo, 0);
+    EXPECT_EQ(Preguntar("OK|CANCEL", estado, nullptr).codigo, 1);
+    EXPECT_EQ(Preguntar("OK|PENDING", estado, nullptr).codigo, 4);
+    EXPECT_EQ(Preguntar("NOK|Not found", estado, nullptr).codigo, 5);
+}
+
+TEST(ProgramaZvpos, EsperarSeesTheSaleThrough) {
+    int preguntas = 0;
+    ServidorFalso servidor([&preguntas](const QByteArray& mensaje) {
+        if (mensaje == MensajeMarca())
+            return QList<QByteArray>{RespuestaMarca()};
+        return QList<QByteArray>{++preguntas < 2 ? "OK|PENDING" : "OK|OK"};
+    });
+    const Salida salida = Correr({QStringLiteral("esperar"), QStringLiteral("T1"),
+                                  QStringLiteral("--segundos"), QStringLiteral("60"),
+                                  QStringLiteral("--puerto"), QString::number(servidor.Puerto())});
+    EXPECT_EQ(salida.codigo, 0);
+    EXPECT_EQ(salida.normal, QByteArray("OK\n"));
+    EXPECT_EQ(preguntas, 2);
+    EXPECT_EQ(servidor.conexiones, 1);
+}
+
+TEST(ProgramaZvpos, AWrongLineSendsNothing) {
+    ServidorFalso servidor([](const QByteArray&) { return QList<QByteArray>(); });
+    const Salida salida =
+        Correr({QStringLiteral("cobrar"), QStringLiteral("T1"), QStringLiteral("12,50"),
+                QStringLiteral("--puerto"), QString::number(servidor.Puerto())});
+    EXPECT_EQ(salida.codigo, 2);
+    EXPECT_EQ(salida.normal, QByteArray());
+    EXPECT_TRUE(salida.errores.startsWith("zvpos: el importe \"12,50\" no es"));
+    EXPECT_EQ(servidor.conexiones, 0);
+}
+
+TEST(ProgramaZvpos, ABrokenTextOfTheShellIsRefused) {
+    // Not UTF-8: the byte would become another character on the way.
+    QProcess proceso;
+    proceso.start(QStringLiteral("/bin/sh"),
+                  {QStringLiteral("-c"),
+                   QStringLiteral("exec \"$0\" estado \"$(printf 'a\\361')\""),
+                   QCoreApplication::applicationDirPath() + QStringLiteral("/zvpos")});
+    ASSERT_TRUE(proceso.waitForFinished());
+    EXPECT_EQ(proceso.exitCode(), 2);
+    EXPECT_TRUE(proceso.readAllStandardError().contains("Windows-1252"));
+}
+
+TEST(ProgramaZvpos, NobodyThere) {
+    QTcpServer libre;
+    libre.listen(QHostAddress::LocalHost);
+    const quint16 puerto = libre.serverPort();
+    libre.close();
+    const Salida salida = Correr({QStringLiteral("estado"), QStringLiteral("T1"),
+                                  QStringLiteral("--puerto"), QString::number(puerto)});
+    EXPECT_EQ(salida.codigo, 3);
+    EXPECT_EQ(salida.normal, QByteArray());
+    EXPECT_TRUE(salida.errores.startsWith("zvpos: no hay conexión con el monitor en 127.0.0.1:"));
+}
+
+TEST(ProgramaZvpos, HelpAndVersion) {
+    const Salida ayuda = Correr({QStringLiteral("--help")});
+    EXPECT_EQ(ayuda.codigo, 0);
+    EXPECT_TRUE(ayuda.normal.startsWith("Uso: zvpos"));
+    const Salida version = Correr({QStringLiteral("--version")});
+    EXPECT_EQ(version.codigo, 0);
+    EXPECT_TRUE(version.normal.startsWith("zvpos "));
+}
+
+} // namespace

@@ -1,0 +1,60 @@
+// Another end of the link: answers from a list, and can be silent, slow in pieces, or gone.
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+#include <functional>
+#include <memory>
+
+namespace zv::zvpos {
+
+class ServidorFalso {
+  public:
+    // What to write for a message; each element is one write, and an empty list is silence.
+    using Contestador = std::function<QList<QByteArray>(const QByteArray&)>;
+
+    explicit ServidorFalso(Contestador contestador) : contestador_(std::move(contestador)) {
+        servidor_.listen(QHostAddress::LocalHost);
+        QObject::connect(&servidor_, &QTcpServer::newConnection, &servidor_, [this] { Aceptar(); });
+    }
+
+    quint16 Puerto() const { return servidor_.serverPort(); }
+    void Cerrar() { servidor_.close(); }
+    // After the messages so far: the connection ends when the writes have gone.
+    void Colgar() { cliente_->disconnectFromHost(); }
+    bool HayCliente() const {
+        return cliente_ && cliente_->state() == QAbstractSocket::ConnectedState;
+    }
+
+    // Something that comes to a client before it has said anything.
+    QByteArray saludo;
+    QList<QByteArray> mensajes; // as they have come in, one for each event
+    int conexiones = 0;
+
+  private:
+    void Aceptar() {
+        cliente_ = servidor_.nextPendingConnection();
+        ++conexiones;
+        if (!saludo.isEmpty())
+            cliente_->write(saludo);
+        QTcpSocket* const cliente = cliente_;
+        QObject::connect(cliente, &QTcpSocket::readyRead, &servidor_, [this, cliente] {
+            const QByteArray mensaje = cliente->readAll();
+            mensajes.append(mensaje);
+            const QList<QByteArray> trozos = contestador_(mensaje);
+            for (const QByteArray& trozo : trozos) {
+                cliente->write(trozo);
+                cliente->flush();
+            }
+        });
+    }
+
+    Contestador contestador_;
+    QTcpServer servidor_;
+    QTcpSocket* cliente_ = nullptr; // of servidor_
+};
+
+} // namespace zv::zvpos

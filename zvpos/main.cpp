@@ -1,0 +1,43 @@
+// zvpos: puts sales into the monitor's queue over its fast link and asks how they stand. The exit
+// code tells scripts the outcome; see --help.
+#include "zvpos/Ejecucion.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+void Decir(std::FILE* donde, const QString& texto) {
+    std::fputs(texto.toUtf8().constData(), donde);
+    std::fflush(donde);
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    using namespace zv::zvpos;
+    const QCoreApplication app(argc, argv);
+    QStringList argumentos;
+    for (int i = 1; i < argc; ++i)
+        argumentos.append(QString::fromLocal8Bit(argv[i]));
+
+    Opciones opciones;
+    QString error;
+    if (!LeerOpciones(argumentos, opciones, error)) {
+        Decir(stderr, QStringLiteral("zvpos: %1\nzvpos --help dice cómo se usa.\n").arg(error));
+        return MalEscrita;
+    }
+    if (!opciones.aviso.isEmpty()) {
+        Decir(stdout, opciones.aviso);
+        return Bien;
+    }
+    EnlaceTcp enlace(opciones.servidor, opciones.puerto, opciones.plazoMs);
+    TiempoReal tiempo;
+    const Veredicto veredicto = Ejecutar(opciones, enlace, tiempo);
+    if (!veredicto.salida.isEmpty())
+        Decir(stdout, veredicto.salida + QLatin1Char('\n'));
+    if (!veredicto.error.isEmpty())
+        Decir(stderr, QStringLiteral("zvpos: %1\n").arg(veredicto.error));
+    return veredicto.codigo;
+}
