@@ -143,6 +143,13 @@ ConexionSQLite::Preparada& ConexionSQLite::Preparar(const QString& sql, std::siz
     return sitio->second;
 }
 
+void ConexionSQLite::Compilar(const QString& sql, std::size_t parametros) {
+    if (!Abierta()) {
+        throw Cerrada();
+    }
+    Preparar(sql, parametros);
+}
+
 qint64 ConexionSQLite::Ejecutar(const QString& sql, const Parametros& parametros,
                                 const Visita& visita) {
     if (!Abierta()) {

@@ -36,6 +36,8 @@ class ConexionSQLite {
     // Runs one statement; answers the rows that it touched. Failures carry SQLite's extended code.
     qint64 Ejecutar(const QString& sql, const Parametros& parametros = {},
                     const Visita& visita = {});
+    // Compiles a statement ahead of its first run. The same failures.
+    void Compilar(const QString& sql, std::size_t parametros);
     // The value as SQLite holds it: dates as local ISO text, an empty text for a null QString.
     static QVariant Valor(const QVariant& valor);
     // The failure of every call on a closed connection: 3704, the data layer's own number.

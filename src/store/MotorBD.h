@@ -111,6 +111,17 @@ class ConjuntoRegistros {
     virtual void Cerrar() = 0;
 };
 
+// A query prepared once and run often. It holds no open statement; it must not outlive its engine.
+class SentenciaPreparada {
+  public:
+    virtual ~SentenciaPreparada() = default;
+    // The first row, if there is one; the others are not read.
+    virtual std::optional<Fila> Primera(const Parametros& parametros) = 0;
+    // A record set over its rows, as MotorBD::AbrirConsulta.
+    virtual std::unique_ptr<ConjuntoRegistros> AbrirConjunto(const QString& tabla,
+                                                             const Parametros& parametros) = 0;
+};
+
 // What the engine is about to do, for the hook of fault tests.
 struct Sentencia {
     enum class Clase { Abrir, Catalogo, Lectura, Escritura, Comenzar, Confirmar, Deshacer };
@@ -144,6 +155,9 @@ class MotorBD {
     // The visitor must not use the engine.
     virtual void Recorrer(const QString& sql, const Parametros& parametros,
                           const std::function<bool(const Fila&)>& visitar) = 0;
+    // A query for many runs with other values; fails for what cannot be prepared.
+    virtual std::unique_ptr<SentenciaPreparada> Preparar(const QString& sql,
+                                                         std::size_t parametros) = 0;
     // Any other statement; answers the rows touched.
     virtual qint64 Ejecutar(const QString& sql, const Parametros& parametros = {}) = 0;
 

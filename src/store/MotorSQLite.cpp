@@ -5,6 +5,7 @@
 #include "store/ConjuntoSQLite.h"
 #include "store/DialectoSQLite.h"
 #include "store/EsquemaSQLite.h"
+#include "store/SentenciaSQLite.h"
 
 #include <QFile>
 
@@ -153,6 +154,11 @@ std::vector<Fila> MotorSQLite::Consultar(const QString& sql, const Parametros& p
 void MotorSQLite::Recorrer(const QString& sql, const Parametros& parametros,
                            const std::function<bool(const Fila&)>& visitar) {
     nucleo_.Recorrer(AdaptarLectura(sql), parametros, visitar);
+}
+
+std::unique_ptr<SentenciaPreparada> MotorSQLite::Preparar(const QString& sql,
+                                                          std::size_t parametros) {
+    return std::make_unique<SentenciaSQLite>(nucleo_, AdaptarLectura(sql), parametros);
 }
 
 qint64 MotorSQLite::Ejecutar(const QString& sql, const Parametros& parametros) {

@@ -32,6 +32,8 @@ class MotorSQLite final : public MotorBD {
     std::vector<Fila> Consultar(const QString& sql, const Parametros& parametros = {}) override;
     void Recorrer(const QString& sql, const Parametros& parametros,
                   const std::function<bool(const Fila&)>& visitar) override;
+    std::unique_ptr<SentenciaPreparada> Preparar(const QString& sql,
+                                                 std::size_t parametros) override;
     qint64 Ejecutar(const QString& sql, const Parametros& parametros = {}) override;
 
     std::unique_ptr<ConjuntoRegistros> AbrirTabla(const QString& tabla) override;

@@ -148,6 +148,11 @@ void NucleoSQLite::Recorrer(const QString& sql, const Parametros& parametros,
              });
 }
 
+void NucleoSQLite::Preparar(const QString& sql, std::size_t parametros) {
+    aviso_(Sentencia::Clase::Catalogo, sql);
+    conexion_.Compilar(sql, parametros);
+}
+
 qint64 NucleoSQLite::Escribir(const QString& sql, const Parametros& parametros, const void* dueño) {
     niveles_.PrepararEscritura(dueño);
     ContarCambio();

@@ -31,6 +31,8 @@ class NucleoSQLite {
                            const Parametros& parametros = {});
     void Recorrer(const QString& sql, const Parametros& parametros,
                   const std::function<bool(const Fila&)>& visitar);
+    // Compiles a query ahead of its first run.
+    void Preparar(const QString& sql, std::size_t parametros);
     // dueño: the record set that writes, if it is one. Answers the rows touched.
     qint64 Escribir(const QString& sql, const Parametros& parametros = {},
                     const void* dueño = nullptr);
