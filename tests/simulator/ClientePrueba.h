@@ -1,7 +1,7 @@
 // A client of the gateway for tests: sends requests, keeps all that comes.
 #pragma once
 
-#include "Esperas.h"
+#include "support/Esperas.h"
 
 #include <QHostAddress>
 #include <QJsonDocument>
@@ -12,6 +12,8 @@
 #include <vector>
 
 namespace zv::simulador {
+
+using test::Esperar;
 
 class ClientePrueba {
   public:

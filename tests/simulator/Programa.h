@@ -1,13 +1,15 @@
 // The real program as a child, on a free port.
 #pragma once
 
-#include "Esperas.h"
+#include "support/Esperas.h"
 
 #include <QCoreApplication>
 #include <QProcess>
 #include <QStringList>
 
 namespace zv::simulador {
+
+using test::Esperar;
 
 class Programa {
   public:

@@ -2,10 +2,10 @@
 #include "simulator/screens/frmSimulador.h"
 
 #include "../Banco.h"
-#include "../Esperas.h"
 #include "simulator/screens/BotonPieza.h"
 #include "simulator/screens/Textos.h"
 #include "simulator/screens/frmFallos.h"
+#include "support/Esperas.h"
 #include "ui/screens/Tema.h"
 
 #include <QApplication>
@@ -18,6 +18,8 @@
 #include <gtest/gtest.h>
 
 namespace zv::simulador {
+using test::Esperar;
+
 namespace {
 
 TEST(Textos, WriteAmountsTheSpanishWay) {

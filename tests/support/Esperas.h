@@ -6,7 +6,7 @@
 #include <QEventLoop>
 #include <QTimer>
 
-namespace zv::simulador {
+namespace zv::test {
 
 // Works the event loop until `listo` answers true; false when that takes longer than the bound.
 template <typename Condicion>
@@ -22,4 +22,4 @@ bool Esperar(Condicion listo, int topeMs = 10'000) {
     return true;
 }
 
-} // namespace zv::simulador
+} // namespace zv::test

@@ -1,0 +1,106 @@
+// Fields of a code by their positions, counted from 1; nothing else of it is looked at.
+#include "barcode/CobroCodigoBarras.h"
+
+#include "platform/Conversiones.h"
+#include "platform/ErrorEjecucion.h"
+
+#include <QScopeGuard>
+
+namespace zv {
+
+namespace {
+
+constexpr int kSegundosEspera = 1;
+
+// The characters from position inicio to position fin.
+QString Campo(const QString& codigo, int inicio, int fin) {
+    return codigo.mid(inicio - 1, fin - inicio + 1);
+}
+
+double Divisor(int decimales) {
+    return QStringLiteral("10000000").left(decimales + 1).toDouble();
+}
+
+} // namespace
+
+CobroCodigoBarras::CobroCodigoBarras(ConfiguracioGlobal& configuracio,
+                                     std::function<dades*()> datos, const Importes& importes,
+                                     const Reloj& reloj, Dialogos& dialogos, const Textos& textos,
+                                     std::function<void(int)> espera)
+    : configuracio_(configuracio), datos_(std::move(datos)), importes_(importes), reloj_(reloj),
+      dialogos_(dialogos), textos_(textos), espera_(std::move(espera)) {}
+
+void CobroCodigoBarras::Avisar(const char16_t* clave, const char16_t* porDefecto,
+                               const std::function<void()>& vaciar) {
+    dialogos_.CajaSimple(
+        textos_.Traduce(QString::fromUtf16(clave), QString::fromUtf16(porDefecto)));
+    vaciar();
+}
+
+bool CobroCodigoBarras::LayoutMalo() const {
+    const Configuracio& c = *configuracio_;
+    if (c.BCIINI == 0 || c.BCIFIN == 0 || (c.BCTPRE && (c.BCTINI == 0 || c.BCTFIN == 0)) ||
+        c.BCEAN == 0) {
+        return true;
+    }
+    // A field that ends before it begins has no characters to take.
+    return c.BCIFIN < c.BCIINI || (c.BCTPRE && c.BCTFIN < c.BCTINI);
+}
+
+QString CobroCodigoBarras::Identificador(const QString& codigo) const {
+    const Configuracio& c = *configuracio_;
+    return c.BCTPRE ? Campo(codigo, c.BCTINI, c.BCTFIN)
+                    : reloj_.Ahora().toString(QStringLiteral("MM/dd/yyyy-HH:mm:ss"));
+}
+
+Currency CobroCodigoBarras::Importe(const QString& texto) const {
+    const Currency leido = importes_.Formato().LeerCurrency(texto);
+    const auto producto = Currency::DeDiezmilesimas(leido.Diezmilesimas() *
+                                                    static_cast<qint64>(importes_.Multiplicador()));
+    return Currency::DeDoble(producto.ADoble() / Divisor(configuracio_->BCDEC));
+}
+
+void CobroCodigoBarras::Enter(const QString& codigo, const std::function<void()>& vaciar) {
+    if (configuracio_->BCEAN == 0 || ocupado_) {
+        return;
+    }
+    ocupado_ = true;
+    const auto libre = qScopeGuard([this] { ocupado_ = false; });
+    if (codigo.size() != configuracio_->BCEAN) {
+        Avisar(u"errorLongitudCodigoBarras",
+               u"El mensaje tiene que tener la misma lungitud que la de la configuración", vaciar);
+        return;
+    }
+    if (LayoutMalo()) {
+        Avisar(u"errorConfiguracionCodigoBarras",
+               u"La configuración no corresponde con la longitud del còdigo de barras", vaciar);
+        return;
+    }
+    Missatge missatge;
+    missatge.IdxSocket = 1;
+    missatge.Comanda = QStringLiteral("C");
+    missatge.ID1 = Identificador(codigo);
+    const QString importe = Campo(codigo, configuracio_->BCIINI, configuracio_->BCIFIN);
+    try {
+        AEntero32(importe, importes_.Formato());
+    } catch (const ErrorEjecucion&) {
+        Avisar(u"errorImporteCodigoBarras",
+               u"Configuración de importe en el codigo de barras no admitido", vaciar);
+        return;
+    }
+    // From here on a failure ends its own step only.
+    try {
+        missatge.Importe = Importe(importe);
+    } catch (const ErrorEjecucion&) {
+        missatge.Importe = {};
+    }
+    if (dades* datos = datos_()) {
+        // A ticket that waits in cola already is no news.
+        bool resultado = false;
+        datos->Inserta(missatge, resultado);
+    }
+    espera_(kSegundosEspera);
+    vaciar();
+}
+
+} // namespace zv

@@ -1,0 +1,44 @@
+// A scanned ticket becomes a sale in cola: the handler of the barcode box, run when Enter arrives.
+#pragma once
+
+#include "config/ConfiguracioGlobal.h"
+#include "platform/Reloj.h"
+#include "store/dades.h"
+#include "ui/Dialogos.h"
+#include "ui/Importes.h"
+#include "ui/Textos.h"
+
+#include <functional>
+
+namespace zv {
+
+class CobroCodigoBarras {
+  public:
+    // datos: the sales of the store. espera: lets so many seconds pass with the event loop running.
+    // Everything handed in outlives the handler.
+    CobroCodigoBarras(ConfiguracioGlobal& configuracio, std::function<dades*()> datos,
+                      const Importes& importes, const Reloj& reloj, Dialogos& dialogos,
+                      const Textos& textos, std::function<void(int segundos)> espera);
+
+    // Enter in the box that holds codigo; vaciar empties it. Nothing happens while BCEAN is 0, nor
+    // in the second after a code: what a scanner repeats then is dropped.
+    void Enter(const QString& codigo, const std::function<void()>& vaciar);
+
+  private:
+    bool LayoutMalo() const;
+    QString Identificador(const QString& codigo) const;
+    Currency Importe(const QString& texto) const;
+    void Avisar(const char16_t* clave, const char16_t* porDefecto,
+                const std::function<void()>& vaciar);
+
+    ConfiguracioGlobal& configuracio_;
+    std::function<dades*()> datos_;
+    const Importes& importes_;
+    const Reloj& reloj_;
+    Dialogos& dialogos_;
+    const Textos& textos_;
+    std::function<void(int)> espera_;
+    bool ocupado_ = false;
+};
+
+} // namespace zv

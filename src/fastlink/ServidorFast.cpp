@@ -1,0 +1,90 @@
+// Receiving queues, ticking answers.
+#include "fastlink/ServidorFast.h"
+
+#include "fastlink/LecturaMissatge.h"
+#include "fastlink/RespuestaFast.h"
+#include "platform/CodePage.h"
+#include "platform/Conversiones.h"
+#include "platform/ErrorEjecucion.h"
+
+namespace zv {
+
+namespace {
+
+constexpr int kTmrMs = 1;
+
+} // namespace
+
+ServidorFast::ServidorFast(ConfiguracioGlobal& configuracio, const FormatoRegional& formato,
+                           Log& log, BombaFast bomba, const QHostAddress& direccion)
+    : configuracio_(configuracio), formato_(formato), log_(log), bomba_(std::move(bomba)),
+      ws_(direccion, {[this](qint16 indice, const QByteArray& datos) { Llegada(indice, datos); }}) {
+    tmr_.setObjectName(QStringLiteral("Tmr"));
+    tmr_.setTimerType(Qt::PreciseTimer);
+    tmr_.setInterval(kTmrMs);
+    QObject::connect(&tmr_, &QTimer::timeout, &tmr_, [this] { Tick(); });
+}
+
+void ServidorFast::AbrirFast() {
+    if (ws_.Escuchando()) {
+        ws_.DejarDeEscuchar();
+    }
+    if (configuracio_->zvFastActive) {
+        ws_.Escuchar(AEntero32(configuracio_->ZVFastPort, formato_));
+    }
+}
+
+void ServidorFast::Llegada(qint16 indice, const QByteArray& datos) {
+    const QString texto = DeCodePage(datos);
+    log_.LogFast(QStringLiteral("R: ") + texto);
+    std::optional<Missatge> missatge = LeerMissatge(texto, formato_);
+    if (!missatge) {
+        return;
+    }
+    missatge->IdxSocket = indice;
+    ColaMissatges_.push_back({std::move(*missatge), ws_.Serie(indice)});
+    if (!tmr_.isActive()) {
+        tmr_.start();
+    }
+}
+
+void ServidorFast::Tick() {
+    if (ColaMissatges_.empty()) {
+        tmr_.stop();
+        return;
+    }
+    dades* datos = bomba_.datos();
+    if (datos == nullptr || (bomba_.esperar && bomba_.esperar())) {
+        return;
+    }
+    const Entrada entrada = std::move(ColaMissatges_.front());
+    ColaMissatges_.pop_front();
+    const QString respuesta = Contestar(*datos, entrada.missatge);
+    const qint16 indice = entrada.missatge.IdxSocket;
+    if (ws_.Conectado(indice) && ws_.Serie(indice) == entrada.serie) {
+        ws_.Enviar(indice, ACodePage(respuesta));
+        log_.LogFast(QStringLiteral("E: ") + respuesta);
+    }
+}
+
+QString ServidorFast::Contestar(dades& datos, const Missatge& missatge) {
+    try {
+        if (bomba_.preparar) {
+            bomba_.preparar();
+        }
+        return ContestarMissatge(datos, missatge);
+    } catch (const ErrorEjecucion& e) {
+        // A look-up that the database refuses is no reason to end a till: the client is told that
+        // it failed, and asks again.
+        try {
+            log_.LogLinea(QStringLiteral(">>> Error nº ") + QString::number(e.Numero()) +
+                          QStringLiteral(" en el enlace ZVFast - ") + e.Descripcion());
+        } catch (const ErrorEjecucion&) {
+            // Nor is a log that cannot be written.
+            return QStringLiteral("NOK|Failed");
+        }
+        return QStringLiteral("NOK|Failed");
+    }
+}
+
+} // namespace zv

@@ -1,0 +1,62 @@
+// The fast link: sales from the network. A receive event is one message, which only joins the
+// queue; the timer Tmr answers one message a tick, in order of arrival across all clients.
+#pragma once
+
+#include "config/ConfiguracioGlobal.h"
+#include "fastlink/SocketsFast.h"
+#include "platform/FormatoRegional.h"
+#include "store/dades.h"
+#include "ui/Log.h"
+
+#include <QTimer>
+
+#include <deque>
+
+namespace zv {
+
+// What the pump asks before it answers.
+struct BombaFast {
+    // The sales of the store; nullptr while there is none yet: messages wait.
+    std::function<dades*()> datos;
+    // True while an answer has to wait: during a device call with a transaction open.
+    std::function<bool()> esperar;
+    // Called before a message that may be queued: leaves no abandoned transaction open, in which
+    // the new row would be lost.
+    std::function<void()> preparar;
+};
+
+class ServidorFast {
+  public:
+    // Everything handed in outlives the server.
+    ServidorFast(ConfiguracioGlobal& configuracio, const FormatoRegional& formato, Log& log,
+                 BombaFast bomba, const QHostAddress& direccion = QHostAddress::Any);
+
+    // (Re)opens the listener by the settings; connections that stand are not touched. Raises 13 or
+    // 6 for a port that is no number, and the failures of SocketsFast::Escuchar.
+    void AbrirFast();
+
+    // One tick of Tmr; the event loop calls it.
+    void Tick();
+
+    const SocketsFast& WS() const { return ws_; }
+    std::size_t MensajesEnCola() const { return ColaMissatges_.size(); }
+    bool TmrActivo() const { return tmr_.isActive(); }
+
+  private:
+    struct Entrada {
+        Missatge missatge;
+        quint64 serie; // of the connection: another one may have taken its index since
+    };
+    void Llegada(qint16 indice, const QByteArray& datos);
+    QString Contestar(dades& datos, const Missatge& missatge);
+
+    ConfiguracioGlobal& configuracio_;
+    const FormatoRegional& formato_;
+    Log& log_;
+    BombaFast bomba_;
+    SocketsFast ws_;
+    std::deque<Entrada> ColaMissatges_;
+    QTimer tmr_;
+};
+
+} // namespace zv

@@ -1,0 +1,65 @@
+// The array WS of the fast link: the listener and the growing array of client connections, of
+// which the lowest closed one is used again.
+#pragma once
+
+#include <QHostAddress>
+#include <QTcpServer>
+#include <QTcpSocket>
+
+#include <functional>
+#include <vector>
+
+namespace zv {
+
+// What the connections tell their owner.
+struct OyenteSockets {
+    // All that was pending on WS(indice), in one piece.
+    std::function<void(qint16 indice, const QByteArray& datos)> llegada;
+};
+
+class SocketsFast final : private QTcpServer {
+    Q_OBJECT
+
+  public:
+    // direccion: where the listener binds; every interface unless told otherwise.
+    SocketsFast(const QHostAddress& direccion, OyenteSockets oyente);
+    ~SocketsFast() override;
+
+    // Raises 10048 for a port in use, 380 for a number that is no port, 10013 for one that is not
+    // permitted, 10022 for any other failure. Port 0 takes a free one.
+    void Escuchar(qint32 puerto);
+    // Established connections go on.
+    void DejarDeEscuchar();
+    bool Escuchando() const { return isListening(); }
+    quint16 Puerto() const { return serverPort(); }
+
+    // Highest index in use so far; it never goes down.
+    qint16 NumSockets() const { return static_cast<qint16>(huecos_.size()); }
+    bool Conectado(qint16 indice) const;
+    // Tells connections on one index apart; 0 when there has been none.
+    quint64 Serie(qint16 indice) const;
+    void Enviar(qint16 indice, const QByteArray& datos);
+
+  protected:
+    void incomingConnection(qintptr descriptor) override;
+
+  private:
+    struct Hueco {
+        QTcpSocket* socket = nullptr; // owned; none when closed
+        quint64 serie = 0;
+    };
+    qint16 LibreOMas();
+    void Cerrar(qint16 indice, quint64 serie);
+    void Recibir(qint16 indice, quint64 serie);
+    const Hueco* Buscar(qint16 indice) const;
+    Hueco* Buscar(qint16 indice);
+    int Abiertos() const;
+
+    QHostAddress direccion_;
+    OyenteSockets oyente_;
+    std::vector<Hueco> huecos_; // WS(1) is the first
+    quint64 series_ = 0;
+    int maximoAbiertos_;
+};
+
+} // namespace zv
