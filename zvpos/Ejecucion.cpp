@@ -22,11 +22,6 @@ Veredicto SinContestar(const Opciones& opciones, const Contestacion& contestacio
         error = QStringLiteral("no hay conexión con el monitor en %1: %2")
                     .arg(donde, contestacion.texto);
         break;
-    case Contestacion::SinTurno:
-        error = QStringLiteral("el monitor en %1 no contesta").arg(donde);
-        if (cobrar)
-            error += QStringLiteral("; no se le ha enviado la venta");
-        break;
     default:
         error = contestacion.clase == Contestacion::Cortada
                     ? QStringLiteral("el monitor en %1 ha cortado la conexión").arg(donde)
@@ -70,10 +65,11 @@ Veredicto Esperar(const Opciones& opciones, Enlace& enlace, Tiempo& tiempo) {
         Veredicto veredicto = contestacion.clase == Contestacion::Contestada
                                   ? JuzgarEstado(contestacion.texto)
                                   : SinContestar(opciones, contestacion);
-        const bool perdida = contestacion.clase == Contestacion::Cortada ||
-                             (contestacion.clase == Contestacion::SinConexion && !primera);
+        const bool otraVez = contestacion.clase == Contestacion::Cortada ||
+                             (contestacion.clase == Contestacion::SinConexion && !primera) ||
+                             contestacion.texto == QLatin1String("NOK|Failed");
         const qint64 queda = hasta - tiempo.AhoraMs();
-        if ((veredicto.codigo != Pendiente && !perdida) || queda <= 0) {
+        if ((veredicto.codigo != Pendiente && !otraVez) || queda <= 0) {
             if (veredicto.codigo == Pendiente) {
                 veredicto.error =
                     QStringLiteral("sigue pendiente después de %1 segundos").arg(opciones.segundos);

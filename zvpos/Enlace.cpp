@@ -35,14 +35,11 @@ Contestacion EnlaceTcp::Preguntar(const QByteArray& mensaje, const QList<QByteAr
         socket_.abort();
         return nadie;
     }
-    const QDeadlineTimer plazo(plazoMs);
-    if (!turno_ && !PedirTurno(plazoMs)) {
-        socket_.abort();
-        return {Contestacion::SinTurno, {}};
-    }
-    recibido_.clear();
-    Enviar(mensaje);
-    Contestacion contestacion = Leer(conocidas, static_cast<int>(plazo.remainingTime()));
+    // What came without a question answers none.
+    socket_.readAll();
+    socket_.write(mensaje);
+    socket_.flush();
+    Contestacion contestacion = Leer(conocidas, plazoMs);
     if (contestacion.clase != Contestacion::Contestada)
         socket_.abort();
     return contestacion;
@@ -50,8 +47,6 @@ Contestacion EnlaceTcp::Preguntar(const QByteArray& mensaje, const QList<QByteAr
 
 bool EnlaceTcp::Conectar() {
     socket_.abort();
-    turno_ = false;
-    recibido_.clear();
     const QDeadlineTimer plazo(plazoConexionMs_);
     socket_.connectToHost(servidor_, puerto_);
     while (!Conectado() && socket_.state() != QAbstractSocket::UnconnectedState &&
@@ -62,35 +57,17 @@ bool EnlaceTcp::Conectar() {
     return Conectado();
 }
 
-bool EnlaceTcp::PedirTurno(int plazoMs) {
-    const QDeadlineTimer plazo(plazoMs);
-    Enviar(MensajeMarca());
-    while (!turno_) {
-        recibido_ += socket_.readAll();
-        turno_ = recibido_.endsWith(RespuestaMarca());
-        if (turno_)
-            break;
-        if (!Conectado() || plazo.hasExpired() || recibido_.size() > kRespuestaMayor)
-            return false;
-        EsperarNovedad(plazo.remainingTime());
-    }
-    return true;
-}
-
 Contestacion EnlaceTcp::Leer(const QList<QByteArray>& conocidas, int plazoMs) {
     const QDeadlineTimer plazo(plazoMs);
-    const QList<QByteArray> posibles = conocidas + QList<QByteArray>{RespuestaMarca()};
+    QByteArray recibido;
     for (;;) {
         const QByteArray llegado = socket_.readAll();
-        recibido_ += llegado;
-        // Answers to the first messages of others that gave up; none of ours gets such a one.
-        while (recibido_.startsWith(RespuestaMarca()))
-            recibido_.remove(0, RespuestaMarca().size());
-        const Avance avance = MirarRespuesta(recibido_, posibles);
+        recibido += llegado;
+        const Avance avance = MirarRespuesta(recibido, conocidas);
         const bool acabado = !Conectado() || plazo.hasExpired();
-        const bool callado = llegado.isEmpty() || recibido_.size() > kRespuestaMayor;
+        const bool callado = llegado.isEmpty() || recibido.size() > kRespuestaMayor;
         if (avance == Avance::Completa || (avance == Avance::Otra && (acabado || callado)))
-            return {Contestacion::Contestada, DeCodePage(recibido_)};
+            return {Contestacion::Contestada, DeCodePage(recibido)};
         if (!Conectado())
             return {Contestacion::Cortada, {}};
         if (acabado)
@@ -104,11 +81,6 @@ Contestacion EnlaceTcp::Leer(const QList<QByteArray>& conocidas, int plazoMs) {
 
 bool EnlaceTcp::Conectado() const {
     return socket_.state() == QAbstractSocket::ConnectedState;
-}
-
-void EnlaceTcp::Enviar(const QByteArray& mensaje) {
-    socket_.write(mensaje);
-    socket_.flush();
 }
 
 // Until bytes come, the state of the connection changes, or the time is over.

@@ -11,6 +11,7 @@ namespace {
 
 const auto kAñadida = QByteArrayLiteral("OK|Added");
 const auto kExiste = QByteArrayLiteral("NOK|Already exists");
+const auto kFallo = QByteArrayLiteral("NOK|Failed");
 const auto kSinVenta = QByteArrayLiteral("NOK|Not found");
 const auto kAceptado = QLatin1String("OK|");
 const auto kRechazado = QLatin1String("NOK|");
@@ -67,14 +68,6 @@ QByteArray MensajeEstado(const QString& id) {
     return "S|" + ACodePage(id);
 }
 
-QByteArray MensajeMarca() {
-    return QByteArrayLiteral("ZVPOS|");
-}
-
-QByteArray RespuestaMarca() {
-    return QByteArrayLiteral("NOK|Unknown command");
-}
-
 QList<QByteArray> RespuestasCobro() {
     QList<QByteArray> todas{kAñadida, kExiste};
     for (const Motivo& motivo : kMotivos)
@@ -83,7 +76,7 @@ QList<QByteArray> RespuestasCobro() {
 }
 
 QList<QByteArray> RespuestasEstado() {
-    return {"OK|PENDING", "OK|OK", "OK|ERROR", "OK|CANCEL", "OK|REENVIADO", kSinVenta};
+    return {"OK|PENDING", "OK|OK", "OK|ERROR", "OK|CANCEL", "OK|REENVIADO", kSinVenta, kFallo};
 }
 
 Avance MirarRespuesta(const QByteArray& recibido, const QList<QByteArray>& conocidas) {
@@ -116,6 +109,10 @@ Veredicto JuzgarEstado(const QString& respuesta) {
     if (respuesta == QLatin1String(kSinVenta)) {
         return {Desconocida, QStringLiteral("Not found"),
                 QStringLiteral("no hay ninguna venta con ese ID")};
+    }
+    if (respuesta == QLatin1String(kFallo)) {
+        return {
+            SinRespuesta, {}, QStringLiteral("el monitor no ha podido mirar en su base de datos")};
     }
     // "Added" answers another message: no state of a sale.
     if (!respuesta.startsWith(kAceptado) || respuesta == QLatin1String(kAñadida))

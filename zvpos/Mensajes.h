@@ -13,10 +13,6 @@ namespace zv::zvpos {
 QByteArray MensajeCobro(const Venta& venta);
 QByteArray MensajeEstado(const QString& id);
 
-// A message that no server knows, sent first on every connection; see Enlace.
-QByteArray MensajeMarca();
-QByteArray RespuestaMarca();
-
 // What a server can answer to a message, as far as it is known beforehand.
 QList<QByteArray> RespuestasCobro();
 QList<QByteArray> RespuestasEstado();
@@ -46,6 +42,7 @@ struct Veredicto {
 };
 
 Veredicto JuzgarCobro(const QString& respuesta);
+// "NOK|Failed" to a question: the monitor could not look; the state is not known.
 Veredicto JuzgarEstado(const QString& respuesta);
 
 } // namespace zv::zvpos

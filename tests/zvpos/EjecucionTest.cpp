@@ -53,18 +53,14 @@ TEST_F(EjecucionZvpos, WhoKnowsNothingOfASaleSaysSo) {
         Hacer(Orden::Cobrar)
             .error.startsWith(QStringLiteral(
                 "el monitor en 127.0.0.1:16501 ha cortado la conexión; no se sabe si ha tomado")));
-    Fallar(Contestacion::SinTurno);
-    EXPECT_EQ(Hacer(Orden::Cobrar).error,
-              QStringLiteral("el monitor en 127.0.0.1:16501 no contesta; no se le ha enviado la "
-                             "venta"));
     Fallar(Contestacion::SinConexion);
     EXPECT_EQ(Hacer(Orden::Cobrar).error,
               QStringLiteral("no hay conexión con el monitor en 127.0.0.1:16501: roto"));
 }
 
 TEST_F(EjecucionZvpos, FailuresOfEstado) {
-    for (const auto clase : {Contestacion::SinConexion, Contestacion::SinTurno,
-                             Contestacion::SinRespuesta, Contestacion::Cortada}) {
+    for (const auto clase :
+         {Contestacion::SinConexion, Contestacion::SinRespuesta, Contestacion::Cortada}) {
         Fallar(clase);
         const Veredicto veredicto = Hacer(Orden::Estado);
         EXPECT_EQ(veredicto.codigo, SinRespuesta);
@@ -151,6 +147,15 @@ TEST_F(EjecucionZvpos, WithNoConnectionAtTheEndTheStateIsNotKnown) {
     EXPECT_EQ(veredicto.codigo, SinRespuesta);
     EXPECT_TRUE(veredicto.salida.isEmpty());
     EXPECT_EQ(tiempo.ahora, 11'000);
+}
+
+TEST_F(EjecucionZvpos, AMonitorThatCouldNotLookIsAskedAgain) {
+    enlace.Contestar(QStringLiteral("NOK|Failed"));
+    enlace.Contestar(QStringLiteral("OK|OK"));
+    EXPECT_EQ(Hacer(Orden::Esperar).codigo, Bien);
+    EXPECT_EQ(tiempo.dormido, QList<qint64>{250});
+    enlace.siempre = Contestacion{Contestacion::Contestada, QStringLiteral("NOK|Failed")};
+    EXPECT_EQ(Hacer(Orden::Esperar).codigo, SinRespuesta);
 }
 
 TEST_F(EjecucionZvpos, WhatIsNoMonitorIsNotAskedAgain) {

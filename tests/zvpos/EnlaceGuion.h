@@ -33,10 +33,10 @@ class EnlaceGuion final : public Enlace {
         plazos.append(plazoMs);
         if (guion.isEmpty() && !siempre) {
             ADD_FAILURE() << "one question too many: " << mensaje.constData();
-            return {Contestacion::SinTurno, {}};
+            return {Contestacion::SinRespuesta, {}};
         }
         const Contestacion una = guion.isEmpty() ? *siempre : guion.takeFirst();
-        if (una.clase == Contestacion::SinRespuesta || una.clase == Contestacion::SinTurno)
+        if (una.clase == Contestacion::SinRespuesta)
             tiempo_.ahora += plazoMs;
         return una;
     }

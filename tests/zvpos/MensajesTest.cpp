@@ -60,8 +60,9 @@ TEST(MensajesZvpos, TextIsWindows1252) {
 TEST(MensajesZvpos, NoKnownAnswerIsTheBeginningOfAnother) {
     for (const auto& todas : {RespuestasCobro(), RespuestasEstado()}) {
         for (const QByteArray& una : todas) {
-            for (const QByteArray& otra : todas + QList<QByteArray>{RespuestaMarca()})
-                EXPECT_TRUE(una == otra || !otra.startsWith(una)) << una.constData() << " " << otra.constData();
+            for (const QByteArray& otra : todas)
+                EXPECT_TRUE(una == otra || !otra.startsWith(una))
+                    << una.constData() << " " << otra.constData();
         }
     }
 }
@@ -112,6 +113,7 @@ TEST(MensajesZvpos, StatesOfASale) {
         {"NOK|Not found", {Desconocida, "Not found", true}},
         {"OK|Added", {SinRespuesta, "", true}},
         {"NOK|Failed", {SinRespuesta, "", true}},
+        {"NOK|Closed", {SinRespuesta, "", true}},
         {"ok|OK", {SinRespuesta, "", true}},
         {"", {SinRespuesta, "", true}},
     };

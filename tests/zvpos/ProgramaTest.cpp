@@ -1,5 +1,4 @@
 // The real program as a script sees it: exit code, stdout, stderr.
-#include "zvpos/Mensajes.h"
 #include "zvpos/ServidorFalso.h"
 
 #include <QCoreApplication>
@@ -34,14 +33,13 @@ Salida Correr(const QStringList& argumentos) {
 }
 
 Salida Preguntar(const QByteArray& respuesta, const QStringList& argumentos, QByteArray* mensaje) {
-    ServidorFalso servidor([&respuesta](const QByteArray& recibido) {
-        return QList<QByteArray>{recibido == MensajeMarca() ? RespuestaMarca() : respuesta};
-    });
+    ServidorFalso servidor(
+        [&respuesta](const QByteArray&) { return QList<QByteArray>{respuesta}; });
     const Salida salida = Correr(
         argumentos + QStringList{QStringLiteral("--puerto"), QString::number(servidor.Puerto()),
                                  QStringLiteral("--plazo"), QStringLiteral("20000")});
     if (mensaje != nullptr)
-        *mensaje = servidor.mensajes.value(1);
+        *mensaje = servidor.mensajes.value(0);
     return salida;
 }
 
@@ -79,9 +77,7 @@ TEST(ProgramaZvpos, StatesInTheExitCode) {
 
 TEST(ProgramaZvpos, EsperarSeesTheSaleThrough) {
     int preguntas = 0;
-    ServidorFalso servidor([&preguntas](const QByteArray& mensaje) {
-        if (mensaje == MensajeMarca())
-            return QList<QByteArray>{RespuestaMarca()};
+    ServidorFalso servidor([&preguntas](const QByteArray&) {
         return QList<QByteArray>{++preguntas < 2 ? "OK|PENDING" : "OK|OK"};
     });
     const Salida salida = Correr({QStringLiteral("esperar"), QStringLiteral("T1"),

@@ -25,12 +25,12 @@ class ServidorFalso {
     void Cerrar() { servidor_.close(); }
     // After the messages so far: the connection ends when the writes have gone.
     void Colgar() { cliente_->disconnectFromHost(); }
-    bool HayCliente() const {
-        return cliente_ && cliente_->state() == QAbstractSocket::ConnectedState;
+    // To the last client, without being asked.
+    void Decir(const QByteArray& bytes) {
+        cliente_->write(bytes);
+        cliente_->flush();
     }
 
-    // Something that comes to a client before it has said anything.
-    QByteArray saludo;
     QList<QByteArray> mensajes; // as they have come in, one for each event
     int conexiones = 0;
 
@@ -38,8 +38,6 @@ class ServidorFalso {
     void Aceptar() {
         cliente_ = servidor_.nextPendingConnection();
         ++conexiones;
-        if (!saludo.isEmpty())
-            cliente_->write(saludo);
         QTcpSocket* const cliente = cliente_;
         QObject::connect(cliente, &QTcpSocket::readyRead, &servidor_, [this, cliente] {
             const QByteArray mensaje = cliente->readAll();
