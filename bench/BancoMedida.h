@@ -101,7 +101,7 @@ class BancoMedida {
         if (!ini.open(QIODevice::WriteOnly)) {
             std::exit(EXIT_FAILURE);
         }
-        ini.write("[ZVMONITOR]\r\nMODO=AUTO\r\n");
+        ini.write("[ZVMONITOR]\r\nMODO=AUTO\r\n[CONECTOR]\r\nZVFastActive=0\r\n");
     }
 
     // n rows that no mode sends, in one transaction.

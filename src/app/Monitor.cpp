@@ -1,6 +1,8 @@
 // The one place where the parts of a monitor are put together.
 #include "app/Monitor.h"
 
+#include "barcode/Espera.h"
+
 namespace zv {
 
 namespace {
@@ -8,6 +10,11 @@ namespace {
 FormatoRegional FormatoDe(const Opciones& opciones) {
     return opciones.region.isEmpty() ? FormatoRegional::DelSistema()
                                      : FormatoRegional(opciones.region);
+}
+
+QHostAddress DireccionFast(const Opciones& opciones) {
+    return opciones.fastDireccion.isEmpty() ? QHostAddress(QHostAddress::Any)
+                                            : QHostAddress(opciones.fastDireccion);
 }
 
 } // namespace
@@ -45,6 +52,11 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
               servicios.reloj},
       grid(servicios.textos, importes), estado(entorno, controles, grid),
       pulso(entorno, controles, grid, estado), botones(entorno, controles, estado),
+      fast(configuracio, servicios.formato, servicios.log,
+           BombaDe(std::move(exterior.dispositivoOcupado)), DireccionFast(servicios.opciones)),
+      barras(
+          configuracio, [this] { return datos.get(); }, importes, servicios.reloj,
+          exterior.dialogos, servicios.textos, Espera),
       instancia(servicios.opciones.carpeta),
       conector(configuracio, exterior.procesos, exterior.shell, exterior.dialogos,
                servicios.textos),
@@ -53,6 +65,28 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
     supervision.PonerVista(&estado);
     botones.Registrar(6, [this] { supervision.Desconectar(); });
     botones.Registrar(7, [this] { supervision.Conectar(); });
+    PasosArranque pasos;
+    pasos.abrirFast = [this] { fast.AbrirFast(); };
+    pasos.inicializarDades = [this, &servicios] {
+        datos = std::make_unique<dades>(motor, servicios.reloj);
+        datos->Inicialitza();
+    };
+    arranque.PonerPasos(std::move(pasos));
+}
+
+BombaFast Monitor::BombaDe(std::function<bool()> dispositivoOcupado) {
+    BombaFast bomba;
+    bomba.datos = [this] { return datos.get(); };
+    bomba.esperar = [this, ocupado = std::move(dispositivoOcupado)] {
+        return motor.Nivel() > 0 && ocupado && ocupado();
+    };
+    // While the pulse is armed nobody works inside a transaction: one that is open was abandoned.
+    bomba.preparar = [this] {
+        if (pulso.Armado()) {
+            pulso.DeshacerAbandonadas();
+        }
+    };
+    return bomba;
 }
 
 void Monitor::PonerVentana(VentanaPrincipal& ventana) {

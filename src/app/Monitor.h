@@ -5,6 +5,7 @@
 #include "app/Arranque.h"
 #include "app/Conector.h"
 #include "app/Servicios.h"
+#include "barcode/CobroCodigoBarras.h"
 #include "config/ConfiguracioGlobal.h"
 #include "config/MarcaActivo.h"
 #include "config/ModuloIni.h"
@@ -14,8 +15,10 @@
 #include "engine/EstadoMonitor.h"
 #include "engine/GridCola.h"
 #include "engine/PulsoCola.h"
+#include "fastlink/ServidorFast.h"
 #include "platform/InstanciaUnica.h"
 #include "store/MotorSQLite.h"
+#include "store/dades.h"
 
 namespace zv {
 
@@ -36,6 +39,8 @@ struct Exterior {
     Dialogos& dialogos;
     Procesos& procesos;
     Shell& shell;
+    // True inside a long operation of the device; none: never.
+    std::function<bool()> dispositivoOcupado = {};
 };
 
 class Monitor {
@@ -64,11 +69,16 @@ class Monitor {
     EstadoMonitor estado;
     PulsoCola pulso;
     BotonesMonitor botones;
+    std::unique_ptr<dades> datos; // made by the start, once the database is open
+    ServidorFast fast;
+    CobroCodigoBarras barras;
     InstanciaUnica instancia;
     Conector conector;
     Arranque arranque;
 
   private:
+    BombaFast BombaDe(std::function<bool()> dispositivoOcupado);
+
     VentanaPrincipal* ventana_ = nullptr;
 };
 

@@ -4,6 +4,7 @@
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
+#include <QHostAddress>
 
 namespace zv {
 
@@ -30,11 +31,15 @@ LecturaOpciones LeerOpciones(const QStringList& argumentos) {
         QStringLiteral("region"),
         QStringLiteral("Formato regional (por omisión, el de la máquina)."),
         QStringLiteral("es_ES"));
+    const QCommandLineOption fastDireccion(
+        QStringLiteral("fast-direccion"),
+        QStringLiteral("Dirección IP en la que escucha el ZVFast (por omisión, todas)."),
+        QStringLiteral("IP"));
     const QCommandLineOption version(QStringLiteral("version"),
                                      QStringLiteral("Muestra la versión y termina."));
     const QCommandLineOption ayuda({QStringLiteral("help"), QStringLiteral("h")},
                                    QStringLiteral("Muestra esta ayuda y termina."));
-    analizador.addOptions({carpeta, registro, region, version, ayuda});
+    analizador.addOptions({carpeta, registro, region, fastDireccion, version, ayuda});
 
     const auto responder = [](const QString& texto, int codigo) {
         return LecturaOpciones{std::nullopt, {texto, codigo}};
@@ -68,6 +73,12 @@ LecturaOpciones LeerOpciones(const QStringList& argumentos) {
                             ? QDir::cleanPath(QDir(analizador.value(registro)).absolutePath())
                             : opciones.carpeta + QStringLiteral("/Registro");
     opciones.region = analizador.value(region);
+    opciones.fastDireccion = analizador.value(fastDireccion);
+    if (analizador.isSet(fastDireccion) && QHostAddress(opciones.fastDireccion).isNull()) {
+        return responder(QStringLiteral("No es una dirección IP: ") + opciones.fastDireccion +
+                             QLatin1Char('\n'),
+                         2);
+    }
     return {opciones, {}};
 }
 

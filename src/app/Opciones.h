@@ -9,10 +9,11 @@
 namespace zv {
 
 struct Opciones {
-    QString carpeta;  // application folder, without a separator at its end
-    QString registro; // folder of the registry tree
-    QString region;   // empty: the machine's
-    QString programa; // file name of the program without its extension
+    QString carpeta;            // application folder, without a separator at its end
+    QString registro;           // folder of the registry tree
+    QString region;             // empty: the machine's
+    QString programa;           // file name of the program without its extension
+    QString fastDireccion = {}; // where the fast link listens; empty: every interface
 };
 
 // Answer of a command line that asks for no start: text for the terminal and exit code.

@@ -54,7 +54,9 @@ int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
     });
 
     try {
-        Monitor monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell});
+        Monitor monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell, [&] {
+                                                          return cliente.Ocupado();
+                                                      }});
         const auto terminar = [&] {
             monitor.arranque.Descargar();
             // The end of the process: modal windows that stand open go with it.
@@ -63,7 +65,10 @@ int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
         frmZVMonitor pantalla(
             PartesMonitor{monitor.entorno, monitor.controles, monitor.grid, monitor.estado,
                           monitor.pulso, monitor.botones},
-            AccionesVentana{terminar, [&] { shell.AbrirDireccion(kDireccionManuales); }});
+            AccionesVentana{terminar, [&] { shell.AbrirDireccion(kDireccionManuales); },
+                            [&](const QString& codigo, const std::function<void()>& vaciar) {
+                                monitor.barras.Enter(codigo, vaciar);
+                            }});
         principal = &pantalla;
         monitor.PonerVentana(pantalla);
         enMarcha = &monitor;

@@ -27,6 +27,9 @@ class ClientePasarela final : public DeviceClient {
     ClientePasarela(const ClientePasarela&) = delete;
     ClientePasarela& operator=(const ClientePasarela&) = delete;
 
+    // Inside a long operation, with its event loop running.
+    bool Ocupado() const { return ocupado_; }
+
     qint16 ErrorCode() const override { return errorCode_; }
     QString ErrorMessage() const override { return errorMessage_; }
     void Address(const QString& direccion) override { address_ = direccion; }

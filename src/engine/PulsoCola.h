@@ -23,6 +23,9 @@ class PulsoCola {
     // The bracket of every operation that uses the device.
     void ParaTimer();
     void ArrancaTimer();
+    // Rolls back what a send that failed inside its transaction has left open, with a log line.
+    // Only while no operation runs.
+    void DeshacerAbandonadas();
     bool Armado() const { return controles_.Estado().timerCola; }
 
     // One tick of timerCola. Raises what no routine inside it is told to catch.
@@ -35,7 +38,6 @@ class PulsoCola {
     void RestaurarVentana();
 
   private:
-    void DeshacerAbandonadas();
     bool ConectorActivo();
     void ReflejarCambios();
     bool PuedeEnviar() const;

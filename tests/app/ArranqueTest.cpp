@@ -217,6 +217,7 @@ TEST_F(ArranqueTest, TwoMonitorsLiveSideBySide) {
     Opciones opciones = servicios->opciones;
     opciones.carpeta = otra.path();
     opciones.registro = otra.filePath(QStringLiteral("Registro"));
+    opciones.fastDireccion = QStringLiteral("127.2.255.255");
     Servicios segundos(opciones, reloj);
     DeviceGuion segundoCliente;
     Importes segundosImportes(segundos.formato, [&] { return segundoCliente.Multiplier(); });

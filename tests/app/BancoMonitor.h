@@ -9,8 +9,10 @@
 #include "support/RelojFijo.h"
 #include "support/VentanaFalsa.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QHostAddress>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -31,6 +33,7 @@ class BancoMonitor : public testing::Test {
         opciones.registro = carpeta.filePath(QStringLiteral("Registro"));
         opciones.region = QStringLiteral("es_ES");
         opciones.programa = QStringLiteral("ZVMonitor");
+        opciones.fastDireccion = DireccionPropia();
         servicios = std::make_unique<Servicios>(opciones, reloj);
         importes =
             std::make_unique<Importes>(servicios->formato, [this] { return cliente.Multiplier(); });
@@ -68,6 +71,12 @@ class BancoMonitor : public testing::Test {
             }
         }
         return lineas;
+    }
+
+    // A loopback address of this process: tests side by side share no port.
+    static QString DireccionPropia() {
+        const auto pid = static_cast<quint32>(QCoreApplication::applicationPid());
+        return QHostAddress(0x7F020000U | (pid & 0xFFFFU)).toString();
     }
 
     QTemporaryDir carpeta;

@@ -33,6 +33,20 @@ TEST(OpcionesTest, FoldersAndRegionAreTaken) {
     EXPECT_EQ(lectura.opciones->region, QStringLiteral("es_ES"));
 }
 
+TEST(OpcionesTest, TheFastLinkListensWhereItIsTold) {
+    QTemporaryDir carpeta;
+    const auto leer = [&](const QString& direccion) {
+        return LeerOpciones({carpeta.filePath(QStringLiteral("ZVMonitor")),
+                             QStringLiteral("--fast-direccion"), direccion});
+    };
+    EXPECT_EQ(leer(QStringLiteral("127.0.0.1")).opciones->fastDireccion,
+              QStringLiteral("127.0.0.1"));
+    const LecturaOpciones mala = leer(QStringLiteral("aquí"));
+    EXPECT_FALSE(mala.opciones);
+    EXPECT_EQ(mala.respuesta.codigo, 2);
+    EXPECT_EQ(mala.respuesta.texto, QStringLiteral("No es una dirección IP: aquí\n"));
+}
+
 TEST(OpcionesTest, VersionAndHelpAnswerWithoutAStart) {
     const LecturaOpciones version =
         LeerOpciones({QStringLiteral("ZVMonitor"), QStringLiteral("--version")});

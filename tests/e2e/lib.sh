@@ -63,9 +63,12 @@ equals() { # WHAT EXPECTED ACTUAL
 
 # ---- programs
 
+# A loopback address of this scenario's own for the fast link: scenarios side by side share no port.
+fast_address=127.3.$(($$ / 256 % 256)).$(($$ % 254 + 1))
+
 # start_monitor ARGS...: sets monitor_pid.
 start_monitor() {
-  "$bin/ZVMonitor" --carpeta "$till" --region es_ES "$@" >>"$till/monitor.out" 2>&1 &
+  "$bin/ZVMonitor" --carpeta "$till" --region es_ES --fast-direccion "$fast_address" "$@" >>"$till/monitor.out" 2>&1 &
   monitor_pid=$!
   pids+=("$monitor_pid")
 }

@@ -109,6 +109,11 @@ void frmZVMonitor::Conectar() {
         asidero->installEventFilter(this);
     }
     ui_.TextIni->installEventFilter(this);
+    connect(ui_.TextIni, &QLineEdit::returnPressed, this, [this] {
+        if (acciones_.codigoLeido) {
+            acciones_.codigoLeido(ui_.TextIni->text(), [this] { ui_.TextIni->clear(); });
+        }
+    });
     // The grid's own size decides, which follows the window's a moment later.
     ui_.grdZV->viewport()->installEventFilter(this);
     installEventFilter(this);

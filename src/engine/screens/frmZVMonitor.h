@@ -32,6 +32,8 @@ struct PartesMonitor {
 struct AccionesVentana {
     std::function<void()> descargar; // ends the program
     std::function<void()> abrirManuales;
+    // Enter in the barcode box; vaciar empties it.
+    std::function<void(const QString& codigo, const std::function<void()>& vaciar)> codigoLeido;
 };
 
 class frmZVMonitor final : public QWidget, public VentanaPrincipal {

@@ -1,0 +1,118 @@
+// The fast link and the barcode entry inside a whole monitor: start, transactions, device calls.
+#include "BancoMonitor.h"
+#include "support/Esperas.h"
+
+#include <QTcpServer>
+#include <QTcpSocket>
+
+namespace zv::test {
+
+class EnlaceFastTest : public BancoMonitor {
+  protected:
+    EnlaceFastTest() { PonerSaldo(5000); }
+
+    void Cargar(const QByteArray& mas = {}) {
+        EscribirIni("[ZORVEX]\r\nIP=127.0.0.1\r\n[ZVMONITOR]\r\nMODO=MANUAL\r\n"
+                    "[CONECTOR]\r\nZVFastPort=16501\r\n" +
+                    mas);
+        cliente.EsperaConnect();
+        ASSERT_TRUE(monitor->Cargar());
+    }
+    std::unique_ptr<QTcpSocket> Conectar() {
+        auto socket = std::make_unique<QTcpSocket>();
+        socket->connectToHost(DireccionPropia(), 16501);
+        EXPECT_TRUE(Esperar([&] { return socket->state() == QAbstractSocket::ConnectedState; }));
+        return socket;
+    }
+    static QByteArray Pregunta(QTcpSocket& socket, const QByteArray& mensaje) {
+        socket.write(mensaje);
+        EXPECT_TRUE(Esperar([&] { return socket.bytesAvailable() > 0; }));
+        return socket.readAll();
+    }
+};
+
+TEST_F(EnlaceFastTest, AStartOpensItByTheSettings) {
+    Cargar();
+    const auto socket = Conectar();
+    EXPECT_EQ(Pregunta(*socket, "C|T1|1250"), QByteArray("OK|Added"));
+    EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("OK|PENDING"));
+    monitor->pulso.ProcesarCola();
+    EXPECT_EQ(monitor->controles.Estado().lbContador, QStringLiteral("1 cobros"));
+}
+
+TEST_F(EnlaceFastTest, SwitchedOffItStaysClosed) {
+    Cargar("ZVFastActive=0\r\n");
+    EXPECT_FALSE(monitor->fast.WS().Escuchando());
+}
+
+TEST_F(EnlaceFastTest, APortInUseEndsTheStart) {
+    QTcpServer otro;
+    ASSERT_TRUE(otro.listen(QHostAddress(DireccionPropia()), 16501));
+    EscribirIni();
+    dialogos.EsperaMensaje(
+        QStringLiteral("Error al iniciar la aplicación"),
+        QStringLiteral("Error nº 10048 - El puerto 16501 del ZVFast ya está en uso"));
+    EXPECT_FALSE(monitor->Cargar());
+}
+
+TEST_F(EnlaceFastTest, APortThatIsNoNumberEndsTheStart) {
+    EscribirIni("[CONECTOR]\r\nZVFastPort=puerto\r\n");
+    dialogos.EsperaMensaje(
+        QStringLiteral("Error al iniciar la aplicación"),
+        testing::ResultOf(
+            [](const QString& texto) { return texto.startsWith(QStringLiteral("Error nº 13 - ")); },
+            true));
+    EXPECT_FALSE(monitor->Cargar());
+}
+
+TEST_F(EnlaceFastTest, AChargeNeverJoinsAnAbandonedTransaction) {
+    Cargar();
+    monitor->motor.Comenzar();
+    static_cast<MotorBD&>(monitor->motor)
+        .Ejecutar(QStringLiteral("INSERT INTO cola (id1,importe) VALUES ('ABANDONADA',1)"));
+    const auto socket = Conectar();
+    EXPECT_EQ(Pregunta(*socket, "C|T1|1250"), QByteArray("OK|Added"));
+    EXPECT_EQ(monitor->motor.Nivel(), 0);
+    EXPECT_EQ(Pregunta(*socket, "S|ABANDONADA"), QByteArray("NOK|Not found"));
+    EXPECT_TRUE(LineasLog().contains(QStringLiteral(">>> Transacción abandonada: deshecha")));
+}
+
+TEST_F(EnlaceFastTest, DuringADeviceCallWithATransactionOpenItWaits) {
+    bool ocupado = true;
+    monitor = std::make_unique<Monitor>(
+        *servicios, *importes,
+        Exterior{cliente, dialogos, procesos, shell, [&] { return ocupado; }});
+    monitor->PonerVentana(ventana);
+    Cargar();
+    const auto socket = Conectar();
+    // A device call alone keeps nobody waiting.
+    EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("NOK|Not found"));
+
+    monitor->pulso.ParaTimer(); // as every operation does
+    monitor->motor.Comenzar();
+    socket->write("C|T1|1250");
+    ASSERT_TRUE(Esperar([&] { return monitor->fast.MensajesEnCola() == 1; }));
+    monitor->fast.Tick();
+    EXPECT_EQ(monitor->fast.MensajesEnCola(), 1u);
+    ocupado = false;
+    ASSERT_TRUE(Esperar([&] { return socket->bytesAvailable() > 0; }));
+    EXPECT_EQ(socket->readAll(), QByteArray("OK|Added"));
+    EXPECT_EQ(monitor->motor.Nivel(), 1);
+    monitor->motor.Confirmar();
+    EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("OK|PENDING"));
+}
+
+TEST_F(EnlaceFastTest, AScannedCodeIsQueuedThoughTheDeviceIsDisconnected) {
+    Cargar("[BARCODE]\r\nBCEAN=6\r\nBCTPRE=1\r\nBCTINI=1\r\nBCTFIN=2\r\nBCIINI=3\r\nBCIFIN=6\r\n"
+           "BCDEC=2\r\n");
+    cliente.EsperaDisconnect();
+    monitor->botones.boton_Click(6);
+    bool vacia = false;
+    monitor->barras.Enter(QStringLiteral("A70950"), [&] { vacia = true; });
+    EXPECT_TRUE(vacia);
+    monitor->pulso.ProcesarCola();
+    EXPECT_EQ(monitor->grid.Linea(1).id1, QStringLiteral("A7"));
+    EXPECT_EQ(monitor->grid.Linea(1).importe, QStringLiteral("9,50 €"));
+}
+
+} // namespace zv::test
