@@ -349,7 +349,9 @@ Currency FormatoRegional::LeerCurrency(const QString& texto) const {
         const bool resto = std::any_of(partes.cifras.cbegin() + quedan + 1, partes.cifras.cend(),
                                        [](char c) { return c != '0'; });
         if (primera > '5' || (primera == '5' && (resto || magnitud % 2 != 0))) {
-            ++magnitud;
+            if (__builtin_add_overflow(magnitud, quint64{1}, &magnitud)) {
+                throw errores::Desbordamiento();
+            }
         }
     }
     constexpr auto kMaximo = static_cast<quint64>(std::numeric_limits<qint64>::max());

@@ -8,8 +8,16 @@
 namespace zv {
 namespace {
 
+// The bytes behind the first of a sequence. What a decoder refuses (too long a form, halves of
+// pairs, beyond the last character) shows in the second one.
 bool Continua(QByteArrayView bytes, qsizetype desde, int cuantos) {
     if (desde + cuantos > bytes.size()) {
+        return false;
+    }
+    const auto primero = static_cast<uchar>(bytes[desde - 1]);
+    const auto segundo = static_cast<uchar>(bytes[desde]);
+    if ((primero == 0xE0 && segundo < 0xA0) || (primero == 0xED && segundo > 0x9F) ||
+        (primero == 0xF0 && segundo < 0x90) || (primero == 0xF4 && segundo > 0x8F)) {
         return false;
     }
     return std::all_of(bytes.begin() + desde, bytes.begin() + desde + cuantos,

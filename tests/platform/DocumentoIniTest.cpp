@@ -157,6 +157,15 @@ TEST(LineasIni, TellsEncodingAndLineEndOfAFile) {
     EXPECT_EQ(LineasIni("[\xF3\xB1]").Clase(), Codificacion::CodePage);
     EXPECT_EQ(LineasIni("[A\xC3\xB1]").Clase(), Codificacion::Utf8);
     EXPECT_EQ(LineasIni("[A\xC3").Clase(), Codificacion::CodePage);
+    // What no decoder takes for a character: too long a form, half a pair, beyond the last one.
+    for (const char* malo :
+         {"\xE0\x80\x80", "\xED\xA0\x80", "\xF0\x80\x80\x80", "\xF4\x90\x80\x80"}) {
+        EXPECT_EQ(LineasIni(malo).Clase(), Codificacion::CodePage) << malo;
+    }
+    for (const char* bueno :
+         {"\xE0\xA0\x80", "\xED\x9F\xBF", "\xF0\x90\x80\x80", "\xF4\x8F\xBF\xBF"}) {
+        EXPECT_EQ(LineasIni(bueno).Clase(), Codificacion::Utf8) << bueno;
+    }
     EXPECT_EQ(LineasIni("\xEF\xBB\xBF").Clase(), Codificacion::Utf8);
     EXPECT_EQ(LineasIni("\xFF\xFE").Clase(), Codificacion::Utf16Le);
     EXPECT_EQ(LineasIni("\xFE\xFF").Clase(), Codificacion::Utf16Be);

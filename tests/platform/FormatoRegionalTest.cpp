@@ -163,6 +163,11 @@ TEST_F(FormatoEspañol, CurrencyFailsWithThePlatformsNumbers) {
     EXPECT_EQ(FalloCurrency("99999999999999999999999999"), 6);
 }
 
+TEST_F(FormatoEspañol, CurrencyDoesNotRoundBeyondItsCounterBackToZero) {
+    // The first twenty digits are the biggest number of 64 bits; the last one rounds it up.
+    EXPECT_EQ(FalloCurrency("1844674407370955,16155"), 6);
+}
+
 // The regions of the tills that are sold, and some of unusual form.
 class Regiones : public testing::TestWithParam<const char*> {};
 

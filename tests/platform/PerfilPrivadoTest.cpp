@@ -104,6 +104,18 @@ TEST_F(PerfilPrivado, ACharacterThatTheCodePageLacksBecomesAQuestionMark) {
     EXPECT_EQ(Tras("[A]\nx=\xF1\n", "A", "k", "aΩb"), QByteArray("[A]\nx=\xF1\nk=a?b\n"));
 }
 
+TEST_F(PerfilPrivado, TextOfTheCodePageIsNotTakenForUtf8AfterAWrite) {
+    // As bytes of the code page this value is one sequence of UTF-8.
+    Pon("[A]\nk=1\n");
+    Escribe("A", "k", "Ã©");
+    EXPECT_EQ(Lee("A", "k"), QString::fromUtf8("Ã©"));
+    // The write takes away the one character that told the two apart.
+    Pon("[A]\nx=\xF1\ny=\xC3\xA9\n");
+    Escribe("A", "x", "n");
+    EXPECT_EQ(Lee("A", "y"), QString::fromUtf8("Ã©"));
+    EXPECT_EQ(Lee("A", "x"), QStringLiteral("n"));
+}
+
 TEST_F(PerfilPrivado, BytesOutsideTheChangedLineStayWhateverTheyAre) {
     QByteArray resto;
     for (int i = 1; i < 256; ++i) {
