@@ -26,8 +26,9 @@ qint32 ImporteMostrado(qint32 importe) {
 } // namespace
 
 ClientePasarela::ClientePasarela(Log& log, const Textos& textos, VentanaOperacion* ventana,
-                                 const OpcionesPasarela& opciones)
-    : log_(log), textos_(textos), ventana_(ventana), opciones_(opciones) {
+                                 const OpcionesPasarela& opciones, FabricaSocket fabrica)
+    : log_(log), textos_(textos), ventana_(ventana), opciones_(opciones),
+      sesion_(std::move(fabrica)) {
     reposo_.setInterval(opciones_.pingReposo);
     QObject::connect(&reposo_, &QTimer::timeout, &reposo_, [this] { PingEnReposo(); });
 }

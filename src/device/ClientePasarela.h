@@ -22,7 +22,7 @@ class ClientePasarela final : public DeviceClient {
   public:
     // ventana may be nullptr. Everything handed in outlives the client.
     ClientePasarela(Log& log, const Textos& textos, VentanaOperacion* ventana = nullptr,
-                    const OpcionesPasarela& opciones = {});
+                    const OpcionesPasarela& opciones = {}, FabricaSocket fabrica = {});
     ~ClientePasarela() override;
     ClientePasarela(const ClientePasarela&) = delete;
     ClientePasarela& operator=(const ClientePasarela&) = delete;

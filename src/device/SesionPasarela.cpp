@@ -22,7 +22,7 @@ int MsRestantes(const QDeadlineTimer& limite) {
 
 } // namespace
 
-SesionPasarela::SesionPasarela() = default;
+SesionPasarela::SesionPasarela(FabricaSocket fabrica) : fabrica_(std::move(fabrica)) {}
 
 SesionPasarela::~SesionPasarela() {
     oyente_ = nullptr;
@@ -33,7 +33,7 @@ void SesionPasarela::Abrir(const DireccionPasarela& direccion) {
     Cerrar();
     cortador_.Vaciar();
     caidaPendiente_ = false;
-    socket_ = std::make_unique<QTcpSocket>();
+    socket_ = fabrica_ ? fabrica_() : std::make_unique<QTcpSocket>();
     socket_->setProxy(QNetworkProxy::NoProxy);
     socket_->setReadBufferSize(kBuffer);
     connect(socket_.get(), &QTcpSocket::connected, this, [this] {

@@ -10,12 +10,16 @@
 #include <QElapsedTimer>
 #include <QObject>
 
+#include <functional>
 #include <memory>
 #include <optional>
 
 class QTcpSocket;
 
 namespace zv {
+
+// Makes the socket of a connection. Without one it is a plain QTcpSocket.
+using FabricaSocket = std::function<std::unique_ptr<QTcpSocket>()>;
 
 class SesionPasarela : public QObject {
   public:
@@ -28,7 +32,7 @@ class SesionPasarela : public QObject {
         virtual void AlCaer() = 0;
     };
 
-    SesionPasarela();
+    explicit SesionPasarela(FabricaSocket fabrica = {});
     ~SesionPasarela() override;
 
     // May be nullptr: what arrives and is not waited for is then ignored.
@@ -67,6 +71,7 @@ class SesionPasarela : public QObject {
     void Procesar();
     bool Despachar(const QByteArray& linea);
 
+    FabricaSocket fabrica_;
     std::unique_ptr<QTcpSocket> socket_;
     Oyente* oyente_ = nullptr;
     CortadorLineas cortador_;
