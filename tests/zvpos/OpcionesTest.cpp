@@ -195,6 +195,9 @@ TEST(OpcionesZvpos, NumbersHaveRanges) {
     EXPECT_EQ(Leer("esperar T1 --segundos 86400").segundos, 86400);
     EXPECT_EQ(Rechazo("estado T1 --puerto 0"), "--puerto va de 1 a 65535, no \"0\"");
     EXPECT_EQ(Rechazo("estado T1 --puerto 65536"), "--puerto va de 1 a 65535, no \"65536\"");
+    EXPECT_EQ(Rechazo({QStringLiteral("estado"), QStringLiteral("T1"), QStringLiteral("--puerto"),
+                       QStringLiteral(" 9")}),
+              "--puerto va de 1 a 65535, no \" 9\"");
     EXPECT_EQ(Rechazo("estado T1 --plazo 0"), "--plazo va de 1 a 600000, no \"0\"");
     EXPECT_EQ(Rechazo("esperar T1 --segundos -1"), "--segundos va de 0 a 86400, no \"-1\"");
     EXPECT_EQ(Rechazo("esperar T1 --segundos 86401"), "--segundos va de 0 a 86400, no \"86401\"");

@@ -5,6 +5,7 @@
 #include <QList>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -23,18 +24,19 @@ class ServidorFalso {
 
     quint16 Puerto() const { return servidor_.serverPort(); }
     void Cerrar() { servidor_.close(); }
-    // After the messages so far: the connection ends when the writes have gone.
-    void Colgar() { cliente_->disconnectFromHost(); }
     // To the last client, without being asked.
     void Decir(const QByteArray& bytes) {
         cliente_->write(bytes);
         cliente_->flush();
     }
 
+    bool cuelga = false;        // ends the connection behind its answer
     QList<QByteArray> mensajes; // as they have come in, one for each event
     int conexiones = 0;
 
   private:
+    static constexpr int kEntreTrozosMs = 15;
+
     void Aceptar() {
         cliente_ = servidor_.nextPendingConnection();
         ++conexiones;
@@ -42,11 +44,14 @@ class ServidorFalso {
         QObject::connect(cliente, &QTcpSocket::readyRead, &servidor_, [this, cliente] {
             const QByteArray mensaje = cliente->readAll();
             mensajes.append(mensaje);
-            const QList<QByteArray> trozos = contestador_(mensaje);
-            for (const QByteArray& trozo : trozos) {
-                cliente->write(trozo);
-                cliente->flush();
+            // Each piece arrives by itself: the client has read the one before.
+            int cuando = 0;
+            for (const QByteArray& trozo : contestador_(mensaje)) {
+                QTimer::singleShot(cuando, cliente, [cliente, trozo] { cliente->write(trozo); });
+                cuando += kEntreTrozosMs;
             }
+            if (cuelga)
+                QTimer::singleShot(cuando, cliente, [cliente] { cliente->disconnectFromHost(); });
         });
     }
 
