@@ -68,7 +68,7 @@ TEST(EnlaceZvpos, ABeginningIsNoAnswer) {
 TEST(EnlaceZvpos, SilenceEndsWithTheTime) {
     ServidorFalso servidor(Con({}));
     EXPECT_EQ(Preguntar(servidor, kCortoMs).clase, Contestacion::SinRespuesta);
-    EXPECT_EQ(servidor.mensajes.last(), QByteArray("S|T1"));
+    EXPECT_EQ(servidor.mensajes.value(0), QByteArray("S|T1"));
 }
 
 TEST(EnlaceZvpos, WhatFollowsAnAnswerIsNoAnswerToTheNextQuestion) {

@@ -121,6 +121,11 @@ TEST(MensajesZvpos, StatesOfASale) {
         Comparar(JuzgarEstado(QString::fromUtf8(caso.respuesta)), caso.esperado, caso.respuesta);
 }
 
+TEST(MensajesZvpos, AMonitorThatCouldNotLookIsToldAsSuch) {
+    EXPECT_EQ(JuzgarEstado(QStringLiteral("NOK|Failed")).error,
+              QStringLiteral("el monitor no ha podido mirar en su base de datos"));
+}
+
 TEST(MensajesZvpos, AStateIsPrintedOnOneLine) {
     EXPECT_EQ(JuzgarEstado(QStringLiteral("OK|A\r\nB")).salida, QStringLiteral("A  B"));
     EXPECT_TRUE(JuzgarEstado(QStringLiteral("HTTP\nx")).error.contains(QStringLiteral("HTTP x")));
