@@ -199,7 +199,7 @@ void frmOperacion::Progreso(qint32 paidIn, qint32 paidOut) {
     const qint64 movido = clase_ == ClaseOperacion::Cobro ? paidIn : paidOut;
     const qint64 falta = qMax<qint64>(0, importe_ - movido);
     PonerImporte(Falta, falta);
-    PonerColor(*valor_[Falta], falta > 0 ? tema::kTexto : tema::kTextoApagado);
+    PonerColor(*valor_[Falta], falta > 0 ? tema::kTexto : tema::kTextoTenue);
 }
 
 void frmOperacion::Aviso(const QString& texto) {

@@ -14,7 +14,14 @@ namespace {
 constexpr int kColumnaAnular = 0;
 constexpr int kColumnaImporte = 9;
 constexpr int kColumnaEnviar = 10;
-constexpr int kMargen = 8;
+// As in the header, whose sections end with a line.
+constexpr int kMargenIzquierdo = 6;
+constexpr int kMargenDerecho = 7;
+
+// Letters, icons and gaps grow with the rows.
+int Escalado(int pixeles, const QRect& celda) {
+    return pixeles * celda.height() / tema::kAltoFila;
+}
 
 } // namespace
 
@@ -30,7 +37,7 @@ void DelegadoCola::PintarBoton(QPainter& painter, const QRect& celda, const QAbs
     painter.setPen(Qt::NoPen);
     painter.setBrush(fondo);
     painter.drawRoundedRect(marco, 6, 6);
-    const int lado = qMin(28, marco.height() - 8);
+    const int lado = qMin(Escalado(28, celda), marco.height() - 8);
     QRect icono(0, 0, lado, lado);
     icono.moveCenter(marco.center());
     boton.icon().paint(&painter, icono);
@@ -38,13 +45,13 @@ void DelegadoCola::PintarBoton(QPainter& painter, const QRect& celda, const QAbs
 
 void DelegadoCola::PintarTexto(QPainter& painter, const QRect& caja, int alineacion,
                                const QString& texto, bool negrita) const {
-    painter.setFont(tema::Fuente(16, negrita));
+    painter.setFont(tema::Fuente(Escalado(16, caja), negrita));
     if (painter.fontMetrics().horizontalAdvance(texto) <= caja.width()) {
         painter.drawText(caja, alineacion, texto);
         return;
     }
     // A narrow column shows two lines of smaller text; only what exceeds those is cut.
-    painter.setFont(tema::Fuente(13, negrita));
+    painter.setFont(tema::Fuente(Escalado(13, caja), negrita));
     const QFontMetrics medidas = painter.fontMetrics();
     QString corte = texto;
     // Words stay whole unless one of them is wider than the cell.
@@ -63,18 +70,19 @@ void DelegadoCola::PintarTexto(QPainter& painter, const QRect& caja, int alineac
 void DelegadoCola::PintarImporte(QPainter& painter, const QRect& caja, int alineacion,
                                  const QModelIndex& index) const {
     QString texto = index.data().toString();
-    QFont fuente = tema::FuenteImporte(20);
+    QFont fuente = tema::FuenteImporte(Escalado(20, caja));
     painter.setFont(fuente);
     const auto ancho = [&] { return painter.fontMetrics().horizontalAdvance(texto); };
     QRect resto = caja;
     if (ancho() > caja.width() && index.data(ModeloCola::kCredito).toBool()) {
         // The mark goes above its amount.
         const qsizetype corte = texto.lastIndexOf(QLatin1Char('>')) + 1;
-        painter.setFont(tema::Fuente(13, true));
-        painter.drawText(QRect(caja.left(), caja.top() + 3, caja.width(), 18), alineacion,
-                         texto.left(corte));
+        painter.setFont(tema::Fuente(Escalado(13, caja), true));
+        painter.drawText(
+            QRect(caja.left(), caja.top() + Escalado(3, caja), caja.width(), Escalado(18, caja)),
+            alineacion, texto.left(corte));
         texto = texto.mid(corte).trimmed();
-        resto.setTop(caja.top() + 16);
+        resto.setTop(caja.top() + Escalado(16, caja));
         painter.setFont(fuente);
     }
     if (ancho() > resto.width() && resto.width() > 0) {
@@ -101,7 +109,7 @@ void DelegadoCola::paint(QPainter* painter, const QStyleOptionViewItem& option,
     } else {
         const bool manual = index.data(ModeloCola::kManual).toBool();
         painter->setPen(manual ? QColor(255, 0, 0) : tema::kTexto);
-        const QRect caja = option.rect.adjusted(kMargen, 0, -kMargen, 0);
+        const QRect caja = option.rect.adjusted(kMargenIzquierdo, 0, -kMargenDerecho, 0);
         const auto alineacion =
             static_cast<int>(index.data(Qt::TextAlignmentRole).value<Qt::Alignment>());
         if (index.column() == kColumnaImporte) {

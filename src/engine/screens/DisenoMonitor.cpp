@@ -29,6 +29,8 @@ QToolButton* Boton(QWidget* padre, const QString& nombre, const QString& caption
     return control;
 }
 
+constexpr double kEscalaMaxima = 1.5;
+
 QString Indexado(const QString& nombre, int indice) {
     return nombre + QLatin1Char('_') + QString::number(indice);
 }
@@ -54,6 +56,51 @@ void DisenoMonitor::Construir(QWidget& ventana) {
     todo->addWidget(frmEstado);
     todo->addLayout(centro, 1);
     todo->addWidget(framePie);
+    AplicarEscala();
+}
+
+void DisenoMonitor::Escalar(const QSize& ventana) {
+    const double escala =
+        qBound(1.0, qMin(ventana.width() / 1024.0, ventana.height() / 768.0), kEscalaMaxima);
+    if (escala != escala_) {
+        escala_ = escala;
+        AplicarEscala();
+    }
+}
+
+void DisenoMonitor::PonerEstado(const QString& texto) {
+    lbEstado->setText(texto);
+    lbEstado->setToolTip(texto);
+    AjustarEstado();
+}
+
+void DisenoMonitor::AjustarEstado() {
+    lbEstado->setFont(tema::Fuente(qRound(17 * escala_), true));
+    const int alto = lbEstado->fontMetrics()
+                         .boundingRect(QRect(0, 0, qMax(1, lbEstado->width()), frmEstado->height()),
+                                       Qt::AlignCenter | Qt::TextWordWrap, lbEstado->text())
+                         .height();
+    if (alto > frmEstado->height()) {
+        lbEstado->setFont(tema::Fuente(qRound(13 * escala_), true));
+    }
+}
+
+void DisenoMonitor::AplicarEscala() {
+    const auto px = [this](int pixeles) { return qRound(pixeles * escala_); };
+    frmEstado->setFixedHeight(px(60));
+    lbContador->setFont(tema::Fuente(px(19), true));
+    AjustarEstado();
+    for (Lampara* lampara : {ShapeOK, ShapeAlert, ShapeCritico}) {
+        lampara->setFixedSize(px(32), px(32));
+    }
+    grdZV->verticalHeader()->setDefaultSectionSize(px(tema::kAltoFila));
+    grdZV->horizontalHeader()->setFixedHeight(px(40));
+    tema::PonerLetra(*grdZV, escala_ > 1 ? px(14) : 0);
+    framePie->setFixedHeight(px(104));
+    for (QToolButton* b : boton) {
+        b->setIconSize(QSize(px(32), px(32)));
+    }
+    tema::PonerLetra(*framePie, escala_ > 1 ? px(13) : 0);
 }
 
 void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
@@ -118,14 +165,11 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
 void DisenoMonitor::ConstruirEstado(QWidget& ventana) {
     frmEstado = new QFrame(&ventana);
     frmEstado->setObjectName(QStringLiteral("frmEstado"));
-    frmEstado->setFixedHeight(60);
 
     lbContador = new QLabel(QStringLiteral("Comprobando operaciones pendientes..."), frmEstado);
     lbContador->setObjectName(QStringLiteral("lbContador"));
-    lbContador->setFont(tema::Fuente(19, true));
     lbEstado = new QLabel(QStringLiteral("Inicializando..."), frmEstado);
     lbEstado->setObjectName(QStringLiteral("lbEstado"));
-    lbEstado->setFont(tema::Fuente(17, true));
     lbEstado->setAlignment(Qt::AlignCenter);
     lbEstado->setWordWrap(true);
 
@@ -135,8 +179,7 @@ void DisenoMonitor::ConstruirEstado(QWidget& ventana) {
 
     TextIni = new QLineEdit(frmEstado);
     TextIni->setObjectName(QStringLiteral("TextIni"));
-    TextIni->setFixedSize(160, 48);
-    TextIni->setFont(tema::Fuente(15));
+    TextIni->setFixedSize(190, 48);
 
     auto* fila = new QHBoxLayout(frmEstado);
     fila->setContentsMargins(14, 0, 14, 0);
@@ -162,9 +205,7 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
     grdZV->setFrameShape(QFrame::NoFrame);
     grdZV->verticalHeader()->hide();
     grdZV->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    grdZV->verticalHeader()->setDefaultSectionSize(tema::kAltoFila);
     QHeaderView* cabecera = grdZV->horizontalHeader();
-    cabecera->setFixedHeight(40);
     cabecera->setSectionResizeMode(QHeaderView::Fixed);
     cabecera->setMinimumSectionSize(0);
     cabecera->setHighlightSections(false);
@@ -203,7 +244,6 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
 void DisenoMonitor::ConstruirPie(QWidget& ventana) {
     framePie = new QFrame(&ventana);
     framePie->setObjectName(QStringLiteral("framePie"));
-    framePie->setFixedHeight(104);
     auto* fila = new QHBoxLayout(framePie);
     fila->setContentsMargins(4, 6, 4, 6);
     fila->setSpacing(0);
@@ -212,8 +252,8 @@ void DisenoMonitor::ConstruirPie(QWidget& ventana) {
         {{QStringLiteral("Registro"), QStringLiteral("view-list-details")},
          {QStringLiteral("Caja"), QStringLiteral("wallet-open")},
          {QStringLiteral("Dar Cambio"), QStringLiteral("view-refresh")},
-         {QStringLiteral("Añadir Cambio"), QStringLiteral("list-add")},
-         {QStringLiteral("Pago"), QStringLiteral("go-up")},
+         {QStringLiteral("Añadir Cambio"), QStringLiteral("download")},
+         {QStringLiteral("Pago"), QStringLiteral("cloud-upload")},
          {QStringLiteral("Incidencias"), QStringLiteral("dialog-warning")},
          {QStringLiteral("Desconectar"), QStringLiteral("network-disconnect")},
          {QStringLiteral("Conectar"), QStringLiteral("network-connect")},

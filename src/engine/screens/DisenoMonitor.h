@@ -24,6 +24,10 @@ struct DisenoMonitor {
     void Construir(QWidget& ventana);
     // Breaks the footer's captions at their blanks: the buttons are narrow and high.
     void PartirRotulos();
+    // Letters, rows and footer grow with a window larger than 1024x768, up to half as much again.
+    void Escalar(const QSize& ventana);
+    // The state line: a text too long for two lines takes smaller letters.
+    void PonerEstado(const QString& texto);
     // What controls without a caption mean, for hints and for reading aloud.
     void PonerSentidos(const Textos& textos);
 
@@ -55,10 +59,14 @@ struct DisenoMonitor {
     QToolButton* btnCancelar = nullptr;
 
   private:
+    double escala_ = 1;
+
     void ConstruirCabecera(QWidget& ventana);
     void ConstruirEstado(QWidget& ventana);
     void ConstruirGrid(QWidget& ventana);
     void ConstruirPie(QWidget& ventana);
+    void AplicarEscala();
+    void AjustarEstado();
 };
 
 } // namespace zv

@@ -9,7 +9,7 @@ namespace zv {
 
 namespace {
 
-constexpr int kLado = 32;
+constexpr double kLado = 32; // of the drawing
 constexpr double kBorde = 2.5;
 
 } // namespace
@@ -17,7 +17,6 @@ constexpr double kBorde = 2.5;
 Lampara::Lampara(Marca marca, const QString& nombre, QWidget* padre)
     : QWidget(padre), marca_(marca) {
     setObjectName(nombre);
-    setFixedSize(kLado, kLado);
     hide();
 }
 
@@ -29,11 +28,13 @@ void Lampara::PonerSentido(const QString& sentido) {
 void Lampara::paintEvent(QPaintEvent* /*evento*/) {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
+    p.scale(width() / kLado, height() / kLado);
     p.setPen(QPen(Qt::white, kBorde));
     p.setBrush(marca_ == Marca::Bien     ? tema::kVerde
                : marca_ == Marca::Alerta ? tema::kAmbar
                                          : tema::kRojo);
-    const QRectF disco = QRectF(rect()).adjusted(kBorde / 2, kBorde / 2, -kBorde / 2, -kBorde / 2);
+    const QRectF disco =
+        QRectF(0, 0, kLado, kLado).adjusted(kBorde / 2, kBorde / 2, -kBorde / 2, -kBorde / 2);
     p.drawEllipse(disco);
 
     p.translate(disco.center());

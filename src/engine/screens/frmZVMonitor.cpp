@@ -159,8 +159,7 @@ void frmZVMonitor::Seguir() {
         ui_.lbContador->setText(e.lbContador);
     }
     if (e.lbEstado != aplicado_.lbEstado) {
-        ui_.lbEstado->setText(e.lbEstado);
-        ui_.lbEstado->setToolTip(e.lbEstado);
+        ui_.PonerEstado(e.lbEstado);
         e.lbEstado.isEmpty() ? timerParpadeo_.stop() : timerParpadeo_.start();
     }
     if (e.punteroEspera != aplicado_.punteroEspera) {
@@ -251,7 +250,7 @@ void frmZVMonitor::TraerAlFrente() {
 
 void frmZVMonitor::Traducir() {
     TraducirPantalla(*this, partes_.entorno.textos);
-    ui_.lbEstado->setToolTip(ui_.lbEstado->text());
+    ui_.PonerEstado(ui_.lbEstado->text());
     ui_.PartirRotulos();
     ui_.PonerSentidos(partes_.entorno.textos);
 }
@@ -281,14 +280,24 @@ void frmZVMonitor::ColocarColumnas() {
     QTableView& vista = *ui_.grdZV;
     const int barra = vista.verticalScrollBar()->sizeHint().width();
     partes_.grid.ColocarColumnas(*partes_.entorno.configuracio, vista.width() * kTwipsPorPixel,
-                                 barra * kTwipsPorPixel, vista.height(), tema::kAltoFila);
+                                 barra * kTwipsPorPixel, vista.height(),
+                                 vista.verticalHeader()->defaultSectionSize());
+    // Edges are rounded, not widths: the columns together fill the grid.
+    int twips = 0;
     for (int columna = 0; columna < kColumnasGrid; ++columna) {
-        const int ancho = tema::TwipsAPixeles(partes_.grid.AnchoColumna(columna));
+        const int izquierda = tema::TwipsAPixeles(twips);
+        twips += partes_.grid.AnchoColumna(columna);
+        const int ancho = tema::TwipsAPixeles(twips) - izquierda;
         vista.setColumnHidden(columna, ancho == 0);
         if (ancho != 0) {
             vista.setColumnWidth(columna, ancho);
         }
     }
+}
+
+void frmZVMonitor::resizeEvent(QResizeEvent* evento) {
+    ui_.Escalar(size());
+    QWidget::resizeEvent(evento);
 }
 
 bool frmZVMonitor::TeclaDeLista(int tecla) {

@@ -33,7 +33,8 @@ struct AccionesVentana {
     std::function<void()> descargar; // ends the program
     std::function<void()> abrirManuales;
     // Enter in the barcode box; vaciar empties it.
-    std::function<void(const QString& codigo, const std::function<void()>& vaciar)> codigoLeido;
+    std::function<void(const QString& codigo, const std::function<void()>& vaciar)> codigoLeido =
+        {};
 };
 
 class frmZVMonitor final : public QWidget, public VentanaPrincipal {
@@ -64,6 +65,7 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
   protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
     void closeEvent(QCloseEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
 
   private:
     void Conectar();

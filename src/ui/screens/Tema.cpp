@@ -124,6 +124,13 @@ void PonerColorTexto(QWidget& rotulo, const QColor& color) {
     rotulo.setStyleSheet(QStringLiteral("color: ") + color.name() + QLatin1Char(';'));
 }
 
+void PonerLetra(QWidget& dentro, int pixeles) {
+    dentro.setStyleSheet(
+        pixeles == 0 ? QString()
+                     : QStringLiteral("QToolButton, QHeaderView::section { font-size: %1px; }")
+                           .arg(pixeles));
+}
+
 QString Rotulo(const QString& caption) {
     QString rotulo = caption;
     return rotulo.replace(QChar(u'¬'), QChar(u'\n'));

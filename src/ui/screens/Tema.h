@@ -78,6 +78,10 @@ QStringList CarpetasDeIconos();
 // Colour of a label's text, for one that changes it while it is shown.
 void PonerColorTexto(QWidget& rotulo, const QColor& color);
 
+// Size of the letters of the buttons, or of a grid's headers, within a widget that grows with its
+// window; 0 goes back to the theme's own.
+void PonerLetra(QWidget& dentro, int pixeles);
+
 // Replaces the line-break mark of captions, ¬, by a line break.
 QString Rotulo(const QString& caption);
 

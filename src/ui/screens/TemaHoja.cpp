@@ -25,6 +25,7 @@ QPushButton:pressed, QPushButton:checked { background: #dbe3ee; border-color: #9
 QPushButton:default, QPushButton[papel="principal"] {
   background: @cabecera; color: white; border-color: @cabecera;
 }
+QMessageBox QPushButton { min-width: 100px; }
 QPushButton[papel="principal"] { font-weight: bold; }
 QPushButton:default:hover, QPushButton[papel="principal"]:hover { background: #2f3d52; }
 QPushButton:default:pressed, QPushButton[papel="principal"]:pressed { background: #4b5b73; }
@@ -70,7 +71,7 @@ QToolButton:disabled { color: @apagado; background: transparent; }
 #pctScrollBar QToolButton { background: white; border: 2px solid @borde; }
 #pctScrollBar QToolButton:pressed { background: #cbd5e1; }
 #pctScrollBar QToolButton:disabled { background: transparent; border-color: #e2e8f0; }
-#grdZV { border: none; }
+#grdZV, #grdZV:disabled { border: none; background: @cuerpo; }
 #grdZV QHeaderView::section { padding: 0 6px; font-size: 14px; }
 
 #framePie { background: white; border: none; border-top: 1px solid @borde; }

@@ -15,10 +15,12 @@ namespace zv::tema {
 
 namespace {
 
-// The theme's close icon is a full disc, too heavy beside a title; a plain cross stands for it. Our
-// own program's icon is in no theme.
+// The theme's close icon is a full disc, too heavy beside a title; a plain cross stands for it. Its
+// minimise icon is the arrow that turns pages here; a bar stands for it. Our own program's icon is
+// in no theme.
 bool SiemprePropio(const QString& nombre) {
-    return nombre == QLatin1String("window-close") || nombre == QLatin1String("zvmonitor");
+    return nombre == QLatin1String("window-close") || nombre == QLatin1String("window-minimize") ||
+           nombre == QLatin1String("zvmonitor");
 }
 
 // The file's bytes; empty when no folder has the icon. 22 px is the theme's drawing for tool bars:
@@ -65,8 +67,9 @@ bool Dibujar(QPainter& p, const QString& nombre) {
     } else if (nombre == QLatin1String("list-add")) {
         p.drawLine(QPointF(11, 4), QPointF(11, 18));
         p.drawLine(QPointF(4, 11), QPointF(18, 11));
-    } else if (nombre == QLatin1String("list-remove") ||
-               nombre == QLatin1String("window-minimize")) {
+    } else if (nombre == QLatin1String("window-minimize")) {
+        p.drawLine(QPointF(5, 16), QPointF(17, 16));
+    } else if (nombre == QLatin1String("list-remove")) {
         p.drawLine(QPointF(4, 11), QPointF(18, 11));
     } else if (nombre == QLatin1String("go-up") || nombre == QLatin1String("arrow-up")) {
         p.drawPolyline(QPolygonF({{5, 14}, {11, 8}, {17, 14}}));

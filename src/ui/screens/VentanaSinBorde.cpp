@@ -107,6 +107,28 @@ VentanaSinBorde::VentanaSinBorde(const QString& nombre, QWidget* padre)
     todo->addLayout(cuerpo_, 1);
 }
 
+void VentanaSinBorde::setVisible(bool visible) {
+    // QDialog's own place allows for a frame, which these windows do not have.
+    if (visible && !isVisible() && !testAttribute(Qt::WA_Moved))
+        Centrar();
+    QDialog::setVisible(visible);
+}
+
+void VentanaSinBorde::Centrar() {
+    Pulir();
+    if (!testAttribute(Qt::WA_Resized))
+        adjustSize();
+    const QWidget* sobre = parentWidget();
+    const QRect marco =
+        sobre != nullptr ? sobre->window()->geometry() : screen()->availableGeometry();
+    QRect sitio(QPoint(0, 0), size());
+    sitio.moveCenter(marco.center());
+    const QRect dentro = screen()->availableGeometry();
+    sitio.moveRight(qMin(sitio.right(), dentro.right()));
+    sitio.moveBottom(qMin(sitio.bottom(), dentro.bottom()));
+    move(qMax(sitio.left(), dentro.left()), qMax(sitio.top(), dentro.top()));
+}
+
 void VentanaSinBorde::PonerTitulo(const QString& titulo) {
     lbTitulo_->setText(tema::Rotulo(titulo));
     AjustarTitulo();

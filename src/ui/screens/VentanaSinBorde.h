@@ -47,6 +47,8 @@ class VentanaSinBorde : public QDialog {
     Q_OBJECT
 
   public:
+    void setVisible(bool visible) override;
+
     // nombre: the screen's name, such as "frmCash". Escape, the close button and the window
     // system's close all call reject().
     VentanaSinBorde(const QString& nombre, QWidget* padre);
@@ -76,6 +78,8 @@ class VentanaSinBorde : public QDialog {
     void resizeEvent(QResizeEvent* evento) override;
 
   private:
+    // Over the middle of the window it belongs to, or of the screen.
+    void Centrar();
     // A title wider than the window takes a second line, one still longer a smaller type.
     void AjustarTitulo();
 

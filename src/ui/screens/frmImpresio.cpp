@@ -50,7 +50,7 @@ frmImpresio::frmImpresio(const Textos& textos, QWidget* padre)
     const int ancho = qMin(qMax(kAncho, AnchoCabecera()), TamañoMaximo().width());
     const QMargins m = Cuerpo()->contentsMargins();
     lbTexto->setMinimumHeight(lbTexto->heightForWidth(ancho - m.left() - m.right() - 2));
-    setFixedWidth(ancho);
+    setFixedSize(ancho, layout()->totalMinimumSize().height());
     VentanaEncima(*this, true);
 }
 

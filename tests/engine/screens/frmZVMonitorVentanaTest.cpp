@@ -101,9 +101,11 @@ TEST_F(frmZVMonitorVentanaTest, ARestoredWindowIsMaximisedAndNotKeptOnTop) {
 TEST_F(frmZVMonitorVentanaTest, AResizeSharesTheColumnsAnew) {
     const int antes = D().grdZV->columnWidth(3);
     const int pagina = grid.Pagina();
-    pantalla->resize(1300, 900);
+    pantalla->resize(1300, 768);
     QApplication::processEvents();
     EXPECT_GT(D().grdZV->columnWidth(3), antes);
+    pantalla->resize(1024, 900); // higher, but not wide enough for larger rows
+    QApplication::processEvents();
     EXPECT_GT(grid.Pagina(), pagina);
     EXPECT_EQ(grid.Pagina(), D().grdZV->height() / tema::kAltoFila - 1);
 }

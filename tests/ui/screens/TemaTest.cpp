@@ -108,6 +108,13 @@ TEST(TemaTest, UnknownIconsTellThemselvesApart) {
     EXPECT_NE(uno, otro);
 }
 
+TEST(TemaTest, MinimisingDoesNotLookLikeTurningAPage) {
+    const auto dibujo = [](const char* nombre) {
+        return tema::Icono(QString::fromLatin1(nombre)).pixmap(48).toImage();
+    };
+    EXPECT_NE(dibujo("window-minimize"), dibujo("go-down"));
+}
+
 TEST(TemaTest, TextIsReadableOnItsGround) {
     using namespace tema;
     EXPECT_GE(Contraste(kTexto, kCuerpo), 4.5);
