@@ -20,6 +20,7 @@ wait_for() {
 
 # start_simulator ARGS...: sets simulator_pid and port; its trace goes to $till/simulador.log.
 start_simulator() {
+  rm -f "$till/simulador.log" # a former one would tell a former port
   "$bin/ZVSimulador" --puerto 0 --carpeta "$till/simulador" "$@" >"$till/simulador.log" 2>&1 &
   simulator_pid=$!
   wait_for 15 "the simulator" grep -q '^escuchando en 127.0.0.1:' "$till/simulador.log"
