@@ -1,0 +1,83 @@
+// A language file of any bytes: what a look-up answers holds to the rules of the texts. Input:
+// "section|key|default", then the file.
+#include "fuzz/Fuzz.h"
+#include "platform/DocumentoIni.h"
+#include "platform/LineasIni.h"
+#include "ui/Textos.h"
+
+#include <QTemporaryDir>
+
+namespace zv::fuzz {
+namespace {
+
+constexpr qsizetype kValorMaximo = 256;
+constexpr int kBuscados = 6; // each costs a read of the file
+
+void MirarTexto(const QString& texto, const QString& origen) {
+    Exige(!texto.contains(QLatin1String("/CRLF/")), "no mark of a line break is left");
+    Exige(!texto.startsWith(u' ') && !texto.endsWith(u' '), "no blank at the ends");
+    Exige(texto.count(QLatin1String("\r\n")) <=
+              origen.count(QLatin1String("/CRLF/")) + origen.count(QLatin1String("\r\n")),
+          "line breaks come from marks");
+}
+
+void MirarValor(const QString& texto, const QString& valor) {
+    MirarTexto(texto, valor);
+    Exige(texto.size() <= kValorMaximo, "256 characters at most");
+    if (valor.size() <= kValorMaximo && !valor.contains(QLatin1String("/CRLF/"))) {
+        QString recto = valor;
+        while (recto.startsWith(u' ')) {
+            recto.remove(0, 1);
+        }
+        while (recto.endsWith(u' ')) {
+            recto.chop(1);
+        }
+        Exige(texto == recto, "a value comes back whole");
+    }
+    Exige(valor.size() <= kValorMaximo || texto.isEmpty() || !texto.back().isHighSurrogate() ||
+              valor.contains(QLatin1String("/CRLF/")),
+          "no character is cut in half");
+}
+
+void UnaEntrada(Entrada entrada) {
+    static const QTemporaryDir carpeta;
+    const QStringList campos = entrada.Campos(3);
+    const QByteArray bytes = entrada.Resto();
+    Poner(carpeta.filePath(QStringLiteral("RWLang.ini")), bytes);
+
+    const Textos textos(carpeta.path());
+    const DocumentoIni documento = DocumentoIni::Analizar(bytes);
+    const auto mirar = [&](const QString& seccion, const QString& clave) {
+        const QString texto = textos.TextoIdioma(seccion, clave, campos[2]);
+        const auto valor = documento.Valor(seccion, clave);
+        if (valor) {
+            MirarValor(texto, *valor);
+        } else {
+            MirarTexto(texto, campos[2]);
+        }
+        return texto;
+    };
+    mirar(campos[0], campos[1]);
+    Exige(textos.Traduce(campos[1], campos[2]) == mirar(QStringLiteral("COMMON"), campos[1]),
+          "section COMMON is the one of code");
+    LineasIni lineas(bytes);
+    QString seccion;
+    int buscados = 0;
+    while (const auto linea = lineas.Siguiente()) {
+        const QString texto = lineas.Texto(*linea);
+        const EntradaIni dicho = AnalizarLineaIni(texto);
+        if (dicho.clase == EntradaIni::Clase::Seccion) {
+            seccion = dicho.nombre.toString();
+        } else if (dicho.clase == EntradaIni::Clase::Clave && buscados++ < kBuscados) {
+            mirar(seccion, dicho.nombre.toString());
+        }
+    }
+}
+
+} // namespace
+} // namespace zv::fuzz
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* datos, std::size_t largo) {
+    zv::fuzz::UnaEntrada(zv::fuzz::Entrada(datos, largo));
+    return 0;
+}
