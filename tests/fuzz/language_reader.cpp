@@ -48,7 +48,7 @@ void UnaEntrada(Entrada entrada) {
     const Textos textos(carpeta.path());
     const DocumentoIni documento = DocumentoIni::Analizar(bytes);
     const auto mirar = [&](const QString& seccion, const QString& clave) {
-        const QString texto = textos.TextoIdioma(seccion, clave, campos[2]);
+        QString texto = textos.TextoIdioma(seccion, clave, campos[2]);
         const auto valor = documento.Valor(seccion, clave);
         if (valor) {
             MirarValor(texto, *valor);
