@@ -4,6 +4,7 @@
 #include "platform/ErrorEjecucion.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace zv {
 
@@ -108,22 +109,20 @@ LineaGrid GridCola::LeerLinea(const Fila& fila, bool sinHora) const {
 }
 
 void GridCola::Rellenar(MotorBD& motor, bool sinHora) {
-    lineas_.clear();
-    abonos_ = 0;
+    const std::optional<Lectura> anterior = std::exchange(lectura_, std::nullopt);
     filaSuperior_ = 1;
     filaActual_ = 0;
+    conservadas_ = 0;
     const auto avisar = [this] {
         if (alRellenar_) {
             alRellenar_();
         }
     };
     try {
-        motor.Recorrer(QStringLiteral("SELECT * FROM cola ORDER BY idZV"), {},
-                       [this, sinHora](const Fila& fila) {
-                           lineas_.push_back(LeerLinea(fila, sinHora));
-                           abonos_ += lineas_.back().abono ? 1 : 0;
-                           return true;
-                       });
+        // The mark is taken before the reading: a row written in between is read the next time.
+        const Lectura ahora{motor.MarcaSalvoAltas(), sinHora, importes_.Multiplicador()};
+        LeerFilas(motor, anterior == ahora, sinHora);
+        lectura_ = ahora;
     } catch (...) {
         avisar();
         throw;
@@ -132,6 +131,25 @@ void GridCola::Rellenar(MotorBD& motor, bool sinHora) {
         filaActual_ = 1;
     }
     avisar();
+}
+
+void GridCola::LeerFilas(MotorBD& motor, bool soloNuevas, bool sinHora) {
+    if (!soloNuevas) {
+        lineas_.clear();
+        abonos_ = 0;
+    }
+    conservadas_ = FilasDatos();
+    const auto leer = [this, sinHora](const Fila& fila) {
+        lineas_.push_back(LeerLinea(fila, sinHora));
+        abonos_ += lineas_.back().abono ? 1 : 0;
+        return true;
+    };
+    if (lineas_.empty()) {
+        motor.Recorrer(QStringLiteral("SELECT * FROM cola ORDER BY idZV"), {}, leer);
+    } else {
+        motor.Recorrer(QStringLiteral("SELECT * FROM cola WHERE idZV>? ORDER BY idZV"),
+                       {lineas_.back().idZV}, leer);
+    }
 }
 
 QString GridCola::Texto(int fila, int columna) const {

@@ -11,6 +11,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace zv {
@@ -41,10 +42,13 @@ class GridCola {
     const QString& Titulo(int columna) const { return titulos_[static_cast<std::size_t>(columna)]; }
 
     // Refills from cola, in idZV order, and makes the first row current and top. A database
-    // failure is raised with the grid as far as it got.
+    // failure is raised with the grid as far as it got. Where cola can only have grown at its end
+    // since the last time, the rows that stand are kept.
     void Rellenar(MotorBD& motor, bool sinHora);
 
     int FilasDatos() const { return static_cast<int>(lineas_.size()); }
+    // Rows at the front that the last refill has left as they were.
+    int FilasConservadas() const { return conservadas_; }
     int Abonos() const { return abonos_; }
     const LineaGrid& Linea(int fila) const { return lineas_[static_cast<std::size_t>(fila - 1)]; }
     // Text of a cell; row 1 is the first data row, row 0 the header.
@@ -68,6 +72,15 @@ class GridCola {
     void AlMover(std::function<void()> aviso) { alMover_ = std::move(aviso); }
 
   private:
+    // What the lines were read under; lines of another are read again.
+    struct Lectura {
+        quint64 marca = 0;
+        bool sinHora = false;
+        quint8 multiplicador = 0;
+        bool operator==(const Lectura&) const = default;
+    };
+
+    void LeerFilas(MotorBD& motor, bool soloNuevas, bool sinHora);
     LineaGrid LeerLinea(const Fila& fila, bool sinHora) const;
 
     const Textos& textos_;
@@ -75,6 +88,8 @@ class GridCola {
     std::array<QString, kColumnasGrid> titulos_;
     std::array<int, kColumnasGrid> anchos_{};
     std::vector<LineaGrid> lineas_;
+    std::optional<Lectura> lectura_; // none: the lines are not whole
+    int conservadas_ = 0;
     int abonos_ = 0;
     int pagina_ = 1;
     int filaSuperior_ = 1;

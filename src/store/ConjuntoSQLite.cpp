@@ -159,14 +159,14 @@ void ConjuntoSQLite::Insertar() {
                                QLatin1Char(')'));
     NivelesSQLite& niveles = nucleo_.Niveles();
     if (!claveNueva_ || niveles.Nivel() > 0) {
-        nucleo_.Escribir(sql, valores);
+        nucleo_.EscribirAlta(sql, valores);
         return;
     }
     if (!niveles.EsPropia(this)) {
         // A failed commit has ended it; the number still stands unless someone took it meanwhile.
         niveles.ComenzarPropia(this);
     }
-    nucleo_.Escribir(sql, valores, this);
+    nucleo_.EscribirAlta(sql, valores, this);
     niveles.ConfirmarPropia();
 }
 

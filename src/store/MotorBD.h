@@ -176,6 +176,9 @@ class MotorBD {
     // A mark that differs from the last one whenever the data may have changed, by this
     // connection or by another program. Costs a few microseconds at any size.
     virtual quint64 MarcaCambios() = 0;
+    // The same, but for rows that record sets of this connection have added: while it stands, a
+    // table differs from the last reading by rows behind its highest key only.
+    virtual quint64 MarcaSalvoAltas() = 0;
 
     // Called before each statement; a failure that it raises stands for the engine's.
     using Gancho = std::function<void(const Sentencia&)>;

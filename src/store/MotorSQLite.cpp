@@ -192,5 +192,8 @@ int MotorSQLite::Nivel() const {
 quint64 MotorSQLite::MarcaCambios() {
     return nucleo_.MarcaCambios();
 }
+quint64 MotorSQLite::MarcaSalvoAltas() {
+    return nucleo_.MarcaSalvoAltas();
+}
 
 } // namespace zv

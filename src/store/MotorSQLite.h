@@ -46,6 +46,7 @@ class MotorSQLite final : public MotorBD {
     int Nivel() const override;
 
     quint64 MarcaCambios() override;
+    quint64 MarcaSalvoAltas() override;
 
   private:
     QString Adaptar(const QString& sql);

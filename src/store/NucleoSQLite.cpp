@@ -153,10 +153,17 @@ void NucleoSQLite::Preparar(const QString& sql, std::size_t parametros) {
     conexion_.Compilar(sql, parametros);
 }
 
-qint64 NucleoSQLite::Escribir(const QString& sql, const Parametros& parametros, const void* dueño) {
-    niveles_.PrepararEscritura(dueño);
+qint64 NucleoSQLite::Escribir(const QString& sql, const Parametros& parametros) {
+    niveles_.PrepararEscritura();
     ContarCambio();
     return Ejecutar(Sentencia::Clase::Escritura, sql, parametros, {});
+}
+
+void NucleoSQLite::EscribirAlta(const QString& sql, const Parametros& parametros,
+                                const void* dueño) {
+    niveles_.PrepararEscritura(dueño);
+    ++altas_;
+    Ejecutar(Sentencia::Clase::Escritura, sql, parametros, {});
 }
 
 void NucleoSQLite::Definir(const QString& sql) {
@@ -207,11 +214,11 @@ std::shared_ptr<const TablaSQLite> NucleoSQLite::Tabla(const QString& nombre) {
     return tabla;
 }
 
-quint64 NucleoSQLite::MarcaCambios() {
+quint64 NucleoSQLite::Marca(quint64 propios) {
     const auto version = static_cast<quint64>(
         LeerNumero(Sentencia::Clase::Lectura, QStringLiteral("PRAGMA data_version")));
     constexpr int kMitad = 32;
-    return (version << kMitad) ^ cambios_;
+    return (version << kMitad) ^ propios;
 }
 
 } // namespace zv

@@ -33,9 +33,11 @@ class NucleoSQLite {
                   const std::function<bool(const Fila&)>& visitar);
     // Compiles a query ahead of its first run.
     void Preparar(const QString& sql, std::size_t parametros);
-    // dueño: the record set that writes, if it is one. Answers the rows touched.
-    qint64 Escribir(const QString& sql, const Parametros& parametros = {},
-                    const void* dueño = nullptr);
+    // Answers the rows touched.
+    qint64 Escribir(const QString& sql, const Parametros& parametros = {});
+    // A row that a record set adds behind the others. dueño: that set, within its own transaction.
+    void EscribirAlta(const QString& sql, const Parametros& parametros,
+                      const void* dueño = nullptr);
     // A write that changes the schema.
     void Definir(const QString& sql);
 
@@ -45,10 +47,12 @@ class NucleoSQLite {
     NivelesSQLite& Niveles() { return niveles_; }
     const NivelesSQLite& Niveles() const { return niveles_; }
     void ContarCambio() { ++cambios_; }
-    quint64 MarcaCambios();
+    quint64 MarcaCambios() { return Marca(cambios_ + altas_); }
+    quint64 MarcaSalvoAltas() { return Marca(cambios_); }
 
   private:
     void VerificarFichero() const;
+    quint64 Marca(quint64 propios);
     qint64 LeerNumero(Sentencia::Clase clase, const QString& sql);
     qint64 Ejecutar(Sentencia::Clase clase, const QString& sql, const Parametros& parametros,
                     const ConexionSQLite::Visita& visita);
@@ -60,7 +64,8 @@ class NucleoSQLite {
     IdentidadFichero identidad_;
     std::unordered_map<QString, std::shared_ptr<const TablaSQLite>> tablas_;
     qint64 versionTablas_ = -1;
-    quint64 cambios_ = 0;
+    quint64 cambios_ = 0; // but for the rows added
+    quint64 altas_ = 0;
 };
 
 } // namespace zv

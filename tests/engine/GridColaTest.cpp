@@ -1,5 +1,7 @@
 // Contents and layout of the queue grid.
 #include "BancoMotor.h"
+#include "store/dades.h"
+#include "support/GanchoFallos.h"
 
 namespace zv::test {
 
@@ -168,6 +170,107 @@ TEST_F(GridColaTest, AGridTooNarrowHidesInsteadOfTurningNegative) {
     grid.ColocarColumnas(*configuracio, 1000, 300, 10, 48);
     EXPECT_EQ(grid.AnchoColumna(9), 0);
     EXPECT_EQ(grid.Pagina(), 1);
+}
+
+// ---- refills that keep what stands
+
+// The rows of the grid, by their id1 and amount.
+class GridColaAltasTest : public GridColaTest {
+  protected:
+    GridColaAltasTest() { datos.Inicialitza(); }
+    void Alta(const QString& id1, qint32 importe = 100) {
+        Missatge m;
+        m.ID1 = id1;
+        m.Importe = importe;
+        bool resultado = false;
+        datos.Inserta(m, resultado);
+        ASSERT_TRUE(resultado);
+    }
+    QString Rellena(bool sinHora = false) {
+        grid.Rellenar(motor, sinHora);
+        QStringList filas;
+        for (int i = 1; i <= grid.FilasDatos(); ++i) {
+            filas << grid.Texto(i, 3) + u'=' + grid.Texto(i, 9);
+        }
+        return filas.join(u' ');
+    }
+    std::unique_ptr<MotorBD> OtroMotor() const {
+        auto otro = std::make_unique<MotorSQLite>();
+        otro->Abrir(
+            CadenaConexion(QStringLiteral("MDB"), {}, RutaBaseDatos(carpeta.path()), {}, {}));
+        return otro;
+    }
+    dades datos{motor, reloj};
+};
+
+TEST_F(GridColaAltasTest, RowsAddedByTheProgramJoinThoseThatStand) {
+    Alta(QStringLiteral("A"));
+    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 €"));
+    EXPECT_EQ(grid.FilasConservadas(), 0);
+    grid.PonerFilaSuperior(1);
+    grid.PonerFilaActual(0);
+    Alta(QStringLiteral("B"), -250);
+    Alta(QStringLiteral("C"));
+    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 € B=-2,50 € C=1,00 €"));
+    EXPECT_EQ(grid.FilasConservadas(), 1);
+    EXPECT_EQ(grid.Abonos(), 1);
+    EXPECT_EQ(grid.FilaActual(), 1);
+    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 € B=-2,50 € C=1,00 €"));
+    EXPECT_EQ(grid.FilasConservadas(), 3);
+    EXPECT_EQ(grid.Abonos(), 1);
+}
+
+TEST_F(GridColaAltasTest, AnyOtherChangeReadsAllAgain) {
+    Alta(QStringLiteral("A"));
+    Rellena();
+    Alta(QStringLiteral("B"));
+    motor.Ejecutar(QStringLiteral("UPDATE cola SET importe=300 WHERE id1='A'"));
+    EXPECT_EQ(Rellena(), QStringLiteral("A=3,00 € B=1,00 €"));
+    Alta(QStringLiteral("C"));
+    const auto otro = OtroMotor();
+    otro->Ejecutar(QStringLiteral("UPDATE cola SET importe=400 WHERE id1='A'"));
+    EXPECT_EQ(Rellena(), QStringLiteral("A=4,00 € B=1,00 € C=1,00 €"));
+    otro->Ejecutar(QStringLiteral("DELETE FROM cola WHERE id1='B'"));
+    EXPECT_EQ(Rellena(), QStringLiteral("A=4,00 € C=1,00 €"));
+    const auto tabla = motor.AbrirTabla(QStringLiteral("cola"));
+    ASSERT_TRUE(tabla->Buscar(1));
+    tabla->Poner(QStringLiteral("importe"), 500);
+    tabla->Actualizar();
+    EXPECT_EQ(Rellena(), QStringLiteral("A=5,00 € C=1,00 €"));
+    tabla->Borrar();
+    EXPECT_EQ(Rellena(), QStringLiteral("C=1,00 €"));
+}
+
+TEST_F(GridColaAltasTest, ARowThatIsRolledBackGoesAgain) {
+    Alta(QStringLiteral("A"));
+    Rellena();
+    motor.Comenzar();
+    Alta(QStringLiteral("B"));
+    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 € B=1,00 €"));
+    motor.Deshacer();
+    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 €"));
+}
+
+TEST_F(GridColaAltasTest, AnotherDateFormOrMultiplierReadsAllAgain) {
+    Alta(QStringLiteral("A"));
+    Rellena(false);
+    EXPECT_EQ(grid.Texto(1, 2), QStringLiteral("14/03/26 18:04:11"));
+    Rellena(true);
+    EXPECT_EQ(grid.Texto(1, 2), QStringLiteral("14/03/26"));
+    cliente.PonerMultiplier(10);
+    EXPECT_EQ(Rellena(true), QStringLiteral("A=10,00 €"));
+}
+
+TEST_F(GridColaAltasTest, AfterAFailureAllIsReadAgain) {
+    Alta(QStringLiteral("A"));
+    Rellena();
+    {
+        GanchoFallos fallos(motor);
+        fallos.Falla(Sentencia::Clase::Lectura, QStringLiteral("FROM cola"), 1);
+        EXPECT_THROW(grid.Rellenar(motor, false), ErrorEjecucion);
+    }
+    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 €"));
+    EXPECT_EQ(grid.FilasConservadas(), 0);
 }
 
 } // namespace zv::test

@@ -24,8 +24,17 @@ ModeloCola::ModeloCola(const GridCola& grid, QObject* parent)
     : QAbstractTableModel(parent), grid_(grid) {}
 
 void ModeloCola::Refrescar() {
+    const int filas = grid_.FilasDatos();
+    if (filas_ > 0 && grid_.FilasConservadas() == filas_) {
+        if (filas > filas_) {
+            beginInsertRows({}, filas_, filas - 1);
+            filas_ = filas;
+            endInsertRows();
+        }
+        return;
+    }
     beginResetModel();
-    filas_ = grid_.FilasDatos();
+    filas_ = filas;
     endResetModel();
 }
 
