@@ -53,6 +53,7 @@ class Cronometro final : public QObject {
 };
 
 constexpr qint64 kLimiteMs = 100;
+constexpr int kPeticionMs = 10;
 
 } // namespace
 
@@ -113,6 +114,11 @@ int main(int argc, char** argv) {
 
     Cronometro cronometro;
     app.installEventFilter(&cronometro);
+    // Somebody wants to see something new all the time, also while nothing changes.
+    QTimer peticiones;
+    QObject::connect(&peticiones, &QTimer::timeout, &pantalla,
+                     [&pantalla] { pantalla.update(0, 0, 1, 1); });
+    peticiones.start(kPeticionMs);
     bool medido = false;
     QProcess carga;
     carga.setProcessChannelMode(QProcess::ForwardedErrorChannel);

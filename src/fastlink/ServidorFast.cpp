@@ -18,12 +18,8 @@ constexpr int kTmrMs = 1;
 ServidorFast::ServidorFast(ConfiguracioGlobal& configuracio, const FormatoRegional& formato,
                            Log& log, BombaFast bomba, const QHostAddress& direccion)
     : configuracio_(configuracio), formato_(formato), log_(log), bomba_(std::move(bomba)),
-      ws_(direccion, {[this](qint16 indice, const QByteArray& datos) { Llegada(indice, datos); }}) {
-    tmr_.setObjectName(QStringLiteral("Tmr"));
-    tmr_.setTimerType(Qt::PreciseTimer);
-    tmr_.setInterval(kTmrMs);
-    QObject::connect(&tmr_, &QTimer::timeout, &tmr_, [this] { Tick(); });
-}
+      ws_(direccion, {[this](qint16 indice, const QByteArray& datos) { Llegada(indice, datos); }}),
+      Tmr_(kTmrMs, [this] { Tick(); }) {}
 
 void ServidorFast::AbrirFast() {
     if (ws_.Escuchando()) {
@@ -43,14 +39,12 @@ void ServidorFast::Llegada(qint16 indice, const QByteArray& datos) {
     }
     missatge->IdxSocket = indice;
     ColaMissatges_.push_back({std::move(*missatge), ws_.Serie(indice)});
-    if (!tmr_.isActive()) {
-        tmr_.start();
-    }
+    Tmr_.Arrancar();
 }
 
 void ServidorFast::Tick() {
     if (ColaMissatges_.empty()) {
-        tmr_.stop();
+        Tmr_.Parar();
         return;
     }
     dades* datos = bomba_.datos();

@@ -5,10 +5,9 @@
 #include "config/ConfiguracioGlobal.h"
 #include "fastlink/SocketsFast.h"
 #include "platform/FormatoRegional.h"
+#include "platform/Metronomo.h"
 #include "store/dades.h"
 #include "ui/Log.h"
-
-#include <QTimer>
 
 #include <deque>
 
@@ -40,7 +39,7 @@ class ServidorFast {
 
     const SocketsFast& WS() const { return ws_; }
     std::size_t MensajesEnCola() const { return ColaMissatges_.size(); }
-    bool TmrActivo() const { return tmr_.isActive(); }
+    bool TmrActivo() const { return Tmr_.Activo(); }
 
   private:
     struct Entrada {
@@ -56,7 +55,7 @@ class ServidorFast {
     BombaFast bomba_;
     SocketsFast ws_;
     std::deque<Entrada> ColaMissatges_;
-    QTimer tmr_;
+    Metronomo Tmr_;
 };
 
 } // namespace zv

@@ -1,4 +1,4 @@
-// Listening, accepting into the lowest closed index, receiving, closing.
+// Listening, accepting into the lowest closed index, receiving, sending, closing.
 #include "fastlink/SocketsFast.h"
 
 #include "platform/ErrorEjecucion.h"
@@ -6,8 +6,14 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <array>
+#include <cerrno>
 #include <limits>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
+#include <sys/epoll.h>
 #include <sys/resource.h>
+#include <sys/socket.h>
 
 namespace zv {
 
@@ -16,11 +22,16 @@ namespace {
 // The socket layer's own numbers.
 constexpr int kPuertoNoPermitido = 10013;
 constexpr int kNoSePuedeEscuchar = 10022;
+constexpr int kSinDescriptores = 10024;
 constexpr int kPuertoEnUso = 10048;
 constexpr int kValorNoValido = 380;
 
 constexpr int kColaDeEntrada = 256;
 constexpr int kReanudarMs = 1000;
+constexpr std::size_t kEventosPorVez = 64;
+constexpr std::size_t kTrozo = 65536;
+constexpr qsizetype kEntradaMaxima = 4 * 1024 * 1024; // one message of one receive event
+constexpr qsizetype kSalidaMaxima = 1024 * 1024;      // thousands of answers that nobody takes
 
 // Connections must never take the descriptors that database, log and device need.
 int MaximoAbiertos() {
@@ -34,25 +45,36 @@ int MaximoAbiertos() {
     return static_cast<int>(std::min<rlim_t>(sitio, kIndices));
 }
 
+// Index and connection in what the system keeps for each descriptor. An event of a connection that
+// has been closed since finds another one.
+constexpr int kBitsIndice = 16;
+quint64 Clave(qint16 indice, quint64 serie) {
+    return (serie << kBitsIndice) | static_cast<quint16>(indice);
+}
+
+DescriptorFichero CrearEpoll() {
+    DescriptorFichero epoll(::epoll_create1(EPOLL_CLOEXEC));
+    if (!epoll.Abierto()) {
+        throw ErrorEjecucion(kSinDescriptores,
+                             QStringLiteral("No quedan descriptores para el ZVFast"));
+    }
+    return epoll;
+}
+
 } // namespace
 
 SocketsFast::SocketsFast(const QHostAddress& direccion, OyenteSockets oyente)
-    : direccion_(direccion), oyente_(std::move(oyente)), maximoAbiertos_(MaximoAbiertos()) {
+    : direccion_(direccion), oyente_(std::move(oyente)), maximoAbiertos_(MaximoAbiertos()),
+      epoll_(CrearEpoll()), aviso_(epoll_.Numero(), QSocketNotifier::Read) {
     setListenBacklogSize(kColaDeEntrada);
+    connect(&aviso_, &QSocketNotifier::activated, this, [this] { Atender(); });
     // Without descriptors the listener rests, or it would be woken without end.
     connect(this, &QTcpServer::acceptError, this, [this](QAbstractSocket::SocketError) {
         QTimer::singleShot(kReanudarMs, this, [this] { resumeAccepting(); });
     });
 }
 
-SocketsFast::~SocketsFast() {
-    for (const Hueco& hueco : huecos_) {
-        if (hueco.socket != nullptr) {
-            hueco.socket->disconnect(this);
-            delete hueco.socket;
-        }
-    }
-}
+SocketsFast::~SocketsFast() = default;
 
 void SocketsFast::Escuchar(qint32 puerto) {
     if (puerto < 0 || puerto > std::numeric_limits<quint16>::max()) {
@@ -87,14 +109,9 @@ const SocketsFast::Hueco* SocketsFast::Buscar(qint16 indice) const {
     return indice >= 1 && i < huecos_.size() ? &huecos_[i] : nullptr;
 }
 
-SocketsFast::Hueco* SocketsFast::Buscar(qint16 indice) {
-    return const_cast<Hueco*>(std::as_const(*this).Buscar(indice));
-}
-
 bool SocketsFast::Conectado(qint16 indice) const {
     const Hueco* hueco = Buscar(indice);
-    return hueco != nullptr && hueco->socket != nullptr &&
-           hueco->socket->state() == QAbstractSocket::ConnectedState;
+    return hueco != nullptr && hueco->socket.Abierto();
 }
 
 quint64 SocketsFast::Serie(qint16 indice) const {
@@ -102,24 +119,10 @@ quint64 SocketsFast::Serie(qint16 indice) const {
     return hueco != nullptr ? hueco->serie : 0;
 }
 
-void SocketsFast::Enviar(qint16 indice, const QByteArray& datos) {
-    if (Conectado(indice)) {
-        QTcpSocket* socket = Buscar(indice)->socket;
-        socket->write(datos);
-        // Out now, and not at the next turn of the event loop.
-        socket->flush();
-    }
-}
-
-int SocketsFast::Abiertos() const {
-    return static_cast<int>(std::count_if(huecos_.begin(), huecos_.end(),
-                                          [](const Hueco& h) { return h.socket != nullptr; }));
-}
-
 // The lowest closed index, or a new one; 0 when no number is left.
 qint16 SocketsFast::LibreOMas() {
     const auto libre = std::find_if(huecos_.begin(), huecos_.end(),
-                                    [](const Hueco& h) { return h.socket == nullptr; });
+                                    [](const Hueco& h) { return !h.socket.Abierto(); });
     if (libre == huecos_.end()) {
         if (huecos_.size() >= static_cast<std::size_t>(std::numeric_limits<qint16>::max())) {
             return 0;
@@ -131,48 +134,118 @@ qint16 SocketsFast::LibreOMas() {
 }
 
 void SocketsFast::incomingConnection(qintptr descriptor) {
-    auto* socket = new QTcpSocket;
-    if (!socket->setSocketDescriptor(descriptor)) {
-        delete socket;
-        return;
-    }
-    const qint16 indice = Abiertos() < maximoAbiertos_ ? LibreOMas() : qint16(0);
+    DescriptorFichero socket(static_cast<int>(descriptor));
+    const qint16 indice = abiertos_ < maximoAbiertos_ ? LibreOMas() : qint16(0);
     if (indice == 0) {
         // Beyond its means the till refuses; those that are connected are served.
-        delete socket;
         return;
     }
     // Answers are short and waited for.
-    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-    const quint64 serie = ++series_;
-    *Buscar(indice) = Hueco{socket, serie};
-    connect(socket, &QTcpSocket::readyRead, this, [=, this] { Recibir(indice, serie); });
-    connect(socket, &QTcpSocket::disconnected, this, [=, this] { Cerrar(indice, serie); });
-    if (socket->bytesAvailable() > 0) {
-        Recibir(indice, serie);
+    const int si = 1;
+    ::setsockopt(socket.Numero(), IPPROTO_TCP, TCP_NODELAY, &si, sizeof si);
+    Hueco& hueco = En(indice);
+    hueco = Hueco{std::move(socket), ++series_, {}, false};
+    ++abiertos_;
+    Vigilar(indice, EPOLL_CTL_ADD);
+}
+
+void SocketsFast::Vigilar(qint16 indice, int operacion) const {
+    const Hueco& hueco = *Buscar(indice);
+    epoll_event evento{};
+    evento.events = EPOLLIN | EPOLLRDHUP;
+    if (hueco.esperaSitio) {
+        evento.events |= EPOLLOUT;
+    }
+    evento.data.u64 = Clave(indice, hueco.serie);
+    ::epoll_ctl(epoll_.Numero(), operacion, hueco.socket.Numero(), &evento);
+}
+
+void SocketsFast::Atender() {
+    std::array<epoll_event, kEventosPorVez> eventos{};
+    const int cuantos = ::epoll_wait(epoll_.Numero(), eventos.data(), kEventosPorVez, 0);
+    for (int i = 0; i < cuantos; ++i) {
+        const epoll_event& evento = eventos[static_cast<std::size_t>(i)];
+        const auto indice = static_cast<qint16>(evento.data.u64 & 0xFFFFU);
+        const auto sigue = [&] {
+            return Conectado(indice) && Clave(indice, Serie(indice)) == evento.data.u64;
+        };
+        if ((evento.events & EPOLLOUT) != 0 && sigue()) {
+            Vaciar(indice);
+        }
+        if ((evento.events & ~static_cast<quint32>(EPOLLOUT)) != 0 && sigue()) {
+            Recibir(indice);
+        }
     }
 }
 
-void SocketsFast::Recibir(qint16 indice, quint64 serie) {
-    const Hueco* hueco = Buscar(indice);
-    if (hueco == nullptr || hueco->serie != serie || hueco->socket == nullptr) {
-        return;
+void SocketsFast::Recibir(qint16 indice) {
+    const int socket = En(indice).socket.Numero();
+    QByteArray datos;
+    bool fin = false;
+    std::array<char, kTrozo>
+        trozo; // NOLINT(cppcoreguidelines-pro-type-member-init): filled by recv
+    while (datos.size() < kEntradaMaxima) {
+        const ssize_t n = ::recv(socket, trozo.data(), trozo.size(), MSG_DONTWAIT);
+        if (n > 0) {
+            datos.append(trozo.data(), n);
+        } else if (n < 0 && errno == EINTR) {
+            continue;
+        } else {
+            fin = n == 0 || (errno != EAGAIN && errno != EWOULDBLOCK);
+            break;
+        }
     }
-    const QByteArray datos = hueco->socket->readAll();
+    // What came with the farewell is a message too.
     if (!datos.isEmpty()) {
         oyente_.llegada(indice, datos);
     }
+    if (fin) {
+        Cerrar(indice);
+    }
 }
 
-void SocketsFast::Cerrar(qint16 indice, quint64 serie) {
-    Hueco* hueco = Buscar(indice);
-    if (hueco == nullptr || hueco->serie != serie || hueco->socket == nullptr) {
+void SocketsFast::Enviar(qint16 indice, const QByteArray& datos) {
+    if (!Conectado(indice)) {
         return;
     }
-    // What came with the farewell is a message too.
-    Recibir(indice, serie);
-    hueco->socket->deleteLater();
-    hueco->socket = nullptr;
+    Hueco& hueco = En(indice);
+    hueco.salida += datos;
+    if (hueco.salida.size() > kSalidaMaxima) {
+        Cerrar(indice);
+    } else if (!hueco.esperaSitio) {
+        Vaciar(indice);
+    }
+}
+
+void SocketsFast::Vaciar(qint16 indice) {
+    Hueco& hueco = En(indice);
+    while (!hueco.salida.isEmpty()) {
+        const ssize_t n =
+            ::send(hueco.socket.Numero(), hueco.salida.constData(),
+                   static_cast<std::size_t>(hueco.salida.size()), MSG_DONTWAIT | MSG_NOSIGNAL);
+        if (n >= 0) {
+            hueco.salida.remove(0, n);
+        } else if (errno == EAGAIN || errno == EWOULDBLOCK) {
+            break;
+        } else if (errno != EINTR) {
+            Cerrar(indice);
+            return;
+        }
+    }
+    const bool queda = !hueco.salida.isEmpty();
+    if (queda != hueco.esperaSitio) {
+        hueco.esperaSitio = queda;
+        Vigilar(indice, EPOLL_CTL_MOD);
+    }
+}
+
+void SocketsFast::Cerrar(qint16 indice) {
+    Hueco& hueco = En(indice);
+    // Closing takes it out of what is watched.
+    hueco.socket = DescriptorFichero();
+    hueco.salida.clear();
+    hueco.esperaSitio = false;
+    --abiertos_;
 }
 
 } // namespace zv

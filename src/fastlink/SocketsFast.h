@@ -1,10 +1,13 @@
 // The array WS of the fast link: the listener and the growing array of client connections, of
-// which the lowest closed one is used again.
+// which the lowest closed one is used again. All connections hang on one descriptor of the event
+// loop, so that hundreds of silent ones cost its thousand turns a second nothing.
 #pragma once
 
+#include "platform/DescriptorFichero.h"
+
 #include <QHostAddress>
+#include <QSocketNotifier>
 #include <QTcpServer>
-#include <QTcpSocket>
 
 #include <functional>
 #include <vector>
@@ -21,7 +24,8 @@ class SocketsFast final : private QTcpServer {
     Q_OBJECT
 
   public:
-    // direccion: where the listener binds; every interface unless told otherwise.
+    // direccion: where the listener binds; every interface unless told otherwise. Raises 10024 when
+    // the system has no descriptor left.
     SocketsFast(const QHostAddress& direccion, OyenteSockets oyente);
     ~SocketsFast() override;
 
@@ -38,6 +42,7 @@ class SocketsFast final : private QTcpServer {
     bool Conectado(qint16 indice) const;
     // Tells connections on one index apart; 0 when there has been none.
     quint64 Serie(qint16 indice) const;
+    // What the peer does not take at once waits for it; one that takes nothing is closed.
     void Enviar(qint16 indice, const QByteArray& datos);
 
   protected:
@@ -45,21 +50,28 @@ class SocketsFast final : private QTcpServer {
 
   private:
     struct Hueco {
-        QTcpSocket* socket = nullptr; // owned; none when closed
+        DescriptorFichero socket; // invalid when closed
         quint64 serie = 0;
+        QByteArray salida;        // not sent yet
+        bool esperaSitio = false; // the system's buffer for it is full
     };
     qint16 LibreOMas();
-    void Cerrar(qint16 indice, quint64 serie);
-    void Recibir(qint16 indice, quint64 serie);
+    void Atender();
+    void Recibir(qint16 indice);
+    void Vaciar(qint16 indice);
+    void Vigilar(qint16 indice, int operacion) const;
+    void Cerrar(qint16 indice);
     const Hueco* Buscar(qint16 indice) const;
-    Hueco* Buscar(qint16 indice);
-    int Abiertos() const;
+    Hueco& En(qint16 indice) { return huecos_[static_cast<std::size_t>(indice) - 1]; }
 
     QHostAddress direccion_;
     OyenteSockets oyente_;
     std::vector<Hueco> huecos_; // WS(1) is the first
     quint64 series_ = 0;
+    int abiertos_ = 0;
     int maximoAbiertos_;
+    DescriptorFichero epoll_;
+    QSocketNotifier aviso_;
 };
 
 } // namespace zv

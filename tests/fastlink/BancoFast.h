@@ -10,6 +10,8 @@
 #include "support/ImprimeQt.h"
 #include "support/RelojFijo.h"
 
+#include <QTcpSocket>
+
 #include <gtest/gtest.h>
 
 namespace zv::test {
