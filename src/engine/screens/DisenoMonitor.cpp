@@ -94,7 +94,7 @@ void DisenoMonitor::AplicarEscala() {
         lampara->setFixedSize(px(32), px(32));
     }
     grdZV->verticalHeader()->setDefaultSectionSize(px(tema::kAltoFila));
-    grdZV->horizontalHeader()->setFixedHeight(px(40));
+    grdZV->horizontalHeader()->setFixedHeight(px(44));
     tema::PonerLetra(*grdZV, escala_ > 1 ? px(14) : 0);
     framePie->setFixedHeight(px(104));
     for (QToolButton* b : boton) {

@@ -75,7 +75,8 @@ QVariant ModeloCola::headerData(int section, Qt::Orientation orientation, int ro
         return grid_.Titulo(section);
     }
     if (role == Qt::TextAlignmentRole) {
-        return QVariant::fromValue(Alineacion(section));
+        // A title wider than its column goes on below.
+        return static_cast<int>(Alineacion(section)) | static_cast<int>(Qt::TextWordWrap);
     }
     return {};
 }
