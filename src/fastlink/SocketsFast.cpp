@@ -27,7 +27,6 @@ constexpr int kPuertoEnUso = 10048;
 constexpr int kValorNoValido = 380;
 
 constexpr int kColaDeEntrada = 256;
-constexpr int kReanudarMs = 1000;
 constexpr std::size_t kEventosPorVez = 64;
 constexpr std::size_t kTrozo = 65536;
 constexpr qsizetype kEntradaMaxima = 4 * 1024 * 1024; // one message of one receive event
@@ -63,14 +62,19 @@ DescriptorFichero CrearEpoll() {
 
 } // namespace
 
-SocketsFast::SocketsFast(const QHostAddress& direccion, OyenteSockets oyente)
+SocketsFast::SocketsFast(const QHostAddress& direccion, OyenteSockets oyente, int reanudarMs)
     : direccion_(direccion), oyente_(std::move(oyente)), maximoAbiertos_(MaximoAbiertos()),
       epoll_(CrearEpoll()), aviso_(epoll_.Numero(), QSocketNotifier::Read) {
     setListenBacklogSize(kColaDeEntrada);
     connect(&aviso_, &QSocketNotifier::activated, this, [this] { Atender(); });
     // Without descriptors the listener rests, or it would be woken without end.
-    connect(this, &QTcpServer::acceptError, this, [this](QAbstractSocket::SocketError) {
-        QTimer::singleShot(kReanudarMs, this, [this] { resumeAccepting(); });
+    connect(this, &QTcpServer::acceptError, this, [this, reanudarMs] {
+        QTimer::singleShot(reanudarMs, this, [this] {
+            // Qt asks for a listener that stands; the settings may have closed it meanwhile.
+            if (isListening()) {
+                resumeAccepting();
+            }
+        });
     });
 }
 

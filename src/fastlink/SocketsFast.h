@@ -26,7 +26,8 @@ class SocketsFast final : private QTcpServer {
   public:
     // direccion: where the listener binds; every interface unless told otherwise. Raises 10024 when
     // the system has no descriptor left.
-    SocketsFast(const QHostAddress& direccion, OyenteSockets oyente);
+    // reanudarMs: how long the listener rests when a connection cannot be taken.
+    SocketsFast(const QHostAddress& direccion, OyenteSockets oyente, int reanudarMs = 1000);
     ~SocketsFast() override;
 
     // Raises 10048 for a port in use, 380 for a number that is no port, 10013 for one that is not

@@ -51,6 +51,25 @@ TEST(LecturaMissatgeTest, MissingFieldsKeepTheirDefaults) {
     EXPECT_EQ(m.Formapago, QString());
 }
 
+TEST(LecturaMissatgeTest, AMessageMayEndAfterAnyField) {
+    const QStringList campos{QStringLiteral("C"),   QStringLiteral("A"),   QStringLiteral("12"),
+                             QStringLiteral("B"),   QStringLiteral("3"),   QStringLiteral("TPV1"),
+                             QStringLiteral("ANA"), QStringLiteral("VISA")};
+    for (qsizetype n = 2; n <= campos.size(); ++n) {
+        const Missatge m = Leer(campos.first(n).join(u'|')).value();
+        const QStringList leidos{
+            m.Comanda,  m.ID1,      m.Importe.ATexto(), m.ID2, QString::number(m.IDcaja),
+            m.Terminal, m.Vendedor, m.Formapago};
+        QStringList esperados{QString(),           QString(), QStringLiteral("0"), QString(),
+                              QStringLiteral("0"), QString(), QString(),           QString()};
+        for (qsizetype i = 0; i < n; ++i) {
+            esperados[i] = campos[i];
+        }
+        EXPECT_EQ(leidos, esperados) << n;
+        EXPECT_FALSE(m.ImporteError) << n;
+    }
+}
+
 TEST(LecturaMissatgeTest, TextsAreCutAtFiftyCharacters) {
     const QString largo(60, u'x');
     const QString corto(50, u'x');

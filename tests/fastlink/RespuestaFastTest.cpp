@@ -82,7 +82,7 @@ TEST_F(RespuestaFastTest, AnUnknownStateDependsOnTheCaseOfTheCommand) {
 }
 
 TEST_F(RespuestaFastTest, AnyOtherCommandIsUnknown) {
-    for (const char* texto : {"X|T0001", "|T0001", " C|T0001|1", "CC|T0001"}) {
+    for (const char* texto : {"X|T0001", "|T0001", " C|T0001|1", "CC|T0001", "SS|T0001"}) {
         EXPECT_EQ(Contesta(QString::fromLatin1(texto)), QStringLiteral("NOK|Unknown command"))
             << texto;
     }
