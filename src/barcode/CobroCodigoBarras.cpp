@@ -11,6 +11,7 @@ namespace zv {
 namespace {
 
 constexpr int kSegundosEspera = 1;
+constexpr qsizetype kTextoMaximo = 50; // of an identifier
 
 // The characters from position inicio to position fin.
 QString Campo(const QString& codigo, int inicio, int fin) {
@@ -49,7 +50,8 @@ bool CobroCodigoBarras::LayoutMalo() const {
 
 QString CobroCodigoBarras::Identificador(const QString& codigo) const {
     const Configuracio& c = *configuracio_;
-    return c.BCTPRE ? Campo(codigo, c.BCTINI, c.BCTFIN)
+    // A longer one would be a failure of the store, after which nothing more could be queued.
+    return c.BCTPRE ? Campo(codigo, c.BCTINI, c.BCTFIN).left(kTextoMaximo)
                     : reloj_.Ahora().toString(QStringLiteral("MM/dd/yyyy-HH:mm:ss"));
 }
 

@@ -175,6 +175,21 @@ TEST_F(CobroCodigoBarrasTest, DecimalsAndMultiplierMakeTheAmount) {
                                      "TICKET5=0"));
 }
 
+TEST_F(CobroCodigoBarrasTest, ALongTicketIsCutToWhatTheQueueHolds) {
+    configuracio->BCEAN = 66;
+    configuracio->BCTFIN = 60;
+    configuracio->BCIINI = 61;
+    configuracio->BCIFIN = 66;
+    const QString cincuenta(50, u't');
+    Escanea(cincuenta + QStringLiteral("aaaaaaaaaa001250"));
+    EXPECT_EQ(Cola(), cincuenta + QStringLiteral("=1250"));
+    // Another one is the same sale, and neither is a failure that would stop those that follow.
+    Escanea(cincuenta + QStringLiteral("bbbbbbbbbb000300"));
+    configuracio->BCTFIN = 2;
+    Escanea(QStringLiteral("T2") + QString(58, u'x') + QStringLiteral("000300"));
+    EXPECT_EQ(Cola(), cincuenta + QStringLiteral("=1250 T2=300"));
+}
+
 TEST_F(CobroCodigoBarrasTest, ATicketScannedTwiceEndsSilently) {
     EXPECT_EQ(Escanea(QStringLiteral("TICKET1001250")), 1);
     EXPECT_EQ(Escanea(QStringLiteral("TICKET1001250")), 1);
