@@ -59,4 +59,19 @@ start_display() {
   pids+=($!)
   wait_for 20 "the window manager" managed
 }
-managed() { xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id'; }
+# It brings up a window of its own: some managers tell that they are there before they listen, and
+# a window that comes in between would never be seen.
+managed() {
+  xprop -root _NET_SUPPORTING_WM_CHECK | grep -q 'window id' || return 1
+  xmessage -timeout 2 ready &
+  local probe=$! found=1 i
+  for i in 1 2 3 4 5 6 7 8 9 10; do
+    if xdotool search --onlyvisible --class Xmessage; then
+      found=0
+      break
+    fi
+    sleep 0.05
+  done
+  { kill "$probe" && wait "$probe"; } || true
+  return "$found"
+}
