@@ -92,6 +92,8 @@ set_ini MODO AUTO
 start_monitor_fast
 equals "the ports of the monitor" "$fast_port" "$(listens "$monitor_pid")"
 wait_sold T0001
+# A balance that is not stored yet would be asked about at the next start.
+wait_exit_balance $((start_money + 1250))
 
 # ---- killed with clients connected, some in the middle of a question: bound again at once
 for round in 1 2 3; do
