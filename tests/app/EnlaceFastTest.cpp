@@ -2,6 +2,7 @@
 #include "BancoMonitor.h"
 #include "support/Esperas.h"
 
+#include <QElapsedTimer>
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -11,16 +12,17 @@ class EnlaceFastTest : public BancoMonitor {
   protected:
     EnlaceFastTest() { PonerSaldo(5000); }
 
-    void Cargar(const QByteArray& mas = {}) {
-        EscribirIni("[ZORVEX]\r\nIP=127.0.0.1\r\n[ZVMONITOR]\r\nMODO=MANUAL\r\n"
-                    "[CONECTOR]\r\nZVFastPort=16501\r\n" +
-                    mas);
+    void Cargar(const QByteArray& mas = {}, const QByteArray& modo = "MANUAL",
+                const QByteArray& puerto = "16501") {
+        EscribirIni("[ZORVEX]\r\nIP=127.0.0.1\r\n[ZVMONITOR]\r\nMODO=" + modo +
+                    "\r\n[CONECTOR]\r\nZVFastPort=" + puerto + "\r\n" + mas);
         cliente.EsperaConnect();
         ASSERT_TRUE(monitor->Cargar());
     }
-    std::unique_ptr<QTcpSocket> Conectar() {
+    static std::unique_ptr<QTcpSocket> Conectar(const QString& direccion = DireccionPropia(),
+                                                quint16 puerto = 16501) {
         auto socket = std::make_unique<QTcpSocket>();
-        socket->connectToHost(DireccionPropia(), 16501);
+        socket->connectToHost(direccion, puerto);
         EXPECT_TRUE(Esperar([&] { return socket->state() == QAbstractSocket::ConnectedState; }));
         return socket;
     }
@@ -43,6 +45,57 @@ TEST_F(EnlaceFastTest, AStartOpensItByTheSettings) {
 TEST_F(EnlaceFastTest, SwitchedOffItStaysClosed) {
     Cargar("ZVFastActive=0\r\n");
     EXPECT_FALSE(monitor->fast.WS().Escuchando());
+}
+
+TEST_F(EnlaceFastTest, UnlessToldOtherwiseItListensOnEveryInterface) {
+    Opciones opciones = servicios->opciones;
+    opciones.fastDireccion.clear();
+    monitor.reset();
+    servicios = std::make_unique<Servicios>(opciones, reloj);
+    monitor = std::make_unique<Monitor>(*servicios, *importes,
+                                        Exterior{cliente, dialogos, procesos, shell});
+    monitor->PonerVentana(ventana);
+    Cargar({}, "MANUAL", "0");
+    const quint16 puerto = monitor->fast.WS().Puerto();
+    for (const QString& direccion : {QStringLiteral("127.0.0.1"), DireccionPropia()}) {
+        const auto socket = Conectar(direccion, puerto);
+        EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("NOK|Not found"));
+    }
+}
+
+TEST_F(EnlaceFastTest, ItIsOpenBeforeTheConnectorStartsAndMessagesWaitForTheStore) {
+    bool preguntado = false;
+    std::unique_ptr<QTcpSocket> socket;
+    dialogos.EsperaMensaje(
+        QStringLiteral("Conector no cargado"), testing::_, resultado::kAceptar, -1, [&] {
+            preguntado = true;
+            socket = Conectar();
+            socket->write("C|T1|1250");
+            ASSERT_TRUE(Esperar([&] { return monitor->fast.MensajesEnCola() == 1; }));
+            monitor->fast.Tick();
+            EXPECT_EQ(monitor->fast.MensajesEnCola(), 1u);
+        });
+    Cargar("ZVConectorActive=1\r\nZVConectorPath=/no/hay/Conector\r\n");
+    ASSERT_TRUE(preguntado);
+    ASSERT_TRUE(Esperar([&] { return socket->bytesAvailable() > 0; }));
+    EXPECT_EQ(socket->readAll(), QByteArray("OK|Added"));
+}
+
+TEST_F(EnlaceFastTest, ItAnswersUnderADialogAndWhileACustomerPays) {
+    Cargar({}, "AUTO");
+    const auto socket = Conectar();
+    EXPECT_EQ(Pregunta(*socket, "C|R1|-500"), QByteArray("OK|Added"));
+    dialogos.EsperaMensaje(
+        QStringLiteral("Abono pendiente"), testing::_, resultado::kAceptar, -1,
+        [&] { EXPECT_EQ(Pregunta(*socket, "C|T2|700"), QByteArray("OK|Added")); });
+    cliente.EsperaCharge(-500, 0, 500, FinGuion::Ok().Durante([&] {
+        EXPECT_EQ(Pregunta(*socket, "C|T3|900"), QByteArray("OK|Added"));
+        EXPECT_EQ(Pregunta(*socket, "S|R1"), QByteArray("OK|PENDING"));
+    }));
+    monitor->pulso.ProcesarCola();
+    EXPECT_EQ(Pregunta(*socket, "S|R1"), QByteArray("OK|OK"));
+    EXPECT_EQ(Pregunta(*socket, "S|T2"), QByteArray("OK|PENDING"));
+    EXPECT_EQ(Pregunta(*socket, "S|T3"), QByteArray("OK|PENDING"));
 }
 
 TEST_F(EnlaceFastTest, APortInUseEndsTheStart) {
@@ -107,9 +160,16 @@ TEST_F(EnlaceFastTest, AScannedCodeIsQueuedThoughTheDeviceIsDisconnected) {
            "BCDEC=2\r\n");
     cliente.EsperaDisconnect();
     monitor->botones.boton_Click(6);
+    const auto socket = Conectar();
+    socket->write("S|A7");
     bool vacia = false;
+    QElapsedTimer desde;
+    desde.start();
     monitor->barras.Enter(QStringLiteral("A70950"), [&] { vacia = true; });
+    EXPECT_GE(desde.elapsed(), 990);
     EXPECT_TRUE(vacia);
+    // The fast link went on meanwhile.
+    EXPECT_EQ(socket->readAll(), QByteArray("OK|PENDING"));
     monitor->pulso.ProcesarCola();
     EXPECT_EQ(monitor->grid.Linea(1).id1, QStringLiteral("A7"));
     EXPECT_EQ(monitor->grid.Linea(1).importe, QStringLiteral("9,50 €"));

@@ -237,6 +237,21 @@ TEST_F(ServidorFastTest, AClientThatHasGoneGetsItsRowAndNoAnswer) {
     ASSERT_TRUE(EsperaEnCola(1));
     cliente->abort();
     ASSERT_TRUE(EsperaCerrado(1));
+    esperar = false;
+    servidor.Tick();
+    EXPECT_EQ(base.Cuenta(QStringLiteral("cola"), QStringLiteral("id1='A'")), 1);
+    EXPECT_EQ(log.lineasFast, QStringList{QStringLiteral("R: C|A|1")});
+}
+
+TEST_F(ServidorFastTest, AnAnswerIsNotForANewcomerOnTheSameIndex) {
+    esperar = true;
+    servidor.AbrirFast();
+    auto cliente = Conectar();
+    ASSERT_TRUE(EsperaConectado(1));
+    cliente->write("C|A|1");
+    ASSERT_TRUE(EsperaEnCola(1));
+    cliente->abort();
+    ASSERT_TRUE(EsperaCerrado(1));
     // Somebody else takes the index: the answer is not for them.
     const auto otro = Conectar();
     ASSERT_TRUE(EsperaConectado(1));

@@ -1,0 +1,129 @@
+// The barcode box of the real window: what Enter hands over, and who has the keys while the pulse
+// beats.
+#include "BancoPantalla.h"
+#include "support/AlAbrir.h"
+#include "ui/screens/DialogosPantalla.h"
+
+namespace zv::test {
+
+class CodigoBarrasTest : public BancoPantalla {
+  protected:
+    CodigoBarrasTest() {
+        Montar([this](const QString& codigo, const auto& vaciar) {
+            codigos << codigo;
+            vaciar_ = vaciar;
+        });
+    }
+
+    // The window anew, with that handler of Enter.
+    void Montar(decltype(AccionesVentana::codigoLeido) alLeer) {
+        pantalla.reset();
+        pantalla = std::make_unique<frmZVMonitor>(
+            PartesMonitor{entorno, controles, grid, estado, pulso, botones},
+            AccionesVentana{[] {}, [] {}, std::move(alLeer)});
+        pulso.PonerVentana(pantalla.get());
+        pantalla->show();
+        pantalla->activateWindow();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(pantalla.get()));
+        D().TextIni->setFocus();
+    }
+    // Keys as they come from the desktop: to the window that has them.
+    static void Teclear(const QString& texto) {
+        for (const QChar c : texto) {
+            QTest::keyClick(QGuiApplication::focusWindow(), c.toLatin1());
+        }
+    }
+    static void Tecla(Qt::Key tecla) { QTest::keyClick(QGuiApplication::focusWindow(), tecla); }
+    // Lets the pulse beat at least once; the form's own focus shows it.
+    bool Late() {
+        pantalla->setFocusPolicy(Qt::StrongFocus);
+        pantalla->setFocus();
+        EXPECT_NE(pantalla->focusWidget(), D().TextIni);
+        return QTest::qWaitFor([&] { return pantalla->focusWidget() == D().TextIni; }, 5000);
+    }
+
+    QStringList codigos;
+    std::function<void()> vaciar_;
+};
+
+TEST_F(CodigoBarrasTest, EnterHandsOverTheBoxWhichIsEmptiedOnlyWhenAsked) {
+    Teclear(QStringLiteral("2012345012508"));
+    EXPECT_EQ(codigos, QStringList());
+    Tecla(Qt::Key_Return);
+    EXPECT_EQ(codigos, QStringList{QStringLiteral("2012345012508")});
+    EXPECT_EQ(D().TextIni->text(), QStringLiteral("2012345012508"));
+    Teclear(QStringLiteral("9")); // during the wait: into the box, and emptied with it
+    vaciar_();
+    EXPECT_EQ(D().TextIni->text(), QString());
+    Teclear(QStringLiteral("77"));
+    Tecla(Qt::Key_Enter); // of the keypad
+    EXPECT_EQ(codigos.mid(1), QStringList{QStringLiteral("77")});
+}
+
+TEST_F(CodigoBarrasTest, AnEmptyBoxIsHandedOverTooAndLeavingItIsNoEnter) {
+    Tecla(Qt::Key_Return);
+    EXPECT_EQ(codigos, QStringList{QString()});
+    Teclear(QStringLiteral("5"));
+    D().TextIni->clearFocus();
+    EXPECT_EQ(codigos.size(), 1);
+    EXPECT_EQ(D().TextIni->text(), QStringLiteral("5"));
+}
+
+TEST_F(CodigoBarrasTest, WithoutAHandlerEnterDoesNothing) {
+    Montar({});
+    Teclear(QStringLiteral("5"));
+    Tecla(Qt::Key_Return);
+    EXPECT_EQ(D().TextIni->text(), QStringLiteral("5"));
+}
+
+TEST_F(CodigoBarrasTest, TheBoxHearsTheScannerAlsoWhileThePulseIsStopped) {
+    pulso.ParaTimer();
+    QApplication::processEvents();
+    Teclear(QStringLiteral("123"));
+    Tecla(Qt::Key_Return);
+    EXPECT_EQ(codigos, QStringList{QStringLiteral("123")});
+}
+
+TEST_F(CodigoBarrasTest, AStoppedPulseLeavesTheFocusWhereItIs) {
+    pulso.ArrancaTimer();
+    QApplication::processEvents();
+    auto* timerCola = pantalla->findChild<QTimer*>(QStringLiteral("timerCola"));
+    pantalla->setFocusPolicy(Qt::StrongFocus);
+    pantalla->setFocus();
+    // Stopped by an operation before the event loop could stop the real timer.
+    pulso.ParaTimer();
+    QMetaObject::invokeMethod(timerCola, "timeout");
+    EXPECT_EQ(pantalla->focusWidget(), pantalla.get());
+    pulso.ArrancaTimer();
+    QMetaObject::invokeMethod(timerCola, "timeout");
+    EXPECT_EQ(pantalla->focusWidget(), D().TextIni);
+}
+
+TEST_F(CodigoBarrasTest, ADialogKeepsTheKeysWhileThePulseBeats) {
+    DialogosPantalla reales(QStringLiteral("ZVMonitor"), textos, importes,
+                            [this] { return pantalla.get(); });
+    pulso.ArrancaTimer();
+    const AlAbrir abierto([this](QDialog& dialogo) {
+        auto* texto = dialogo.findChild<QLineEdit*>(QStringLiteral("tbTexto"));
+        ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == texto; }));
+        ASSERT_TRUE(Late());
+        ASSERT_TRUE(Late());
+        EXPECT_EQ(QApplication::activeWindow(), &dialogo);
+        EXPECT_EQ(QApplication::focusWidget(), texto);
+        Teclear(QStringLiteral("Pan"));
+        EXPECT_EQ(texto->text(), QStringLiteral("Pan"));
+        EXPECT_EQ(D().TextIni->text(), QString());
+        Tecla(Qt::Key_Return);
+    });
+    EXPECT_EQ(reales.PedirTexto(QStringLiteral("Pago"), QStringLiteral("Concepto")),
+              QStringLiteral("Pan"));
+    EXPECT_EQ(codigos, QStringList());
+    // And the scanner is heard again once the desktop gives the window its keys back.
+    pantalla->activateWindow();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == pantalla.get(); }));
+    ASSERT_TRUE(Late());
+    Teclear(QStringLiteral("1"));
+    EXPECT_EQ(D().TextIni->text(), QStringLiteral("1"));
+}
+
+} // namespace zv::test
