@@ -81,6 +81,9 @@ void Registro::Sitio::Buscar(const QByteArray& carpeta) {
         ruta += '/' + *entrada;
         if (ultima) {
             real = ruta;
+        } else if (*entrada == partes[i]) {
+            // Nothing comes before the exact name: what lies deeper tells of a change here too.
+            sellos.removeLast();
         }
     }
     creible = std::all_of(sellos.cbegin(), sellos.cend(),

@@ -21,8 +21,8 @@ class dades {
     // and for an unknown one when Comanda is exactly "S". Raises the engine's failure.
     void EstatComanda(const Missatge& missatge, QString& estado, bool& resultado);
     // Adds the sale to cola unless a row of that ID1 stands there; true only when it has been
-    // added. Never raises. A failure leaves the record set open, and every later call answers
-    // false.
+    // added. Never raises. A failure with the record set open leaves it open, and every later
+    // call answers false.
     void Inserta(const Missatge& missatge, bool& resultado);
 
   private:
