@@ -132,6 +132,11 @@ TEST_F(CobroCodigoBarrasTest, TicketPositionsCountOnlyWithATicket) {
     configuracio->BCTFIN = 0;
     EXPECT_EQ(Escanea(QStringLiteral("TICKET1001250")), 1);
     EXPECT_EQ(Cola(), QStringLiteral("03/04/2026-08:04:01=1250"));
+    configuracio->BCTINI = 7;
+    configuracio->BCTFIN = 1;
+    reloj.Avanzar(1000);
+    EXPECT_EQ(Escanea(QStringLiteral("TICKET1000300")), 1);
+    EXPECT_EQ(Cola(), QStringLiteral("03/04/2026-08:04:01=1250 03/04/2026-08:04:02=300"));
 }
 
 TEST_F(CobroCodigoBarrasTest, TwoScansWithoutATicketInOneSecondAreOneSale) {
@@ -171,8 +176,12 @@ TEST_F(CobroCodigoBarrasTest, DecimalsAndMultiplierMakeTheAmount) {
     Escanea(QStringLiteral("TICKET4001250"));
     multiplicador = 0;
     Escanea(QStringLiteral("TICKET5001250"));
+    // What four decimals cannot hold is rounded.
+    configuracio->BCDEC = 5;
+    multiplicador = 1;
+    Escanea(QStringLiteral("TICKET6000016"));
     EXPECT_EQ(Cola(), QStringLiteral("TICKET1=125000 TICKET2=125 TICKET3=0.0125 TICKET4=12.5 "
-                                     "TICKET5=0"));
+                                     "TICKET5=0 TICKET6=0.0002"));
 }
 
 TEST_F(CobroCodigoBarrasTest, ALongTicketIsCutToWhatTheQueueHolds) {
@@ -215,6 +224,30 @@ TEST_F(CobroCodigoBarrasTest, WhatArrivesDuringTheWaitIsDropped) {
     alEsperar = {};
     EXPECT_EQ(Escanea(QStringLiteral("TICKET2001250")), 1);
     EXPECT_EQ(Cola(), QStringLiteral("TICKET1=1250 TICKET2=1250"));
+}
+
+TEST_F(CobroCodigoBarrasTest, TheBoxIsEmptiedBehindTheWaitAndTheMessage) {
+    bool vaciada = false;
+    bool antes = true;
+    const auto vaciar = [&] { vaciada = true; };
+    alEsperar = [&](int) { antes = vaciada; };
+    barras.Enter(QStringLiteral("TICKET1001250"), vaciar);
+    EXPECT_FALSE(antes);
+    EXPECT_TRUE(vaciada);
+    vaciada = false;
+    dialogos.EsperaCaja(kLongitud, [&] { antes = vaciada; });
+    barras.Enter(QStringLiteral("x"), vaciar);
+    EXPECT_FALSE(antes);
+    EXPECT_TRUE(vaciada);
+}
+
+TEST_F(CobroCodigoBarrasTest, WithoutAStoreACodeIsEmptiedAndAddsNothing) {
+    CobroCodigoBarras pronto(
+        configuracio, [] { return nullptr; }, importes, reloj, dialogos, textos, [](int) {});
+    bool vaciada = false;
+    pronto.Enter(QStringLiteral("TICKET1001250"), [&] { vaciada = true; });
+    EXPECT_TRUE(vaciada);
+    EXPECT_EQ(Cola(), QString());
 }
 
 TEST_F(CobroCodigoBarrasTest, MessagesComeFromTheLanguageFile) {

@@ -226,6 +226,12 @@ TEST_F(GridColaAltasTest, AnyOtherChangeReadsAllAgain) {
     Alta(QStringLiteral("B"));
     motor.Ejecutar(QStringLiteral("UPDATE cola SET importe=300 WHERE id1='A'"));
     EXPECT_EQ(Rellena(), QStringLiteral("A=3,00 € B=1,00 €"));
+    motor.Ejecutar(QStringLiteral("UPDATE cola SET importe=-300 WHERE id1='A'"));
+    Rellena();
+    EXPECT_EQ(grid.Abonos(), 1);
+    motor.Ejecutar(QStringLiteral("UPDATE cola SET importe=-400 WHERE id1='A'"));
+    Rellena();
+    EXPECT_EQ(grid.Abonos(), 1);
     Alta(QStringLiteral("C"));
     const auto otro = OtroMotor();
     otro->Ejecutar(QStringLiteral("UPDATE cola SET importe=400 WHERE id1='A'"));

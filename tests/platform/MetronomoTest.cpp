@@ -28,6 +28,17 @@ TEST(MetronomoTest, TicksOnlyWhileItRuns) {
     EXPECT_TRUE(Esperar([&] { return tics > antes; }));
 }
 
+TEST(MetronomoTest, StartedAgainWhileItRunsItKeepsItsBeat) {
+    int tics = 0;
+    Metronomo metronomo(20, [&] { ++tics; });
+    metronomo.Arrancar();
+    // Far more often than it beats.
+    EXPECT_TRUE(Esperar([&] {
+        metronomo.Arrancar();
+        return tics >= 2;
+    }));
+}
+
 TEST(MetronomoTest, StoppedByItsOwnTickItIsSilentAtOnce) {
     int tics = 0;
     Metronomo* yo = nullptr;
