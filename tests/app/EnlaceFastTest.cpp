@@ -40,6 +40,10 @@ TEST_F(EnlaceFastTest, AStartOpensItByTheSettings) {
     EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("OK|PENDING"));
     monitor->pulso.ProcesarCola();
     EXPECT_EQ(monitor->controles.Estado().lbContador, QStringLiteral("1 cobros"));
+    // The pulse sees what this program itself has added since.
+    EXPECT_EQ(Pregunta(*socket, "C|T2|300"), QByteArray("OK|Added"));
+    monitor->pulso.ProcesarCola();
+    EXPECT_EQ(monitor->controles.Estado().lbContador, QStringLiteral("2 cobros"));
 }
 
 TEST_F(EnlaceFastTest, SwitchedOffItStaysClosed) {

@@ -273,7 +273,11 @@ TEST_F(GridColaAltasTest, AfterAFailureAllIsReadAgain) {
     {
         GanchoFallos fallos(motor);
         fallos.Falla(Sentencia::Clase::Lectura, QStringLiteral("FROM cola"), 1);
+        int avisos = 0;
+        grid.AlRellenar([&] { ++avisos; });
         EXPECT_THROW(grid.Rellenar(motor, false), ErrorEjecucion);
+        EXPECT_EQ(avisos, 1); // the screen shows how far it got
+        grid.AlRellenar({});
     }
     EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 €"));
     EXPECT_EQ(grid.FilasConservadas(), 0);

@@ -384,6 +384,38 @@ TEST_F(MarcaCambiosTest, ChangesWithWritesCommitsAndRollbacksOfATransaction) {
     EXPECT_TRUE(Cambia([&] { motor.Confirmar(); }));
 }
 
+TEST_F(MarcaCambiosTest, TellsRowsThatARecordSetAddsFromAllOtherChanges) {
+    const auto salvoAltas = [&](const std::function<void()>& hacer) {
+        const quint64 antes = motor.MarcaSalvoAltas();
+        EXPECT_TRUE(Cambia(hacer));
+        return motor.MarcaSalvoAltas() != antes;
+    };
+    const auto tabla = motor.AbrirTabla(QStringLiteral("cola"));
+    const auto alta = [&] {
+        tabla->Nuevo();
+        tabla->Poner(QStringLiteral("importe"), 1);
+        tabla->Actualizar();
+    };
+    EXPECT_FALSE(salvoAltas(alta));
+    EXPECT_TRUE(salvoAltas([&] { // the engine's own transaction around key and row
+        tabla->Nuevo();
+        tabla->ClaveNueva();
+        tabla->Actualizar();
+    }));
+    EXPECT_TRUE(salvoAltas([&] {
+        ASSERT_TRUE(tabla->Buscar(1));
+        tabla->Poner(QStringLiteral("importe"), 2);
+        tabla->Actualizar();
+    }));
+    EXPECT_TRUE(salvoAltas([&] { tabla->Borrar(); }));
+    EXPECT_TRUE(salvoAltas([&] { Insertar(1); }));
+    EXPECT_TRUE(salvoAltas([&] { Insertar(*otro, 2); }));
+    motor.Comenzar();
+    EXPECT_TRUE(salvoAltas(alta)); // it takes the lock
+    EXPECT_FALSE(salvoAltas(alta));
+    EXPECT_TRUE(salvoAltas([&] { motor.Deshacer(); }));
+}
+
 TEST_F(MarcaCambiosTest, ChangesWhenTheFileIsOpenedAnew) {
     EXPECT_TRUE(Cambia([&] {
         motor.Cerrar();
