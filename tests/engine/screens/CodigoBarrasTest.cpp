@@ -108,6 +108,9 @@ TEST_F(CodigoBarrasTest, ADialogKeepsTheKeysWhileThePulseBeats) {
         ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == texto; }));
         ASSERT_TRUE(Late());
         ASSERT_TRUE(Late());
+        // The queue is looked at meanwhile.
+        PonerFila(100);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return grid.FilasDatos() == 1; }));
         EXPECT_EQ(QApplication::activeWindow(), &dialogo);
         EXPECT_EQ(QApplication::focusWidget(), texto);
         Teclear(QStringLiteral("Pan"));
