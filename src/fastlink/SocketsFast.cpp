@@ -29,8 +29,8 @@ constexpr int kValorNoValido = 380;
 constexpr int kColaDeEntrada = 256;
 constexpr std::size_t kEventosPorVez = 64;
 constexpr std::size_t kTrozo = 65536;
-constexpr qsizetype kEntradaMaxima = 4 * 1024 * 1024; // one message of one receive event
-constexpr qsizetype kSalidaMaxima = 1024 * 1024;      // thousands of answers that nobody takes
+constexpr qsizetype kEntradaMaxima = qsizetype(4) << 20; // one message of one receive event
+constexpr qsizetype kSalidaMaxima = qsizetype(1) << 20;  // thousands of answers that nobody takes
 
 // Connections must never take the descriptors that database, log and device need.
 int MaximoAbiertos() {
