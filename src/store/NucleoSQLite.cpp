@@ -83,6 +83,7 @@ void NucleoSQLite::Abrir(const QString& ruta, std::chrono::milliseconds espera) 
     }
     ruta_ = nombre;
     identidad_ = IdentidadFichero::De(ruta_);
+    wal_.Vigilar(ruta_);
     ContarCambio();
 }
 
@@ -215,10 +216,15 @@ std::shared_ptr<const TablaSQLite> NucleoSQLite::Tabla(const QString& nombre) {
 }
 
 quint64 NucleoSQLite::Marca(quint64 propios) {
-    const auto version = static_cast<quint64>(
-        LeerNumero(Sentencia::Clase::Lectura, QStringLiteral("PRAGMA data_version")));
+    if (!Abierta()) {
+        throw ConexionSQLite::Cerrada();
+    }
+    if (wal_.HayQuePreguntar()) {
+        versionDatos_ = static_cast<quint64>(
+            LeerNumero(Sentencia::Clase::Lectura, QStringLiteral("PRAGMA data_version")));
+    }
     constexpr int kMitad = 32;
-    return (version << kMitad) ^ propios;
+    return (versionDatos_ << kMitad) ^ propios;
 }
 
 } // namespace zv

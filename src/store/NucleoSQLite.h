@@ -3,6 +3,7 @@
 #pragma once
 
 #include "store/ConexionSQLite.h"
+#include "store/HuellaWal.h"
 #include "store/IdentidadFichero.h"
 #include "store/NivelesSQLite.h"
 
@@ -64,6 +65,8 @@ class NucleoSQLite {
     IdentidadFichero identidad_;
     std::unordered_map<QString, std::shared_ptr<const TablaSQLite>> tablas_;
     qint64 versionTablas_ = -1;
+    HuellaWal wal_;
+    quint64 versionDatos_ = 0;
     quint64 cambios_ = 0; // but for the rows added
     quint64 altas_ = 0;
 };
