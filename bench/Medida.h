@@ -17,12 +17,15 @@ inline Medida Resumir(std::vector<double> tiempos) {
     return {tiempos[tiempos.size() / 2], tiempos.back()};
 }
 
-template <typename F>
-Medida Medir(int veces, F&& hacer) {
+// antes: runs before each time, not measured.
+template <typename F, typename A = void (*)()>
+Medida Medir(
+    int veces, F&& hacer, A&& antes = [] {}) {
     using Reloj = std::chrono::steady_clock;
     std::vector<double> tiempos;
     tiempos.reserve(static_cast<std::size_t>(veces));
     for (int i = 0; i < veces; ++i) {
+        antes();
         const auto inicio = Reloj::now();
         hacer();
         tiempos.push_back(std::chrono::duration<double, std::micro>(Reloj::now() - inicio).count());
