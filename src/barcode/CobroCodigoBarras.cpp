@@ -11,7 +11,6 @@ namespace zv {
 namespace {
 
 constexpr int kSegundosEspera = 1;
-constexpr qsizetype kTextoMaximo = 50; // of an identifier
 
 // The characters from position inicio to position fin.
 QString Campo(const QString& codigo, int inicio, int fin) {
@@ -51,7 +50,7 @@ bool CobroCodigoBarras::LayoutMalo() const {
 QString CobroCodigoBarras::Identificador(const QString& codigo) const {
     const Configuracio& c = *configuracio_;
     // A longer one would be a failure of the store, after which nothing more could be queued.
-    return c.BCTPRE ? Campo(codigo, c.BCTINI, c.BCTFIN).left(kTextoMaximo)
+    return c.BCTPRE ? Campo(codigo, c.BCTINI, c.BCTFIN).left(kTextoMissatge)
                     : reloj_.Ahora().toString(QStringLiteral("MM/dd/yyyy-HH:mm:ss"));
 }
 

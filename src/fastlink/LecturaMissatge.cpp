@@ -11,7 +11,6 @@ namespace zv {
 namespace {
 
 constexpr int kCamposMaximos = 8;
-constexpr qsizetype kTextoMaximo = 50;
 
 // The first fields only: a megabyte of "|" makes no list.
 using Campos = QVarLengthArray<QStringView, kCamposMaximos>;
@@ -32,7 +31,7 @@ Campos Partir(QStringView texto) {
 }
 
 QString Primeros(QStringView campo) {
-    return campo.left(kTextoMaximo).toString();
+    return campo.left(kTextoMissatge).toString();
 }
 
 void LeerImporte(const QString& campo, const FormatoRegional& formato, Missatge& missatge) {

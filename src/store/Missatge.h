@@ -7,10 +7,13 @@
 
 namespace zv {
 
+// Characters of each of its texts but Comanda, as cola holds them: a longer one is refused there.
+inline constexpr qsizetype kTextoMissatge = 50;
+
 struct Missatge {
     qint16 IdxSocket = 0; // index in WS of the connection it came from
     QString Comanda;      // as received
-    QString ID1;          // at most 50 characters, as all texts below
+    QString ID1;          // at most kTextoMissatge characters, as all texts below
     Currency Importe;     // minor units
     QString ID2;
     qint32 IDcaja = 0;

@@ -2,6 +2,7 @@
 // and that queue and books stay as they were.
 #include "BancoMonitor.h"
 #include "store/Esquema.h"
+#include "support/ClavesNumericas.h"
 #include "support/NumeroError.h"
 #include "support/SinPrivilegios.h"
 
@@ -11,11 +12,6 @@
 
 namespace zv::test {
 namespace {
-
-struct ClaveNumerica {
-    const char* seccion;
-    const char* clave;
-};
 
 class AjustesMalosTest : public BancoMonitor {
   protected:
@@ -98,21 +94,8 @@ TEST_P(AjusteConLetra, EndsTheStartWithItsNumber) {
     ElArranqueFallaCon("Error nº 13 - No coinciden los tipos");
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Todas, AjusteConLetra,
-    testing::Values(
-        ClaveNumerica{"ZVMONITOR", "REFRESCO"}, ClaveNumerica{"ZVMONITOR", "MINIMIZADO"},
-        ClaveNumerica{"ZVMONITOR", "BLOQUEARPAGOS"}, ClaveNumerica{"ZVMONITOR", "PREGUNTARANULAR"},
-        ClaveNumerica{"ZVMONITOR", "SINIMPRESORA"}, ClaveNumerica{"ZVMONITOR", "PREGUNTARCTO"},
-        ClaveNumerica{"ZVMONITOR", "BOTONACCESO"}, ClaveNumerica{"ZVMONITOR", "PAGOSADMIN"},
-        ClaveNumerica{"ZVMONITOR", "SINHORA"}, ClaveNumerica{"ZVMONITOR", "COLID2"},
-        ClaveNumerica{"ZVMONITOR", "COLIDCAJA"}, ClaveNumerica{"ZVMONITOR", "COLVENDEDOR"},
-        ClaveNumerica{"ZVMONITOR", "COLTERMINAL"}, ClaveNumerica{"ZVMONITOR", "COLFORMAPAGO"},
-        ClaveNumerica{"BARCODE", "BCEAN"}, ClaveNumerica{"BARCODE", "BCTPRE"},
-        ClaveNumerica{"BARCODE", "BCTINI"}, ClaveNumerica{"BARCODE", "BCTFIN"},
-        ClaveNumerica{"BARCODE", "BCIINI"}, ClaveNumerica{"BARCODE", "BCIFIN"},
-        ClaveNumerica{"BARCODE", "BCDEC"}),
-    [](const auto& caso) { return std::string(caso.param.clave); });
+INSTANTIATE_TEST_SUITE_P(Todas, AjusteConLetra, testing::ValuesIn(kClavesNumericas),
+                         [](const auto& caso) { return std::string(caso.param.clave); });
 
 TEST_F(AjustesMalosTest, ANumberTooBigForItsKeyEndsTheStartWithItsNumber) {
     EscribirIni("[ZVMONITOR]\r\nMINIMIZADO=256\r\n");

@@ -1,5 +1,6 @@
 // The settings out of files that are damaged, odd or very big.
 #include "config/BancoConfig.h"
+#include "support/ClavesNumericas.h"
 #include "support/NumeroError.h"
 #include "support/SinPrivilegios.h"
 
@@ -12,6 +13,8 @@
 namespace zv {
 namespace {
 
+using test::ClaveNumerica;
+using test::kClavesNumericas;
 using test::NumeroError;
 
 class ConfiguracioFicheroTest : public BancoConfig {
@@ -62,11 +65,6 @@ class CuentaAperturas {
     int cola_;
 };
 
-struct ClaveNumerica {
-    const char* seccion;
-    const char* clave;
-};
-
 class ClavesNumericas : public ConfiguracioFicheroTest,
                         public testing::WithParamInterface<ClaveNumerica> {
   protected:
@@ -85,21 +83,8 @@ TEST_P(ClavesNumericas, ALetterIsNoNumber) {
     EXPECT_EQ(Fallo("1"), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Todas, ClavesNumericas,
-    testing::Values(
-        ClaveNumerica{"ZVMONITOR", "REFRESCO"}, ClaveNumerica{"ZVMONITOR", "MINIMIZADO"},
-        ClaveNumerica{"ZVMONITOR", "BLOQUEARPAGOS"}, ClaveNumerica{"ZVMONITOR", "PREGUNTARANULAR"},
-        ClaveNumerica{"ZVMONITOR", "SINIMPRESORA"}, ClaveNumerica{"ZVMONITOR", "PREGUNTARCTO"},
-        ClaveNumerica{"ZVMONITOR", "BOTONACCESO"}, ClaveNumerica{"ZVMONITOR", "PAGOSADMIN"},
-        ClaveNumerica{"ZVMONITOR", "SINHORA"}, ClaveNumerica{"ZVMONITOR", "COLID2"},
-        ClaveNumerica{"ZVMONITOR", "COLIDCAJA"}, ClaveNumerica{"ZVMONITOR", "COLVENDEDOR"},
-        ClaveNumerica{"ZVMONITOR", "COLTERMINAL"}, ClaveNumerica{"ZVMONITOR", "COLFORMAPAGO"},
-        ClaveNumerica{"BARCODE", "BCEAN"}, ClaveNumerica{"BARCODE", "BCTPRE"},
-        ClaveNumerica{"BARCODE", "BCTINI"}, ClaveNumerica{"BARCODE", "BCTFIN"},
-        ClaveNumerica{"BARCODE", "BCIINI"}, ClaveNumerica{"BARCODE", "BCIFIN"},
-        ClaveNumerica{"BARCODE", "BCDEC"}),
-    [](const auto& caso) { return std::string(caso.param.clave); });
+INSTANTIATE_TEST_SUITE_P(Todas, ClavesNumericas, testing::ValuesIn(kClavesNumericas),
+                         [](const auto& caso) { return std::string(caso.param.clave); });
 
 TEST_F(ConfiguracioFicheroTest, TextKeysTakeAnything) {
     const Configuracio cfg = Leida("[ZORVEX]\r\nIP=x\r\nSUITEZV=\r\n[ZVMONITOR]\r\nMODO=x\r\n"

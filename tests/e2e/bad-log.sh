@@ -60,12 +60,7 @@ case $1 in
     equals "queue and books" "$before" "$(books)"
     rm "$till/Debug/filler"
     click_automatic
-    # The row is charged again: the money of the charge that could not be filed stays in the device.
-    wait_sold T0001
-    wait_exit_balance $((start_money + 2500))
-    equals "the charges of the device" 2 "$(charges)"
-    equals "the money in the books" 1250 "$(kept)"
-    check_rows
+    charged_again
     stop_monitor
     exit 0
     ;;

@@ -157,6 +157,16 @@ check_rows() {
   equals "the database" ok "$(sql 'PRAGMA integrity_check')"
 }
 
+# After the sale T0001 of 1250, whose first charge could not be filed: it is charged again, and the
+# money of the first stays in the device.
+charged_again() {
+  wait_sold T0001
+  wait_exit_balance $((start_money + 2500))
+  equals "the charges of the device" 2 "$(charges)"
+  equals "the money in the books" 1250 "$(kept)"
+  check_rows
+}
+
 registry_file() { printf '%s' "$till/Registro/HKLM/Software/Zorvex/ZVMonitor/$1"; }
 registry_is() { [ "$(cat "$(registry_file "$1")" 2>/dev/null)" = "$2" ]; }
 wait_exit_balance() { wait_for 15 "Saldo_Exit $1" registry_is Saldo_Exit "$1"; }
