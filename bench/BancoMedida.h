@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/Monitor.h"
+#include "platform/StringLiterals.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -42,9 +43,8 @@ class DispositivoListo final : public DeviceClient {
         Nada(value, out, result);
     }
     void GetLevels(qint32 tipo, QString& noms, QString& levels, bool& result) override {
-        noms = QStringLiteral("1,2,5,10,20,50,100,200,500,1000,2000,5000");
-        levels = tipo == 4 ? QStringLiteral("0,0,0,0,0,0,0,0,0,0,0,0")
-                           : QStringLiteral("0,0,0,0,0,0,0,0,0,0,0,0");
+        noms = u"1,2,5,10,20,50,100,200,500,1000,2000,5000"_s;
+        levels = tipo == 4 ? u"0,0,0,0,0,0,0,0,0,0,0,0"_s : u"0,0,0,0,0,0,0,0,0,0,0,0"_s;
         result = true;
     }
     void SessionFlag(bool) override {}
@@ -62,7 +62,7 @@ class DispositivoListo final : public DeviceClient {
 class DialogosProhibidos final : public Dialogos {
   public:
     int MostrarMensaje(const QString& titulo, const QString& texto, int) override {
-        Fin(titulo + QStringLiteral(": ") + texto);
+        Fin(titulo + u": "_s + texto);
     }
     QString PedirTexto(const QString& titulo, const QString&, const QString&) override {
         Fin(titulo);
@@ -79,7 +79,7 @@ class DialogosProhibidos final : public Dialogos {
     }
 };
 
-class SinProcesos final : public Procesos {
+class SinProcesos final : public ProcessList {
   public:
     int Contar(const QString&) const override { return 0; }
     void Terminar(const QString&) override {}
@@ -97,7 +97,7 @@ class BancoMedida {
         : servicios(OpcionesDe(carpeta), reloj),
           importes(servicios.formato, [this] { return cliente.Multiplier(); }),
           monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell}) {
-        QFile ini(carpeta.filePath(QStringLiteral("ZVMonitor.ini")));
+        QFile ini(carpeta.filePath(u"ZVMonitor.ini"_s));
         if (!ini.open(QIODevice::WriteOnly)) {
             std::exit(EXIT_FAILURE);
         }
@@ -106,23 +106,21 @@ class BancoMedida {
 
     // n rows that no mode sends, in one transaction.
     void PonerFilas(int n) {
-        MotorBD& motor = monitor.motor;
+        DatabaseEngine& motor = monitor.motor;
         motor.Comenzar();
-        motor.Ejecutar(QStringLiteral("DELETE FROM cola"));
+        motor.Ejecutar(u"DELETE FROM cola"_s);
         for (int i = 0; i < n; ++i) {
-            motor.Ejecutar(
-                QStringLiteral("INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,"
-                               "formapago,creditoError,manual) VALUES (?,?,?,?,?,?,?,?,?,?)"),
-                {QStringLiteral("2026-03-14 10:20:30"), 100 + i, QStringLiteral("T%1").arg(i),
-                 QStringLiteral("L%1").arg(i), 3, QStringLiteral("TPV1"), QStringLiteral("Ana"),
-                 QStringLiteral("EFECTIVO"), 0, true});
+            motor.Ejecutar(u"INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,"
+                           "formapago,creditoError,manual) VALUES (?,?,?,?,?,?,?,?,?,?)"_s,
+                           {u"2026-03-14 10:20:30"_s, 100 + i, u"T%1"_s.arg(i), u"L%1"_s.arg(i), 3,
+                            u"TPV1"_s, u"Ana"_s, u"EFECTIVO"_s, 0, true});
         }
         motor.Confirmar();
     }
-    QString RutaBase() const { return carpeta.filePath(QStringLiteral("ZVMonito2.mdb")); }
+    QString RutaBase() const { return carpeta.filePath(u"ZVMonito2.mdb"_s); }
 
     QTemporaryDir carpeta;
-    RelojSistema reloj;
+    SystemClock reloj;
     Servicios servicios;
     DispositivoListo cliente;
     Importes importes;
@@ -133,8 +131,7 @@ class BancoMedida {
 
   private:
     static Opciones OpcionesDe(const QTemporaryDir& carpeta) {
-        return {carpeta.path(), carpeta.filePath(QStringLiteral("Registro")),
-                QStringLiteral("es_ES"), QStringLiteral("ZVMonitor")};
+        return {carpeta.path(), carpeta.filePath(u"Registro"_s), u"es_ES"_s, u"ZVMonitor"_s};
     }
 };
 

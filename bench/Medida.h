@@ -21,14 +21,14 @@ inline Medida Resumir(std::vector<double> tiempos) {
 template <typename F, typename A = void (*)()>
 Medida Medir(
     int veces, F&& hacer, A&& antes = [] {}) {
-    using Reloj = std::chrono::steady_clock;
+    using Clock = std::chrono::steady_clock;
     std::vector<double> tiempos;
     tiempos.reserve(static_cast<std::size_t>(veces));
     for (int i = 0; i < veces; ++i) {
         antes();
-        const auto inicio = Reloj::now();
+        const auto inicio = Clock::now();
         hacer();
-        tiempos.push_back(std::chrono::duration<double, std::micro>(Reloj::now() - inicio).count());
+        tiempos.push_back(std::chrono::duration<double, std::micro>(Clock::now() - inicio).count());
     }
     return Resumir(std::move(tiempos));
 }

@@ -27,7 +27,7 @@
 
 namespace {
 
-using Reloj = std::chrono::steady_clock;
+using Clock = std::chrono::steady_clock;
 constexpr int kPlazoMs = 10000;
 constexpr int kSilencioMs = 500;
 
@@ -100,10 +100,10 @@ int Turnos(const char* direccion, int puerto, int mensajes, const std::string& p
     for (int i = 0; i < mensajes; ++i) {
         const bool cobro = i % 2 == 0;
         const std::string id = prefijo + std::to_string(i / 2);
-        const auto inicio = Reloj::now();
+        const auto inicio = Clock::now();
         Enviar(fd, cobro ? Cobro(id) : "S|" + id);
         Exigir(Recibir(fd), cobro);
-        const double us = std::chrono::duration<double, std::micro>(Reloj::now() - inicio).count();
+        const double us = std::chrono::duration<double, std::micro>(Clock::now() - inicio).count();
         todos.push_back(us);
         (cobro ? cobros : estados).push_back(us);
     }
@@ -119,7 +119,7 @@ struct Cliente {
     int enviados = 0;
     int cobros = 0;
     bool cobro = false; // what is waited for
-    Reloj::time_point desde;
+    Clock::time_point desde;
 };
 
 int Muchos(const char* direccion, int puerto, int cuantos, int mensajes, int cobros,
@@ -142,13 +142,13 @@ int Muchos(const char* direccion, int puerto, int cuantos, int mensajes, int cob
                                        static_cast<long>(c.cobros) * porCliente;
         c.cobros += c.cobro ? 1 : 0;
         ++c.enviados;
-        c.desde = Reloj::now();
+        c.desde = Clock::now();
         Enviar(c.fd, c.cobro ? Cobro(id(quien, c.cobros - 1)) : "S|" + id(quien, c.cobros - 1));
     };
     std::vector<double> tiempos;
     tiempos.reserve(static_cast<std::size_t>(mensajes));
     int quedan = porCliente * cuantos;
-    const auto inicio = Reloj::now();
+    const auto inicio = Clock::now();
     for (std::size_t i = 0; i < clientes.size(); ++i) {
         enviar(i);
     }
@@ -163,7 +163,7 @@ int Muchos(const char* direccion, int puerto, int cuantos, int mensajes, int cob
             Cliente& c = clientes[i];
             Exigir(Recibir(c.fd), c.cobro);
             tiempos.push_back(
-                std::chrono::duration<double, std::micro>(Reloj::now() - c.desde).count());
+                std::chrono::duration<double, std::micro>(Clock::now() - c.desde).count());
             if (lista && c.cobro) {
                 std::printf("%s\n", id(i, c.cobros - 1).c_str());
                 std::fflush(stdout);
@@ -174,7 +174,7 @@ int Muchos(const char* direccion, int puerto, int cuantos, int mensajes, int cob
             }
         }
     }
-    const double segundos = std::chrono::duration<double>(Reloj::now() - inicio).count();
+    const double segundos = std::chrono::duration<double>(Clock::now() - inicio).count();
     int hechos = 0;
     for (const Cliente& c : clientes) {
         hechos += c.cobros;
@@ -203,10 +203,10 @@ int Estados(const char* direccion, int puerto, int mensajes, int primero, int ul
     std::uniform_int_distribution<int> cual(primero, ultimo);
     std::vector<double> tiempos;
     for (int i = 0; i < mensajes; ++i) {
-        const auto inicio = Reloj::now();
+        const auto inicio = Clock::now();
         Enviar(fd, "S|P" + std::to_string(cual(azar)));
         Exigir(Recibir(fd), false);
-        tiempos.push_back(std::chrono::duration<double, std::micro>(Reloj::now() - inicio).count());
+        tiempos.push_back(std::chrono::duration<double, std::micro>(Clock::now() - inicio).count());
     }
     ::close(fd);
     Mostrar("S", std::move(tiempos));
@@ -248,7 +248,7 @@ int Desnudo(const char* ruta, int filas, const std::string& prefijo) {
     std::vector<double> tiempos;
     for (int i = 0; i < filas; ++i) {
         const std::string id = prefijo + std::to_string(i);
-        const auto inicio = Reloj::now();
+        const auto inicio = Clock::now();
         for (sqlite3_stmt* sentencia : {buscar, poner}) {
             sqlite3_bind_text(sentencia, 1, id.c_str(), -1, SQLITE_TRANSIENT);
             if (sqlite3_step(sentencia) != SQLITE_DONE) {
@@ -256,7 +256,7 @@ int Desnudo(const char* ruta, int filas, const std::string& prefijo) {
             }
             sqlite3_reset(sentencia);
         }
-        tiempos.push_back(std::chrono::duration<double, std::micro>(Reloj::now() - inicio).count());
+        tiempos.push_back(std::chrono::duration<double, std::micro>(Clock::now() - inicio).count());
     }
     sqlite3_finalize(buscar);
     sqlite3_finalize(poner);

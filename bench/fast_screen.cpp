@@ -4,11 +4,12 @@
 // the operation's window is up. LOAD is a program that is started with the address and the port
 // of the fast link put in place of @; the measurement ends with it.
 #include "app/Monitor.h"
-#include "device/ClientePasarela.h"
+#include "device/gateway/GatewayClient.h"
 #include "device/screens/frmOperacion.h"
 #include "engine/screens/frmZVMonitor.h"
-#include "platform/Procesos.h"
+#include "platform/ProcessList.h"
 #include "platform/Shell.h"
+#include "platform/StringLiterals.h"
 #include "ui/screens/DialogosPantalla.h"
 #include "ui/screens/Tema.h"
 
@@ -68,7 +69,7 @@ int main(int argc, char** argv) {
     }
     const bool pagando = argumentos.at(2) == QLatin1String("paying");
     QTemporaryDir carpeta;
-    QFile ini(carpeta.filePath(QStringLiteral("ZVMonitor.ini")));
+    QFile ini(carpeta.filePath(u"ZVMonitor.ini"_s));
     if (!ini.open(QIODevice::WriteOnly)) {
         return EXIT_FAILURE;
     }
@@ -76,20 +77,19 @@ int main(int argc, char** argv) {
               (pagando ? "AUTO" : "MANUAL") + "\r\n[CONECTOR]\r\nZVFastPort=0\r\n");
     ini.close();
 
-    const RelojSistema reloj;
-    Servicios servicios({carpeta.path(), carpeta.filePath(QStringLiteral("Registro")),
-                         QStringLiteral("es_ES"), QStringLiteral("ZVMonitor"),
-                         QStringLiteral("127.0.0.1")},
+    const SystemClock reloj;
+    Servicios servicios({carpeta.path(), carpeta.filePath(u"Registro"_s), u"es_ES"_s,
+                         u"ZVMonitor"_s, u"127.0.0.1"_s},
                         reloj);
     DeviceClient* dispositivo = nullptr;
     const Importes importes(servicios.formato, [&] { return dispositivo->Multiplier(); });
     QPointer<QWidget> principal;
     const auto padre = [&]() -> QWidget* { return principal.data(); };
     frmOperacion ventana(servicios.textos, importes, padre);
-    ClientePasarela cliente(servicios.log, servicios.textos, &ventana);
+    GatewayClient cliente(servicios.log, servicios.textos, &ventana);
     dispositivo = &cliente;
-    DialogosPantalla dialogos(QStringLiteral("ZVMonitor"), servicios.textos, importes, padre);
-    ProcesosSistema procesos;
+    DialogosPantalla dialogos(u"ZVMonitor"_s, servicios.textos, importes, padre);
+    SystemProcessList procesos;
     ShellSistema shell;
     Monitor monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell});
     frmZVMonitor pantalla(PartesMonitor{monitor.entorno, monitor.controles, monitor.grid,
@@ -132,9 +132,9 @@ int main(int argc, char** argv) {
     });
     const auto empezar = [&] {
         QStringList resto = argumentos.mid(4);
-        const qsizetype sitio = resto.indexOf(QStringLiteral("@"));
+        const qsizetype sitio = resto.indexOf(u"@"_s);
         if (sitio >= 0) {
-            resto.replace(sitio, QStringLiteral("127.0.0.1"));
+            resto.replace(sitio, u"127.0.0.1"_s);
             resto.insert(sitio + 1, QString::number(monitor.fast.WS().Puerto()));
         }
         carga.start(argumentos.at(3), resto);
@@ -152,8 +152,8 @@ int main(int argc, char** argv) {
         std::_Exit(codigo);
     });
     if (pagando) {
-        static_cast<MotorBD&>(monitor.motor)
-            .Ejecutar(QStringLiteral("INSERT INTO cola (id1,importe) VALUES ('CUSTOMER',5000)"));
+        static_cast<DatabaseEngine&>(monitor.motor)
+            .Ejecutar(u"INSERT INTO cola (id1,importe) VALUES ('CUSTOMER',5000)"_s);
         QTimer mirar;
         QObject::connect(&mirar, &QTimer::timeout, &app, [&] {
             if (cliente.Ocupado() && carga.state() == QProcess::NotRunning) {

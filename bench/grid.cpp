@@ -8,6 +8,8 @@
 
 #include <sqlite3.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // The same rows read by bare calls.
@@ -48,8 +50,8 @@ int main(int argc, char** argv) {
     QApplication::processEvents();
     // Any change but an added row makes it read all of them.
     const auto cambiar = [&] {
-        static_cast<zv::MotorBD&>(m.motor).Ejecutar(
-            QStringLiteral("UPDATE cola SET importe=importe WHERE idZV=1"));
+        static_cast<zv::DatabaseEngine&>(m.motor).Ejecutar(
+            u"UPDATE cola SET importe=importe WHERE idZV=1"_s);
     };
     const auto medida = zv::bench::Medir(
         100, [&] { m.estado.RellenarGrid(); }, cambiar);

@@ -3,14 +3,16 @@
 #include "Medida.h"
 #include "store/ConexionBD.h"
 #include "store/Esquema.h"
-#include "store/MotorSQLite.h"
 #include "store/OperacionesRegistro.h"
+#include "store/sqlite/SqliteEngine.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
 
 #include <cstdio>
 #include <sqlite3.h>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -131,16 +133,16 @@ QString Preparar(const QString& carpeta) {
     LogNulo log;
     DialogosNulos dialogos;
     const zv::Textos textos(carpeta);
-    zv::MotorSQLite motor;
+    zv::SqliteEngine motor;
     zv::CrearBaseDatos(motor, carpeta, log, dialogos, textos);
     QString ruta = zv::RutaBaseDatos(carpeta);
-    motor.Abrir(zv::CadenaConexion(QStringLiteral("MDB"), {}, ruta, {}, {}));
+    motor.Abrir(zv::CadenaConexion(u"MDB"_s, {}, ruta, {}, {}));
     motor.Comenzar();
     for (int i = 0; i < kVeces; ++i) {
-        motor.Ejecutar(QStringLiteral(
-            "INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,formapago,"
+        motor.Ejecutar(
+            u"INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,formapago,"
             "creditoError) VALUES ('2026-03-14 18:00:00',1250,'T000123','R2',3,'TPV 1','Ana',"
-            "'Efectivo',0)"));
+            "'Efectivo',0)"_s);
     }
     motor.Confirmar();
     return ruta;
@@ -151,19 +153,18 @@ QString Preparar(const QString& carpeta) {
 int main(int argc, char** argv) {
     const QCoreApplication app(argc, argv);
     // Beside the program: a temporary folder may be in memory, where nothing is durable.
-    const QTemporaryDir unaCarpeta(QStringLiteral("bench-XXXXXX"));
-    const QTemporaryDir otraCarpeta(QStringLiteral("bench-XXXXXX"));
+    const QTemporaryDir unaCarpeta(u"bench-XXXXXX"_s);
+    const QTemporaryDir otraCarpeta(u"bench-XXXXXX"_s);
     const QString una = Preparar(unaCarpeta.path());
     Desnuda desnuda(Preparar(otraCarpeta.path()));
 
     LogNulo log;
     DialogosNulos dialogos;
     const FirmaFija firma;
-    const zv::RelojSistema reloj;
-    const zv::Importes importes(zv::FormatoRegional(QStringLiteral("es_ES")),
-                                [] { return quint8{100}; });
-    zv::MotorSQLite motor;
-    motor.Abrir(zv::CadenaConexion(QStringLiteral("MDB"), {}, una, {}, {}));
+    const zv::SystemClock reloj;
+    const zv::Importes importes(zv::FormatoRegional(u"es_ES"_s), [] { return quint8{100}; });
+    zv::SqliteEngine motor;
+    motor.Abrir(zv::CadenaConexion(u"MDB"_s, {}, una, {}, {}));
     zv::OperacionesRegistro ops(motor, log, dialogos, firma, importes, reloj);
 
     std::vector<double> nuestros;
@@ -171,9 +172,8 @@ int main(int argc, char** argv) {
     for (int id = 1; id <= kVeces; ++id) {
         nuestros.push_back(zv::bench::Medir(1, [&] {
                                motor.Comenzar();
-                               if (ops.AñadirColaProcesada(QStringLiteral("ENVIARCOLA"), id,
-                                                           QStringLiteral("OK"), 2000, 750, 123456,
-                                                           {}) <= 0) {
+                               if (ops.AñadirColaProcesada(u"ENVIARCOLA"_s, id, u"OK"_s, 2000, 750,
+                                                           123456, {}) <= 0) {
                                    std::fputs("filing failed\n", stderr);
                                    std::exit(EXIT_FAILURE);
                                }
@@ -184,9 +184,9 @@ int main(int argc, char** argv) {
     const auto nuestro = zv::bench::Resumir(std::move(nuestros));
     const auto desnudo = zv::bench::Resumir(std::move(desnudos));
 
-    const quint64 marca = motor.MarcaCambios();
+    const quint64 marca = motor.ChangeStamp();
     const auto marcas = zv::bench::Medir(20000, [&] {
-        if (motor.MarcaCambios() != marca) {
+        if (motor.ChangeStamp() != marca) {
             std::exit(EXIT_FAILURE);
         }
     });

@@ -11,6 +11,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kClaves = 300;
@@ -31,11 +33,11 @@ void PonerIdioma(const QString& ruta) {
     }
     fichero.write("[GEN]\r\nFrmCaption=Zorvex\r\n[frmZVMonitor]\r\n");
     for (int i = 0; i <= 12; ++i) {
-        fichero.write(QStringLiteral("boton_%1=Button %1\r\n").arg(i).toUtf8());
+        fichero.write(u"boton_%1=Button %1\r\n"_s.arg(i).toUtf8());
     }
     fichero.write("[COMMON]\r\n");
     for (int i = 14; i < kClaves; ++i) {
-        fichero.write(QStringLiteral("clave%1=Text number %1/CRLF/of many\r\n").arg(i).toUtf8());
+        fichero.write(u"clave%1=Text number %1/CRLF/of many\r\n"_s.arg(i).toUtf8());
     }
 }
 
@@ -58,7 +60,7 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     zv::tema::Aplicar(app);
     zv::bench::BancoMedida banco;
-    PonerIdioma(banco.carpeta.filePath(QStringLiteral("RWLang.ini")));
+    PonerIdioma(banco.carpeta.filePath(u"RWLang.ini"_s));
     zv::Monitor& m = banco.monitor;
     zv::frmZVMonitor pantalla(
         zv::PartesMonitor{m.entorno, m.controles, m.grid, m.estado, m.pulso, m.botones}, {});
@@ -74,10 +76,7 @@ int main(int argc, char** argv) {
     int i = 14;
     qsizetype letras = 0;
     const auto traduce = zv::bench::Medir(kVeces, [&] {
-        letras += textos
-                      .Traduce(QStringLiteral("clave") + QString::number(i),
-                               QStringLiteral("Por defecto"))
-                      .size();
+        letras += textos.Traduce(u"clave"_s + QString::number(i), u"Por defecto"_s).size();
         i = i + 1 < kClaves ? i + 1 : 14;
     });
     if (letras < kVeces * 20) {
@@ -90,11 +89,9 @@ int main(int argc, char** argv) {
         zv::bench::Medir(500, [&] { zv::TraducirPantalla(pantalla, textos); });
     Mostrar("TraducirPantalla of the main screen", pantallaEntera.medianaUs / 1000, 2, "ms");
 
-    const double desnuda =
-        LineaDesnuda(QFile::encodeName(banco.carpeta.filePath(QStringLiteral("bare.log"))));
-    const auto linea = zv::bench::Medir(kVeces, [&] {
-        banco.servicios.log.LogLinea(QStringLiteral("ENVIARZV_INICIO_CHARGE: 1250"));
-    });
+    const double desnuda = LineaDesnuda(QFile::encodeName(banco.carpeta.filePath(u"bare.log"_s)));
+    const auto linea = zv::bench::Medir(
+        kVeces, [&] { banco.servicios.log.LogLinea(u"ENVIARZV_INICIO_CHARGE: 1250"_s); });
     std::printf("LogLinea: median %.2f us; bare open, append, close: %.2f us\n", linea.medianaUs,
                 desnuda);
     Mostrar("LogLinea to the bare line", linea.medianaUs / desnuda, 3, "times");

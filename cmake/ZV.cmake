@@ -9,7 +9,9 @@ set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 
 find_program(ZV_CCACHE ccache)
 if(ZV_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${ZV_CCACHE}")
+  # Paths below the sources count as relative, so that a fresh clone finds what another one built.
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env
+    "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${ZV_CCACHE}")
 endif()
 
 # Compiler settings of all of the project's own code.
@@ -28,13 +30,17 @@ if(ZV_SANITIZE)
   target_link_options(zv_options INTERFACE -fsanitize=${ZV_SANITIZE})
 endif()
 
-# zv_folder(NAME LINK libs...): src/NAME/*.cpp is the library zv_NAME, which holds logic and links
-# no Widgets; src/NAME/screens/*.cpp is zv_NAME_screens, which stands on it and on the screens of
+# zv_folder(NAME [ROOMS dirs...] LINK libs...): src/NAME/*.cpp, and those of the rooms inside it,
+# are the library zv_NAME, which holds logic and links no Widgets; src/NAME/screens/*.cpp is zv_NAME_screens, which stands on it and on the screens of
 # the folders below.
 function(zv_folder name)
-  cmake_parse_arguments(arg "" "" "LINK" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS
-    "${CMAKE_SOURCE_DIR}/src/${name}/*.cpp" "${CMAKE_SOURCE_DIR}/src/${name}/*.h")
+  cmake_parse_arguments(arg "" "" "LINK;ROOMS" ${ARGN})
+  set(sources)
+  foreach(room IN LISTS name arg_ROOMS)
+    file(GLOB found CONFIGURE_DEPENDS
+      "${CMAKE_SOURCE_DIR}/src/${room}/*.cpp" "${CMAKE_SOURCE_DIR}/src/${room}/*.h")
+    list(APPEND sources ${found})
+  endforeach()
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   if(NOT sources)
     return()

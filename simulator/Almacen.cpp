@@ -1,6 +1,8 @@
 // Temporary file, fsync, rename, fsync of the folder.
 #include "simulator/Almacen.h"
 
+#include "platform/StringLiterals.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -29,8 +31,9 @@ class Descriptor {
     Descriptor(const QString& ruta, int modo, mode_t permisos = 0)
         : fd_(::open(QFile::encodeName(ruta).constData(), modo | O_CLOEXEC, permisos)) {}
     ~Descriptor() {
-        if (fd_ >= 0)
+        if (fd_ >= 0) {
             ::close(fd_);
+        }
     }
     Descriptor(const Descriptor&) = delete;
     Descriptor& operator=(const Descriptor&) = delete;
@@ -41,10 +44,12 @@ class Descriptor {
         while (hechos < datos.size()) {
             const ssize_t n = ::write(fd_, datos.constData() + hechos,
                                       static_cast<std::size_t>(datos.size() - hechos));
-            if (n < 0 && errno == EINTR)
+            if (n < 0 && errno == EINTR) {
                 continue;
-            if (n <= 0)
+            }
+            if (n <= 0) {
                 return false;
+            }
             hechos += n;
         }
         return true;
@@ -57,40 +62,44 @@ class Descriptor {
 
 QJsonObject AJson(const Estado& estado) {
     QJsonArray recientes;
-    for (const Operacion& op : estado.recientes)
+    for (const Operacion& op : estado.recientes) {
         recientes.append(op.AJson());
+    }
     return {
-        {QStringLiteral("version"), kVersion},
-        {QStringLiteral("storeId"), estado.storeId},
-        {QStringLiteral("dinero"), estado.inventario.AJson()},
-        {QStringLiteral("retirado"), MezclaAJson(estado.retirado)},
-        {QStringLiteral("operacion"),
+        {u"version"_s, kVersion},
+        {u"storeId"_s, estado.storeId},
+        {u"dinero"_s, estado.inventario.AJson()},
+        {u"retirado"_s, MezclaAJson(estado.retirado)},
+        {u"operacion"_s,
          estado.abierta ? QJsonValue(estado.abierta->AJson()) : QJsonValue(QJsonValue::Null)},
-        {QStringLiteral("recientes"), recientes},
+        {u"recientes"_s, recientes},
     };
 }
 
 std::optional<Estado> DeJson(const QJsonObject& objeto) {
     Estado estado;
-    estado.storeId = objeto.value(QStringLiteral("storeId")).toString();
-    const auto inventario = Inventario::DeJson(objeto.value(QStringLiteral("dinero")).toObject());
-    const auto retirado = MezclaDeJson(objeto.value(QStringLiteral("retirado")).toObject());
-    const QJsonValue operacion = objeto.value(QStringLiteral("operacion"));
-    if (objeto.value(QStringLiteral("version")).toInt() != kVersion || estado.storeId.isEmpty() ||
-        !inventario || !retirado || operacion.isUndefined())
+    estado.storeId = objeto.value(u"storeId"_s).toString();
+    const auto inventario = Inventario::DeJson(objeto.value(u"dinero"_s).toObject());
+    const auto retirado = MezclaDeJson(objeto.value(u"retirado"_s).toObject());
+    const QJsonValue operacion = objeto.value(u"operacion"_s);
+    if (objeto.value(u"version"_s).toInt() != kVersion || estado.storeId.isEmpty() || !inventario ||
+        !retirado || operacion.isUndefined()) {
         return std::nullopt;
+    }
     estado.inventario = *inventario;
     estado.retirado = *retirado;
     if (!operacion.isNull()) {
         estado.abierta = Operacion::DeJson(operacion.toObject());
-        if (!estado.abierta)
+        if (!estado.abierta) {
             return std::nullopt;
+        }
     }
-    const QJsonArray recientes = objeto.value(QStringLiteral("recientes")).toArray();
+    const QJsonArray recientes = objeto.value(u"recientes"_s).toArray();
     for (const auto una : recientes) {
         const auto op = Operacion::DeJson(una.toObject());
-        if (!op)
+        if (!op) {
             return std::nullopt;
+        }
         estado.recientes.push_back(*op);
     }
     return estado;
@@ -101,30 +110,32 @@ std::optional<Estado> DeJson(const QJsonObject& objeto) {
 Almacen::Almacen(const QString& carpeta) : carpeta_(QDir(carpeta).absolutePath()) {}
 
 QString Almacen::Fichero() const {
-    return carpeta_ + QStringLiteral("/dinero.json");
+    return carpeta_ + u"/dinero.json"_s;
 }
 
 bool Almacen::Abrir(QString& error) {
     if (!QDir().mkpath(carpeta_)) {
-        error = QStringLiteral("no se puede crear la carpeta %1").arg(carpeta_);
+        error = u"no se puede crear la carpeta %1"_s.arg(carpeta_);
         return false;
     }
-    cerrojo_ = std::make_unique<QLockFile>(carpeta_ + QStringLiteral("/dinero.lock"));
+    cerrojo_ = std::make_unique<QLockFile>(carpeta_ + u"/dinero.lock"_s);
     cerrojo_->setStaleLockTime(0); // only the death of its owner frees it
-    if (cerrojo_->tryLock())
+    if (cerrojo_->tryLock()) {
         return true;
+    }
     error = cerrojo_->error() == QLockFile::LockFailedError
-                ? QStringLiteral("otro simulador usa la carpeta %1").arg(carpeta_)
-                : QStringLiteral("no se puede escribir en la carpeta %1").arg(carpeta_);
+                ? u"otro simulador usa la carpeta %1"_s.arg(carpeta_)
+                : u"no se puede escribir en la carpeta %1"_s.arg(carpeta_);
     return false;
 }
 
 Almacen::Lectura Almacen::Leer(Estado& estado, QString& error) const {
     QFile fichero(Fichero());
-    if (!fichero.exists())
+    if (!fichero.exists()) {
         return Lectura::NoExiste;
+    }
     if (!fichero.open(QIODevice::ReadOnly)) {
-        error = QStringLiteral("no se puede leer %1: %2").arg(Fichero(), fichero.errorString());
+        error = u"no se puede leer %1: %2"_s.arg(Fichero(), fichero.errorString());
         return Lectura::Mal;
     }
     const QJsonDocument documento = QJsonDocument::fromJson(fichero.readAll());
@@ -132,31 +143,35 @@ Almacen::Lectura Almacen::Leer(Estado& estado, QString& error) const {
         estado = *leido;
         return Lectura::Bien;
     }
-    error = QStringLiteral("el fichero del dinero está dañado: %1").arg(Fichero());
+    error = u"el fichero del dinero está dañado: %1"_s.arg(Fichero());
     return Lectura::Mal;
 }
 
 bool Almacen::Guardar(const Estado& estado, QString& error) {
-    const QString temporal = Fichero() + QStringLiteral(".tmp");
+    const QString temporal = Fichero() + u".tmp"_s;
     const auto fallo = [&](const QString& que) {
-        error = QStringLiteral("no se puede escribir %1: %2").arg(que, TextoSistema());
+        error = u"no se puede escribir %1: %2"_s.arg(que, TextoSistema());
         return false;
     };
     {
         const Descriptor fichero(temporal, O_WRONLY | O_CREAT | O_TRUNC, 0644);
         if (!fichero.Abierto() ||
             !fichero.Escribir(QJsonDocument(AJson(estado)).toJson(QJsonDocument::Indented)) ||
-            !fichero.Sincronizar())
+            !fichero.Sincronizar()) {
             return fallo(temporal);
+        }
     }
     const Descriptor carpeta(carpeta_, O_RDONLY | O_DIRECTORY);
-    if (!carpeta.Abierto())
+    if (!carpeta.Abierto()) {
         return fallo(carpeta_);
+    }
     if (std::rename(QFile::encodeName(temporal).constData(),
-                    QFile::encodeName(Fichero()).constData()) != 0)
+                    QFile::encodeName(Fichero()).constData()) != 0) {
         return fallo(Fichero());
-    if (!carpeta.Sincronizar())
+    }
+    if (!carpeta.Sincronizar()) {
         return fallo(carpeta_);
+    }
     return true;
 }
 

@@ -1,6 +1,8 @@
 // The life of an operation: start, intake, delivery, end.
 #include "simulator/Aparato.h"
 
+#include "platform/StringLiterals.h"
+
 #include <QDateTime>
 
 #include <algorithm>
@@ -22,15 +24,17 @@ qint64 NanosegundosUtc() {
 Mezcla Solo(const Mezcla& mezcla, bool monedas) {
     Mezcla parte{};
     for (std::size_t i = 0; i < kCuantas; ++i) {
-        if (EsMoneda(i) == monedas)
+        if (EsMoneda(i) == monedas) {
             parte.at(i) = mezcla.at(i);
+        }
     }
     return parte;
 }
 
 void Restar(Mezcla& de, const Mezcla& cuanto) {
-    for (std::size_t i = 0; i < kCuantas; ++i)
+    for (std::size_t i = 0; i < kCuantas; ++i) {
         de.at(i) -= cuanto.at(i);
+    }
 }
 
 // The first half of the pieces, rounded down: what comes out before one is stuck.
@@ -50,8 +54,9 @@ Aparato::Aparato(Almacen& almacen, Estado estado, CapacidadCajones capacidad)
     : almacen_(almacen), estado_(std::move(estado)), capacidad_(capacidad) {}
 
 bool Aparato::Recuperar(QString& error) {
-    if (!EnMarcha())
+    if (!EnMarcha()) {
         return true;
+    }
     Operacion& op = *estado_.abierta;
     op.acabada = true;
     op.ok = false;
@@ -65,16 +70,18 @@ const Operacion* Aparato::Abierta() const {
 }
 
 std::optional<Operacion> Aparato::Conocida(const QString& opId) const {
-    if (estado_.abierta && estado_.abierta->opId == opId)
+    if (estado_.abierta && estado_.abierta->opId == opId) {
         return estado_.abierta;
+    }
     const auto it = std::ranges::find(estado_.recientes, opId, &Operacion::opId);
     return it == estado_.recientes.end() ? std::nullopt : std::optional(*it);
 }
 
 bool Aparato::Confirmar(Estado nuevo) {
     QString error;
-    if (roto_)
+    if (roto_) {
         return false;
+    }
     if (!almacen_.Guardar(nuevo, error)) {
         roto_ = true;
         fase_ = Fase::Quieta;
@@ -87,17 +94,18 @@ bool Aparato::Confirmar(Estado nuevo) {
 }
 
 bool Aparato::Empezar(const Operacion& pedida, const Acciones& fallos) {
-    if (estado_.abierta)
+    if (estado_.abierta) {
         return false;
-    Q_EMIT suceso(QStringLiteral("inicio %1 %2 %3 %4")
-                      .arg(NombreMetodo(pedida.metodo))
+    }
+    Q_EMIT suceso(u"inicio %1 %2 %3 %4"_s.arg(NombreMetodo(pedida.metodo))
                       .arg(pedida.valor)
                       .arg(NanosegundosUtc())
                       .arg(pedida.opId));
     Estado nuevo = estado_;
     nuevo.abierta = pedida;
-    if (!Confirmar(std::move(nuevo)))
+    if (!Confirmar(std::move(nuevo))) {
         return false;
+    }
     fallos_ = fallos;
     metidas_ = {};
     tandas_.clear();
@@ -107,32 +115,39 @@ bool Aparato::Empezar(const Operacion& pedida, const Acciones& fallos) {
 }
 
 void Aparato::Cancelar(const QString& opId) {
-    if (!EnMarcha() || estado_.abierta->opId != opId)
+    if (!EnMarcha() || estado_.abierta->opId != opId) {
         return;
-    if (fase_ == Fase::Empezada || fase_ == Fase::Admision)
+    }
+    if (fase_ == Fase::Empezada || fase_ == Fase::Admision) {
         Devolver({false, 0});
+    }
 }
 
 void Aparato::Acusar(const QString& opId) {
-    if (!estado_.abierta || estado_.abierta->opId != opId || EnMarcha())
+    if (!estado_.abierta || estado_.abierta->opId != opId || EnMarcha()) {
         return;
+    }
     Estado nuevo = estado_;
     nuevo.recientes.push_back(*nuevo.abierta);
-    if (nuevo.recientes.size() > kRecientes)
+    if (nuevo.recientes.size() > kRecientes) {
         nuevo.recientes.erase(nuevo.recientes.begin());
+    }
     nuevo.abierta.reset();
-    Q_EMIT suceso(QStringLiteral("acuse %1").arg(opId));
-    if (Confirmar(std::move(nuevo)))
+    Q_EMIT suceso(u"acuse %1"_s.arg(opId));
+    if (Confirmar(std::move(nuevo))) {
         Q_EMIT cambiado();
+    }
 }
 
 void Aparato::Paso() {
-    if (roto_)
+    if (roto_) {
         return;
-    if (fase_ == Fase::Empezada)
+    }
+    if (fase_ == Fase::Empezada) {
         Primero();
-    else if (fase_ == Fase::Entrega)
+    } else if (fase_ == Fase::Entrega) {
         EntregarTanda();
+    }
 }
 
 void Aparato::Cerrar(Estado nuevo, Desenlace como) {
@@ -143,18 +158,21 @@ void Aparato::Cerrar(Estado nuevo, Desenlace como) {
     op.acabada = true;
     op.ok = como.ok;
     op.codigo = como.codigo;
-    if (!como.ok)
-        op.mensaje = como.codigo > 0 ? TextoError(como.codigo) : QStringLiteral("Cancelado");
-    if (!Confirmar(std::move(nuevo)))
+    if (!como.ok) {
+        op.mensaje = como.codigo > 0 ? TextoError(como.codigo) : u"Cancelado"_s;
+    }
+    if (!Confirmar(std::move(nuevo))) {
         return;
+    }
     fase_ = Fase::Quieta;
     const Operacion fin = *estado_.abierta;
-    if (movido)
+    if (movido) {
         Q_EMIT progreso(enCurso);
-    const QString resultado = fin.ok           ? QStringLiteral("ok")
-                              : fin.codigo > 0 ? QStringLiteral("error %1").arg(fin.codigo)
-                                               : QStringLiteral("cancelada");
-    Q_EMIT suceso(QStringLiteral("fin %1 %2 %3").arg(resultado).arg(fin.entrado).arg(fin.salido));
+    }
+    const QString resultado = fin.ok           ? u"ok"_s
+                              : fin.codigo > 0 ? u"error %1"_s.arg(fin.codigo)
+                                               : u"cancelada"_s;
+    Q_EMIT suceso(u"fin %1 %2 %3"_s.arg(resultado).arg(fin.entrado).arg(fin.salido));
     Q_EMIT acabada(fin);
     Q_EMIT cambiado();
 }
@@ -164,8 +182,9 @@ void Aparato::Acabar(Desenlace como) {
 }
 
 void Aparato::Primero() {
-    if (const auto error = Buscar(fallos_, TipoFallo::Error))
+    if (const auto error = Buscar(fallos_, TipoFallo::Error)) {
         return Acabar({false, error->valor});
+    }
     const Operacion& op = *estado_.abierta;
     const bool admite = (op.metodo == Metodo::Cobro && op.valor > 0) ||
                         op.metodo == Metodo::Cambio || op.metodo == Metodo::Ingreso;
@@ -174,8 +193,9 @@ void Aparato::Primero() {
         Q_EMIT cambiado();
         return;
     }
-    if (Falla(TipoFallo::Cancelar))
+    if (Falla(TipoFallo::Cancelar)) {
         return Acabar({false, 0});
+    }
     switch (op.metodo) {
     case Metodo::Cobro:
         return Pagar(-qint64{op.valor}, kSinCambioExacto);
@@ -190,12 +210,13 @@ void Aparato::Primero() {
 
 bool Aparato::Meter(qint32 valor) {
     const auto indice = Indice(valor);
-    if (!indice || !Admite() || roto_)
+    if (!indice || !Admite() || roto_) {
         return false;
+    }
     const bool esCambio = estado_.abierta->metodo == Metodo::Ingreso;
     const Destino destino = estado_.inventario.DestinoDe(*indice, esCambio, capacidad_);
     if (destino == Destino::Rechazada) {
-        Q_EMIT suceso(QStringLiteral("rechaza %1").arg(valor));
+        Q_EMIT suceso(u"rechaza %1"_s.arg(valor));
         return false;
     }
     Estado nuevo = estado_;
@@ -205,7 +226,7 @@ bool Aparato::Meter(qint32 valor) {
     Sitio metidas = metidas_;
     ++(recicla ? metidas.deReciclador : metidas.deCajon).at(*indice);
 
-    Q_EMIT suceso(QStringLiteral("entra %1").arg(valor));
+    Q_EMIT suceso(u"entra %1"_s.arg(valor));
     if (const auto parcial = Buscar(fallos_, TipoFallo::Parcial)) {
         Cerrar(std::move(nuevo), {false, parcial->valor});
         return !roto_;
@@ -218,59 +239,67 @@ bool Aparato::Meter(qint32 valor) {
         Cerrar(std::move(nuevo), atasco ? Desenlace{false, kAtasco} : Desenlace{});
         return !roto_;
     }
-    if (!Confirmar(std::move(nuevo)))
+    if (!Confirmar(std::move(nuevo))) {
         return false;
+    }
     metidas_ = metidas;
     Q_EMIT progreso(*estado_.abierta);
-    if (Falla(TipoFallo::Cancelar))
+    if (Falla(TipoFallo::Cancelar)) {
         Devolver({false, 0});
-    else if (estado_.abierta->metodo == Metodo::Cobro &&
-             estado_.abierta->entrado > estado_.abierta->valor)
+    } else if (estado_.abierta->metodo == Metodo::Cobro &&
+               estado_.abierta->entrado > estado_.abierta->valor) {
         DarVuelta();
+    }
     Q_EMIT cambiado();
     return true;
 }
 
 void Aparato::Terminar() {
-    if (!Admite())
+    if (!Admite()) {
         return;
+    }
     const Operacion& op = *estado_.abierta;
-    if (op.metodo == Metodo::Cobro)
+    if (op.metodo == Metodo::Cobro) {
         Devolver({false, 0});
-    else if (op.metodo == Metodo::Cambio && op.entrado > 0)
+    } else if (op.metodo == Metodo::Cambio && op.entrado > 0) {
         DarCambio();
-    else
+    } else {
         Acabar(Falla(TipoFallo::Atasco) ? Desenlace{false, kAtasco} : Desenlace{});
+    }
 }
 
 void Aparato::Rendirse() {
-    if (Admite())
+    if (Admite()) {
         Devolver({false, kCajonLleno});
+    }
 }
 
 void Aparato::DarVuelta() {
     const Operacion& op = *estado_.abierta;
     const auto vuelta = CambioExacto(qint64{op.entrado} - op.valor, estado_.inventario.reciclador,
                                      Preferencia::CuidarNiveles);
-    if (vuelta)
+    if (vuelta) {
         Entregar({*vuelta, {}}, {});
-    else
+    } else {
         Devolver({false, kCobroSinCambio});
+    }
 }
 
 void Aparato::DarCambio() {
     // Other denominations than those that came in.
     Mezcla disponible = estado_.inventario.reciclador;
     for (std::size_t i = 0; i < kCuantas; ++i) {
-        if (metidas_.deReciclador.at(i) + metidas_.deCajon.at(i) > 0)
+        if (metidas_.deReciclador.at(i) + metidas_.deCajon.at(i) > 0) {
             disponible.at(i) = 0;
+        }
     }
     const auto piezas =
         CambioExacto(estado_.abierta->entrado, disponible, Preferencia::CuidarNiveles);
-    if (piezas)
+    if (piezas) {
         Entregar({*piezas, {}}, {});
-    else
+    } else {
         Devolver({false, kSinCambioExacto});
+    }
 }
 
 void Aparato::Devolver(Desenlace como) {
@@ -280,8 +309,9 @@ void Aparato::Devolver(Desenlace como) {
 void Aparato::Pagar(qint64 importe, qint32 codigoSinCambio) {
     const auto piezas =
         CambioExacto(importe, estado_.inventario.reciclador, Preferencia::CuidarNiveles);
-    if (!piezas)
+    if (!piezas) {
         return Acabar({false, codigoSinCambio});
+    }
     Entregar({*piezas, {}}, {});
 }
 
@@ -295,8 +325,9 @@ void Aparato::Entregar(Sitio que, Desenlace como) {
     tandas_.clear();
     for (const bool monedas : {true, false}) {
         Sitio tanda{Solo(que.deReciclador, monedas), Solo(que.deCajon, monedas)};
-        if (Piezas(tanda.deReciclador) + Piezas(tanda.deCajon) > 0)
+        if (Piezas(tanda.deReciclador) + Piezas(tanda.deCajon) > 0) {
             tandas_.push_back(tanda);
+        }
     }
     desenlace_ = como;
     fase_ = Fase::Entrega;
@@ -304,8 +335,9 @@ void Aparato::Entregar(Sitio que, Desenlace como) {
 }
 
 void Aparato::EntregarTanda() {
-    if (tandas_.empty())
+    if (tandas_.empty()) {
         return Acabar(desenlace_);
+    }
     const Sitio tanda = tandas_.front();
     tandas_.pop_front();
     Estado nuevo = estado_;
@@ -313,11 +345,13 @@ void Aparato::EntregarTanda() {
     Restar(nuevo.inventario.cajon, tanda.deCajon);
     const qint64 importe = Total(tanda.deReciclador) + Total(tanda.deCajon);
     nuevo.abierta->salido += static_cast<qint32>(importe);
-    Q_EMIT suceso(QStringLiteral("sale %1").arg(importe));
-    if (tandas_.empty())
+    Q_EMIT suceso(u"sale %1"_s.arg(importe));
+    if (tandas_.empty()) {
         return Cerrar(std::move(nuevo), desenlace_);
-    if (!Confirmar(std::move(nuevo)))
+    }
+    if (!Confirmar(std::move(nuevo))) {
         return;
+    }
     Q_EMIT progreso(*estado_.abierta);
     Q_EMIT cambiado();
 }
@@ -325,8 +359,9 @@ void Aparato::EntregarTanda() {
 Mezcla Aparato::ElegirParaCajon() const {
     const Inventario& hay = estado_.inventario;
     const Operacion& op = *estado_.abierta;
-    if (op.valor == 7)
+    if (op.valor == 7) {
         return hay.SobreOptimo();
+    }
     // What stays is never less than asked.
     const qint64 sobra = Total(hay.reciclador) - op.dejar;
     return CambioMasCercano(sobra, hay.reciclador, Preferencia::MenosPiezas);
@@ -342,31 +377,36 @@ void Aparato::MoverACajones() {
         como = {false, parcial ? parcial->valor : kAtasco};
     }
     const Mezcla movidas = nuevo.inventario.PasarACajon(elegidas, capacidad_);
-    if (como.ok && movidas != elegidas)
+    if (como.ok && movidas != elegidas) {
         como = {false, kCajonLleno};
+    }
     nuevo.abierta->monedasCajon = static_cast<qint32>(TotalClase(movidas, true));
     nuevo.abierta->billetesCajon = static_cast<qint32>(TotalClase(movidas, false));
     nuevo.abierta->resta = static_cast<qint32>(Total(nuevo.inventario.reciclador));
-    Q_EMIT suceso(QStringLiteral("mueve %1").arg(Total(movidas)));
+    Q_EMIT suceso(u"mueve %1"_s.arg(Total(movidas)));
     Cerrar(std::move(nuevo), como);
 }
 
 void Aparato::Cuadrar() {
-    if (const auto parcial = Buscar(fallos_, TipoFallo::Parcial))
+    if (const auto parcial = Buscar(fallos_, TipoFallo::Parcial)) {
         return Acabar({false, parcial->valor});
-    if (Falla(TipoFallo::Atasco))
+    }
+    if (Falla(TipoFallo::Atasco)) {
         return Acabar({false, kAtasco});
+    }
     if (const auto retirar = Buscar(fallos_, TipoFallo::Retirar)) {
-        if (retirar->valor != 1)
+        if (retirar->valor != 1) {
             RetirarAMano(Cajon::Monedas);
-        if (retirar->valor != 0)
+        }
+        if (retirar->valor != 0) {
             RetirarAMano(Cajon::Billetes);
+        }
     }
     Estado nuevo = estado_;
     nuevo.abierta->monedasCajon = static_cast<qint32>(TotalClase(nuevo.retirado, true));
     nuevo.abierta->billetesCajon = static_cast<qint32>(TotalClase(nuevo.retirado, false));
     Restar(nuevo.inventario.cajon, nuevo.retirado);
-    Q_EMIT suceso(QStringLiteral("cuadra %1").arg(Total(nuevo.retirado)));
+    Q_EMIT suceso(u"cuadra %1"_s.arg(Total(nuevo.retirado)));
     nuevo.retirado = {};
     nuevo.abierta->resta = static_cast<qint32>(Total(nuevo.inventario.reciclador));
     descuadre_ = 0;
@@ -374,25 +414,29 @@ void Aparato::Cuadrar() {
 }
 
 void Aparato::VaciarCajon() {
-    if (const auto parcial = Buscar(fallos_, TipoFallo::Parcial))
+    if (const auto parcial = Buscar(fallos_, TipoFallo::Parcial)) {
         return Acabar({false, parcial->valor});
-    if (Falla(TipoFallo::Atasco))
+    }
+    if (Falla(TipoFallo::Atasco)) {
         return Acabar({false, kAtasco});
+    }
     Estado nuevo = estado_;
     const auto cual = static_cast<Cajon>(nuevo.abierta->valor);
     nuevo.abierta->vaciado = static_cast<qint32>(nuevo.inventario.Vaciar(cual));
     Restar(nuevo.retirado, Solo(nuevo.retirado, cual == Cajon::Monedas));
-    Q_EMIT suceso(QStringLiteral("vacia %1").arg(nuevo.abierta->vaciado));
+    Q_EMIT suceso(u"vacia %1"_s.arg(nuevo.abierta->vaciado));
     Cerrar(std::move(nuevo), {});
 }
 
 Mezcla Aparato::Niveles(int tipo) const {
-    if (tipo == 3)
+    if (tipo == 3) {
         return estado_.inventario.cajon;
+    }
     Mezcla niveles = estado_.inventario.reciclador;
     if (tipo == 4) {
-        for (std::size_t i = 0; i < kCuantas; ++i)
+        for (std::size_t i = 0; i < kCuantas; ++i) {
             niveles.at(i) = estado_.inventario.EstadoDe(i, capacidad_);
+        }
     } else {
         niveles.front() = std::max(0, niveles.front() + descuadre_);
     }
@@ -401,21 +445,24 @@ Mezcla Aparato::Niveles(int tipo) const {
 
 void Aparato::Descuadrar(qint32 centimos) {
     descuadre_ = centimos;
-    Q_EMIT suceso(QStringLiteral("descuadre %1").arg(centimos));
+    Q_EMIT suceso(u"descuadre %1"_s.arg(centimos));
 }
 
 void Aparato::RetirarAMano(Cajon cual) {
     // Not under an operation that may still give back what lies in the box.
-    if (EnMarcha() && estado_.abierta->metodo != Metodo::Cajones)
+    if (EnMarcha() && estado_.abierta->metodo != Metodo::Cajones) {
         return;
+    }
     const bool monedas = cual == Cajon::Monedas;
     Estado nuevo = estado_;
     const Mezcla todas = Solo(estado_.inventario.cajon, monedas);
-    for (std::size_t i = 0; i < kCuantas; ++i)
+    for (std::size_t i = 0; i < kCuantas; ++i) {
         nuevo.retirado.at(i) = std::max(nuevo.retirado.at(i), todas.at(i));
-    Q_EMIT suceso(QStringLiteral("retirado %1").arg(TotalClase(nuevo.retirado, monedas)));
-    if (Confirmar(std::move(nuevo)))
+    }
+    Q_EMIT suceso(u"retirado %1"_s.arg(TotalClase(nuevo.retirado, monedas)));
+    if (Confirmar(std::move(nuevo))) {
         Q_EMIT cambiado();
+    }
 }
 
 } // namespace zv::simulador

@@ -20,17 +20,19 @@ Pesos PesosDe(const Mezcla& disponible, Preferencia preferencia) {
     constexpr int kNormal = 100;
     Pesos pesos{};
     pesos.fill(kNormal);
-    if (preferencia == Preferencia::MenosPiezas)
+    if (preferencia == Preferencia::MenosPiezas) {
         return pesos;
+    }
     for (std::size_t i = 0; i < kCuantas; ++i) {
         const Denominacion& d = kDenominaciones.at(i);
         const int hay = disponible.at(i);
-        if (hay < d.alerta)
+        if (hay < d.alerta) {
             pesos.at(i) = 4 * kNormal;
-        else if (hay < d.optimo)
+        } else if (hay < d.optimo) {
             pesos.at(i) = kNormal + kNormal / 4;
-        else if (hay >= d.objetivo)
+        } else if (hay >= d.objetivo) {
             pesos.at(i) = kNormal / 4;
+        }
     }
     return pesos;
 }
@@ -49,8 +51,9 @@ class Tabla {
         }
         escala_ = divisor > 0 ? divisor : 1;
         qint64 suma = 0;
-        for (const std::size_t i : indices_)
+        for (const std::size_t i : indices_) {
             suma += disponible.at(i) * qint64{kDenominaciones.at(i).valor};
+        }
         maximo_ = std::min(suma, limite) / escala_ * escala_;
         coste_.assign(static_cast<std::size_t>(maximo_ / escala_) + 1, kImposible);
         coste_[0] = 0;
@@ -69,18 +72,21 @@ class Tabla {
 
     // Cost of an amount; kImposible when it cannot be made.
     int Coste(qint64 importe) const {
-        if (importe < 0 || importe > maximo_ || importe % escala_ != 0)
+        if (importe < 0 || importe > maximo_ || importe % escala_ != 0) {
             return kImposible;
+        }
         return coste_[static_cast<std::size_t>(importe / escala_)];
     }
 
     // The largest amount that can be made and does not exceed `tope`; -1 when that is below 0.
     qint64 Mayor(qint64 tope) const {
-        if (tope < 0)
+        if (tope < 0) {
             return -1;
+        }
         qint64 importe = std::min(tope, maximo_) / escala_ * escala_;
-        while (Coste(importe) >= kImposible)
+        while (Coste(importe) >= kImposible) {
             importe -= escala_;
+        }
         return importe;
     }
 
@@ -114,12 +120,14 @@ class Tabla {
                 const int corrida = static_cast<int>(vuelta) * peso;
                 if (coste_[s] < kImposible) {
                     const int base = coste_[s] - corrida;
-                    while (cola.size() > cabeza && cola.back().base >= base)
+                    while (cola.size() > cabeza && cola.back().base >= base) {
                         cola.pop_back();
+                    }
                     cola.push_back({vuelta, base});
                 }
-                while (cabeza < cola.size() && vuelta - cola[cabeza].vuelta > piezas)
+                while (cabeza < cola.size() && vuelta - cola[cabeza].vuelta > piezas) {
                     ++cabeza;
+                }
                 if (cabeza < cola.size()) {
                     nuevo[s] = cola[cabeza].base + corrida;
                     usadas[s] = static_cast<quint32>(vuelta - cola[cabeza].vuelta);
@@ -162,16 +170,18 @@ struct Tablas {
 
 std::optional<Mezcla> CambioExacto(qint64 importe, const Mezcla& disponible,
                                    Preferencia preferencia) {
-    if (importe < 0 || importe > Total(disponible))
+    if (importe < 0 || importe > Total(disponible)) {
         return std::nullopt;
+    }
     const Tablas t = Tablas::De(disponible, preferencia, importe);
     int mejor = kImposible;
     qint64 elBillete = 0;
     qint64 laMoneda = 0;
     for (qint64 b = 0; b <= t.billetes.Maximo(); b += t.billetes.Escala()) {
         const int costeBilletes = t.billetes.Coste(b);
-        if (costeBilletes >= mejor)
+        if (costeBilletes >= mejor) {
             continue;
+        }
         const qint64 resto = importe - b;
         const qint64 desde = std::max<qint64>(0, resto - t.chicas.Maximo());
         const qint64 escala = t.monedas.Escala();
@@ -179,8 +189,9 @@ std::optional<Mezcla> CambioExacto(qint64 importe, const Mezcla& disponible,
              m <= std::min(resto, t.monedas.Maximo()); m += escala) {
             const int costeMonedas = t.monedas.Coste(m);
             const int costeChicas = t.chicas.Coste(resto - m);
-            if (costeMonedas >= kImposible || costeChicas >= kImposible)
+            if (costeMonedas >= kImposible || costeChicas >= kImposible) {
                 continue;
+            }
             if (costeBilletes + costeMonedas + costeChicas < mejor) {
                 mejor = costeBilletes + costeMonedas + costeChicas;
                 elBillete = b;
@@ -188,27 +199,31 @@ std::optional<Mezcla> CambioExacto(qint64 importe, const Mezcla& disponible,
             }
         }
     }
-    if (mejor >= kImposible)
+    if (mejor >= kImposible) {
         return std::nullopt;
+    }
     return t.Recoger(elBillete, laMoneda, importe - elBillete - laMoneda);
 }
 
 Mezcla CambioMasCercano(qint64 importe, const Mezcla& disponible, Preferencia preferencia) {
-    if (importe <= 0)
+    if (importe <= 0) {
         return {};
+    }
     const qint64 limite = std::min(importe, Total(disponible));
     const Tablas t = Tablas::De(disponible, preferencia, limite);
     qint64 mejor = 0;
     for (qint64 b = 0; b <= t.billetes.Maximo(); b += t.billetes.Escala()) {
-        if (t.billetes.Coste(b) >= kImposible)
+        if (t.billetes.Coste(b) >= kImposible) {
             continue;
+        }
         const qint64 resto = limite - b;
         // Downwards: below the first sum that all the small pieces cannot fill up, each further
         // step only loses.
         for (qint64 m = t.monedas.Mayor(resto); m >= 0; m = t.monedas.Mayor(m - 1)) {
             mejor = std::max(mejor, b + m + t.chicas.Mayor(resto - m));
-            if (m + t.chicas.Maximo() <= resto)
+            if (m + t.chicas.Maximo() <= resto) {
                 break;
+            }
         }
     }
     return CambioExacto(mejor, disponible, preferencia).value_or(Mezcla{});

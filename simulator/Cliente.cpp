@@ -36,24 +36,29 @@ Gesto Poner(std::span<const qint32> lista, int piezas) {
 } // namespace
 
 std::optional<Guion> GuionDeNombre(const QString& nombre) {
-    if (nombre == QLatin1String("exacto"))
+    if (nombre == QLatin1String("exacto")) {
         return Guion::Exacto;
-    if (nombre == QLatin1String("redondeo"))
+    }
+    if (nombre == QLatin1String("redondeo")) {
         return Guion::Redondeo;
-    if (nombre == QLatin1String("manual"))
+    }
+    if (nombre == QLatin1String("manual")) {
         return Guion::Manual;
+    }
     return std::nullopt;
 }
 
 Gesto Siguiente(Guion guion, const Operacion& op, int piezas) {
-    if (guion == Guion::Manual)
+    if (guion == Guion::Manual) {
         return {};
+    }
     const bool exacto = guion == Guion::Exacto;
     switch (op.metodo) {
     case Metodo::Cobro: {
         const qint32 falta = op.valor - op.entrado;
-        if (falta <= 0)
+        if (falta <= 0) {
             return {};
+        }
         return {Gesto::Tipo::Pieza, exacto ? MayorHasta(falta) : BilletePara(falta)};
     }
     case Metodo::Cambio: {

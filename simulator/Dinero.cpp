@@ -9,8 +9,9 @@ namespace zv::simulador {
 
 std::optional<std::size_t> Indice(qint64 valor) {
     for (std::size_t i = 0; i < kCuantas; ++i) {
-        if (kDenominaciones.at(i).valor == valor)
+        if (kDenominaciones.at(i).valor == valor) {
             return i;
+        }
     }
     return std::nullopt;
 }
@@ -26,8 +27,9 @@ int Piezas(const Mezcla& mezcla) {
 qint64 TotalClase(const Mezcla& mezcla, bool monedas) {
     qint64 total = 0;
     for (std::size_t i = 0; i < kCuantas; ++i) {
-        if (EsMoneda(i) == monedas)
+        if (EsMoneda(i) == monedas) {
             total += qint64{kDenominaciones.at(i).valor} * mezcla.at(i);
+        }
     }
     return total;
 }
@@ -35,8 +37,9 @@ qint64 TotalClase(const Mezcla& mezcla, bool monedas) {
 int PiezasClase(const Mezcla& mezcla, bool monedas) {
     int piezas = 0;
     for (std::size_t i = 0; i < kCuantas; ++i) {
-        if (EsMoneda(i) == monedas)
+        if (EsMoneda(i) == monedas) {
             piezas += mezcla.at(i);
+        }
     }
     return piezas;
 }
@@ -44,8 +47,9 @@ int PiezasClase(const Mezcla& mezcla, bool monedas) {
 QJsonObject MezclaAJson(const Mezcla& mezcla) {
     QJsonObject objeto;
     for (std::size_t i = 0; i < kCuantas; ++i) {
-        if (mezcla.at(i) != 0)
+        if (mezcla.at(i) != 0) {
             objeto.insert(QString::number(kDenominaciones.at(i).valor), mezcla.at(i));
+        }
     }
     return objeto;
 }
@@ -56,8 +60,9 @@ std::optional<Mezcla> MezclaDeJson(const QJsonObject& objeto) {
     for (auto it = objeto.begin(); it != objeto.end(); ++it) {
         const auto indice = Indice(it.key().toLongLong());
         const double piezas = it.value().toDouble(-1);
-        if (!indice || piezas < 0 || piezas > kMuchas || piezas != std::floor(piezas))
+        if (!indice || piezas < 0 || piezas > kMuchas || piezas != std::floor(piezas)) {
             return std::nullopt;
+        }
         mezcla.at(*indice) = static_cast<int>(piezas);
     }
     return mezcla;

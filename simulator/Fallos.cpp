@@ -1,6 +1,8 @@
 // Reads the rules, `point[#n[+]]:action[=value]` parted by commas or semicolons, and counts.
 #include "simulator/Fallos.h"
 
+#include "platform/StringLiterals.h"
+
 #include <QRegularExpression>
 
 #include <algorithm>
@@ -87,34 +89,31 @@ QString LeerValor(Valor clase, const QString& texto, Accion& accion) {
     constexpr qint32 kDescuadreMayor = 100'000;
     switch (clase) {
     case Valor::Ninguno:
-        return texto.isNull() ? QString() : QStringLiteral("no lleva valor");
+        return texto.isNull() ? QString() : u"no lleva valor"_s;
     case Valor::Codigo:
-        return LeerNumero(texto, 2, kErrorMayor, accion.valor)
-                   ? QString()
-                   : QStringLiteral("el código va de 2 a 32767");
+        return LeerNumero(texto, 2, kErrorMayor, accion.valor) ? QString()
+                                                               : u"el código va de 2 a 32767"_s;
     case Valor::Milisegundos:
         return LeerNumero(texto, 1, kEsperaMayor, accion.valor)
                    ? QString()
-                   : QStringLiteral("los milisegundos van de 1 a 600000");
+                   : u"los milisegundos van de 1 a 600000"_s;
     case Valor::Centimos:
         return LeerNumero(texto, -kDescuadreMayor, kDescuadreMayor, accion.valor)
                    ? QString()
-                   : QStringLiteral("el descuadre va de -100000 a 100000");
+                   : u"el descuadre va de -100000 a 100000"_s;
     case Valor::Momento: {
-        const qsizetype cual = QStringList{QStringLiteral("antes"), QStringLiteral("durante"),
-                                           QStringLiteral("despues")}
-                                   .indexOf(texto);
-        if (cual < 0)
-            return QStringLiteral("el momento es antes, durante o despues");
+        const qsizetype cual = QStringList{u"antes"_s, u"durante"_s, u"despues"_s}.indexOf(texto);
+        if (cual < 0) {
+            return u"el momento es antes, durante o despues"_s;
+        }
         accion.momento = static_cast<Momento>(cual);
         return {};
     }
     case Valor::Cajon: {
-        const qsizetype cual = QStringList{QStringLiteral("monedas"), QStringLiteral("billetes"),
-                                           QStringLiteral("todo")}
-                                   .indexOf(texto);
-        if (cual < 0)
-            return QStringLiteral("el cajón es monedas, billetes o todo");
+        const qsizetype cual = QStringList{u"monedas"_s, u"billetes"_s, u"todo"_s}.indexOf(texto);
+        if (cual < 0) {
+            return u"el cajón es monedas, billetes o todo"_s;
+        }
         accion.valor = static_cast<qint32>(cual);
         return {};
     }
@@ -138,58 +137,65 @@ std::optional<Accion> Buscar(const Acciones& acciones, TipoFallo tipo, Momento m
 
 std::optional<Fallos::Regla> Fallos::Leer(const QString& texto, QString& error) {
     const auto mal = [&](const QString& porque) {
-        error = QStringLiteral("fallo \"%1\": %2").arg(texto, porque);
+        error = u"fallo \"%1\": %2"_s.arg(texto, porque);
         return std::nullopt;
     };
-    const QRegularExpression forma(
-        QStringLiteral("^([a-z]+)(?:#([0-9]{1,6})(\\+)?)?:([a-z]+)(?:=(.*))?$"));
+    const QRegularExpression forma(u"^([a-z]+)(?:#([0-9]{1,6})(\\+)?)?:([a-z]+)(?:=(.*))?$"_s);
     const QRegularExpressionMatch partes = forma.match(texto);
-    if (!partes.hasMatch())
-        return mal(QStringLiteral("la forma es punto[#n]:acción[=valor]"));
+    if (!partes.hasMatch()) {
+        return mal(u"la forma es punto[#n]:acción[=valor]"_s);
+    }
 
     Regla regla;
     const QString punto = partes.captured(1);
     for (const auto& [nombre, cual] : kPuntos) {
         const bool operacion = (DondeEsta(cual) & Operaciones) != 0;
-        if (punto == QLatin1String(nombre) || (punto == QLatin1String("todo") && operacion))
+        if (punto == QLatin1String(nombre) || (punto == QLatin1String("todo") && operacion)) {
             regla.puntos.push_back(cual);
+        }
     }
-    if (regla.puntos.empty())
-        return mal(QStringLiteral("no hay ningún punto \"%1\"").arg(punto));
+    if (regla.puntos.empty()) {
+        return mal(u"no hay ningún punto \"%1\""_s.arg(punto));
+    }
     if (!partes.captured(2).isEmpty()) {
         regla.desde = partes.captured(2).toInt();
-        if (regla.desde < 1)
-            return mal(QStringLiteral("la cuenta empieza en 1"));
+        if (regla.desde < 1) {
+            return mal(u"la cuenta empieza en 1"_s);
+        }
         regla.hasta = partes.captured(3).isEmpty() ? regla.desde : 0;
     }
 
     const QString accion = partes.captured(4);
     const auto* const conocida = std::ranges::find_if(
         kAcciones, [&](const NombreAccion& una) { return accion == QLatin1String(una.nombre); });
-    if (conocida == kAcciones.end())
-        return mal(QStringLiteral("no hay ninguna acción \"%1\"").arg(accion));
+    if (conocida == kAcciones.end()) {
+        return mal(u"no hay ninguna acción \"%1\""_s.arg(accion));
+    }
     if (!std::ranges::all_of(regla.puntos,
-                             [&](Punto uno) { return (DondeEsta(uno) & conocida->donde) != 0; }))
-        return mal(QStringLiteral("\"%1\" no vale en \"%2\"").arg(accion, punto));
+                             [&](Punto uno) { return (DondeEsta(uno) & conocida->donde) != 0; })) {
+        return mal(u"\"%1\" no vale en \"%2\""_s.arg(accion, punto));
+    }
     regla.accion.tipo = conocida->tipo;
     regla.accion.regla = texto;
     const QString porque = LeerValor(conocida->valor, partes.captured(5), regla.accion);
-    if (!porque.isEmpty())
+    if (!porque.isEmpty()) {
         return mal(porque);
+    }
     return regla;
 }
 
 bool Fallos::Añadir(const QString& guion, QString& error) {
     std::vector<Regla> nuevas;
-    const QStringList textos =
-        guion.split(QRegularExpression(QStringLiteral("[,;]")), Qt::SkipEmptyParts);
+    const QStringList textos = guion.split(QRegularExpression(u"[,;]"_s), Qt::SkipEmptyParts);
     for (const QString& texto : textos) {
         const QString limpio = texto.trimmed();
-        if (limpio.isEmpty())
+        if (limpio.isEmpty()) {
             continue;
+        }
         auto regla = Leer(limpio, error);
-        if (!regla)
+        if (!regla) {
             return false;
+        }
         nuevas.push_back(std::move(*regla));
     }
     std::ranges::move(nuevas, std::back_inserter(reglas_));
@@ -199,8 +205,9 @@ bool Fallos::Añadir(const QString& guion, QString& error) {
 QStringList Fallos::Pendientes() const {
     QStringList reglas;
     for (const Regla& regla : reglas_) {
-        if (regla.hasta == 0 || regla.veces < regla.hasta)
+        if (regla.hasta == 0 || regla.veces < regla.hasta) {
             reglas.append(regla.accion.regla);
+        }
     }
     return reglas;
 }
@@ -208,11 +215,13 @@ QStringList Fallos::Pendientes() const {
 Acciones Fallos::Toca(Punto punto) {
     Acciones acciones;
     for (Regla& regla : reglas_) {
-        if (std::ranges::find(regla.puntos, punto) == regla.puntos.end())
+        if (std::ranges::find(regla.puntos, punto) == regla.puntos.end()) {
             continue;
+        }
         ++regla.veces;
-        if (regla.veces >= regla.desde && (regla.hasta == 0 || regla.veces <= regla.hasta))
+        if (regla.veces >= regla.desde && (regla.hasta == 0 || regla.veces <= regla.hasta)) {
             acciones.push_back(regla.accion);
+        }
     }
     return acciones;
 }

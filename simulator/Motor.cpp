@@ -21,16 +21,18 @@ void Motor::PonerGuion(Guion guion) {
 }
 
 bool Motor::HayTrabajo() const {
-    if (aparato_.TienePaso())
+    if (aparato_.TienePaso()) {
         return true;
+    }
     return aparato_.Admite() &&
            Siguiente(guion_, *aparato_.Abierta(), aparato_.PiezasMetidas()).tipo !=
                Gesto::Tipo::Nada;
 }
 
 void Motor::Despertar() {
-    if (!timer_.isActive() && HayTrabajo())
+    if (!timer_.isActive() && HayTrabajo()) {
         timer_.start();
+    }
 }
 
 bool Motor::Pulso() {
@@ -38,13 +40,15 @@ bool Motor::Pulso() {
         aparato_.Paso();
         return true;
     }
-    if (!aparato_.Admite())
+    if (!aparato_.Admite()) {
         return false;
+    }
     const Gesto gesto = Siguiente(guion_, *aparato_.Abierta(), aparato_.PiezasMetidas());
-    if (gesto.tipo == Gesto::Tipo::Terminar)
+    if (gesto.tipo == Gesto::Tipo::Terminar) {
         aparato_.Terminar();
-    else if (gesto.tipo == Gesto::Tipo::Pieza && !aparato_.Meter(gesto.valor))
+    } else if (gesto.tipo == Gesto::Tipo::Pieza && !aparato_.Meter(gesto.valor)) {
         aparato_.Rendirse();
+    }
     return gesto.tipo != Gesto::Tipo::Nada;
 }
 

@@ -1,6 +1,8 @@
 // Names, texts and the JSON forms of an operation.
 #include "simulator/Operacion.h"
 
+#include "platform/StringLiterals.h"
+
 #include <array>
 #include <utility>
 
@@ -35,16 +37,18 @@ constexpr std::array<Campo, 9> kNumeros{{
 
 QString NombreMetodo(Metodo metodo) {
     for (const auto& [este, nombre] : kNombres) {
-        if (este == metodo)
+        if (este == metodo) {
             return QString::fromLatin1(nombre);
+        }
     }
     return {};
 }
 
 std::optional<Metodo> MetodoDeNombre(const QString& nombre) {
     for (const auto& [metodo, este] : kNombres) {
-        if (nombre == QLatin1String(este))
+        if (nombre == QLatin1String(este)) {
             return metodo;
+        }
     }
     return std::nullopt;
 }
@@ -52,63 +56,67 @@ std::optional<Metodo> MetodoDeNombre(const QString& nombre) {
 QString TextoError(qint32 codigo) {
     switch (codigo) {
     case kSinCambioExacto:
-        return QStringLiteral("No hay piezas para el importe exacto");
+        return u"No hay piezas para el importe exacto"_s;
     case kAtasco:
-        return QStringLiteral("Pieza atascada");
+        return u"Pieza atascada"_s;
     case kCobroSinCambio:
-        return QStringLiteral("No hay cambio para el cobro");
+        return u"No hay cambio para el cobro"_s;
     case kCajonLleno:
-        return QStringLiteral("Cajón de recaudación lleno");
+        return u"Cajón de recaudación lleno"_s;
     case kReinicio:
-        return QStringLiteral("El equipo se ha reiniciado durante la operación");
+        return u"El equipo se ha reiniciado durante la operación"_s;
     default:
-        return QStringLiteral("Fallo del equipo");
+        return u"Fallo del equipo"_s;
     }
 }
 
 QJsonObject Operacion::Estado() const {
     QJsonObject estado{
-        {QStringLiteral("opId"), opId},
-        {QStringLiteral("method"), NombreMetodo(metodo)},
-        {QStringLiteral("state"), acabada ? QStringLiteral("done") : QStringLiteral("running")},
-        {QStringLiteral("paidIn"), entrado},
-        {QStringLiteral("paidOut"), salido},
+        {u"opId"_s, opId},
+        {u"method"_s, NombreMetodo(metodo)},
+        {u"state"_s, acabada ? u"done"_s : u"running"_s},
+        {u"paidIn"_s, entrado},
+        {u"paidOut"_s, salido},
     };
-    if (!acabada)
+    if (!acabada) {
         return estado;
-    estado.insert(QStringLiteral("ok"), ok);
-    estado.insert(QStringLiteral("errorCode"), codigo);
-    estado.insert(QStringLiteral("errorMessage"), mensaje);
-    if (metodo == Metodo::Cajones) {
-        estado.insert(QStringLiteral("coinsValueInCB"), monedasCajon);
-        estado.insert(QStringLiteral("notesValueInCB"), billetesCajon);
-        estado.insert(QStringLiteral("remainingChange"), resta);
     }
-    if (metodo == Metodo::Vaciado)
-        estado.insert(QStringLiteral("value"), vaciado);
+    estado.insert(u"ok"_s, ok);
+    estado.insert(u"errorCode"_s, codigo);
+    estado.insert(u"errorMessage"_s, mensaje);
+    if (metodo == Metodo::Cajones) {
+        estado.insert(u"coinsValueInCB"_s, monedasCajon);
+        estado.insert(u"notesValueInCB"_s, billetesCajon);
+        estado.insert(u"remainingChange"_s, resta);
+    }
+    if (metodo == Metodo::Vaciado) {
+        estado.insert(u"value"_s, vaciado);
+    }
     return estado;
 }
 
 QJsonObject Operacion::AJson() const {
     QJsonObject objeto{
-        {QStringLiteral("opId"), opId},       {QStringLiteral("metodo"), NombreMetodo(metodo)},
-        {QStringLiteral("acabada"), acabada}, {QStringLiteral("ok"), ok},
-        {QStringLiteral("mensaje"), mensaje},
+        {u"opId"_s, opId},       {u"metodo"_s, NombreMetodo(metodo)},
+        {u"acabada"_s, acabada}, {u"ok"_s, ok},
+        {u"mensaje"_s, mensaje},
     };
-    for (const auto& [nombre, miembro] : kNumeros)
+    for (const auto& [nombre, miembro] : kNumeros) {
         objeto.insert(QLatin1String(nombre), this->*miembro);
+    }
     return objeto;
 }
 
 std::optional<Operacion> Operacion::DeJson(const QJsonObject& objeto) {
     Operacion op;
-    const QJsonValue opId = objeto.value(QStringLiteral("opId"));
-    const QJsonValue acabada = objeto.value(QStringLiteral("acabada"));
-    const QJsonValue ok = objeto.value(QStringLiteral("ok"));
-    const QJsonValue mensaje = objeto.value(QStringLiteral("mensaje"));
-    const auto metodo = MetodoDeNombre(objeto.value(QStringLiteral("metodo")).toString());
-    if (!metodo || !opId.isString() || !acabada.isBool() || !ok.isBool() || !mensaje.isString())
+    const QJsonValue opId = objeto.value(u"opId"_s);
+    const QJsonValue acabada = objeto.value(u"acabada"_s);
+    const QJsonValue ok = objeto.value(u"ok"_s);
+    const QJsonValue mensaje = objeto.value(u"mensaje"_s);
+    const auto metodo = MetodoDeNombre(objeto.value(u"metodo"_s).toString());
+    if (!metodo || !opId.isString() || !acabada.isBool() || !ok.isBool() || !mensaje.isString()) {
         return std::nullopt;
+    }
     op.opId = opId.toString();
     op.metodo = *metodo;
     op.acabada = acabada.toBool();
@@ -116,8 +124,9 @@ std::optional<Operacion> Operacion::DeJson(const QJsonObject& objeto) {
     op.mensaje = mensaje.toString();
     for (const auto& [nombre, miembro] : kNumeros) {
         const QJsonValue numero = objeto.value(QLatin1String(nombre));
-        if (!numero.isDouble())
+        if (!numero.isDouble()) {
             return std::nullopt;
+        }
         op.*miembro = numero.toInt();
     }
     return op;

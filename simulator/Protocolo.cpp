@@ -1,6 +1,8 @@
 // Requests of the gateway protocol, as docs/gateway-protocol.md tells them.
 #include "simulator/Protocolo.h"
 
+#include "platform/StringLiterals.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 
@@ -29,29 +31,28 @@ enum Error {
 };
 
 QJsonObject Sobre(const QJsonValue& id) {
-    return {{QStringLiteral("jsonrpc"), QStringLiteral("2.0")}, {QStringLiteral("id"), id}};
+    return {{u"jsonrpc"_s, u"2.0"_s}, {u"id"_s, id}};
 }
 
 QByteArray Resultado(const QJsonValue& id, const QJsonValue& resultado) {
     QJsonObject mensaje = Sobre(id);
-    mensaje.insert(QStringLiteral("result"), resultado);
+    mensaje.insert(u"result"_s, resultado);
     return Linea(mensaje);
 }
 
 QByteArray Fallo(const QJsonValue& id, Error codigo, const QString& texto,
                  const QJsonValue& data = QJsonValue::Undefined) {
-    QJsonObject error{{QStringLiteral("code"), static_cast<int>(codigo)},
-                      {QStringLiteral("message"), texto}};
-    if (!data.isUndefined())
-        error.insert(QStringLiteral("data"), data);
+    QJsonObject error{{u"code"_s, static_cast<int>(codigo)}, {u"message"_s, texto}};
+    if (!data.isUndefined()) {
+        error.insert(u"data"_s, data);
+    }
     QJsonObject mensaje = Sobre(id);
-    mensaje.insert(QStringLiteral("error"), error);
+    mensaje.insert(u"error"_s, error);
     return Linea(mensaje);
 }
 
 QByteArray NoEstaListo(const QJsonValue& id, qint32 codigo) {
-    return Fallo(id, Error::NoListo, TextoError(codigo),
-                 QJsonObject{{QStringLiteral("errorCode"), codigo}});
+    return Fallo(id, Error::NoListo, TextoError(codigo), QJsonObject{{u"errorCode"_s, codigo}});
 }
 
 // An integer of 32 bits; nothing when it is something else.
@@ -59,8 +60,9 @@ std::optional<qint32> Entero(const QJsonValue& valor) {
     const double numero = valor.toDouble(std::numeric_limits<double>::quiet_NaN());
     if (!(numero >= std::numeric_limits<qint32>::min() &&
           numero <= std::numeric_limits<qint32>::max()) ||
-        numero != std::floor(numero))
+        numero != std::floor(numero)) {
         return std::nullopt;
+    }
     return static_cast<qint32>(numero);
 }
 
@@ -68,26 +70,28 @@ std::optional<qint32> Entero(const QJsonValue& valor) {
 bool LeerParametros(const QJsonObject& params, Operacion& op) {
     const auto leer = [&params](const QString& nombre, qint32& destino, auto vale) {
         const auto numero = Entero(params.value(nombre));
-        if (!numero || !vale(*numero))
+        if (!numero || !vale(*numero)) {
             return false;
+        }
         destino = *numero;
         return true;
     };
     switch (op.metodo) {
     case Metodo::Cobro:
-        return leer(QStringLiteral("value"), op.valor, [](qint32) { return true; });
+        return leer(u"value"_s, op.valor, [](qint32) { return true; });
     case Metodo::Pago:
-        return leer(QStringLiteral("value"), op.valor, [](qint32 v) { return v > 0; });
+        return leer(u"value"_s, op.valor, [](qint32 v) { return v > 0; });
     case Metodo::Cajones: {
         const auto modo = [](qint32 v) { return v == 0 || v == 7 || v == 15; };
-        if (!leer(QStringLiteral("mode"), op.valor, modo))
+        if (!leer(u"mode"_s, op.valor, modo)) {
             return false;
+        }
         // Only a close by value leaves something that the client chooses.
         return op.valor != 15 ||
-               leer(QStringLiteral("remainingChange"), op.dejar, [](qint32 v) { return v >= 0; });
+               leer(u"remainingChange"_s, op.dejar, [](qint32 v) { return v >= 0; });
     }
     case Metodo::Vaciado:
-        return leer(QStringLiteral("device"), op.valor, [](qint32 v) { return v == 0 || v == 1; });
+        return leer(u"device"_s, op.valor, [](qint32 v) { return v == 0 || v == 1; });
     default:
         return true;
     }
@@ -123,87 +127,91 @@ QByteArray Linea(const QJsonObject& mensaje) {
 }
 
 QByteArray Notificacion(const QString& metodo, const Operacion& op) {
-    return Linea({{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
-                  {QStringLiteral("method"), metodo},
-                  {QStringLiteral("params"), op.Estado()}});
+    return Linea({{u"jsonrpc"_s, u"2.0"_s}, {u"method"_s, metodo}, {u"params"_s, op.Estado()}});
 }
 
 Protocolo::Atencion Protocolo::Atender(const QByteArray& linea, bool& saludado,
                                        const Acciones& alConectar) {
     const QJsonDocument documento = QJsonDocument::fromJson(linea);
-    if (!documento.isObject())
-        return {
-            Fallo(QJsonValue::Null, Error::NoEsJson, QStringLiteral("una línea es un objeto JSON")),
-            true,
-            false,
-            {}};
+    if (!documento.isObject()) {
+        return {Fallo(QJsonValue::Null, Error::NoEsJson, u"una línea es un objeto JSON"_s),
+                true,
+                false,
+                {}};
+    }
     const QJsonObject mensaje = documento.object();
-    const QJsonValue id = mensaje.value(QStringLiteral("id"));
-    const QJsonValue metodo = mensaje.value(QStringLiteral("method"));
-    const QJsonValue params = mensaje.value(QStringLiteral("params"));
+    const QJsonValue id = mensaje.value(u"id"_s);
+    const QJsonValue metodo = mensaje.value(u"method"_s);
+    const QJsonValue params = mensaje.value(u"params"_s);
     const bool idVale = id.isUndefined() || id.isString() || id.isDouble() || id.isNull();
-    if (mensaje.value(QStringLiteral("jsonrpc")).toString() != QLatin1String("2.0") ||
-        !metodo.isString() || !idVale)
+    if (mensaje.value(u"jsonrpc"_s).toString() != QLatin1String("2.0") || !metodo.isString() ||
+        !idVale) {
         return {Fallo(idVale && !id.isUndefined() ? id : QJsonValue(QJsonValue::Null),
-                      Error::MalaPeticion, QStringLiteral("petición mal formada")),
+                      Error::MalaPeticion, u"petición mal formada"_s),
                 false,
                 false,
                 {}};
-    if (id.isUndefined())
+    }
+    if (id.isUndefined()) {
         return {}; // the protocol has no notification of the client
-    if (!params.isUndefined() && !params.isObject())
-        return {Fallo(id, Error::MalosParametros, QStringLiteral("params es un objeto")),
-                false,
-                false,
-                {}};
+    }
+    if (!params.isUndefined() && !params.isObject()) {
+        return {Fallo(id, Error::MalosParametros, u"params es un objeto"_s), false, false, {}};
+    }
     if (metodo.toString() == QLatin1String("session.hello")) {
         Atencion atencion;
         atencion.acciones = alConectar;
-        if (const auto error = Buscar(alConectar, TipoFallo::Error))
+        if (const auto error = Buscar(alConectar, TipoFallo::Error)) {
             atencion.respuesta = NoEstaListo(id, error->valor);
-        else if (!SinProcesar(alConectar))
+        } else if (!SinProcesar(alConectar)) {
             atencion.respuesta = Saludo(id, params.toObject(), saludado);
+        }
         return atencion;
     }
-    if (!saludado)
-        return {
-            Fallo(id, Error::SinSaludo, QStringLiteral("falta session.hello")), false, false, {}};
+    if (!saludado) {
+        return {Fallo(id, Error::SinSaludo, u"falta session.hello"_s), false, false, {}};
+    }
     return Peticion(metodo.toString(), id, params.toObject());
 }
 
 QByteArray Protocolo::Saludo(const QJsonValue& id, const QJsonObject& params,
                              bool& saludado) const {
-    const auto version = Entero(params.value(QStringLiteral("protocol")));
-    if (!version)
-        return Fallo(id, Error::MalosParametros, QStringLiteral("falta protocol"));
-    if (*version != kVersionProtocolo)
-        return Fallo(id, Error::OtraVersion, QStringLiteral("sólo se habla la versión 1"));
+    const auto version = Entero(params.value(u"protocol"_s));
+    if (!version) {
+        return Fallo(id, Error::MalosParametros, u"falta protocol"_s);
+    }
+    if (*version != kVersionProtocolo) {
+        return Fallo(id, Error::OtraVersion, u"sólo se habla la versión 1"_s);
+    }
     saludado = true;
     const Operacion* const abierta = aparato_.Abierta();
     return Resultado(id, QJsonObject{
-                             {QStringLiteral("protocol"), kVersionProtocolo},
-                             {QStringLiteral("device"), QStringLiteral("ZVSimulador")},
-                             {QStringLiteral("storeId"), aparato_.Ver().storeId},
-                             {QStringLiteral("currency"), QStringLiteral("EUR")},
-                             {QStringLiteral("decimals"), 2},
-                             {QStringLiteral("multiplier"), 100},
-                             {QStringLiteral("openOp"), abierta ? QJsonValue(abierta->Estado())
-                                                                : QJsonValue(QJsonValue::Null)},
+                             {u"protocol"_s, kVersionProtocolo},
+                             {u"device"_s, u"ZVSimulador"_s},
+                             {u"storeId"_s, aparato_.Ver().storeId},
+                             {u"currency"_s, u"EUR"_s},
+                             {u"decimals"_s, 2},
+                             {u"multiplier"_s, 100},
+                             {u"openOp"_s, abierta ? QJsonValue(abierta->Estado())
+                                                   : QJsonValue(QJsonValue::Null)},
                          });
 }
 
 Protocolo::Atencion Protocolo::Peticion(const QString& metodo, const QJsonValue& id,
                                         const QJsonObject& params) {
-    if (const auto arranque = MetodoDeNombre(metodo))
+    if (const auto arranque = MetodoDeNombre(metodo)) {
         return Arranque(*arranque, id, params);
-    if (metodo == QLatin1String("levels.get") || metodo == QLatin1String("device.configuration"))
+    }
+    if (metodo == QLatin1String("levels.get") || metodo == QLatin1String("device.configuration")) {
         return Consulta(metodo, id, params);
+    }
 
     const auto responder = [](QByteArray linea) {
         return Atencion{std::move(linea), false, false, {}};
     };
-    if (metodo == QLatin1String("ping"))
+    if (metodo == QLatin1String("ping")) {
         return responder(Resultado(id, QJsonObject()));
+    }
     if (metodo == QLatin1String("op.last")) {
         const Operacion* const abierta = aparato_.Abierta();
         return responder(
@@ -211,23 +219,27 @@ Protocolo::Atencion Protocolo::Peticion(const QString& metodo, const QJsonValue&
     }
     const bool cancelar = metodo == QLatin1String("op.cancel");
     const bool acusar = metodo == QLatin1String("op.ack");
-    if (!cancelar && !acusar && metodo != QLatin1String("op.status"))
-        return responder(
-            Fallo(id, Error::MetodoDesconocido, QStringLiteral("método desconocido: ") + metodo));
+    if (!cancelar && !acusar && metodo != QLatin1String("op.status")) {
+        return responder(Fallo(id, Error::MetodoDesconocido, u"método desconocido: "_s + metodo));
+    }
 
-    const QString opId = params.value(QStringLiteral("opId")).toString();
-    if (opId.isEmpty())
-        return responder(Fallo(id, Error::MalosParametros, QStringLiteral("falta opId")));
-    if (acusar)
+    const QString opId = params.value(u"opId"_s).toString();
+    if (opId.isEmpty()) {
+        return responder(Fallo(id, Error::MalosParametros, u"falta opId"_s));
+    }
+    if (acusar) {
         aparato_.Acusar(opId);
-    if (acusar)
+    }
+    if (acusar) {
         return responder(Resultado(id, QJsonObject()));
+    }
     const auto op = aparato_.Conocida(opId);
-    if (!op)
-        return responder(
-            Fallo(id, Error::OperacionDesconocida, QStringLiteral("operación desconocida")));
-    if (cancelar)
+    if (!op) {
+        return responder(Fallo(id, Error::OperacionDesconocida, u"operación desconocida"_s));
+    }
+    if (cancelar) {
         aparato_.Cancelar(opId);
+    }
     return responder(Resultado(id, op->Estado()));
 }
 
@@ -238,31 +250,32 @@ Protocolo::Atencion Protocolo::Arranque(Metodo metodo, const QJsonValue& id,
     };
     Operacion op;
     op.metodo = metodo;
-    op.opId = params.value(QStringLiteral("opId")).toString();
-    if (op.opId.isEmpty() || op.opId.size() > kOpIdMaximo)
-        return responder(
-            Fallo(id, Error::MalosParametros, QStringLiteral("opId tiene de 1 a 64 letras")));
+    op.opId = params.value(u"opId"_s).toString();
+    if (op.opId.isEmpty() || op.opId.size() > kOpIdMaximo) {
+        return responder(Fallo(id, Error::MalosParametros, u"opId tiene de 1 a 64 letras"_s));
+    }
     // The same operation again, whatever else is said of it.
-    if (const auto conocida = aparato_.Conocida(op.opId))
+    if (const auto conocida = aparato_.Conocida(op.opId)) {
         return responder(Resultado(id, conocida->Estado()));
-    if (aparato_.Abierta() != nullptr)
-        return responder(
-            Fallo(id, Error::OtraOperacion, QStringLiteral("hay otra operación abierta")));
-    if (!LeerParametros(params, op))
-        return responder(
-            Fallo(id, Error::MalosParametros, QStringLiteral("parámetros fuera de rango")));
+    }
+    if (aparato_.Abierta() != nullptr) {
+        return responder(Fallo(id, Error::OtraOperacion, u"hay otra operación abierta"_s));
+    }
+    if (!LeerParametros(params, op)) {
+        return responder(Fallo(id, Error::MalosParametros, u"parámetros fuera de rango"_s));
+    }
 
     Atencion atencion;
     atencion.acciones = fallos_.Toca(PuntoDe(op));
-    if (SinProcesar(atencion.acciones))
+    if (SinProcesar(atencion.acciones)) {
         return atencion;
+    }
     if (const auto noListo = Buscar(atencion.acciones, TipoFallo::NoListo)) {
         atencion.respuesta = NoEstaListo(id, noListo->valor);
         return atencion;
     }
     if (!aparato_.Empezar(op, atencion.acciones)) {
-        atencion.respuesta =
-            Fallo(id, Error::Interno, QStringLiteral("no se puede guardar la operación"));
+        atencion.respuesta = Fallo(id, Error::Interno, u"no se puede guardar la operación"_s);
         return atencion;
     }
     atencion.operacion = true;
@@ -275,21 +288,25 @@ Protocolo::Atencion Protocolo::Consulta(const QString& metodo, const QJsonValue&
     const bool niveles = metodo == QLatin1String("levels.get");
     Atencion atencion;
     atencion.acciones = fallos_.Toca(niveles ? Punto::Niveles : Punto::Configuracion);
-    if (SinProcesar(atencion.acciones))
+    if (SinProcesar(atencion.acciones)) {
         return atencion;
-    if (const auto descuadre = Buscar(atencion.acciones, TipoFallo::Descuadre))
+    }
+    if (const auto descuadre = Buscar(atencion.acciones, TipoFallo::Descuadre)) {
         aparato_.Descuadrar(descuadre->valor);
-    if (const auto error = Buscar(atencion.acciones, TipoFallo::Error))
+    }
+    if (const auto error = Buscar(atencion.acciones, TipoFallo::Error)) {
         atencion.respuesta = NoEstaListo(id, error->valor);
-    else
+    } else {
         atencion.respuesta = niveles ? Niveles(id, params) : Resultado(id, QJsonObject());
+    }
     return atencion;
 }
 
 QByteArray Protocolo::Niveles(const QJsonValue& id, const QJsonObject& params) const {
-    const auto tipo = Entero(params.value(QStringLiteral("type")));
-    if (!tipo || *tipo < 2 || *tipo > 4)
-        return Fallo(id, Error::MalosParametros, QStringLiteral("type es 2, 3 o 4"));
+    const auto tipo = Entero(params.value(u"type"_s));
+    if (!tipo || *tipo < 2 || *tipo > 4) {
+        return Fallo(id, Error::MalosParametros, u"type es 2, 3 o 4"_s);
+    }
     const Mezcla cuentas = aparato_.Niveles(*tipo);
     QJsonArray noms;
     QJsonArray levels;
@@ -297,8 +314,7 @@ QByteArray Protocolo::Niveles(const QJsonValue& id, const QJsonObject& params) c
         noms.append(kDenominaciones.at(i).valor);
         levels.append(cuentas.at(i));
     }
-    return Resultado(
-        id, QJsonObject{{QStringLiteral("noms"), noms}, {QStringLiteral("levels"), levels}});
+    return Resultado(id, QJsonObject{{u"noms"_s, noms}, {u"levels"_s, levels}});
 }
 
 } // namespace zv::simulador

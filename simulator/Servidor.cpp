@@ -1,6 +1,8 @@
 // Connections, limits, stalls and the notifications of the gateway.
 #include "simulator/Servidor.h"
 
+#include "platform/StringLiterals.h"
+
 #include <QHostAddress>
 
 #include <algorithm>
@@ -19,24 +21,28 @@ Servidor::Servidor(Aparato& aparato, Fallos& fallos, Tiempos tiempos, std::funct
                    QObject* padre)
     : QObject(padre), aparato_(aparato), protocolo_(aparato, fallos), fallos_(fallos),
       matar_(std::move(matar)) {
-    for (QTimer* const timer : {&pausa_, &ausente_, &silencio_})
+    for (QTimer* const timer : {&pausa_, &ausente_, &silencio_}) {
         timer->setSingleShot(true);
+    }
     pausa_.setTimerType(Qt::PreciseTimer);
     ausente_.setInterval(tiempos.ausenteMs);
     silencio_.setInterval(tiempos.silencioMs);
     connect(&pausa_, &QTimer::timeout, this, [this] {
-        for (const QByteArray& linea : std::exchange(retenidas_, {}))
+        for (const QByteArray& linea : std::exchange(retenidas_, {})) {
             Enviar(linea);
+        }
     });
     connect(&ausente_, &QTimer::timeout, this, [this] {
-        if (!aparato_.EnMarcha())
+        if (!aparato_.EnMarcha()) {
             return;
-        Q_EMIT suceso(QStringLiteral("ausente"));
+        }
+        Q_EMIT suceso(u"ausente"_s);
         aparato_.Cancelar(aparato_.Abierta()->opId);
     });
     connect(&silencio_, &QTimer::timeout, this, [this] {
-        if (aparato_.EnMarcha())
+        if (aparato_.EnMarcha()) {
             Soltar();
+        }
     });
     connect(&tcp_, &QTcpServer::newConnection, this, &Servidor::AlConectar);
     connect(&aparato_, &Aparato::progreso, this, &Servidor::AlProgresar);
@@ -45,18 +51,18 @@ Servidor::Servidor(Aparato& aparato, Fallos& fallos, Tiempos tiempos, std::funct
 }
 
 Servidor::~Servidor() {
-    if (cliente_)
+    if (cliente_) {
         cliente_->disconnect(this);
+    }
 }
 
 bool Servidor::Escuchar(quint16 puerto, QString& error) {
-    if (tcp_.listen(QHostAddress::LocalHost, puerto))
+    if (tcp_.listen(QHostAddress::LocalHost, puerto)) {
         return true;
+    }
     error = tcp_.serverError() == QAbstractSocket::AddressInUseError
-                ? QStringLiteral("el puerto %1 está ocupado").arg(puerto)
-                : QStringLiteral("no se puede escuchar en el puerto %1: %2")
-                      .arg(puerto)
-                      .arg(tcp_.errorString());
+                ? u"el puerto %1 está ocupado"_s.arg(puerto)
+                : u"no se puede escuchar en el puerto %1: %2"_s.arg(puerto).arg(tcp_.errorString());
     return false;
 }
 
@@ -66,9 +72,9 @@ void Servidor::AlConectar() {
         cliente_ = nuevo;
         nuevo->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         alConectar_ = fallos_.Toca(Punto::Conexion);
-        Q_EMIT suceso(QStringLiteral("conexión"));
+        Q_EMIT suceso(u"conexión"_s);
         if (const auto rechazo = Buscar(alConectar_, TipoFallo::Rechazar)) {
-            Q_EMIT suceso(QStringLiteral("fallo ") + rechazo->regla);
+            Q_EMIT suceso(u"fallo "_s + rechazo->regla);
             Soltar();
             continue;
         }
@@ -76,14 +82,16 @@ void Servidor::AlConectar() {
         connect(nuevo, &QTcpSocket::disconnected, this, &Servidor::Soltar);
         silencio_.start();
         Q_EMIT cambiado();
-        if (nuevo->bytesAvailable() > 0)
+        if (nuevo->bytesAvailable() > 0) {
             AlLeer();
+        }
     }
 }
 
 void Servidor::Soltar() {
-    if (!cliente_)
+    if (!cliente_) {
         return;
+    }
     QTcpSocket* const viejo = std::exchange(cliente_, nullptr);
     viejo->disconnect(this);
     // What has been written still goes out, but a peer that reads nothing is not waited for.
@@ -93,8 +101,9 @@ void Servidor::Soltar() {
         viejo->deleteLater();
     });
     viejo->disconnectFromHost();
-    if (viejo->state() == QAbstractSocket::UnconnectedState)
+    if (viejo->state() == QAbstractSocket::UnconnectedState) {
         viejo->deleteLater();
+    }
     pendiente_.clear();
     retenidas_.clear();
     alConectar_.clear();
@@ -102,7 +111,7 @@ void Servidor::Soltar() {
     mudo_ = false;
     pausa_.stop();
     silencio_.stop();
-    Q_EMIT suceso(QStringLiteral("desconexión"));
+    Q_EMIT suceso(u"desconexión"_s);
     VigilarAusencia();
     Q_EMIT cambiado();
 }
@@ -112,10 +121,11 @@ void Servidor::CortarEnlace() {
 }
 
 void Servidor::VigilarAusencia() {
-    if (!aparato_.EnMarcha() || HayCliente())
+    if (!aparato_.EnMarcha() || HayCliente()) {
         ausente_.stop();
-    else if (!ausente_.isActive())
+    } else if (!ausente_.isActive()) {
         ausente_.start();
+    }
 }
 
 void Servidor::AlLeer() {
@@ -126,16 +136,19 @@ void Servidor::AlLeer() {
     while (este && cliente_ == este) {
         const qsizetype fin = pendiente_.indexOf('\n', desde);
         const qsizetype largo = (fin < 0 ? pendiente_.size() : fin) - desde;
-        if (largo >= kLineaMaxima)
+        if (largo >= kLineaMaxima) {
             return Soltar();
-        if (fin < 0)
+        }
+        if (fin < 0) {
             break;
+        }
         const QByteArray linea = pendiente_.mid(desde, largo);
         desde = fin + 1;
         Atender(linea);
     }
-    if (este && cliente_ == este)
+    if (este && cliente_ == este) {
         pendiente_.remove(0, desde);
+    }
 }
 
 void Servidor::Atender(const QByteArray& linea) {
@@ -145,27 +158,32 @@ void Servidor::Atender(const QByteArray& linea) {
         VigilarAusencia();
         Q_EMIT cambiado();
     }
-    if (atencion.operacion)
+    if (atencion.operacion) {
         enMarcha_ = atencion.acciones;
-    if (!AntesDeResponder(atencion.acciones, atencion.operacion))
+    }
+    if (!AntesDeResponder(atencion.acciones, atencion.operacion)) {
         return;
+    }
     Enviar(atencion.respuesta);
-    if (Buscar(atencion.acciones, TipoFallo::Repetir) && !atencion.operacion)
+    if (Buscar(atencion.acciones, TipoFallo::Repetir) && !atencion.operacion) {
         Enviar(atencion.respuesta);
+    }
     const bool despues = !atencion.operacion &&
                          Buscar(atencion.acciones, TipoFallo::Cortar, Momento::Despues).has_value();
     if (!atencion.operacion && Buscar(atencion.acciones, TipoFallo::Matar, Momento::Despues)) {
-        if (cliente_)
+        if (cliente_) {
             cliente_->flush();
+        }
         matar_();
     }
-    if (atencion.cerrar || despues)
+    if (atencion.cerrar || despues) {
         Soltar();
+    }
 }
 
 bool Servidor::AntesDeResponder(const Acciones& acciones, bool operacion) {
     for (const Accion& accion : acciones) {
-        Q_EMIT suceso(QStringLiteral("fallo ") + accion.regla);
+        Q_EMIT suceso(u"fallo "_s + accion.regla);
         // In an operation only "before" strikes here; its other moments come with its progress.
         const bool ahora =
             accion.momento == Momento::Antes || (accion.momento == Momento::Durante && !operacion);
@@ -204,46 +222,54 @@ bool Servidor::FallaEn(Momento momento) {
     std::erase_if(enMarcha_, [momento](const Accion& a) {
         return (a.tipo == TipoFallo::Cortar || a.tipo == TipoFallo::Matar) && a.momento == momento;
     });
-    if (muerte)
+    if (muerte) {
         matar_();
-    if (corte)
+    }
+    if (corte) {
         Soltar();
+    }
     return corte || muerte;
 }
 
 void Servidor::AlProgresar(const Operacion& op) {
-    if (FallaEn(Momento::Durante))
+    if (FallaEn(Momento::Durante)) {
         return;
-    Notificar(QStringLiteral("op.progress"), op);
+    }
+    Notificar(u"op.progress"_s, op);
 }
 
 void Servidor::AlAcabar(const Operacion& op) {
     // An operation that moved nothing has had no middle.
     const bool durante = FallaEn(Momento::Durante);
     const bool despues = FallaEn(Momento::Despues);
-    if (!durante && !despues)
-        Notificar(QStringLiteral("op.result"), op);
+    if (!durante && !despues) {
+        Notificar(u"op.result"_s, op);
+    }
     enMarcha_.clear();
 }
 
 void Servidor::Notificar(const QString& metodo, const Operacion& op) {
-    if (!HayCliente())
+    if (!HayCliente()) {
         return; // its hello will tell
+    }
     const QByteArray linea = Notificacion(metodo, op);
     Enviar(linea);
-    if (Buscar(enMarcha_, TipoFallo::Repetir))
+    if (Buscar(enMarcha_, TipoFallo::Repetir)) {
         Enviar(linea);
+    }
 }
 
 void Servidor::Enviar(const QByteArray& linea) {
-    if (!cliente_ || linea.isEmpty() || mudo_)
+    if (!cliente_ || linea.isEmpty() || mudo_) {
         return;
+    }
     if (pausa_.isActive()) {
         retenidas_.append(linea);
         return;
     }
-    if (cliente_->bytesToWrite() > kSinLeerMaximo)
+    if (cliente_->bytesToWrite() > kSinLeerMaximo) {
         return Soltar();
+    }
     cliente_->write(linea);
 }
 

@@ -9,11 +9,13 @@
 namespace zv::simulador {
 
 bool AbrirDinero(Almacen& almacen, Estado& estado, QString& error) {
-    if (!almacen.Abrir(error))
+    if (!almacen.Abrir(error)) {
         return false;
+    }
     const Almacen::Lectura lectura = almacen.Leer(estado, error);
-    if (lectura != Almacen::Lectura::NoExiste)
+    if (lectura != Almacen::Lectura::NoExiste) {
         return lectura == Almacen::Lectura::Bien;
+    }
     estado = {};
     estado.storeId = QUuid::createUuid().toString(QUuid::WithoutBraces);
     estado.inventario = Inventario::Inicial();
@@ -35,11 +37,13 @@ Simulador::Simulador(Opciones opciones, QObject* padre)
 
 bool Simulador::Arrancar(QString& error) {
     Estado estado;
-    if (!AbrirDinero(almacen_, estado, error))
+    if (!AbrirDinero(almacen_, estado, error)) {
         return false;
+    }
     aparato_ = std::make_unique<Aparato>(almacen_, std::move(estado), opciones_.cajones);
-    if (!aparato_->Recuperar(error) || !traza_.Abrir(opciones_.traza, error))
+    if (!aparato_->Recuperar(error) || !traza_.Abrir(opciones_.traza, error)) {
         return false;
+    }
     // As a power cut: nothing is flushed, nothing is said.
     const auto matar = [] { std::raise(SIGKILL); };
     servidor_ = std::make_unique<Servidor>(*aparato_, opciones_.fallos, Servidor::Tiempos{}, matar);

@@ -1,6 +1,8 @@
 // Unbuffered lines in UTF-8.
 #include "simulator/Traza.h"
 
+#include "platform/StringLiterals.h"
+
 #include <cstdio>
 
 namespace zv::simulador {
@@ -14,9 +16,9 @@ bool Traza::Abrir(const QString& fichero, QString& error) {
         salida_.setFileName(fichero);
         bien = salida_.open(modo | QIODevice::Append);
     }
-    if (!bien)
-        error = QStringLiteral("no se puede escribir la traza %1: %2")
-                    .arg(fichero, salida_.errorString());
+    if (!bien) {
+        error = u"no se puede escribir la traza %1: %2"_s.arg(fichero, salida_.errorString());
+    }
     return bien;
 }
 

@@ -17,6 +17,8 @@
 #include <cstdlib>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int kMalaOrden = 2;
@@ -28,7 +30,7 @@ int Decir(std::FILE* donde, const QString& texto, int codigo) {
 }
 
 int Fallar(const QString& error, int codigo) {
-    return Decir(stderr, QStringLiteral("ZVSimulador: %1\n").arg(error), codigo);
+    return Decir(stderr, u"ZVSimulador: %1\n"_s.arg(error), codigo);
 }
 
 std::unique_ptr<QCoreApplication> HacerAplicacion(int& argc, char** argv, bool ventana) {
@@ -54,28 +56,33 @@ int main(int argc, char** argv) {
     constexpr bool kHayVentana = false;
 #endif
     QStringList argumentos;
-    for (int i = 1; i < argc; ++i)
+    for (int i = 1; i < argc; ++i) {
         argumentos.append(QString::fromLocal8Bit(argv[i]));
+    }
     Opciones opciones;
     QString error;
-    if (!LeerOpciones(argumentos, kHayVentana, opciones, error))
+    if (!LeerOpciones(argumentos, kHayVentana, opciones, error)) {
         return Fallar(error, kMalaOrden);
-    if (!opciones.aviso.isEmpty())
+    }
+    if (!opciones.aviso.isEmpty()) {
         return Decir(stdout, opciones.aviso, EXIT_SUCCESS);
+    }
     if (opciones.saldo) {
         qint64 saldo = 0;
-        if (!LeerSaldo(opciones.carpeta, saldo, error))
+        if (!LeerSaldo(opciones.carpeta, saldo, error)) {
             return Fallar(error, EXIT_FAILURE);
-        return Decir(stdout, QStringLiteral("%1\n").arg(saldo), EXIT_SUCCESS);
+        }
+        return Decir(stdout, u"%1\n"_s.arg(saldo), EXIT_SUCCESS);
     }
 
     Terminacion terminacion;
     const bool ventana = opciones.ventana;
     const auto app = HacerAplicacion(argc, argv, ventana);
-    QCoreApplication::setApplicationName(QStringLiteral("ZVSimulador"));
+    QCoreApplication::setApplicationName(u"ZVSimulador"_s);
     Simulador simulador(std::move(opciones));
-    if (!simulador.Arrancar(error))
+    if (!simulador.Arrancar(error)) {
         return Fallar(error, EXIT_FAILURE);
+    }
     QObject::connect(&terminacion, &Terminacion::pedida, app.get(),
                      [] { QCoreApplication::quit(); });
     QObject::connect(
@@ -83,8 +90,7 @@ int main(int argc, char** argv) {
         [](const QString& porque) { QCoreApplication::exit(Fallar(porque, EXIT_FAILURE)); },
         Qt::QueuedConnection);
     terminacion.Escuchar();
-    Decir(stdout,
-          QStringLiteral("escuchando en 127.0.0.1:%1\n").arg(simulador.ElServidor().Puerto()),
+    Decir(stdout, u"escuchando en 127.0.0.1:%1\n"_s.arg(simulador.ElServidor().Puerto()),
           EXIT_SUCCESS);
 #ifdef ZV_SCREENS
     std::unique_ptr<frmSimulador> ventanaPrincipal;

@@ -1,6 +1,8 @@
 // One pass over the arguments.
 #include "zvpos/Argumentos.h"
 
+#include "platform/StringLiterals.h"
+
 #include <algorithm>
 
 namespace zv::zvpos {
@@ -40,31 +42,35 @@ class Lector {
 
   private:
     bool LeerOpcion(const QString& crudo) {
-        if (crudo == QLatin1String("-h"))
-            return Anotar(QStringLiteral("help"), QString());
+        if (crudo == QLatin1String("-h")) {
+            return Anotar(u"help"_s, QString());
+        }
         const qsizetype igual = crudo.indexOf(QLatin1Char('='));
         const bool larga = crudo.startsWith(QLatin1String("--"));
         const QString nombre = larga ? crudo.mid(2, igual < 0 ? -1 : igual - 2) : QString();
         if (banderas_.contains(nombre)) {
-            if (igual >= 0)
-                return Mal(QStringLiteral("--%1 no lleva valor").arg(nombre));
+            if (igual >= 0) {
+                return Mal(u"--%1 no lleva valor"_s.arg(nombre));
+            }
             return Anotar(nombre, QString());
         }
         if (!conValor_.contains(nombre)) {
-            return Mal(QStringLiteral("opción desconocida \"%1\" (delante de un texto que empieza "
-                                      "por - se escribe --)")
-                           .arg(crudo));
+            return Mal(u"opción desconocida \"%1\" (delante de un texto que empieza "
+                       "por - se escribe --)"_s.arg(crudo));
         }
-        if (igual >= 0)
+        if (igual >= 0) {
             return Anotar(nombre, crudo.mid(igual + 1));
+        }
         // The next option is no value: it was forgotten.
-        if (sitio_ + 1 >= crudos_.size() || PareceOpcion(crudos_.at(sitio_ + 1)))
-            return Mal(QStringLiteral("falta el valor de --%1").arg(nombre));
+        if (sitio_ + 1 >= crudos_.size() || PareceOpcion(crudos_.at(sitio_ + 1))) {
+            return Mal(u"falta el valor de --%1"_s.arg(nombre));
+        }
         return Anotar(nombre, crudos_.at(++sitio_));
     }
     bool Anotar(const QString& nombre, const QString& valor) {
-        if (argumentos_.opciones.contains(nombre))
-            return Mal(QStringLiteral("--%1 está repetida").arg(nombre));
+        if (argumentos_.opciones.contains(nombre)) {
+            return Mal(u"--%1 está repetida"_s.arg(nombre));
+        }
         argumentos_.opciones.insert(nombre, valor);
         return true;
     }

@@ -1,6 +1,8 @@
 // Orders and failures of the link.
 #include "zvpos/Ejecucion.h"
 
+#include "platform/StringLiterals.h"
+
 #include <QDeadlineTimer>
 #include <QThread>
 
@@ -14,21 +16,20 @@ namespace {
 constexpr qint64 kEntrePreguntasMs = 250;
 
 Veredicto SinContestar(const Opciones& opciones, const Contestacion& contestacion) {
-    const QString donde = QStringLiteral("%1:%2").arg(opciones.servidor).arg(opciones.puerto);
+    const QString donde = u"%1:%2"_s.arg(opciones.servidor).arg(opciones.puerto);
     const bool cobrar = opciones.orden == Orden::Cobrar;
     QString error;
-    switch (contestacion.clase) {
+    switch (contestacion.kind) {
     case Contestacion::SinConexion:
-        error = QStringLiteral("no hay conexión con el monitor en %1: %2")
-                    .arg(donde, contestacion.texto);
+        error = u"no hay conexión con el monitor en %1: %2"_s.arg(donde, contestacion.texto);
         break;
     default:
-        error = contestacion.clase == Contestacion::Cortada
-                    ? QStringLiteral("el monitor en %1 ha cortado la conexión").arg(donde)
-                    : QStringLiteral("el monitor en %1 no ha contestado a tiempo").arg(donde);
+        error = contestacion.kind == Contestacion::Cortada
+                    ? u"el monitor en %1 ha cortado la conexión"_s.arg(donde)
+                    : u"el monitor en %1 no ha contestado a tiempo"_s.arg(donde);
         if (cobrar) {
-            error += QStringLiteral("; no se sabe si ha tomado la venta: repita la misma orden, "
-                                    "con el mismo ID");
+            error += u"; no se sabe si ha tomado la venta: repita la misma orden, "
+                     "con el mismo ID"_s;
         }
     }
     return {SinRespuesta, {}, error};
@@ -37,15 +38,15 @@ Veredicto SinContestar(const Opciones& opciones, const Contestacion& contestacio
 Veredicto Cobrar(const Opciones& opciones, Enlace& enlace) {
     const Contestacion contestacion =
         enlace.Preguntar(MensajeCobro(opciones.venta), RespuestasCobro(), opciones.plazoMs);
-    return contestacion.clase == Contestacion::Contestada ? JuzgarCobro(contestacion.texto)
-                                                          : SinContestar(opciones, contestacion);
+    return contestacion.kind == Contestacion::Contestada ? JuzgarCobro(contestacion.texto)
+                                                         : SinContestar(opciones, contestacion);
 }
 
 Veredicto Estado(const Opciones& opciones, Enlace& enlace) {
     const Contestacion contestacion =
         enlace.Preguntar(MensajeEstado(opciones.venta.id), RespuestasEstado(), opciones.plazoMs);
-    return contestacion.clase == Contestacion::Contestada ? JuzgarEstado(contestacion.texto)
-                                                          : SinContestar(opciones, contestacion);
+    return contestacion.kind == Contestacion::Contestada ? JuzgarEstado(contestacion.texto)
+                                                         : SinContestar(opciones, contestacion);
 }
 
 // A row in the queue wins over the records of failed attempts, so that anything but "PENDING" is
@@ -62,17 +63,17 @@ Veredicto Esperar(const Opciones& opciones, Enlace& enlace, Tiempo& tiempo) {
         const qint64 plazo = std::max<qint64>(hasta - tiempo.AhoraMs(), opciones.plazoMs);
         const Contestacion contestacion =
             enlace.Preguntar(mensaje, conocidas, static_cast<int>(plazo));
-        Veredicto veredicto = contestacion.clase == Contestacion::Contestada
+        Veredicto veredicto = contestacion.kind == Contestacion::Contestada
                                   ? JuzgarEstado(contestacion.texto)
                                   : SinContestar(opciones, contestacion);
-        const bool otraVez = contestacion.clase == Contestacion::Cortada ||
-                             (contestacion.clase == Contestacion::SinConexion && !primera) ||
+        const bool otraVez = contestacion.kind == Contestacion::Cortada ||
+                             (contestacion.kind == Contestacion::SinConexion && !primera) ||
                              contestacion.texto == QLatin1String("NOK|Failed");
         const qint64 queda = hasta - tiempo.AhoraMs();
         if ((veredicto.codigo != Pendiente && !otraVez) || queda <= 0) {
             if (veredicto.codigo == Pendiente) {
                 veredicto.error =
-                    QStringLiteral("sigue pendiente después de %1 segundos").arg(opciones.segundos);
+                    u"sigue pendiente después de %1 segundos"_s.arg(opciones.segundos);
             }
             return veredicto;
         }

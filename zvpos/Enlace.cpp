@@ -40,8 +40,9 @@ Contestacion EnlaceTcp::Preguntar(const QByteArray& mensaje, const QList<QByteAr
     socket_.write(mensaje);
     socket_.flush();
     Contestacion contestacion = Leer(conocidas, plazoMs);
-    if (contestacion.clase != Contestacion::Contestada)
+    if (contestacion.kind != Contestacion::Contestada) {
         socket_.abort();
+    }
     return contestacion;
 }
 
@@ -50,8 +51,9 @@ bool EnlaceTcp::Conectar() {
     const QDeadlineTimer plazo(plazoConexionMs_);
     socket_.connectToHost(servidor_, puerto_);
     while (!Conectado() && socket_.state() != QAbstractSocket::UnconnectedState &&
-           !plazo.hasExpired())
+           !plazo.hasExpired()) {
         EsperarNovedad(plazo.remainingTime());
+    }
     // A message goes out at once and in one piece.
     socket_.setSocketOption(QAbstractSocket::LowDelayOption, 1);
     return Conectado();
@@ -66,15 +68,19 @@ Contestacion EnlaceTcp::Leer(const QList<QByteArray>& conocidas, int plazoMs) {
         const Avance avance = MirarRespuesta(recibido, conocidas);
         const bool acabado = !Conectado() || plazo.hasExpired();
         const bool callado = llegado.isEmpty() || recibido.size() > kRespuestaMayor;
-        if (avance == Avance::Completa || (avance == Avance::Otra && (acabado || callado)))
+        if (avance == Avance::Completa || (avance == Avance::Otra && (acabado || callado))) {
             return {Contestacion::Contestada, DeCodePage(recibido)};
-        if (!Conectado())
+        }
+        if (!Conectado()) {
             return {Contestacion::Cortada, {}};
-        if (acabado)
+        }
+        if (acabado) {
             return {Contestacion::SinRespuesta, {}};
+        }
         qint64 tope = plazo.remainingTime();
-        if (avance == Avance::Otra)
+        if (avance == Avance::Otra) {
             tope = std::min<qint64>(tope, kSilencioMs);
+        }
         EsperarNovedad(tope);
     }
 }
@@ -85,8 +91,9 @@ bool EnlaceTcp::Conectado() const {
 
 // Until bytes come, the state of the connection changes, or the time is over.
 void EnlaceTcp::EsperarNovedad(qint64 topeMs) {
-    if (socket_.bytesAvailable() > 0)
+    if (socket_.bytesAvailable() > 0) {
         return;
+    }
     QEventLoop bucle;
     QTimer::singleShot(std::max<qint64>(topeMs, 0), &bucle, [&bucle] { bucle.quit(); });
     QObject::connect(&socket_, &QTcpSocket::readyRead, &bucle, &QEventLoop::quit);

@@ -9,13 +9,13 @@
 namespace zv::zvpos {
 
 struct Contestacion {
-    enum Clase {
+    enum Kind {
         Contestada,
         SinConexion,  // nobody there
         SinRespuesta, // sent, and no answer in time
         Cortada       // sent, and the connection has gone
     };
-    Clase clase = SinConexion;
+    Kind kind = SinConexion;
     QString texto; // the answer, or what the system says about the failure
 };
 

@@ -2,6 +2,7 @@
 #include "zvpos/Mensajes.h"
 
 #include "platform/CodePage.h"
+#include "platform/StringLiterals.h"
 
 #include <algorithm>
 
@@ -39,14 +40,13 @@ QString UnaLinea(const QString& texto) {
 Veredicto NoEntendida(const QString& respuesta) {
     return {SinRespuesta,
             {},
-            QStringLiteral("no se entiende la respuesta \"%1\"; ¿es un ZVMonitor?")
-                .arg(UnaLinea(respuesta))};
+            u"no se entiende la respuesta \"%1\"; ¿es un ZVMonitor?"_s.arg(UnaLinea(respuesta))};
 }
 
 } // namespace
 
 QByteArray MensajeCobro(const Venta& venta) {
-    QStringList campos{QStringLiteral("C"),
+    QStringList campos{u"C"_s,
                        venta.id,
                        QString::number(venta.importe),
                        venta.id2,
@@ -59,8 +59,9 @@ QByteArray MensajeCobro(const Venta& venta) {
     constexpr qsizetype kObligados = 3;
     while (campos.size() > kObligados &&
            (campos.last().isEmpty() ||
-            (campos.size() == kCaja + 1 && campos.last() == QLatin1String("0"))))
+            (campos.size() == kCaja + 1 && campos.last() == QLatin1String("0")))) {
         campos.removeLast();
+    }
     return ACodePage(campos.join(QLatin1Char('|')));
 }
 
@@ -70,8 +71,9 @@ QByteArray MensajeEstado(const QString& id) {
 
 QList<QByteArray> RespuestasCobro() {
     QList<QByteArray> todas{kAñadida, kExiste};
-    for (const Motivo& motivo : kMotivos)
+    for (const Motivo& motivo : kMotivos) {
         todas.append(motivo.respuesta);
+    }
     return todas;
 }
 
@@ -80,8 +82,9 @@ QList<QByteArray> RespuestasEstado() {
 }
 
 Avance MirarRespuesta(const QByteArray& recibido, const QList<QByteArray>& conocidas) {
-    if (conocidas.contains(recibido))
+    if (conocidas.contains(recibido)) {
         return Avance::Completa;
+    }
     const bool empezada =
         std::any_of(conocidas.begin(), conocidas.end(),
                     [&](const QByteArray& conocida) { return conocida.startsWith(recibido); });
@@ -89,40 +92,43 @@ Avance MirarRespuesta(const QByteArray& recibido, const QList<QByteArray>& conoc
 }
 
 Veredicto JuzgarCobro(const QString& respuesta) {
-    if (respuesta == QLatin1String(kAñadida))
-        return {Bien, QStringLiteral("Added"), {}};
-    if (!respuesta.startsWith(kRechazado))
+    if (respuesta == QLatin1String(kAñadida)) {
+        return {Bien, u"Added"_s, {}};
+    }
+    if (!respuesta.startsWith(kRechazado)) {
         return NoEntendida(respuesta);
+    }
     const QString salida = UnaLinea(respuesta.mid(kRechazado.size()));
     if (respuesta == QLatin1String(kExiste)) {
-        return {YaExiste, salida,
-                QStringLiteral("ya hay una venta con ese ID; no se ha puesto otra")};
+        return {YaExiste, salida, u"ya hay una venta con ese ID; no se ha puesto otra"_s};
     }
     for (const Motivo& motivo : kMotivos) {
-        if (respuesta == QLatin1String(motivo.respuesta))
+        if (respuesta == QLatin1String(motivo.respuesta)) {
             return {NoAceptada, salida, QString::fromUtf8(motivo.texto)};
+        }
     }
-    return {NoAceptada, salida, QStringLiteral("el monitor no ha aceptado la venta")};
+    return {NoAceptada, salida, u"el monitor no ha aceptado la venta"_s};
 }
 
 Veredicto JuzgarEstado(const QString& respuesta) {
     if (respuesta == QLatin1String(kSinVenta)) {
-        return {Desconocida, QStringLiteral("Not found"),
-                QStringLiteral("no hay ninguna venta con ese ID")};
+        return {Desconocida, u"Not found"_s, u"no hay ninguna venta con ese ID"_s};
     }
     if (respuesta == QLatin1String(kFallo)) {
-        return {
-            SinRespuesta, {}, QStringLiteral("el monitor no ha podido mirar en su base de datos")};
+        return {SinRespuesta, {}, u"el monitor no ha podido mirar en su base de datos"_s};
     }
     // "Added" answers another message: no state of a sale.
-    if (!respuesta.startsWith(kAceptado) || respuesta == QLatin1String(kAñadida))
+    if (!respuesta.startsWith(kAceptado) || respuesta == QLatin1String(kAñadida)) {
         return NoEntendida(respuesta);
+    }
     const QString estado = respuesta.mid(kAceptado.size());
     const QString salida = UnaLinea(estado);
-    if (estado == QLatin1String("OK"))
+    if (estado == QLatin1String("OK")) {
         return {Bien, salida, {}};
-    if (estado == QLatin1String("PENDING"))
+    }
+    if (estado == QLatin1String("PENDING")) {
         return {Pendiente, salida, {}};
+    }
     return {NoAceptada, salida, {}};
 }
 

@@ -1,6 +1,8 @@
 // The command line of zvpos.
 #pragma once
 
+#include "platform/StringLiterals.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -22,7 +24,7 @@ struct Venta {
 struct Opciones {
     Orden orden = Orden::Estado;
     Venta venta; // Estado and Esperar use its id alone
-    QString servidor = QStringLiteral("127.0.0.1");
+    QString servidor = u"127.0.0.1"_s;
     quint16 puerto = 16501;
     int plazoMs = 5000; // for an answer
     int segundos = 0;   // Esperar: how long in all

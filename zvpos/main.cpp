@@ -6,6 +6,8 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 void Decir(std::FILE* donde, const QString& texto) {
@@ -19,13 +21,14 @@ int main(int argc, char** argv) {
     using namespace zv::zvpos;
     const QCoreApplication app(argc, argv);
     QStringList argumentos;
-    for (int i = 1; i < argc; ++i)
+    for (int i = 1; i < argc; ++i) {
         argumentos.append(QString::fromLocal8Bit(argv[i]));
+    }
 
     Opciones opciones;
     QString error;
     if (!LeerOpciones(argumentos, opciones, error)) {
-        Decir(stderr, QStringLiteral("zvpos: %1\nzvpos --help dice cómo se usa.\n").arg(error));
+        Decir(stderr, u"zvpos: %1\nzvpos --help dice cómo se usa.\n"_s.arg(error));
         return MalEscrita;
     }
     if (!opciones.aviso.isEmpty()) {
@@ -35,9 +38,11 @@ int main(int argc, char** argv) {
     EnlaceTcp enlace(opciones.servidor, opciones.puerto, opciones.plazoMs);
     TiempoReal tiempo;
     const Veredicto veredicto = Ejecutar(opciones, enlace, tiempo);
-    if (!veredicto.salida.isEmpty())
+    if (!veredicto.salida.isEmpty()) {
         Decir(stdout, veredicto.salida + QLatin1Char('\n'));
-    if (!veredicto.error.isEmpty())
-        Decir(stderr, QStringLiteral("zvpos: %1\n").arg(veredicto.error));
+    }
+    if (!veredicto.error.isEmpty()) {
+        Decir(stderr, u"zvpos: %1\n"_s.arg(veredicto.error));
+    }
     return veredicto.codigo;
 }

@@ -1,6 +1,7 @@
 // Painting of the pieces; their relative sizes are those of the real ones.
 #include "simulator/screens/BotonPieza.h"
 
+#include "platform/StringLiterals.h"
 #include "simulator/Dinero.h"
 #include "simulator/screens/Textos.h"
 #include "ui/screens/Tema.h"
@@ -53,10 +54,9 @@ constexpr QSize kBillete(132, 66);
 } // namespace
 
 BotonPieza::BotonPieza(qint32 valor, QWidget* padre) : QAbstractButton(padre), valor_(valor) {
-    setObjectName(QStringLiteral("pieza_%1").arg(valor));
-    setAccessibleName(
-        (valor <= kMonedaMayor ? QStringLiteral("Moneda de ") : QStringLiteral("Billete de ")) +
-        TextoPieza(valor));
+    setObjectName(u"pieza_%1"_s.arg(valor));
+    setAccessibleName((valor <= kMonedaMayor ? u"Moneda de "_s : u"Billete de "_s) +
+                      TextoPieza(valor));
     setFocusPolicy(Qt::StrongFocus);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
@@ -72,12 +72,14 @@ QSize BotonPieza::minimumSizeHint() const {
 void BotonPieza::paintEvent(QPaintEvent*) {
     QPainter pintor(this);
     pintor.setRenderHint(QPainter::Antialiasing);
-    if (!isEnabled())
+    if (!isEnabled()) {
         pintor.setOpacity(0.35);
-    if (valor_ <= kMonedaMayor)
+    }
+    if (valor_ <= kMonedaMayor) {
         PintarMoneda(pintor);
-    else
+    } else {
         PintarBillete(pintor);
+    }
 }
 
 void BotonPieza::PintarMoneda(QPainter& pintor) const {
@@ -110,8 +112,9 @@ void BotonPieza::PintarBillete(QPainter& pintor) const {
     const qreal ancho = std::min({width() - 8.0, (height() - 8.0) * 2.1, 220.0}) * aspecto.tamaño;
     const qreal alto = std::min(height() - 8.0, ancho / 1.9);
     QRectF papel((width() - ancho) / 2, (height() - alto) / 2, ancho, alto);
-    if (isDown())
+    if (isDown()) {
         papel.translate(0, 2);
+    }
     if (hasFocus()) {
         pintor.setPen(QPen(tema::kResalte, 3));
         pintor.setBrush(Qt::NoBrush);

@@ -1,6 +1,7 @@
 // The card of the operation.
 #include "simulator/screens/PanelOperacion.h"
 
+#include "platform/StringLiterals.h"
 #include "simulator/screens/Textos.h"
 #include "ui/screens/Tema.h"
 
@@ -55,21 +56,19 @@ QString TextoPedido(const Operacion& op) {
 
 PanelOperacion::PanelOperacion(Aparato& aparato, QWidget* padre)
     : QFrame(padre), aparato_(aparato),
-      titulo_(Rotulo(QStringLiteral("titulo"), tema::Fuente(22, true), Qt::AlignLeft)),
-      estado_(Rotulo(QStringLiteral("estado"), tema::Fuente(16), Qt::AlignLeft | Qt::AlignVCenter)),
-      pedido_(Rotulo(QStringLiteral("pedido"), tema::FuenteImporte(44), Qt::AlignRight)),
-      entrado_(Rotulo(QStringLiteral("entrado"), tema::FuenteImporte(24), Qt::AlignRight)),
-      salido_(Rotulo(QStringLiteral("salido"), tema::FuenteImporte(24), Qt::AlignRight)),
-      cancelar_(
-          Tecla(QStringLiteral("cancelar"), QStringLiteral("Cancelar"), tema::Papel::Peligro)),
-      terminar_(
-          Tecla(QStringLiteral("terminar"), QStringLiteral("Terminar"), tema::Papel::Principal)) {
+      titulo_(Rotulo(u"titulo"_s, tema::Fuente(22, true), Qt::AlignLeft)),
+      estado_(Rotulo(u"estado"_s, tema::Fuente(16), Qt::AlignLeft | Qt::AlignVCenter)),
+      pedido_(Rotulo(u"pedido"_s, tema::FuenteImporte(44), Qt::AlignRight)),
+      entrado_(Rotulo(u"entrado"_s, tema::FuenteImporte(24), Qt::AlignRight)),
+      salido_(Rotulo(u"salido"_s, tema::FuenteImporte(24), Qt::AlignRight)),
+      cancelar_(Tecla(u"cancelar"_s, u"Cancelar"_s, tema::Papel::Peligro)),
+      terminar_(Tecla(u"terminar"_s, u"Terminar"_s, tema::Papel::Principal)) {
     estado_->setWordWrap(true);
     auto* const importes = new QGridLayout;
     importes->setVerticalSpacing(2);
-    importes->addWidget(Leyenda(QStringLiteral("Ha entrado")), 0, 0);
+    importes->addWidget(Leyenda(u"Ha entrado"_s), 0, 0);
     importes->addWidget(entrado_, 0, 1);
-    importes->addWidget(Leyenda(QStringLiteral("Ha salido")), 1, 0);
+    importes->addWidget(Leyenda(u"Ha salido"_s), 1, 0);
     importes->addWidget(salido_, 1, 1);
     auto* const teclas = new QHBoxLayout;
     teclas->setSpacing(16);
@@ -86,8 +85,9 @@ PanelOperacion::PanelOperacion(Aparato& aparato, QWidget* padre)
     columna->addLayout(teclas);
 
     connect(cancelar_, &QPushButton::clicked, this, [this] {
-        if (const Operacion* const op = aparato_.Abierta())
+        if (const Operacion* const op = aparato_.Abierta()) {
             aparato_.Cancelar(op->opId);
+        }
     });
     connect(terminar_, &QPushButton::clicked, this, [this] { aparato_.Terminar(); });
     Refrescar();
@@ -101,8 +101,8 @@ void PanelOperacion::Refrescar() {
     } else if (hayUltima) {
         MostrarUna(aparato_.Ver().recientes.back());
     } else {
-        titulo_->setText(QStringLiteral("En espera"));
-        estado_->setText(QStringLiteral("Ninguna operación todavía"));
+        titulo_->setText(u"En espera"_s);
+        estado_->setText(u"Ninguna operación todavía"_s);
         pedido_->setText(TextoImporte(0));
         entrado_->setText(TextoImporte(0));
         salido_->setText(TextoImporte(0));
@@ -117,11 +117,12 @@ void PanelOperacion::Refrescar() {
 
 void PanelOperacion::MostrarUna(const Operacion& op) {
     titulo_->setText(TituloOperacion(op));
-    QString estado = QStringLiteral("Trabajando");
-    if (aparato_.Admite())
-        estado = QStringLiteral("Toque monedas y billetes para meterlos");
-    else if (op.acabada)
-        estado = TextoFin(op) + (aparato_.Abierta() ? QStringLiteral(" (sin acuse)") : QString());
+    QString estado = u"Trabajando"_s;
+    if (aparato_.Admite()) {
+        estado = u"Toque monedas y billetes para meterlos"_s;
+    } else if (op.acabada) {
+        estado = TextoFin(op) + (aparato_.Abierta() ? u" (sin acuse)"_s : QString());
+    }
     estado_->setText(estado);
     tema::PonerColorTexto(*estado_,
                           op.acabada && op.codigo > 0 ? tema::kRojoTexto : tema::kTextoTenue);

@@ -1,6 +1,7 @@
 // Painting of the level bars.
 #include "simulator/screens/TablaNiveles.h"
 
+#include "platform/StringLiterals.h"
 #include "simulator/screens/Textos.h"
 #include "ui/screens/Tema.h"
 
@@ -21,8 +22,9 @@ constexpr int kAnchoCajon = 70;
 } // namespace
 
 QColor ColorEstado(int estado) {
-    if (estado >= 2)
+    if (estado >= 2) {
         return tema::kRojo;
+    }
     return estado == 1 ? tema::kAmbar : tema::kVerde;
 }
 
@@ -31,8 +33,9 @@ void PintarBarra(QPainter& pintor, const QRectF& barra, qreal lleno, const QColo
     pintor.setPen(Qt::NoPen);
     pintor.setBrush(tema::kFilaPar.darker(106));
     pintor.drawRoundedRect(barra, redondo, redondo);
-    if (lleno <= 0)
+    if (lleno <= 0) {
         return;
+    }
     // Never narrower than round: a single piece is seen too.
     QRectF parte = barra;
     parte.setWidth(std::clamp(barra.width() * lleno, barra.height(), barra.width()));
@@ -41,7 +44,7 @@ void PintarBarra(QPainter& pintor, const QRectF& barra, qreal lleno, const QColo
 }
 
 TablaNiveles::TablaNiveles(QWidget* padre) : QWidget(padre) {
-    setAccessibleName(QStringLiteral("Niveles"));
+    setAccessibleName(u"Niveles"_s);
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
 }
 
@@ -72,11 +75,10 @@ void TablaNiveles::paintEvent(QPaintEvent*) {
     pintor.setPen(tema::kTextoTenue);
     pintor.setFont(tema::Fuente(14));
     pintor.drawText(celda(0, desde, hasta - desde), Qt::AlignVCenter | Qt::AlignLeft,
-                    QStringLiteral("Reciclador (marcas: óptimo, tope)"));
-    pintor.drawText(celda(0, hasta, kAnchoCuenta), Qt::AlignVCenter | Qt::AlignRight,
-                    QStringLiteral("piezas"));
+                    u"Reciclador (marcas: óptimo, tope)"_s);
+    pintor.drawText(celda(0, hasta, kAnchoCuenta), Qt::AlignVCenter | Qt::AlignRight, u"piezas"_s);
     pintor.drawText(celda(0, hasta + kAnchoCuenta, kAnchoCajon), Qt::AlignVCenter | Qt::AlignRight,
-                    QStringLiteral("cajón"));
+                    u"cajón"_s);
 
     for (std::size_t i = 0; i < kCuantas; ++i) {
         const Denominacion& d = kDenominaciones.at(i);
@@ -95,7 +97,7 @@ void TablaNiveles::paintEvent(QPaintEvent*) {
             pintor.setPen(tema::kTextoTenue);
             pintor.setFont(tema::Fuente(13));
             pintor.drawText(celda(fila, desde, hasta - desde), Qt::AlignVCenter | Qt::AlignLeft,
-                            QStringLiteral("sólo al cajón"));
+                            u"sólo al cajón"_s);
             continue;
         }
         const int piezas = inventario_.reciclador.at(i);
@@ -105,13 +107,14 @@ void TablaNiveles::paintEvent(QPaintEvent*) {
         pintor.setPen(QPen(tema::kTextoTenue, 1.5));
         for (const int marca : {d.optimo, d.objetivo}) {
             const qreal x = barra.left() + barra.width() * marca / caben;
-            if (marca > 0)
+            if (marca > 0) {
                 pintor.drawLine(QPointF(x, barra.top() - 1), QPointF(x, barra.bottom() + 1));
+            }
         }
         pintor.setPen(estado == 2 ? tema::kRojoTexto : tema::kTexto);
         pintor.setFont(tema::FuenteImporte(15, estado > 0));
         pintor.drawText(celda(fila, hasta, kAnchoCuenta), Qt::AlignVCenter | Qt::AlignRight,
-                        QStringLiteral("%1 / %2").arg(piezas).arg(d.capacidad));
+                        u"%1 / %2"_s.arg(piezas).arg(d.capacidad));
     }
 }
 

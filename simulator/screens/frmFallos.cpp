@@ -1,6 +1,7 @@
 // Each button adds one rule that strikes once.
 #include "simulator/screens/frmFallos.h"
 
+#include "platform/StringLiterals.h"
 #include "ui/screens/Tema.h"
 
 #include <QGridLayout>
@@ -50,9 +51,9 @@ QPushButton* Boton(const QString& texto, tema::Papel papel) {
 } // namespace
 
 frmFallos::frmFallos(Simulador& simulador, QWidget* padre)
-    : VentanaSinBorde(QStringLiteral("frmFallos"), padre), simulador_(simulador) {
-    PonerTitulo(QStringLiteral("Fallos a demanda"));
-    auto* const explicacion = new QLabel(QStringLiteral("Para la próxima operación:"));
+    : FramelessWindow(u"frmFallos"_s, padre), simulador_(simulador) {
+    PonerTitulo(u"Fallos a demanda"_s);
+    auto* const explicacion = new QLabel(u"Para la próxima operación:"_s);
     Cuerpo()->addWidget(explicacion);
     auto* const rejilla = new QGridLayout;
     rejilla->setSpacing(10);
@@ -68,15 +69,15 @@ frmFallos::frmFallos(Simulador& simulador, QWidget* padre)
     Cuerpo()->addLayout(rejilla);
     auto* const pie = new QHBoxLayout;
     pie->setSpacing(10);
-    auto* const quitar = Boton(QStringLiteral("Quitar todos"), tema::Papel::Principal);
-    quitar->setObjectName(QStringLiteral("quitar"));
+    auto* const quitar = Boton(u"Quitar todos"_s, tema::Papel::Principal);
+    quitar->setObjectName(u"quitar"_s);
     connect(quitar, &QPushButton::clicked, this, [this] {
         simulador_.LosFallos().Borrar();
         Q_EMIT cambiados();
         accept();
     });
-    auto* const cortar = Boton(QStringLiteral("Cortar el enlace ahora"), tema::Papel::Peligro);
-    cortar->setObjectName(QStringLiteral("cortar"));
+    auto* const cortar = Boton(u"Cortar el enlace ahora"_s, tema::Papel::Peligro);
+    cortar->setObjectName(u"cortar"_s);
     connect(cortar, &QPushButton::clicked, this, [this] {
         simulador_.ElServidor().CortarEnlace();
         accept();

@@ -2,11 +2,11 @@
 #pragma once
 
 #include "simulator/Simulador.h"
-#include "ui/screens/VentanaSinBorde.h"
+#include "ui/screens/FramelessWindow.h"
 
 namespace zv::simulador {
 
-class frmFallos final : public VentanaSinBorde {
+class frmFallos final : public FramelessWindow {
     Q_OBJECT
 
   public:

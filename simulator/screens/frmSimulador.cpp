@@ -1,6 +1,7 @@
 // Building and refreshing of the simulator's window.
 #include "simulator/screens/frmSimulador.h"
 
+#include "platform/StringLiterals.h"
 #include "simulator/screens/BotonPieza.h"
 #include "simulator/screens/PanelOperacion.h"
 #include "simulator/screens/TablaNiveles.h"
@@ -44,8 +45,8 @@ frmSimulador::frmSimulador(Simulador& simulador, QWidget* padre)
     : QWidget(padre), simulador_(simulador), operacion_(new PanelOperacion(simulador.ElAparato())),
       enlace_(new QLabel), saldo_(new QLabel), fallos_(new QPushButton), cliente_(new QComboBox),
       niveles_(new TablaNiveles), sucesos_(new QListWidget) {
-    setObjectName(QStringLiteral("frmSimulador"));
-    setWindowTitle(QStringLiteral("ZVSimulador"));
+    setObjectName(u"frmSimulador"_s);
+    setWindowTitle(u"ZVSimulador"_s);
     auto* const izquierda = new QVBoxLayout;
     izquierda->setSpacing(kMargen);
     izquierda->addWidget(operacion_);
@@ -69,8 +70,9 @@ frmSimulador::frmSimulador(Simulador& simulador, QWidget* padre)
     refresco_.setInterval(kRefrescoMs);
     connect(&refresco_, &QTimer::timeout, this, &frmSimulador::Refrescar);
     const auto pronto = [this] {
-        if (!refresco_.isActive())
+        if (!refresco_.isActive()) {
             refresco_.start();
+        }
     };
     connect(&simulador.ElAparato(), &Aparato::cambiado, this, pronto);
     connect(&simulador.ElServidor(), &Servidor::cambiado, this, pronto);
@@ -81,13 +83,13 @@ frmSimulador::frmSimulador(Simulador& simulador, QWidget* padre)
 
 QFrame* frmSimulador::HacerCabecera() {
     auto* const cabecera = new QFrame;
-    cabecera->setObjectName(QStringLiteral("frameCab"));
+    cabecera->setObjectName(u"frameCab"_s);
     cabecera->setFixedHeight(tema::kAltoCabecera);
-    auto* const titulo = new QLabel(QStringLiteral("ZVSimulador"));
+    auto* const titulo = new QLabel(u"ZVSimulador"_s);
     titulo->setFont(tema::Fuente(20, true));
-    enlace_->setObjectName(QStringLiteral("enlace"));
+    enlace_->setObjectName(u"enlace"_s);
     enlace_->setFont(tema::Fuente(16));
-    saldo_->setObjectName(QStringLiteral("saldo"));
+    saldo_->setObjectName(u"saldo"_s);
     saldo_->setFont(tema::FuenteImporte(22));
     auto* const fila = new QHBoxLayout(cabecera);
     fila->setContentsMargins(kMargen + 4, 0, kMargen + 4, 0);
@@ -103,8 +105,9 @@ QFrame* frmSimulador::HacerDinero() {
     auto* const tarjeta = Tarjeta();
     auto* const monedas = new QGridLayout;
     auto* const billetes = new QGridLayout;
-    for (QGridLayout* const rejilla : {monedas, billetes})
+    for (QGridLayout* const rejilla : {monedas, billetes}) {
         rejilla->setSpacing(4);
+    }
     int moneda = 0;
     int billete = 0;
     for (std::size_t i = 0; i < kCuantas; ++i) {
@@ -121,17 +124,18 @@ QFrame* frmSimulador::HacerDinero() {
         piezas_.push_back(pieza);
     }
 
-    cliente_->setObjectName(QStringLiteral("cliente"));
-    cliente_->setAccessibleName(QStringLiteral("Cliente"));
-    for (const auto& [texto, guion] : {std::pair{QStringLiteral("Cliente: usted"), Guion::Manual},
-                                       {QStringLiteral("Cliente: exacto"), Guion::Exacto},
-                                       {QStringLiteral("Cliente: redondeo"), Guion::Redondeo}})
+    cliente_->setObjectName(u"cliente"_s);
+    cliente_->setAccessibleName(u"Cliente"_s);
+    for (const auto& [texto, guion] : {std::pair{u"Cliente: usted"_s, Guion::Manual},
+                                       {u"Cliente: exacto"_s, Guion::Exacto},
+                                       {u"Cliente: redondeo"_s, Guion::Redondeo}}) {
         cliente_->addItem(texto, static_cast<int>(guion));
+    }
     cliente_->setCurrentIndex(cliente_->findData(static_cast<int>(simulador_.ElMotor().ElGuion())));
     connect(cliente_, &QComboBox::currentIndexChanged, this, [this] {
         simulador_.ElMotor().PonerGuion(static_cast<Guion>(cliente_->currentData().toInt()));
     });
-    fallos_->setObjectName(QStringLiteral("fallos"));
+    fallos_->setObjectName(u"fallos"_s);
     tema::PonerPapel(*fallos_, tema::Papel::Normal);
     connect(fallos_, &QPushButton::clicked, this, &frmSimulador::AbrirFallos);
     auto* const pie = new QHBoxLayout;
@@ -153,7 +157,7 @@ QFrame* frmSimulador::HacerNiveles() {
     auto* const columna = new QVBoxLayout(tarjeta);
     columna->setContentsMargins(0, 0, 0, 0);
     columna->setSpacing(4);
-    columna->addWidget(Encabezado(QStringLiteral("Niveles")));
+    columna->addWidget(Encabezado(u"Niveles"_s));
     columna->addWidget(niveles_, 1);
     columna->addSpacing(4);
     cajones_ = {HacerCajon(Cajon::Monedas, *columna), HacerCajon(Cajon::Billetes, *columna)};
@@ -162,18 +166,16 @@ QFrame* frmSimulador::HacerNiveles() {
 
 frmSimulador::FilaCajon frmSimulador::HacerCajon(Cajon cual, QVBoxLayout& columna) {
     const bool monedas = cual == Cajon::Monedas;
-    auto* const nombre = new QLabel(monedas ? QStringLiteral("Cajón de monedas")
-                                            : QStringLiteral("Cajón de billetes"));
+    auto* const nombre = new QLabel(monedas ? u"Cajón de monedas"_s : u"Cajón de billetes"_s);
     nombre->setFont(tema::Fuente(15));
     nombre->setMinimumWidth(136);
-    FilaCajon fila{new QLabel, new BarraCajon, new QPushButton(QStringLiteral("Retirar"))};
-    fila.valor->setObjectName(QStringLiteral("cajon_%1").arg(static_cast<int>(cual)));
+    FilaCajon fila{new QLabel, new BarraCajon, new QPushButton(u"Retirar"_s)};
+    fila.valor->setObjectName(u"cajon_%1"_s.arg(static_cast<int>(cual)));
     fila.valor->setFont(tema::FuenteImporte(17));
     fila.valor->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     fila.valor->setMinimumWidth(108);
-    fila.retirar->setObjectName(QStringLiteral("retirar_%1").arg(static_cast<int>(cual)));
-    fila.retirar->setAccessibleName(QStringLiteral("Retirar a mano el ") +
-                                    nombre->text().toLower());
+    fila.retirar->setObjectName(u"retirar_%1"_s.arg(static_cast<int>(cual)));
+    fila.retirar->setAccessibleName(u"Retirar a mano el "_s + nombre->text().toLower());
     tema::PonerPapel(*fila.retirar, tema::Papel::Normal);
     connect(fila.retirar, &QPushButton::clicked, this,
             [this, cual] { simulador_.ElAparato().RetirarAMano(cual); });
@@ -189,8 +191,8 @@ frmSimulador::FilaCajon frmSimulador::HacerCajon(Cajon cual, QVBoxLayout& column
 
 QFrame* frmSimulador::HacerSucesos() {
     auto* const tarjeta = Tarjeta();
-    sucesos_->setObjectName(QStringLiteral("sucesos"));
-    sucesos_->setAccessibleName(QStringLiteral("Últimos sucesos"));
+    sucesos_->setObjectName(u"sucesos"_s);
+    sucesos_->setAccessibleName(u"Últimos sucesos"_s);
     sucesos_->setFont(tema::Fuente(14));
     sucesos_->setFocusPolicy(Qt::NoFocus);
     sucesos_->setSelectionMode(QAbstractItemView::NoSelection);
@@ -199,7 +201,7 @@ QFrame* frmSimulador::HacerSucesos() {
     auto* const columna = new QVBoxLayout(tarjeta);
     columna->setContentsMargins(0, 0, 0, 0);
     columna->setSpacing(4);
-    columna->addWidget(Encabezado(QStringLiteral("Últimos sucesos")));
+    columna->addWidget(Encabezado(u"Últimos sucesos"_s));
     columna->addWidget(sucesos_, 1);
     return tarjeta;
 }
@@ -215,29 +217,29 @@ void frmSimulador::Anotar(const QString& linea) {
     // A start has its stamp and its id for programs; people need neither.
     const QString breve =
         linea.startsWith(QLatin1String("inicio ")) ? linea.section(QChar(u' '), 0, 2) : linea;
-    sucesos_->insertItem(0, QTime::currentTime().toString(QStringLiteral("HH:mm:ss  ")) + breve);
-    if (sucesos_->count() > kSucesosMaximos)
+    sucesos_->insertItem(0, QTime::currentTime().toString(u"HH:mm:ss  "_s) + breve);
+    if (sucesos_->count() > kSucesosMaximos) {
         delete sucesos_->takeItem(kSucesosMaximos);
+    }
 }
 
 void frmSimulador::Refrescar() {
     const Aparato& aparato = simulador_.ElAparato();
     const QString puerto = QString::number(simulador_.ElServidor().Puerto());
     const bool conectado = simulador_.ElServidor().HayCliente();
-    enlace_->setText(QStringLiteral("127.0.0.1:%1  ·  %2")
-                         .arg(puerto, conectado ? QStringLiteral("monitor conectado")
-                                                : QStringLiteral("sin monitor")));
+    enlace_->setText(u"127.0.0.1:%1  ·  %2"_s.arg(puerto, conectado ? u"monitor conectado"_s
+                                                                    : u"sin monitor"_s));
     tema::PonerColorTexto(*enlace_, conectado ? tema::kVerde : tema::kAmbar);
     saldo_->setText(TextoImporte(aparato.Ver().inventario.Saldo()));
     operacion_->Refrescar();
-    for (BotonPieza* const pieza : piezas_)
+    for (BotonPieza* const pieza : piezas_) {
         pieza->setEnabled(aparato.Admite());
+    }
     niveles_->Mostrar(aparato.Ver().inventario, aparato.Capacidad());
     RefrescarCajon(cajones_[0], true);
     RefrescarCajon(cajones_[1], false);
     const qsizetype pendientes = simulador_.LosFallos().Pendientes().size();
-    fallos_->setText(pendientes == 0 ? QStringLiteral("Fallos…")
-                                     : QStringLiteral("Fallos… (%1)").arg(pendientes));
+    fallos_->setText(pendientes == 0 ? u"Fallos…"_s : u"Fallos… (%1)"_s.arg(pendientes));
 }
 
 void frmSimulador::RefrescarCajon(const FilaCajon& fila, bool monedas) {
@@ -247,7 +249,7 @@ void frmSimulador::RefrescarCajon(const FilaCajon& fila, bool monedas) {
     const bool retirado = PiezasClase(estado.retirado, monedas) > 0;
     fila.valor->setText(TextoImporte(TotalClase(estado.inventario.cajon, monedas)));
     fila.barra->Mostrar(piezas, monedas ? capacidad.monedas : capacidad.billetes, retirado);
-    fila.retirar->setText(retirado ? QStringLiteral("Retirado") : QStringLiteral("Retirar"));
+    fila.retirar->setText(retirado ? u"Retirado"_s : u"Retirar"_s);
     fila.retirar->setEnabled(!retirado && piezas > 0 && !simulador_.ElAparato().EnMarcha());
 }
 

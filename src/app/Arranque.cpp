@@ -3,13 +3,14 @@
 
 #include "app/Opciones.h"
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 #include "store/Esquema.h"
 
 namespace zv {
 
 Arranque::Arranque(Entorno& entorno, EstadoMonitor& estado, PulsoCola& pulso, Conector& conector,
-                   InstanciaUnica& instancia, LogFicheros& ficherosLog, QString carpeta,
-                   std::function<std::unique_ptr<MotorBD>()> crearCatalogo)
+                   SingleInstance& instancia, LogFiles& ficherosLog, QString carpeta,
+                   std::function<std::unique_ptr<DatabaseEngine>()> crearCatalogo)
     : entorno_(entorno), estado_(estado), pulso_(pulso), conector_(conector), instancia_(instancia),
       ficherosLog_(ficherosLog), carpeta_(std::move(carpeta)),
       crearCatalogo_(std::move(crearCatalogo)) {}
@@ -34,7 +35,7 @@ bool Arranque::Cargar(VentanaPrincipal& ventana) {
         return false;
     }
     ventana.PonerIcono();
-    entorno_.log.LogLinea(QStringLiteral("INICIADO"));
+    entorno_.log.LogLinea(u"INICIADO"_s);
     try {
         if (!CargarProtegido(ventana)) {
             return false;
@@ -42,8 +43,7 @@ bool Arranque::Cargar(VentanaPrincipal& ventana) {
     } catch (const ErrorEjecucion& e) {
         entorno_.dialogos.MostrarMensaje(
             Traduce(u"errorDeInicio", u"Error al iniciar la aplicación"),
-            QStringLiteral("Error nº ") + QString::number(e.Numero()) + QStringLiteral(" - ") +
-                e.Descripcion());
+            u"Error nº "_s + QString::number(e.Numero()) + u" - "_s + e.Descripcion());
         return false;
     }
     // Past the handler: from here on a failure is nobody's, as in any other event.
@@ -93,7 +93,7 @@ bool Arranque::CargarProtegido(VentanaPrincipal& ventana) {
     SupervisionConexion& supervision = entorno_.supervision;
     estado_.ActualizarBotonesMonitor(supervision.Conectado());
     pulso_.ParaTimer();
-    ventana.PonerVersion(QStringLiteral("Monitor v") + VersionPrograma());
+    ventana.PonerVersion(u"Monitor v"_s + VersionPrograma());
     ventana.Mostrar();
 
     supervision.Conectar();

@@ -2,12 +2,12 @@
 #pragma once
 
 #include "app/Conector.h"
-#include "engine/Entorno.h"
 #include "engine/EstadoMonitor.h"
 #include "engine/PulsoCola.h"
 #include "engine/VentanaPrincipal.h"
-#include "platform/InstanciaUnica.h"
-#include "ui/LogFicheros.h"
+#include "platform/SingleInstance.h"
+#include "till/Entorno.h"
+#include "ui/LogFiles.h"
 
 #include <functional>
 
@@ -25,8 +25,8 @@ class Arranque {
   public:
     // crearCatalogo: an engine of its own for the schema.
     Arranque(Entorno& entorno, EstadoMonitor& estado, PulsoCola& pulso, Conector& conector,
-             InstanciaUnica& instancia, LogFicheros& ficherosLog, QString carpeta,
-             std::function<std::unique_ptr<MotorBD>()> crearCatalogo);
+             SingleInstance& instancia, LogFiles& ficherosLog, QString carpeta,
+             std::function<std::unique_ptr<DatabaseEngine>()> crearCatalogo);
 
     void PonerPasos(PasosArranque pasos) { pasos_ = std::move(pasos); }
 
@@ -46,10 +46,10 @@ class Arranque {
     EstadoMonitor& estado_;
     PulsoCola& pulso_;
     Conector& conector_;
-    InstanciaUnica& instancia_;
-    LogFicheros& ficherosLog_;
+    SingleInstance& instancia_;
+    LogFiles& ficherosLog_;
     QString carpeta_;
-    std::function<std::unique_ptr<MotorBD>()> crearCatalogo_;
+    std::function<std::unique_ptr<DatabaseEngine>()> crearCatalogo_;
     PasosArranque pasos_;
 };
 

@@ -1,7 +1,8 @@
 // Start and end of the connector program.
 #include "app/Conector.h"
 
-#include "platform/Ficheros.h"
+#include "platform/Files.h"
+#include "platform/StringLiterals.h"
 
 namespace zv {
 
@@ -19,7 +20,7 @@ QString NombreFichero(const QString& ruta) {
 
 } // namespace
 
-Conector::Conector(const ConfiguracioGlobal& configuracio, Procesos& procesos, Shell& shell,
+Conector::Conector(const ConfiguracioGlobal& configuracio, ProcessList& procesos, Shell& shell,
                    Dialogos& dialogos, const Textos& textos)
     : configuracio_(configuracio), procesos_(procesos), shell_(shell), dialogos_(dialogos),
       textos_(textos) {}
@@ -37,11 +38,10 @@ void Conector::ArrancarConector() {
     }
     if (!ExisteFichero(ruta)) {
         dialogos_.MostrarMensaje(
-            textos_.Traduce(QStringLiteral("conectorNoCargado"),
-                            QStringLiteral("Conector no cargado")),
-            textos_.Traduce(QStringLiteral("conectorNoDisponible"),
-                            QStringLiteral("El conector no está disponible en la ruta especificada "
-                                           "en la configuración. Consulte con su técnico")));
+            textos_.Traduce(u"conectorNoCargado"_s, u"Conector no cargado"_s),
+            textos_.Traduce(u"conectorNoDisponible"_s,
+                            u"El conector no está disponible en la ruta especificada "
+                            "en la configuración. Consulte con su técnico"_s));
     } else {
         shell_.Abrir(ruta, ruta.left(qMax<qsizetype>(0, UltimoSeparador(ruta))));
     }

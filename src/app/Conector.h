@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/ConfiguracioGlobal.h"
-#include "platform/Procesos.h"
+#include "platform/ProcessList.h"
 #include "platform/Shell.h"
 #include "ui/Dialogos.h"
 #include "ui/Textos.h"
@@ -12,7 +12,7 @@ namespace zv {
 
 class Conector {
   public:
-    Conector(const ConfiguracioGlobal& configuracio, Procesos& procesos, Shell& shell,
+    Conector(const ConfiguracioGlobal& configuracio, ProcessList& procesos, Shell& shell,
              Dialogos& dialogos, const Textos& textos);
 
     void ArrancarConector();
@@ -23,7 +23,7 @@ class Conector {
 
   private:
     const ConfiguracioGlobal& configuracio_;
-    Procesos& procesos_;
+    ProcessList& procesos_;
     Shell& shell_;
     Dialogos& dialogos_;
     const Textos& textos_;

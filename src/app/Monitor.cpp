@@ -2,6 +2,7 @@
 #include "app/Monitor.h"
 
 #include "barcode/Espera.h"
+#include "platform/StringLiterals.h"
 
 namespace zv {
 
@@ -19,7 +20,7 @@ QHostAddress DireccionFast(const Opciones& opciones) {
 
 } // namespace
 
-Servicios::Servicios(Opciones lasOpciones, const Reloj& elReloj)
+Servicios::Servicios(Opciones lasOpciones, const Clock& elReloj)
     : opciones(std::move(lasOpciones)), reloj(elReloj),
       log(opciones.carpeta, opciones.programa, VersionPrograma(), elReloj),
       textos(opciones.carpeta), registro(opciones.registro), formato(FormatoDe(opciones)) {}
@@ -27,8 +28,7 @@ Servicios::Servicios(Opciones lasOpciones, const Reloj& elReloj)
 Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exterior)
     : conexion(motor, servicios.opciones.carpeta, servicios.log, exterior.dialogos,
                servicios.textos),
-      firma(seguretat),
-      registros(motor, servicios.log, exterior.dialogos, firma, importes, servicios.reloj),
+      registros(motor, servicios.log, exterior.dialogos, seguretat, importes, servicios.reloj),
       ini(servicios.log, exterior.dialogos),
       configuracio(std::make_unique<Configuracio>(ini, servicios.registro,
                                                   servicios.opciones.carpeta, servicios.formato)),
@@ -42,7 +42,7 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
               seguretat,
               configuracio,
               ini,
-              servicios.opciones.carpeta + QStringLiteral("/ZVMonitor.ini"),
+              servicios.opciones.carpeta + u"/ZVMonitor.ini"_s,
               servicios.registro,
               marca,
               servicios.log,
@@ -61,7 +61,7 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
       conector(configuracio, exterior.procesos, exterior.shell, exterior.dialogos,
                servicios.textos),
       arranque(entorno, estado, pulso, conector, instancia, servicios.log,
-               servicios.opciones.carpeta, [] { return std::make_unique<MotorSQLite>(); }) {
+               servicios.opciones.carpeta, [] { return std::make_unique<SqliteEngine>(); }) {
     supervision.PonerVista(&estado);
     botones.Registrar(6, [this] { supervision.Desconectar(); });
     botones.Registrar(7, [this] { supervision.Conectar(); });
@@ -74,8 +74,8 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
     arranque.PonerPasos(std::move(pasos));
 }
 
-BombaFast Monitor::BombaDe(std::function<bool()> dispositivoOcupado) {
-    BombaFast bomba;
+FastPump Monitor::BombaDe(std::function<bool()> dispositivoOcupado) {
+    FastPump bomba;
     bomba.datos = [this] { return datos.get(); };
     bomba.esperar = [this, ocupado = std::move(dispositivoOcupado)] {
         return motor.Nivel() > 0 && ocupado && ocupado();

@@ -11,33 +11,22 @@
 #include "config/ModuloIni.h"
 #include "engine/BotonesMonitor.h"
 #include "engine/Controles.h"
-#include "engine/Entorno.h"
 #include "engine/EstadoMonitor.h"
 #include "engine/GridCola.h"
 #include "engine/PulsoCola.h"
 #include "fastlink/ServidorFast.h"
-#include "platform/InstanciaUnica.h"
-#include "store/MotorSQLite.h"
+#include "platform/SingleInstance.h"
 #include "store/dades.h"
+#include "store/sqlite/SqliteEngine.h"
+#include "till/Entorno.h"
 
 namespace zv {
-
-// Signs the records with the user of Seguretat.
-class FirmaSeguretat final : public Firma {
-  public:
-    explicit FirmaSeguretat(const Seguretat& seguretat) : seguretat_(seguretat) {}
-    bool UsuarioFast() const override { return seguretat_.UsuarioFast; }
-    QString GetNom() const override { return seguretat_.GetNom(); }
-
-  private:
-    const Seguretat& seguretat_;
-};
 
 // What reaches outside the process: replaced in tests.
 struct Exterior {
     DeviceClient& cliente;
     Dialogos& dialogos;
-    Procesos& procesos;
+    ProcessList& procesos;
     Shell& shell;
     // True inside a long operation of the device; none: never.
     std::function<bool()> dispositivoOcupado = {};
@@ -54,10 +43,9 @@ class Monitor {
     // Start-up; false when the program is to end at once.
     bool Cargar() { return arranque.Cargar(*ventana_); }
 
-    MotorSQLite motor;
+    SqliteEngine motor;
     ConexionBD conexion;
     Seguretat seguretat;
-    FirmaSeguretat firma;
     OperacionesRegistro registros;
     ModuloIni ini;
     ConfiguracioGlobal configuracio;
@@ -72,12 +60,12 @@ class Monitor {
     std::unique_ptr<dades> datos; // made by the start, once the database is open
     ServidorFast fast;
     CobroCodigoBarras barras;
-    InstanciaUnica instancia;
+    SingleInstance instancia;
     Conector conector;
     Arranque arranque;
 
   private:
-    BombaFast BombaDe(std::function<bool()> dispositivoOcupado);
+    FastPump BombaDe(std::function<bool()> dispositivoOcupado);
 
     VentanaPrincipal* ventana_ = nullptr;
 };

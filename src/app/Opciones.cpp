@@ -1,6 +1,8 @@
 // Reading of the command line.
 #include "app/Opciones.h"
 
+#include "platform/StringLiterals.h"
+
 #include <QCommandLineParser>
 #include <QDir>
 #include <QFileInfo>
@@ -9,36 +11,24 @@
 namespace zv {
 
 QString VersionPrograma() {
-    return QStringLiteral("%1.%2.%3")
-        .arg(ZV_VERSION_MAJOR)
-        .arg(ZV_VERSION_MINOR)
-        .arg(ZV_VERSION_REVISION);
+    return u"%1.%2.%3"_s.arg(ZV_VERSION_MAJOR).arg(ZV_VERSION_MINOR).arg(ZV_VERSION_REVISION);
 }
 
 LecturaOpciones LeerOpciones(const QStringList& argumentos) {
     QCommandLineParser analizador;
     analizador.setApplicationDescription(
-        QStringLiteral("Monitor de cobro entre el programa de venta y el reciclador Zorvex."));
+        u"Monitor de cobro entre el programa de venta y el reciclador Zorvex."_s);
     const QCommandLineOption carpeta(
-        QStringLiteral("carpeta"),
-        QStringLiteral("Carpeta de la aplicación (por omisión, la del programa)."),
-        QStringLiteral("DIR"));
+        u"carpeta"_s, u"Carpeta de la aplicación (por omisión, la del programa)."_s, u"DIR"_s);
     const QCommandLineOption registro(
-        QStringLiteral("registro"),
-        QStringLiteral("Carpeta del registro (por omisión, <carpeta>/Registro)."),
-        QStringLiteral("DIR"));
+        u"registro"_s, u"Carpeta del registro (por omisión, <carpeta>/Registro)."_s, u"DIR"_s);
     const QCommandLineOption region(
-        QStringLiteral("region"),
-        QStringLiteral("Formato regional (por omisión, el de la máquina)."),
-        QStringLiteral("es_ES"));
+        u"region"_s, u"Formato regional (por omisión, el de la máquina)."_s, u"es_ES"_s);
     const QCommandLineOption fastDireccion(
-        QStringLiteral("fast-direccion"),
-        QStringLiteral("Dirección IP en la que escucha el ZVFast (por omisión, todas)."),
-        QStringLiteral("IP"));
-    const QCommandLineOption version(QStringLiteral("version"),
-                                     QStringLiteral("Muestra la versión y termina."));
-    const QCommandLineOption ayuda({QStringLiteral("help"), QStringLiteral("h")},
-                                   QStringLiteral("Muestra esta ayuda y termina."));
+        u"fast-direccion"_s, u"Dirección IP en la que escucha el ZVFast (por omisión, todas)."_s,
+        u"IP"_s);
+    const QCommandLineOption version(u"version"_s, u"Muestra la versión y termina."_s);
+    const QCommandLineOption ayuda({u"help"_s, u"h"_s}, u"Muestra esta ayuda y termina."_s);
     analizador.addOptions({carpeta, registro, region, fastDireccion, version, ayuda});
 
     const auto responder = [](const QString& texto, int codigo) {
@@ -51,10 +41,10 @@ LecturaOpciones LeerOpciones(const QStringList& argumentos) {
         return responder(analizador.helpText(), 0);
     }
     if (analizador.isSet(version)) {
-        return responder(QStringLiteral("ZVMonitor ") + VersionPrograma() + QLatin1Char('\n'), 0);
+        return responder(u"ZVMonitor "_s + VersionPrograma() + QLatin1Char('\n'), 0);
     }
     if (!analizador.positionalArguments().isEmpty()) {
-        return responder(QStringLiteral("Argumento desconocido: ") +
+        return responder(u"Argumento desconocido: "_s +
                              analizador.positionalArguments().constFirst() + QLatin1Char('\n'),
                          2);
     }
@@ -66,17 +56,15 @@ LecturaOpciones LeerOpciones(const QStringList& argumentos) {
         analizador.isSet(carpeta) ? analizador.value(carpeta) : programa.absolutePath();
     opciones.carpeta = QDir::cleanPath(QDir(opciones.carpeta).absolutePath());
     if (!QFileInfo(opciones.carpeta).isDir()) {
-        return responder(
-            QStringLiteral("No existe la carpeta ") + opciones.carpeta + QLatin1Char('\n'), 2);
+        return responder(u"No existe la carpeta "_s + opciones.carpeta + QLatin1Char('\n'), 2);
     }
     opciones.registro = analizador.isSet(registro)
                             ? QDir::cleanPath(QDir(analizador.value(registro)).absolutePath())
-                            : opciones.carpeta + QStringLiteral("/Registro");
+                            : opciones.carpeta + u"/Registro"_s;
     opciones.region = analizador.value(region);
     opciones.fastDireccion = analizador.value(fastDireccion);
     if (analizador.isSet(fastDireccion) && QHostAddress(opciones.fastDireccion).isNull()) {
-        return responder(QStringLiteral("No es una dirección IP: ") + opciones.fastDireccion +
-                             QLatin1Char('\n'),
+        return responder(u"No es una dirección IP: "_s + opciones.fastDireccion + QLatin1Char('\n'),
                          2);
     }
     return {opciones, {}};

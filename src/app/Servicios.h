@@ -2,22 +2,22 @@
 #pragma once
 
 #include "app/Opciones.h"
+#include "platform/Clock.h"
 #include "platform/FormatoRegional.h"
-#include "platform/Registro.h"
-#include "platform/Reloj.h"
-#include "ui/LogFicheros.h"
+#include "platform/RegistryTree.h"
+#include "ui/LogFiles.h"
 #include "ui/Textos.h"
 
 namespace zv {
 
 struct Servicios {
-    Servicios(Opciones lasOpciones, const Reloj& elReloj);
+    Servicios(Opciones lasOpciones, const Clock& elReloj);
 
     Opciones opciones;
-    const Reloj& reloj;
-    LogFicheros log;
+    const Clock& reloj;
+    LogFiles log;
     Textos textos;
-    Registro registro;
+    RegistryTree registro;
     FormatoRegional formato;
 };
 

@@ -1,11 +1,11 @@
 // ZVMonitor: builds the monitor and its windows, runs the event loop.
 #include "app/Monitor.h"
-#include "app/SenalFin.h"
+#include "app/TerminationSignal.h"
 #include "app/screens/Aplicacion.h"
-#include "device/ClientePasarela.h"
+#include "device/gateway/GatewayClient.h"
 #include "device/screens/frmOperacion.h"
 #include "engine/screens/frmZVMonitor.h"
-#include "platform/Procesos.h"
+#include "platform/ProcessList.h"
 #include "platform/Shell.h"
 #include "ui/screens/DialogosPantalla.h"
 #include "ui/screens/Tema.h"
@@ -15,15 +15,17 @@
 
 #include <cstdio>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Page of the operating manuals.
-const QString kDireccionManuales = QStringLiteral("https://zorvex.example/manuales");
+const QString kDireccionManuales = u"https://zorvex.example/manuales"_s;
 
 int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
     using namespace zv;
 
-    const RelojSistema reloj;
+    const SystemClock reloj;
     Servicios servicios(opciones, reloj);
     DeviceClient* dispositivo = nullptr;
     const Importes importes(servicios.formato, [&] { return dispositivo->Multiplier(); });
@@ -32,11 +34,11 @@ int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
         return principal && principal->isVisible() ? principal.data() : nullptr;
     };
     frmOperacion ventanaOperacion(servicios.textos, importes, padre);
-    ClientePasarela cliente(servicios.log, servicios.textos, &ventanaOperacion);
+    GatewayClient cliente(servicios.log, servicios.textos, &ventanaOperacion);
     dispositivo = &cliente;
 
     DialogosPantalla dialogos(opciones.programa, servicios.textos, importes, padre);
-    ProcesosSistema procesos;
+    SystemProcessList procesos;
     ShellSistema shell;
     Monitor* enMarcha = nullptr;
     app.PonerAlFallar([&](const QString& texto) {
@@ -73,7 +75,7 @@ int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
         monitor.PonerVentana(pantalla);
         enMarcha = &monitor;
         const auto fuera = qScopeGuard([&] { enMarcha = nullptr; });
-        const SenalFin senal(terminar);
+        const TerminationSignal senal(terminar);
         if (!monitor.Cargar()) {
             return EXIT_FAILURE;
         }

@@ -1,8 +1,9 @@
 // Fields of a code by their positions, counted from 1; nothing else of it is looked at.
 #include "barcode/CobroCodigoBarras.h"
 
-#include "platform/Conversiones.h"
+#include "platform/Conversions.h"
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 
 #include <QScopeGuard>
 
@@ -18,14 +19,14 @@ QString Campo(const QString& codigo, int inicio, int fin) {
 }
 
 double Divisor(int decimales) {
-    return QStringLiteral("10000000").left(decimales + 1).toDouble();
+    return u"10000000"_s.left(decimales + 1).toDouble();
 }
 
 } // namespace
 
 CobroCodigoBarras::CobroCodigoBarras(ConfiguracioGlobal& configuracio,
                                      std::function<dades*()> datos, const Importes& importes,
-                                     const Reloj& reloj, Dialogos& dialogos, const Textos& textos,
+                                     const Clock& reloj, Dialogos& dialogos, const Textos& textos,
                                      std::function<void(int)> espera)
     : configuracio_(configuracio), datos_(std::move(datos)), importes_(importes), reloj_(reloj),
       dialogos_(dialogos), textos_(textos), espera_(std::move(espera)) {}
@@ -51,7 +52,7 @@ QString CobroCodigoBarras::Identificador(const QString& codigo) const {
     const Configuracio& c = *configuracio_;
     // A longer one would be a failure of the store, after which nothing more could be queued.
     return c.BCTPRE ? Campo(codigo, c.BCTINI, c.BCTFIN).left(kTextoMissatge)
-                    : reloj_.Ahora().toString(QStringLiteral("MM/dd/yyyy-HH:mm:ss"));
+                    : reloj_.Ahora().toString(u"MM/dd/yyyy-HH:mm:ss"_s);
 }
 
 Currency CobroCodigoBarras::Importe(const QString& texto) const {
@@ -79,7 +80,7 @@ void CobroCodigoBarras::Enter(const QString& codigo, const std::function<void()>
     }
     Missatge missatge;
     missatge.IdxSocket = 1;
-    missatge.Comanda = QStringLiteral("C");
+    missatge.Comanda = u"C"_s;
     missatge.ID1 = Identificador(codigo);
     const QString importe = Campo(codigo, configuracio_->BCIINI, configuracio_->BCIFIN);
     try {

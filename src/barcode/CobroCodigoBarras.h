@@ -2,7 +2,7 @@
 #pragma once
 
 #include "config/ConfiguracioGlobal.h"
-#include "platform/Reloj.h"
+#include "platform/Clock.h"
 #include "store/dades.h"
 #include "ui/Dialogos.h"
 #include "ui/Importes.h"
@@ -17,7 +17,7 @@ class CobroCodigoBarras {
     // datos: the sales of the store. espera: lets so many seconds pass with the event loop running.
     // Everything handed in outlives the handler.
     CobroCodigoBarras(ConfiguracioGlobal& configuracio, std::function<dades*()> datos,
-                      const Importes& importes, const Reloj& reloj, Dialogos& dialogos,
+                      const Importes& importes, const Clock& reloj, Dialogos& dialogos,
                       const Textos& textos, std::function<void(int segundos)> espera);
 
     // Enter in the box that holds codigo; vaciar empties it. Nothing happens while BCEAN is 0, nor
@@ -34,7 +34,7 @@ class CobroCodigoBarras {
     ConfiguracioGlobal& configuracio_;
     std::function<dades*()> datos_;
     const Importes& importes_;
-    const Reloj& reloj_;
+    const Clock& reloj_;
     Dialogos& dialogos_;
     const Textos& textos_;
     std::function<void(int)> espera_;

@@ -1,8 +1,9 @@
 // Loading and saving of the settings, key by key in the order of the file.
 #include "config/Configuracio.h"
 
-#include "platform/Conversiones.h"
-#include "platform/Ficheros.h"
+#include "platform/Conversions.h"
+#include "platform/Files.h"
+#include "platform/StringLiterals.h"
 
 #include <array>
 
@@ -53,19 +54,19 @@ constexpr std::array kBytesBarcode = {
 };
 
 QString Marca(bool valor) {
-    return valor ? QStringLiteral("1") : QStringLiteral("0");
+    return valor ? u"1"_s : u"0"_s;
 }
 
 } // namespace
 
-Configuracio::Configuracio(const ModuloIni& ini, Registro& registro, QString carpeta,
+Configuracio::Configuracio(const ModuloIni& ini, RegistryTree& registro, QString carpeta,
                            FormatoRegional formato)
     : ini_(ini), registro_(registro), carpeta_(std::move(carpeta)), formato_(std::move(formato)) {}
 
 void Configuracio::LeerCfgIni(const QString& ruta, bool& existe) {
     // One reading for all keys. A file that cannot be read counts as one that is not there.
-    const std::optional<DocumentoIni> leido = ini_.LeerTodo(ruta);
-    const DocumentoIni documento = leido.value_or(DocumentoIni());
+    const std::optional<IniDocument> leido = ini_.LeerTodo(ruta);
+    const IniDocument documento = leido.value_or(IniDocument());
     const auto leer = [&](QLatin1String seccion, QLatin1String clave, const QString& defecto) {
         return ModuloIni::Valor(documento, seccion, clave, defecto);
     };
@@ -76,10 +77,10 @@ void Configuracio::LeerCfgIni(const QString& ruta, bool& existe) {
     IP = leer(kZorvex, QLatin1String("IP"), {});
     SUITEZV = leer(kZorvex, QLatin1String("SUITEZV"), carpeta_);
 
-    Modo = leer(kMonitor, QLatin1String("MODO"), QStringLiteral("AUTO"));
+    Modo = leer(kMonitor, QLatin1String("MODO"), u"AUTO"_s);
     ModoInicial = Modo;
     ModoAnterior.clear();
-    REFRESCO = AEntero16(leer(kMonitor, QLatin1String("REFRESCO"), QStringLiteral("2")), formato_);
+    REFRESCO = AEntero16(leer(kMonitor, QLatin1String("REFRESCO"), u"2"_s), formato_);
     for (const CampoByte& byte : kBytesMonitor) {
         leerByte(kMonitor, byte);
     }
@@ -88,19 +89,19 @@ void Configuracio::LeerCfgIni(const QString& ruta, bool& existe) {
     CLAVE_TECNICO = registro_.LeerValor(kRegistroMonitor, kClaveTecnico, {});
     CLAVE_AUTORIZADO = registro_.LeerValor(kRegistroMonitor, kClaveAutorizado, {});
 
-    const QString cero = QStringLiteral("0");
+    const QString cero = u"0"_s;
     BCEAN = AByte(leer(kBarcode, QLatin1String("BCEAN"), cero), formato_);
     BCTPRE = ADoble(leer(kBarcode, QLatin1String("BCTPRE"), cero), formato_) == 1.0;
     for (const CampoByte& byte : kBytesBarcode) {
         leerByte(kBarcode, byte);
     }
 
-    zvFastActive = leer(kConector, QLatin1String("ZVFastActive"), QStringLiteral("1")) != cero;
-    ZVFastPort = leer(kConector, QLatin1String("ZVFastPort"), QStringLiteral("16501"));
+    zvFastActive = leer(kConector, QLatin1String("ZVFastActive"), u"1"_s) != cero;
+    ZVFastPort = leer(kConector, QLatin1String("ZVFastPort"), u"16501"_s);
     ZVConectorActive = leer(kConector, QLatin1String("ZVConectorActive"), cero) != cero;
     ZVConectorPath = leer(kConector, QLatin1String("ZVConectorPath"), {});
     if (ZVConectorPath.isEmpty() && ZVConectorActive) {
-        ZVConectorPath = registro_.LeerValor(kRegistroConector, QStringLiteral("Path"), {});
+        ZVConectorPath = registro_.LeerValor(kRegistroConector, u"Path"_s, {});
     }
 
     existe = leido && ExisteFichero(ruta);

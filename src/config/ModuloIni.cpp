@@ -2,7 +2,8 @@
 #include "config/ModuloIni.h"
 
 #include "platform/ErrorEjecucion.h"
-#include "platform/PerfilPrivado.h"
+#include "platform/PrivateProfile.h"
+#include "platform/StringLiterals.h"
 
 namespace zv {
 namespace {
@@ -23,7 +24,7 @@ QString ModuloIni::LeerIni(const QString& fichero, const QString& seccion, const
     }
 }
 
-std::optional<DocumentoIni> ModuloIni::LeerTodo(const QString& fichero) const {
+std::optional<IniDocument> ModuloIni::LeerTodo(const QString& fichero) const {
     try {
         return perfil::LeerTodo(fichero);
     } catch (const ErrorEjecucion& e) {
@@ -32,15 +33,15 @@ std::optional<DocumentoIni> ModuloIni::LeerTodo(const QString& fichero) const {
     }
 }
 
-QString ModuloIni::Valor(const DocumentoIni& documento, const QString& seccion,
-                         const QString& clave, const QString& defecto) {
+QString ModuloIni::Valor(const IniDocument& documento, const QString& seccion, const QString& clave,
+                         const QString& defecto) {
     return documento.Valor(seccion, clave).value_or(defecto).left(kLargoMaximo);
 }
 
 void ModuloIni::MostrarFallo(const ErrorEjecucion& e) const {
-    dialogos_.MostrarMensaje(QStringLiteral("Error al leer el fichero de configuración"),
-                             QStringLiteral("Error nº ") + QString::number(e.Numero()) +
-                                 QStringLiteral(": ") + e.Descripcion());
+    dialogos_.MostrarMensaje(u"Error al leer el fichero de configuración"_s,
+                             u"Error nº "_s + QString::number(e.Numero()) + u": "_s +
+                                 e.Descripcion());
 }
 
 bool ModuloIni::EscribirIni(const QString& fichero, const QString& seccion, const QString& clave,
@@ -49,8 +50,8 @@ bool ModuloIni::EscribirIni(const QString& fichero, const QString& seccion, cons
         perfil::Escribir(fichero, seccion, clave, valor);
         return true;
     } catch (const ErrorEjecucion& e) {
-        log_.LogLinea(QStringLiteral("GRABARINI - Error ") + QString::number(e.Numero()) +
-                      QStringLiteral(" - ") + e.Descripcion());
+        log_.LogLinea(u"GRABARINI - Error "_s + QString::number(e.Numero()) + u" - "_s +
+                      e.Descripcion());
         return false;
     }
 }

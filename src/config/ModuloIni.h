@@ -2,7 +2,7 @@
 // the operator or to the log.
 #pragma once
 
-#include "platform/DocumentoIni.h"
+#include "platform/IniDocument.h"
 #include "ui/Dialogos.h"
 #include "ui/Log.h"
 
@@ -24,10 +24,10 @@ class ModuloIni {
                     const QString& defecto) const;
     // The whole file at once, for a reader of many keys; empty when it is not there. Nothing when
     // it cannot be read, which is shown.
-    std::optional<DocumentoIni> LeerTodo(const QString& fichero) const;
+    std::optional<IniDocument> LeerTodo(const QString& fichero) const;
     // LeerIni out of such a reading.
-    static QString Valor(const DocumentoIni& documento, const QString& seccion,
-                         const QString& clave, const QString& defecto);
+    static QString Valor(const IniDocument& documento, const QString& seccion, const QString& clave,
+                         const QString& defecto);
     // False, with a log line, when the value could not be written.
     bool EscribirIni(const QString& fichero, const QString& seccion, const QString& clave,
                      const QString& valor) const;

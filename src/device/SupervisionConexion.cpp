@@ -2,6 +2,7 @@
 #include "device/SupervisionConexion.h"
 
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 
 #include <QStringList>
 
@@ -14,10 +15,10 @@ namespace {
 // Anything above the coin of 2 main units is a note; the device is not asked.
 constexpr qint64 kMayorMoneda = 200;
 
-const QString kClave = QStringLiteral("Zorvex\\ZVMonitor");
-const QString kSaldoExit = QStringLiteral("Saldo_Exit");
-const QString kSaldoInicial = QStringLiteral("Saldo_Inicial");
-const QString kFinLinea = QStringLiteral("\r\n");
+const QString kClave = u"Zorvex\\ZVMonitor"_s;
+const QString kSaldoExit = u"Saldo_Exit"_s;
+const QString kSaldoInicial = u"Saldo_Inicial"_s;
+const QString kFinLinea = u"\r\n"_s;
 
 // A whole number of a list of the device.
 qint64 LeerItem(const QString& texto) {
@@ -57,7 +58,7 @@ void SumarNiveles(const QString& noms, const QString& levels, Currency& monedas,
 
 } // namespace
 
-SupervisionConexion::SupervisionConexion(DeviceClient& cliente, Registro& registro, Log& log,
+SupervisionConexion::SupervisionConexion(DeviceClient& cliente, RegistryTree& registro, Log& log,
                                          Dialogos& dialogos, const Textos& textos,
                                          const Importes& importes, std::function<QString()> ip)
     : cliente_(cliente), registro_(registro), log_(log), dialogos_(dialogos), textos_(textos),
@@ -66,10 +67,8 @@ SupervisionConexion::SupervisionConexion(DeviceClient& cliente, Registro& regist
 void SupervisionConexion::LeerSaldos() {
     const FormatoRegional& formato = importes_.Formato();
     saldoInicial_ =
-        formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoInicial, QStringLiteral("0")))
-            .AEntero32();
-    ultimoSaldo_ =
-        formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoExit, QStringLiteral("0")));
+        formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoInicial, u"0"_s)).AEntero32();
+    ultimoSaldo_ = formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoExit, u"0"_s));
 }
 
 void SupervisionConexion::Conectar() {
@@ -80,12 +79,11 @@ void SupervisionConexion::Conectar() {
     cliente_.SessionFlag(true);
     bool resultado = false;
     cliente_.Connect(resultado);
-    const QString etiqueta = QStringLiteral("CONECTARZORV");
+    const QString etiqueta = u"CONECTARZORV"_s;
     if (resultado) {
-        diario_.Connect(etiqueta, QStringLiteral("CONNECT_OK"));
+        diario_.Connect(etiqueta, u"CONNECT_OK"_s);
     } else {
-        diario_.Connect(etiqueta,
-                        QStringLiteral("CONNECT_ERRORZV") + QString::number(cliente_.ErrorCode()));
+        diario_.Connect(etiqueta, u"CONNECT_ERRORZV"_s + QString::number(cliente_.ErrorCode()));
     }
     conectado_ = resultado;
     if (conectado_) {
@@ -101,30 +99,26 @@ void SupervisionConexion::Conectar() {
 
 void SupervisionConexion::ComprobarSaldos() {
     const FormatoRegional& formato = importes_.Formato();
-    ultimoSaldo_ =
-        formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoExit, QStringLiteral("0")));
-    const Currency total = SaldoPorTipo(QStringLiteral("GETSALDOINICIOZV"), 0);
+    ultimoSaldo_ = formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoExit, u"0"_s));
+    const Currency total = SaldoPorTipo(u"GETSALDOINICIOZV"_s, 0);
     if (ultimoSaldo_ != total) {
         const QString ultimo = importes_.FormatoImporte(ultimoSaldo_);
         const QString actual = importes_.FormatoImporte(total);
         dialogos_.MostrarMensaje(
-            textos_.Traduce(QStringLiteral("inicializacion"), QStringLiteral("Inicialización")),
-            textos_.Traduce(QStringLiteral("inicializacion2"),
-                            QStringLiteral("El saldo de Zorvex ha variado desde la última vez que "
-                                           "se ejecutó la aplicación: ")) +
+            textos_.Traduce(u"inicializacion"_s, u"Inicialización"_s),
+            textos_.Traduce(u"inicializacion2"_s,
+                            u"El saldo de Zorvex ha variado desde la última vez que "
+                            "se ejecutó la aplicación: "_s) +
                 kFinLinea +
-                textos_.Traduce(QStringLiteral("ultimoSaldoRegistrado"),
-                                QStringLiteral("Último Saldo Registrado: ")) +
-                ultimo + kFinLinea +
-                textos_.Traduce(QStringLiteral("saldoActual"), QStringLiteral("Saldo Actual: ")) +
+                textos_.Traduce(u"ultimoSaldoRegistrado"_s, u"Último Saldo Registrado: "_s) +
+                ultimo + kFinLinea + textos_.Traduce(u"saldoActual"_s, u"Saldo Actual: "_s) +
                 actual);
-        log_.LogLinea(QStringLiteral(">>> Último Saldo Registrado: ") + ultimo +
-                      QStringLiteral(" -- Saldo Actual: ") + actual);
+        log_.LogLinea(u">>> Último Saldo Registrado: "_s + ultimo + u" -- Saldo Actual: "_s +
+                      actual);
     }
     GuardarSaldoExit();
     const Currency sinPoner(-1);
-    if (formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoInicial, QStringLiteral("-1"))) ==
-        sinPoner) {
+    if (formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoInicial, u"-1"_s)) == sinPoner) {
         registro_.GuardarValor(kClave, kSaldoInicial, total.ATexto());
     }
     saldoInicial_ = formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoInicial, total.ATexto()))
@@ -136,35 +130,33 @@ void SupervisionConexion::MostrarFalloConexion() {
     const QString numero = QString::number(codigo);
     const QString mensaje = cliente_.ErrorMessage();
     dialogos_.MostrarMensaje(
-        textos_.Traduce(QStringLiteral("errorDeZorvex"), QStringLiteral("Error de Zorvex")),
-        textos_.Traduce(QStringLiteral("problemaComunicacion"),
-                        QStringLiteral("Existe un problema de comunicación con Zorvex.")) +
+        textos_.Traduce(u"errorDeZorvex"_s, u"Error de Zorvex"_s),
+        textos_.Traduce(u"problemaComunicacion"_s,
+                        u"Existe un problema de comunicación con Zorvex."_s) +
             kFinLinea +
-            textos_.Traduce(QStringLiteral("consulteConSuTecnico"),
-                            QStringLiteral("Consulte con su técnico el siguiente error: ")) +
-            kFinLinea + numero + QStringLiteral(": ") + mensaje);
+            textos_.Traduce(u"consulteConSuTecnico"_s,
+                            u"Consulte con su técnico el siguiente error: "_s) +
+            kFinLinea + numero + u": "_s + mensaje);
     if (codigo != 0) {
-        log_.LogLinea(QStringLiteral(">>> Error Zorvex: ") + numero + QStringLiteral(" - ") +
-                      mensaje);
+        log_.LogLinea(u">>> Error Zorvex: "_s + numero + u" - "_s + mensaje);
     } else {
-        log_.LogLinea(QStringLiteral(">>> Error de comunicación con Zorvex"));
+        log_.LogLinea(u">>> Error de comunicación con Zorvex"_s);
     }
 }
 
 void SupervisionConexion::Cortar() {
     GuardarSaldoExit();
     cliente_.Disconnect();
-    diario_.Connect(QStringLiteral("DESCONECTARZORV"), QStringLiteral("DISCONNECT_OK"));
+    diario_.Connect(u"DESCONECTARZORV"_s, u"DISCONNECT_OK"_s);
     conectado_ = false;
 }
 
 void SupervisionConexion::Desconectar() {
     if (vista_ != nullptr && vista_->Agrupando()) {
         dialogos_.MostrarMensaje(
-            textos_.Traduce(QStringLiteral("conflictoOperacion"),
-                            QStringLiteral("Conflicto de operaciones")),
-            textos_.Traduce(QStringLiteral("problemaAgrupacion"),
-                            QStringLiteral("Esta agrupando pagos, finalize la operacion primero")));
+            textos_.Traduce(u"conflictoOperacion"_s, u"Conflicto de operaciones"_s),
+            textos_.Traduce(u"problemaAgrupacion"_s,
+                            u"Esta agrupando pagos, finalize la operacion primero"_s));
         return;
     }
     Cortar();
@@ -189,7 +181,7 @@ void SupervisionConexion::GuardarSaldoExit() {
     if (!conectado_) {
         return;
     }
-    saldoExit_ = SaldoPorTipo(QStringLiteral("GUARDASALDOEXIT"), 0);
+    saldoExit_ = SaldoPorTipo(u"GUARDASALDOEXIT"_s, 0);
     registro_.GuardarValor(kClave, kSaldoExit, saldoExit_.ATexto());
 }
 
@@ -219,9 +211,9 @@ Currency SupervisionConexion::SaldoPorTipo(const QString& /*etiqueta*/, qint32 t
             if (bien) {
                 SumarNiveles(noms, levels, monedas, billetes);
             } else if (cliente_.ErrorCode() != 0) {
-                dialogos_.MostrarMensaje(textos_.Traduce(QStringLiteral("operacionAnulada"),
-                                                         QStringLiteral("Operación anulada")),
-                                         cliente_.ErrorMessage());
+                dialogos_.MostrarMensaje(
+                    textos_.Traduce(u"operacionAnulada"_s, u"Operación anulada"_s),
+                    cliente_.ErrorMessage());
             }
         }
         switch (tipo) {
@@ -243,11 +235,10 @@ Currency SupervisionConexion::SaldoPorTipo(const QString& /*etiqueta*/, qint32 t
             return {};
         }
     } catch (const ErrorEjecucion& error) {
-        dialogos_.CajaSimple(textos_.Traduce(QStringLiteral("errorAlRecuperarSaldo"),
-                                             QStringLiteral("Error al recuperar el saldo del "
-                                                            "Zorvex:")) +
-                             u' ' + QString::number(error.Numero()) + QStringLiteral(" - ") +
-                             error.Descripcion());
+        dialogos_.CajaSimple(
+            textos_.Traduce(u"errorAlRecuperarSaldo"_s, u"Error al recuperar el saldo del "
+                                                        "Zorvex:"_s) +
+            u' ' + QString::number(error.Numero()) + u" - "_s + error.Descripcion());
         return {};
     }
 }
@@ -262,25 +253,24 @@ void SupervisionConexion::MostrarNivel() {
         QString levels;
         bool bien = false;
         cliente_.GetLevels(4, noms, levels, bien);
-        QString resultado = QStringLiteral("OK");
+        QString resultado = u"OK"_s;
         if (bien) {
             // The text as a whole is looked at; states are single digits.
             const bool critico = levels.contains(u'2');
             const bool alerta = !critico && levels.contains(u'1');
-            diario_.GetLevels(QStringLiteral("MOSTRARNIVEL"), resultado, 4, noms, levels);
+            diario_.GetLevels(u"MOSTRARNIVEL"_s, resultado, 4, noms, levels);
             MostrarLamparas(!critico && !alerta, alerta, critico);
             return;
         }
         const qint16 codigo = cliente_.ErrorCode();
-        resultado = codigo != 0 ? QStringLiteral("ERRORZV_") + QString::number(codigo) +
-                                      QStringLiteral(" - ") + cliente_.ErrorMessage()
-                                : QStringLiteral("Cancelado");
-        diario_.GetLevels(QStringLiteral("MOSTRARNIVEL"), resultado, 4, noms, levels);
+        resultado = codigo != 0 ? u"ERRORZV_"_s + QString::number(codigo) + u" - "_s +
+                                      cliente_.ErrorMessage()
+                                : u"Cancelado"_s;
+        diario_.GetLevels(u"MOSTRARNIVEL"_s, resultado, 4, noms, levels);
     } catch (const ErrorEjecucion& error) {
-        dialogos_.MostrarMensaje(
-            textos_.Traduce(QStringLiteral("errorDeZorvex"), QStringLiteral("Error de Zorvex")),
-            QStringLiteral("Error nº ") + QString::number(error.Numero()) + QStringLiteral(" - ") +
-                error.Descripcion());
+        dialogos_.MostrarMensaje(textos_.Traduce(u"errorDeZorvex"_s, u"Error de Zorvex"_s),
+                                 u"Error nº "_s + QString::number(error.Numero()) + u" - "_s +
+                                     error.Descripcion());
     }
 }
 

@@ -4,9 +4,9 @@
 #pragma once
 
 #include "device/DeviceClient.h"
-#include "device/Diario.h"
+#include "device/DeviceJournal.h"
 #include "platform/Currency.h"
-#include "platform/Registro.h"
+#include "platform/RegistryTree.h"
 #include "ui/Dialogos.h"
 #include "ui/Importes.h"
 #include "ui/Textos.h"
@@ -31,7 +31,7 @@ class VistaConexion {
 class SupervisionConexion {
   public:
     // ip: the setting IP, read at each connection.
-    SupervisionConexion(DeviceClient& cliente, Registro& registro, Log& log, Dialogos& dialogos,
+    SupervisionConexion(DeviceClient& cliente, RegistryTree& registro, Log& log, Dialogos& dialogos,
                         const Textos& textos, const Importes& importes,
                         std::function<QString()> ip);
 
@@ -71,13 +71,13 @@ class SupervisionConexion {
     void MostrarLamparas(bool ok, bool alerta, bool critico);
 
     DeviceClient& cliente_;
-    Registro& registro_;
+    RegistryTree& registro_;
     Log& log_;
     Dialogos& dialogos_;
     const Textos& textos_;
     const Importes& importes_;
     std::function<QString()> ip_;
-    Diario diario_;
+    DeviceJournal diario_;
     VistaConexion* vista_ = nullptr;
     bool conectado_ = false;
     qint32 saldoInicial_ = 0;

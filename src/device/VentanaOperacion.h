@@ -8,7 +8,7 @@
 
 namespace zv {
 
-enum class ClaseOperacion {
+enum class OperationKind {
     Cobro,          // charge
     Abono,          // charge of a negative amount
     Cambio,         // change
@@ -25,7 +25,7 @@ class VentanaOperacion {
     // Shows the window. importe: what is asked, in minor units, 0 or above; 0 when the operation
     // has no amount. cancelar: called, at most once, when the operator presses cancel; empty when
     // there is nothing to press. Returns at once.
-    virtual void Abrir(ClaseOperacion clase, qint32 importe, std::function<void()> cancelar) = 0;
+    virtual void Abrir(OperationKind kind, qint32 importe, std::function<void()> cancelar) = 0;
     // Totals taken in and given out so far, minor units.
     virtual void Progreso(qint32 paidIn, qint32 paidOut) = 0;
     // A note below the amounts, such as that the link is being recovered; empty takes it away.

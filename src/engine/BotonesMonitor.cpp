@@ -1,7 +1,7 @@
 // Entry and exit of every footer button.
 #include "engine/BotonesMonitor.h"
 
-#include "engine/Vocabulario.h"
+#include "till/ResultadoEnvio.h"
 
 namespace zv {
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "engine/Controles.h"
-#include "engine/Entorno.h"
 #include "engine/EstadoMonitor.h"
+#include "till/Entorno.h"
 
 #include <array>
 #include <functional>

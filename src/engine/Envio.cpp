@@ -1,8 +1,10 @@
 // Sending of one sale operation: credit, charge, and the filing of its outcome.
 #include "engine/Envio.h"
 
-#include "engine/Vocabulario.h"
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
+#include "store/Palabras.h"
+#include "till/ResultadoEnvio.h"
 
 namespace zv {
 
@@ -36,9 +38,8 @@ int Envio::EnviarOperacion(const QString& origen, DeviceClient& cliente, qint32 
 
 void Envio::AnotarFallo(const Operacion& op, const ErrorEjecucion& e) {
     try {
-        entorno_.log.LogLinea(QStringLiteral(">>> Error nº ") + N(e.Numero()) +
-                              QStringLiteral(" al procesar operación nº ") + N(op.idZV) +
-                              QStringLiteral(" - ") + e.Descripcion());
+        entorno_.log.LogLinea(u">>> Error nº "_s + N(e.Numero()) + u" al procesar operación nº "_s +
+                              N(op.idZV) + u" - "_s + e.Descripcion());
     } catch (const ErrorEjecucion&) {
         // The log itself has failed. The send still ends as an error, and the busy mark falls.
         return;
@@ -55,7 +56,7 @@ int Envio::Enviar(DeviceClient& cliente, Operacion& op) {
         ArchivarSinCobro(op);
         return envio::kBien;
     }
-    entorno_.log.LogLinea(QStringLiteral("ENVIARZV_INICIO_CHARGE: ") + op.importe.ATexto());
+    entorno_.log.LogLinea(u"ENVIARZV_INICIO_CHARGE: "_s + op.importe.ATexto());
     bool cobrado = false;
     cliente.Charge(op.importe.AEntero32(), op.paidIn, op.paidOut, cobrado);
     if (cobrado) {
@@ -66,38 +67,38 @@ int Envio::Enviar(DeviceClient& cliente, Operacion& op) {
 }
 
 void Envio::LeerFila(Operacion& op) {
-    const std::vector<Fila> filas = entorno_.Motor().Consultar(
-        op.idZV == 0 ? QStringLiteral("SELECT TOP 1 * FROM cola ORDER BY idZV")
-                     : QStringLiteral("SELECT * FROM cola WHERE idzv=") + N(op.idZV));
+    const std::vector<Row> filas = entorno_.Database().Consultar(
+        op.idZV == 0 ? u"SELECT TOP 1 * FROM cola ORDER BY idZV"_s
+                     : u"SELECT * FROM cola WHERE idzv="_s + N(op.idZV));
     if (filas.empty()) {
         return;
     }
-    const Fila& fila = filas.front();
-    op.idZV = fila.LeerLong(QStringLiteral("idZV"));
-    op.importe = fila.LeerCurrency(QStringLiteral("importe"));
-    op.credito = fila.LeerCurrency(QStringLiteral("creditoError"));
-    op.venta.id1 = fila.LeerTexto(QStringLiteral("id1"));
-    op.venta.id2 = fila.LeerTexto(QStringLiteral("id2"));
-    op.venta.idcaja = fila.LeerLong(QStringLiteral("idcaja"));
-    op.venta.terminal = fila.LeerTexto(QStringLiteral("terminal"));
-    op.venta.vendedor = fila.LeerTexto(QStringLiteral("vendedor"));
-    op.venta.formapago = fila.LeerTexto(QStringLiteral("formapago"));
+    const Row& fila = filas.front();
+    op.idZV = fila.LeerLong(u"idZV"_s);
+    op.importe = fila.LeerCurrency(u"importe"_s);
+    op.credito = fila.LeerCurrency(u"creditoError"_s);
+    op.venta.id1 = fila.LeerTexto(u"id1"_s);
+    op.venta.id2 = fila.LeerTexto(u"id2"_s);
+    op.venta.idcaja = fila.LeerLong(u"idcaja"_s);
+    op.venta.terminal = fila.LeerTexto(u"terminal"_s);
+    op.venta.vendedor = fila.LeerTexto(u"vendedor"_s);
+    op.venta.formapago = fila.LeerTexto(u"formapago"_s);
 }
 
 bool Envio::AplicarCredito(Operacion& op) {
     if (!op.importe.EsCero()) {
         const int respuesta = entorno_.dialogos.MostrarMensaje(
-            QStringLiteral("Confirmación de Operación Parcial"),
-            QStringLiteral("Se ha detectado un cobro parcial anterior en esta operación de ") +
-                QStringLiteral("\r\n") + entorno_.importes.FormatoImporte(op.credito),
+            u"Confirmación de Operación Parcial"_s,
+            u"Se ha detectado un cobro parcial anterior en esta operación de "_s + u"\r\n"_s +
+                entorno_.importes.FormatoImporte(op.credito),
             5);
         if (respuesta == resultado::kCancelar) {
-            entorno_.log.LogLinea(QStringLiteral("ENVIARZV_CREDITO_CANCEL: Importe Venta ") +
-                                  op.importe.ATexto() + QStringLiteral(" - Crédito anterior ") +
+            entorno_.log.LogLinea(u"ENVIARZV_CREDITO_CANCEL: Importe Venta "_s +
+                                  op.importe.ATexto() + u" - Crédito anterior "_s +
                                   op.credito.ATexto());
             return false;
         }
-        entorno_.log.LogLinea(QStringLiteral("ENVIARZV_CREDITO_OK: ") + op.credito.ATexto());
+        entorno_.log.LogLinea(u"ENVIARZV_CREDITO_OK: "_s + op.credito.ATexto());
     }
     op.importe = op.importe - op.credito;
     return true;
@@ -109,50 +110,48 @@ QString Envio::EtiquetaSaldo(const QString& prefijo, const Operacion& op) const 
 
 void Envio::ArchivarSinCobro(const Operacion& op) {
     entorno_.marca.MarcarActivo(true);
-    entorno_.Motor().Comenzar();
-    entorno_.log.LogLinea(QStringLiteral("ENVIARZV0_BEGINTRANS"));
+    entorno_.Database().Comenzar();
+    entorno_.log.LogLinea(u"ENVIARZV0_BEGINTRANS"_s);
     const qint32 clave = entorno_.registros.AñadirColaProcesada(
         op.origen, op.idZV, estado::kOk, 0, 0,
-        entorno_.supervision.SaldoPorTipo(EtiquetaSaldo(QStringLiteral("ENVIARZV0_"), op), 0),
-        QString());
-    TerminarArchivo(clave, QStringLiteral("ENVIARZV0_") + N(op.idZV));
+        entorno_.supervision.SaldoPorTipo(EtiquetaSaldo(u"ENVIARZV0_"_s, op), 0), QString());
+    TerminarArchivo(clave, u"ENVIARZV0_"_s + N(op.idZV));
 }
 
 void Envio::ArchivarCobro(const Operacion& op) {
-    diario_.Charge(QStringLiteral("ENVIARZV_") + N(op.idZV), QStringLiteral("OK"),
-                   op.importe.AEntero32(), op.paidIn, op.paidOut);
+    diario_.Charge(u"ENVIARZV_"_s + N(op.idZV), u"OK"_s, op.importe.AEntero32(), op.paidIn,
+                   op.paidOut);
     entorno_.marca.MarcarActivo(true);
-    entorno_.Motor().Comenzar();
-    const QString etiqueta = QStringLiteral("ENVIARZV1_") + N(op.idZV);
-    entorno_.log.LogLinea(etiqueta + QStringLiteral("_BEGINTRANS"));
-    entorno_.seguretat.UsuarioFast = true;
+    entorno_.Database().Comenzar();
+    const QString etiqueta = u"ENVIARZV1_"_s + N(op.idZV);
+    entorno_.log.LogLinea(etiqueta + u"_BEGINTRANS"_s);
+    entorno_.seguretat.PonerUsuarioFast(true);
     const qint32 clave = entorno_.registros.AñadirColaProcesada(
         op.origen, op.idZV, estado::kOk, op.paidIn, op.paidOut,
-        entorno_.supervision.SaldoPorTipo(EtiquetaSaldo(QStringLiteral("ENVIARZV_"), op), 0),
-        QString());
+        entorno_.supervision.SaldoPorTipo(EtiquetaSaldo(u"ENVIARZV_"_s, op), 0), QString());
     TerminarArchivo(clave, etiqueta);
-    entorno_.seguretat.UsuarioFast = false;
+    entorno_.seguretat.PonerUsuarioFast(false);
 }
 
 void Envio::TerminarArchivo(qint32 clave, const QString& etiqueta) {
     if (clave == 0) {
         entorno_.dialogos.CajaSimple(entorno_.textos.Traduce(
-            QStringLiteral("errorAlProcesarOperacion"),
-            QStringLiteral("Error al procesar la operación, consulte con el técnico de Zorvex")));
-        entorno_.Motor().Deshacer();
-        entorno_.log.LogLinea(etiqueta + QStringLiteral("_ROLLBACK"));
+            u"errorAlProcesarOperacion"_s,
+            u"Error al procesar la operación, consulte con el técnico de Zorvex"_s));
+        entorno_.Database().Deshacer();
+        entorno_.log.LogLinea(etiqueta + u"_ROLLBACK"_s);
         return;
     }
-    entorno_.Motor().Confirmar();
-    entorno_.log.LogLinea(etiqueta + QStringLiteral("_COMMIT"));
+    entorno_.Database().Confirmar();
+    entorno_.log.LogLinea(etiqueta + u"_COMMIT"_s);
 }
 
 int Envio::ArchivarFallo(DeviceClient& cliente, const Operacion& op) {
-    const QString etiqueta = QStringLiteral("ENVIARZV2_") + N(op.idZV);
-    const QString etiquetaSaldo = QStringLiteral("ENVIARZV_") + op.origen;
+    const QString etiqueta = u"ENVIARZV2_"_s + N(op.idZV);
+    const QString etiquetaSaldo = u"ENVIARZV_"_s + op.origen;
     entorno_.marca.MarcarActivo(true);
-    entorno_.Motor().Comenzar();
-    entorno_.log.LogLinea(etiqueta + QStringLiteral("_BEGINTRANS"));
+    entorno_.Database().Comenzar();
+    entorno_.log.LogLinea(etiqueta + u"_BEGINTRANS"_s);
 
     const qint16 codigo = cliente.ErrorCode();
     RegistroProcesado registro;
@@ -164,35 +163,32 @@ int Envio::ArchivarFallo(DeviceClient& cliente, const Operacion& op) {
     int resultado = envio::kCancelado;
     if (codigo > 0) {
         EditarCredito(op.idZV, Currency(op.paidIn) - Currency(op.paidOut));
-        diario_.Charge(etiqueta, QStringLiteral("ERROR_") + N(codigo), op.importe.AEntero32(),
-                       op.paidIn, op.paidOut);
-        registro.saldoZV = entorno_.supervision.SaldoPorTipo(etiquetaSaldo, 0);
-        registro.estado = estado::kError;
-        registro.error = N(codigo) + QStringLiteral(" - ") + cliente.ErrorMessage();
-        entorno_.registros.AñadirProcesado(op.origen + QStringLiteral("_ERRORZV"), registro);
-        entorno_.log.LogLinea(QStringLiteral(">>> Error en Zorvex: ") + registro.error);
-        resultado = envio::kError;
-    } else {
-        diario_.Charge(etiqueta, QStringLiteral("CANCEL"), op.importe.AEntero32(), op.paidIn,
+        diario_.Charge(etiqueta, u"ERROR_"_s + N(codigo), op.importe.AEntero32(), op.paidIn,
                        op.paidOut);
         registro.saldoZV = entorno_.supervision.SaldoPorTipo(etiquetaSaldo, 0);
+        registro.estado = estado::kError;
+        registro.error = N(codigo) + u" - "_s + cliente.ErrorMessage();
+        entorno_.registros.AñadirProcesado(op.origen + u"_ERRORZV"_s, registro);
+        entorno_.log.LogLinea(u">>> Error en Zorvex: "_s + registro.error);
+        resultado = envio::kError;
+    } else {
+        diario_.Charge(etiqueta, u"CANCEL"_s, op.importe.AEntero32(), op.paidIn, op.paidOut);
+        registro.saldoZV = entorno_.supervision.SaldoPorTipo(etiquetaSaldo, 0);
         registro.estado = estado::kCancel;
-        registro.error = op.importe < Currency(0) ? QStringLiteral("Abono cancelado")
-                                                  : QStringLiteral("Cobro cancelado");
-        entorno_.registros.AñadirProcesado(op.origen + QStringLiteral("_CANCEL"), registro);
+        registro.error = op.importe < Currency(0) ? u"Abono cancelado"_s : u"Cobro cancelado"_s;
+        entorno_.registros.AñadirProcesado(op.origen + u"_CANCEL"_s, registro);
     }
-    entorno_.Motor().Confirmar();
-    entorno_.log.LogLinea(etiqueta + QStringLiteral("_COMMIT"));
+    entorno_.Database().Confirmar();
+    entorno_.log.LogLinea(etiqueta + u"_COMMIT"_s);
     return resultado;
 }
 
 void Envio::EditarCredito(qint32 idZV, Currency importe) {
-    const auto cola = entorno_.Motor().AbrirTabla(QStringLiteral("cola"));
+    const auto cola = entorno_.Database().AbrirTabla(u"cola"_s);
     if (cola->Buscar(idZV)) {
-        cola->Poner(QStringLiteral("creditoError"), ValorBD(importe));
+        cola->Poner(u"creditoError"_s, ValorBD(importe));
         cola->Actualizar();
-        entorno_.log.LogLinea(QStringLiteral("EDIT_COLA_CREDITO_") + N(idZV) +
-                              QStringLiteral("_OK"));
+        entorno_.log.LogLinea(u"EDIT_COLA_CREDITO_"_s + N(idZV) + u"_OK"_s);
     }
     cola->Cerrar();
 }

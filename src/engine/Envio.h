@@ -3,8 +3,8 @@
 // transaction. The row leaves cola only when it has been filed.
 #pragma once
 
-#include "engine/Entorno.h"
 #include "platform/ErrorEjecucion.h"
+#include "till/Entorno.h"
 
 namespace zv {
 
@@ -45,7 +45,7 @@ class Envio {
     QString EtiquetaSaldo(const QString& prefijo, const Operacion& op) const;
 
     Entorno& entorno_;
-    Diario diario_;
+    DeviceJournal diario_;
 };
 
 } // namespace zv

@@ -1,8 +1,10 @@
 // Counters, state line, buttons and paging of the main screen.
 #include "engine/EstadoMonitor.h"
 
-#include "engine/Vocabulario.h"
+#include "config/Modo.h"
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
+#include "till/ResultadoEnvio.h"
 
 #include <algorithm>
 
@@ -25,9 +27,8 @@ enum Boton : std::size_t {
 
 EstadoMonitor::EstadoMonitor(Entorno& entorno, Controles& controles, GridCola& grid)
     : entorno_(entorno), controles_(controles), grid_(grid) {
-    controles_.Poner(&EstadoControles::lbContador,
-                     QStringLiteral("Comprobando operaciones pendientes..."));
-    controles_.Poner(&EstadoControles::lbEstado, QStringLiteral("Inicializando..."));
+    controles_.Poner(&EstadoControles::lbContador, u"Comprobando operaciones pendientes..."_s);
+    controles_.Poner(&EstadoControles::lbEstado, u"Inicializando..."_s);
 }
 
 QString EstadoMonitor::Traduce(const char16_t* clave, const QString& porDefecto) const {
@@ -37,13 +38,12 @@ QString EstadoMonitor::Traduce(const char16_t* clave, const QString& porDefecto)
 void EstadoMonitor::RellenarGrid() {
     controles_.Poner(&EstadoControles::punteroEspera, true);
     try {
-        grid_.Rellenar(entorno_.Motor(), entorno_.configuracio->SINHORA == 1);
+        grid_.Rellenar(entorno_.Database(), entorno_.configuracio->SINHORA == 1);
         controles_.Poner(&EstadoControles::punteroEspera, false);
     } catch (const ErrorEjecucion& e) {
         controles_.Poner(&EstadoControles::punteroEspera, false);
-        entorno_.dialogos.MostrarMensaje(QString(), QStringLiteral("Error nº ") +
-                                                        QString::number(e.Numero()) +
-                                                        QStringLiteral(" - ") + e.Descripcion());
+        entorno_.dialogos.MostrarMensaje(QString(), u"Error nº "_s + QString::number(e.Numero()) +
+                                                        u" - "_s + e.Descripcion());
     }
 }
 
@@ -64,11 +64,10 @@ void EstadoMonitor::ActualizarEstado(bool automatico) {
 void EstadoMonitor::ActualizarContador() {
     const int n = grid_.FilasDatos();
     const int a = grid_.Abonos();
-    const QString cobros = Traduce(u"cobros", QStringLiteral("cobros"));
+    const QString cobros = Traduce(u"cobros", u"cobros"_s);
     QString texto = QString::number(n - a) + QLatin1Char(' ') + cobros;
     if (a != 0) {
-        texto += QStringLiteral(" / ") + QString::number(a) + QLatin1Char(' ') +
-                 Traduce(u"abonos", QStringLiteral("abonos"));
+        texto += u" / "_s + QString::number(a) + QLatin1Char(' ') + Traduce(u"abonos", u"abonos"_s);
     }
     controles_.Poner(&EstadoControles::lbContador, texto);
 }
@@ -82,8 +81,8 @@ void EstadoMonitor::ActualizarTexto(bool automatico) {
     case envio::kBien:
         poner(QString());
         if (automatico && configuracio.Modo == modo::kManual &&
-            entorno_.ini.LeerIni(entorno_.rutaIni, QStringLiteral("ZVMONITOR"),
-                                 QStringLiteral("MODO"), modo::kManual) == modo::kAuto) {
+            entorno_.ini.LeerIni(entorno_.rutaIni, u"ZVMONITOR"_s, u"MODO"_s, modo::kManual) ==
+                modo::kAuto) {
             CambiarModo(modo::kAuto);
         }
         break;
@@ -91,27 +90,25 @@ void EstadoMonitor::ActualizarTexto(bool automatico) {
         if (configuracio.ModoAnterior == modo::kAuto && ultimaCuenta_ == 0) {
             CambiarModo(modo::kAuto);
             entorno_.ResultadoEnvio = envio::kBien;
-            poner(
-                Traduce(u"operacionCancelada2",
-                        QStringLiteral("Última operación cancelada. Cambiado a modo AUTOMATICO")));
+            poner(Traduce(u"operacionCancelada2",
+                          u"Última operación cancelada. Cambiado a modo AUTOMATICO"_s));
         } else {
             poner(Traduce(u"operacionCancelada",
-                          QStringLiteral("Última operación cancelada. Cambiado a modo MANUAL")));
+                          u"Última operación cancelada. Cambiado a modo MANUAL"_s));
         }
         break;
     case envio::kError: {
         const qint16 codigo = entorno_.cliente.ErrorCode();
         if (codigo != 0) {
             const QString detalle =
-                QString::number(codigo) + QStringLiteral(" - ") + entorno_.cliente.ErrorMessage();
-            poner(Traduce(u"errorDeZorvex3", QStringLiteral("Error ") + detalle +
-                                                 QStringLiteral(". Consulte con su técnico")));
-            entorno_.dialogos.MostrarMensaje(
-                Traduce(u"errorDeZorvex", QStringLiteral("Error de Zorvex")), detalle);
+                QString::number(codigo) + u" - "_s + entorno_.cliente.ErrorMessage();
+            poner(
+                Traduce(u"errorDeZorvex3", u"Error "_s + detalle + u". Consulte con su técnico"_s));
+            entorno_.dialogos.MostrarMensaje(Traduce(u"errorDeZorvex", u"Error de Zorvex"_s),
+                                             detalle);
             entorno_.ResultadoEnvio = envio::kBien;
         } else {
-            poner(Traduce(u"errorDeZorvex3",
-                          QStringLiteral("Error de Zorvex. Consulte con su técnico")));
+            poner(Traduce(u"errorDeZorvex3", u"Error de Zorvex. Consulte con su técnico"_s));
         }
         break;
     }
@@ -135,7 +132,7 @@ void EstadoMonitor::PulsarModo(int indice) {
     static const std::array<QString, 3> kModos{modo::kAuto, modo::kManual, modo::kSemi};
     entorno_.ResultadoEnvio = envio::kBien;
     // The mode's value passes through the language file, like a caption.
-    CambiarModo(entorno_.textos.Traduce(QStringLiteral("btnModo_") + QString::number(indice),
+    CambiarModo(entorno_.textos.Traduce(u"btnModo_"_s + QString::number(indice),
                                         kModos[static_cast<std::size_t>(indice)]));
     ActualizarEstado(false);
 }

@@ -3,8 +3,8 @@
 #pragma once
 
 #include "engine/Controles.h"
-#include "engine/Entorno.h"
 #include "engine/GridCola.h"
+#include "till/Entorno.h"
 
 namespace zv {
 

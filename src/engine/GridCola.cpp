@@ -2,6 +2,7 @@
 #include "engine/GridCola.h"
 
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 
 #include <algorithm>
 #include <utility>
@@ -69,11 +70,11 @@ void GridCola::PonerTitulos() {
         return textos_.Traduce(QString::fromUtf16(clave), QString::fromUtf16(porDefecto));
     };
     titulos_ = {t(u"anular", u"Anular"),
-                QStringLiteral("IdCola"),
+                u"IdCola"_s,
                 t(u"fechaVenta", u"Fecha Venta"),
                 t(u"idVenta", u"Id. Venta"),
-                t(u"idVenta", u"Id. Venta") + QStringLiteral(" 2"),
-                QStringLiteral("Id. ") + t(u"caja2", u"Caja"),
+                t(u"idVenta", u"Id. Venta") + u" 2"_s,
+                u"Id. "_s + t(u"caja2", u"Caja"),
                 t(u"terminal", u"Terminal"),
                 t(u"vendedor", u"Vendedor"),
                 t(u"formapago", u"Forma Pago"),
@@ -81,34 +82,34 @@ void GridCola::PonerTitulos() {
                 t(u"enviar", u"Enviar")};
 }
 
-LineaGrid GridCola::LeerLinea(const Fila& fila, bool sinHora) const {
+LineaGrid GridCola::LeerLinea(const Row& fila, bool sinHora) const {
     // By name: another program may have made the file, with its columns in another order.
     LineaGrid linea;
-    linea.idZV = fila.LeerLong(QStringLiteral("idZV"));
-    linea.fecha = FechaCorta(fila.LeerFecha(QStringLiteral("fecha")), sinHora);
-    linea.id1 = fila.LeerTexto(QStringLiteral("id1"));
-    linea.id2 = fila.LeerTexto(QStringLiteral("id2"));
-    linea.idcaja = fila.LeerTexto(QStringLiteral("idcaja"));
-    linea.terminal = fila.LeerTexto(QStringLiteral("terminal"));
-    linea.vendedor = fila.LeerTexto(QStringLiteral("vendedor"));
-    linea.formapago = fila.LeerTexto(QStringLiteral("formapago"));
-    const Currency importe = fila.LeerCurrency(QStringLiteral("importe"));
+    linea.idZV = fila.LeerLong(u"idZV"_s);
+    linea.fecha = FechaCorta(fila.LeerFecha(u"fecha"_s), sinHora);
+    linea.id1 = fila.LeerTexto(u"id1"_s);
+    linea.id2 = fila.LeerTexto(u"id2"_s);
+    linea.idcaja = fila.LeerTexto(u"idcaja"_s);
+    linea.terminal = fila.LeerTexto(u"terminal"_s);
+    linea.vendedor = fila.LeerTexto(u"vendedor"_s);
+    linea.formapago = fila.LeerTexto(u"formapago"_s);
+    const Currency importe = fila.LeerCurrency(u"importe"_s);
     try {
         linea.importe = importes_.FormatoImporte(importe);
     } catch (const ErrorEjecucion&) {
         // An amount that cannot be shown leaves the cell empty.
         linea.importe.clear();
     }
-    linea.credito = !fila.LeerCurrency(QStringLiteral("creditoError")).EsCero();
+    linea.credito = !fila.LeerCurrency(u"creditoError"_s).EsCero();
     if (linea.credito && !linea.importe.isEmpty()) {
-        linea.importe.prepend(QStringLiteral("! >>> "));
+        linea.importe.prepend(u"! >>> "_s);
     }
     linea.abono = importe < Currency(0);
-    linea.manual = fila.LeerBooleano(QStringLiteral("manual"));
+    linea.manual = fila.LeerBooleano(u"manual"_s);
     return linea;
 }
 
-void GridCola::Rellenar(MotorBD& motor, bool sinHora) {
+void GridCola::Rellenar(DatabaseEngine& motor, bool sinHora) {
     const std::optional<Lectura> anterior = std::exchange(lectura_, std::nullopt);
     filaSuperior_ = 1;
     filaActual_ = 0;
@@ -120,7 +121,7 @@ void GridCola::Rellenar(MotorBD& motor, bool sinHora) {
     };
     try {
         // The mark is taken before the reading: a row written in between is read the next time.
-        const Lectura ahora{motor.MarcaSalvoAltas(), sinHora, importes_.Multiplicador()};
+        const Lectura ahora{motor.ChangeStampExceptAdded(), sinHora, importes_.Multiplicador()};
         LeerFilas(motor, anterior == ahora, sinHora);
         lectura_ = ahora;
     } catch (...) {
@@ -133,22 +134,22 @@ void GridCola::Rellenar(MotorBD& motor, bool sinHora) {
     avisar();
 }
 
-void GridCola::LeerFilas(MotorBD& motor, bool soloNuevas, bool sinHora) {
+void GridCola::LeerFilas(DatabaseEngine& motor, bool soloNuevas, bool sinHora) {
     if (!soloNuevas) {
         lineas_.clear();
         abonos_ = 0;
     }
     conservadas_ = FilasDatos();
-    const auto leer = [this, sinHora](const Fila& fila) {
+    const auto leer = [this, sinHora](const Row& fila) {
         lineas_.push_back(LeerLinea(fila, sinHora));
         abonos_ += lineas_.back().abono ? 1 : 0;
         return true;
     };
     if (lineas_.empty()) {
-        motor.Recorrer(QStringLiteral("SELECT * FROM cola ORDER BY idZV"), {}, leer);
+        motor.Recorrer(u"SELECT * FROM cola ORDER BY idZV"_s, {}, leer);
     } else {
-        motor.Recorrer(QStringLiteral("SELECT * FROM cola WHERE idZV>? ORDER BY idZV"),
-                       {lineas_.back().idZV}, leer);
+        motor.Recorrer(u"SELECT * FROM cola WHERE idZV>? ORDER BY idZV"_s, {lineas_.back().idZV},
+                       leer);
     }
 }
 

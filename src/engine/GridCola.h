@@ -3,7 +3,7 @@
 #pragma once
 
 #include "config/Configuracio.h"
-#include "store/MotorBD.h"
+#include "store/DatabaseEngine.h"
 #include "ui/Importes.h"
 #include "ui/Textos.h"
 
@@ -44,7 +44,7 @@ class GridCola {
     // Refills from cola, in idZV order, and makes the first row current and top. A database
     // failure is raised with the grid as far as it got. Where cola can only have grown at its end
     // since the last time, the rows that stand are kept.
-    void Rellenar(MotorBD& motor, bool sinHora);
+    void Rellenar(DatabaseEngine& motor, bool sinHora);
 
     int FilasDatos() const { return static_cast<int>(lineas_.size()); }
     // Rows at the front that the last refill has left as they were.
@@ -80,8 +80,8 @@ class GridCola {
         bool operator==(const Lectura&) const = default;
     };
 
-    void LeerFilas(MotorBD& motor, bool soloNuevas, bool sinHora);
-    LineaGrid LeerLinea(const Fila& fila, bool sinHora) const;
+    void LeerFilas(DatabaseEngine& motor, bool soloNuevas, bool sinHora);
+    LineaGrid LeerLinea(const Row& fila, bool sinHora) const;
 
     const Textos& textos_;
     const Importes& importes_;

@@ -1,15 +1,17 @@
 // One tick of the queue: look, refill, decide, send.
 #include "engine/PulsoCola.h"
 
-#include "engine/Vocabulario.h"
+#include "config/Modo.h"
+#include "platform/StringLiterals.h"
+#include "till/ResultadoEnvio.h"
 
 namespace zv {
 
 namespace {
 
-const QString kClaveConector = QStringLiteral("Zorvex\\ZVConnector");
-const QString kValorActivo = QStringLiteral("Activo");
-const QString kCero = QStringLiteral("0");
+const QString kClaveConector = u"Zorvex\\ZVConnector"_s;
+const QString kValorActivo = u"Activo"_s;
+const QString kCero = u"0"_s;
 constexpr qint64 kPausaAvisoMs = 1000; // one line a second, or the log would fill the disk
 constexpr qint16 kEnlacePerdido = 1;
 
@@ -49,7 +51,7 @@ bool PulsoCola::ConectorActivo() {
     const qint64 ahora = entorno_.reloj.Ticks();
     if (!ultimoAvisoConector_ || ahora - *ultimoAvisoConector_ >= kPausaAvisoMs) {
         ultimoAvisoConector_ = ahora;
-        entorno_.log.LogLinea(QStringLiteral("TIMER_COLA_ZVCONNECTOR_ACTIVO"));
+        entorno_.log.LogLinea(u"TIMER_COLA_ZVCONNECTOR_ACTIVO"_s);
     }
     return true;
 }
@@ -96,19 +98,19 @@ bool PulsoCola::DetectarCambiosCola() {
         return false;
     }
     // The mark is taken before the look, so that a row written in between shows at the next one.
-    const quint64 marca = entorno_.Motor().MarcaCambios();
+    const quint64 marca = entorno_.Database().ChangeStamp();
     if (marcaMirada_ == marca) {
         return false;
     }
-    const std::vector<Fila> filas = entorno_.Motor().Consultar(QStringLiteral(
-        "SELECT Max(idZV) AS id,Count(idZv) AS cnt,Sum(Importe) as Importe FROM cola"));
+    const std::vector<Row> filas = entorno_.Database().Consultar(
+        u"SELECT Max(idZV) AS id,Count(idZv) AS cnt,Sum(Importe) as Importe FROM cola"_s);
     qint32 id = 0;
     qint32 cuenta = 0;
     Currency suma;
     bool idNulo = true;
     bool sumaNula = true;
     if (!filas.empty()) {
-        const Fila& fila = filas.front();
+        const Row& fila = filas.front();
         idNulo = fila.EsNulo(0);
         sumaNula = fila.EsNulo(2);
         id = fila.LeerLong(0);
@@ -132,14 +134,14 @@ void PulsoCola::EnviarPrimera() {
     if (marcaSinFila_ == marcaMirada_) {
         return;
     }
-    const std::vector<Fila> filas = entorno_.Motor().Consultar(
-        QStringLiteral("SELECT TOP 1 * FROM cola WHERE NOT manual ORDER BY idZv"));
+    const std::vector<Row> filas =
+        entorno_.Database().Consultar(u"SELECT TOP 1 * FROM cola WHERE NOT manual ORDER BY idZv"_s);
     if (filas.empty()) {
         marcaSinFila_ = marcaMirada_;
         return;
     }
-    const qint32 idZV = filas.front().LeerLong(QStringLiteral("idZV"));
-    const Currency importe = filas.front().LeerCurrency(QStringLiteral("importe"));
+    const qint32 idZV = filas.front().LeerLong(u"idZV"_s);
+    const Currency importe = filas.front().LeerCurrency(u"importe"_s);
     entorno_.marca.MarcarActivo(true);
     if (importe < Currency(0) && !ConfirmarAbono(importe)) {
         RestaurarVentana();
@@ -156,7 +158,7 @@ bool PulsoCola::ConfirmarAbono(Currency importe) {
     const auto t = [this](const char16_t* clave, const char16_t* porDefecto) {
         return entorno_.textos.Traduce(QString::fromUtf16(clave), QString::fromUtf16(porDefecto));
     };
-    const QString salto = QStringLiteral("\r\n");
+    const QString salto = u"\r\n"_s;
     const QString texto = t(u"retireElCambio", u"RETIRE EL CAMBIO DE") + salto +
                           t(u"retireElCambio2", u" LA OPERACION ANTERIOR") + salto + salto +
                           t(u"retireElCambio3", u"Pulse 'Aceptar' para continuar con el ABONO") +
@@ -182,8 +184,7 @@ bool PulsoCola::EnviarConReconexion(qint32 idZV) {
         }
         estado_.ActualizarBotonesMonitor(false);
         DeshacerAbandonadas();
-        entorno_.ResultadoEnvio =
-            envio_.EnviarOperacion(QStringLiteral("ENVIARCOLA"), entorno_.cliente, idZV);
+        entorno_.ResultadoEnvio = envio_.EnviarOperacion(u"ENVIARCOLA"_s, entorno_.cliente, idZV);
         const qint16 codigo = entorno_.cliente.ErrorCode();
         if (codigo != kEnlacePerdido || entorno_.ResultadoEnvio != envio::kError) {
             break;
@@ -210,9 +211,9 @@ bool PulsoCola::EnviarConReconexion(qint32 idZV) {
 // A send that failed inside its transaction leaves it open. The next one would nest in it, and its
 // books would go with it at the end of the process.
 void PulsoCola::DeshacerAbandonadas() {
-    while (entorno_.Motor().Nivel() > 0) {
-        entorno_.Motor().Deshacer();
-        entorno_.log.LogLinea(QStringLiteral(">>> Transacción abandonada: deshecha"));
+    while (entorno_.Database().Nivel() > 0) {
+        entorno_.Database().Deshacer();
+        entorno_.log.LogLinea(u">>> Transacción abandonada: deshecha"_s);
     }
 }
 

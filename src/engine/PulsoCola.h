@@ -3,11 +3,11 @@
 #pragma once
 
 #include "engine/Controles.h"
-#include "engine/Entorno.h"
 #include "engine/Envio.h"
 #include "engine/EstadoMonitor.h"
 #include "engine/GridCola.h"
 #include "engine/VentanaPrincipal.h"
+#include "till/Entorno.h"
 
 #include <optional>
 

@@ -1,7 +1,7 @@
 // Fields by position: command, id1, amount, id2, till, terminal, seller, form of payment.
 #include "fastlink/LecturaMissatge.h"
 
-#include "platform/Conversiones.h"
+#include "platform/Conversions.h"
 #include "platform/ErrorEjecucion.h"
 
 #include <QVarLengthArray>

@@ -1,25 +1,27 @@
 // The tests of a command are made in this order; the first that holds gives the answer.
 #include "fastlink/RespuestaFast.h"
 
+#include "platform/StringLiterals.h"
+
 namespace zv {
 
 namespace {
 
 QString ContestarCobro(dades& datos, const Missatge& missatge) {
     if (missatge.ImporteError) {
-        return QStringLiteral("NOK|Amount too big");
+        return u"NOK|Amount too big"_s;
     }
     QString estado;
     bool resultado = false;
     datos.EstatComanda(missatge, estado, resultado);
     if (!resultado) {
-        return QStringLiteral("NOK|Invalid ID");
+        return u"NOK|Invalid ID"_s;
     }
     if (estado != QLatin1String("NOT FOUND")) {
-        return QStringLiteral("NOK|Already exists");
+        return u"NOK|Already exists"_s;
     }
     datos.Inserta(missatge, resultado);
-    return resultado ? QStringLiteral("OK|Added") : QStringLiteral("NOK|Failed");
+    return resultado ? u"OK|Added"_s : u"NOK|Failed"_s;
 }
 
 QString ContestarEstado(dades& datos, const Missatge& missatge) {
@@ -27,7 +29,7 @@ QString ContestarEstado(dades& datos, const Missatge& missatge) {
     bool resultado = false;
     // It looks at the command as received: "s" is told "NOT FOUND" for an unknown sale.
     datos.EstatComanda(missatge, estado, resultado);
-    return resultado ? QStringLiteral("OK|") + estado : QStringLiteral("NOK|Not found");
+    return resultado ? u"OK|"_s + estado : u"NOK|Not found"_s;
 }
 
 } // namespace
@@ -40,7 +42,7 @@ QString ContestarMissatge(dades& datos, const Missatge& missatge) {
     if (comanda == QLatin1String("S")) {
         return ContestarEstado(datos, missatge);
     }
-    return QStringLiteral("NOK|Unknown command");
+    return u"NOK|Unknown command"_s;
 }
 
 } // namespace zv

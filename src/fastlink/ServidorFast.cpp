@@ -4,8 +4,9 @@
 #include "fastlink/LecturaMissatge.h"
 #include "fastlink/RespuestaFast.h"
 #include "platform/CodePage.h"
-#include "platform/Conversiones.h"
+#include "platform/Conversions.h"
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 
 namespace zv {
 
@@ -16,7 +17,7 @@ constexpr int kTmrMs = 1;
 } // namespace
 
 ServidorFast::ServidorFast(ConfiguracioGlobal& configuracio, const FormatoRegional& formato,
-                           Log& log, BombaFast bomba, const QHostAddress& direccion)
+                           Log& log, FastPump bomba, const QHostAddress& direccion)
     : configuracio_(configuracio), formato_(formato), log_(log), bomba_(std::move(bomba)),
       ws_(direccion, {[this](qint16 indice, const QByteArray& datos) { Llegada(indice, datos); }}),
       Tmr_(kTmrMs, [this] { Tick(); }) {}
@@ -32,7 +33,7 @@ void ServidorFast::AbrirFast() {
 
 void ServidorFast::Llegada(qint16 indice, const QByteArray& datos) {
     const QString texto = DeCodePage(datos);
-    log_.LogFast(QStringLiteral("R: ") + texto);
+    log_.LogFast(u"R: "_s + texto);
     std::optional<Missatge> missatge = LeerMissatge(texto, formato_);
     if (!missatge) {
         return;
@@ -57,7 +58,7 @@ void ServidorFast::Tick() {
     const qint16 indice = entrada.missatge.IdxSocket;
     if (ws_.Conectado(indice) && ws_.Serie(indice) == entrada.serie) {
         ws_.Enviar(indice, ACodePage(respuesta));
-        log_.LogFast(QStringLiteral("E: ") + respuesta);
+        log_.LogFast(u"E: "_s + respuesta);
     }
 }
 
@@ -71,13 +72,13 @@ QString ServidorFast::Contestar(dades& datos, const Missatge& missatge) {
         // A look-up that the database refuses is no reason to end a till: the client is told that
         // it failed, and asks again.
         try {
-            log_.LogLinea(QStringLiteral(">>> Error nº ") + QString::number(e.Numero()) +
-                          QStringLiteral(" en el enlace ZVFast - ") + e.Descripcion());
+            log_.LogLinea(u">>> Error nº "_s + QString::number(e.Numero()) +
+                          u" en el enlace ZVFast - "_s + e.Descripcion());
         } catch (const ErrorEjecucion&) {
             // Nor is a log that cannot be written.
-            return QStringLiteral("NOK|Failed");
+            return u"NOK|Failed"_s;
         }
-        return QStringLiteral("NOK|Failed");
+        return u"NOK|Failed"_s;
     }
 }
 

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "config/ConfiguracioGlobal.h"
-#include "fastlink/SocketsFast.h"
+#include "fastlink/FastListener.h"
 #include "platform/FormatoRegional.h"
-#include "platform/Metronomo.h"
+#include "platform/Metronome.h"
 #include "store/dades.h"
 #include "ui/Log.h"
 
@@ -14,7 +14,7 @@
 namespace zv {
 
 // What the pump asks before it answers.
-struct BombaFast {
+struct FastPump {
     // The sales of the store; nullptr while there is none yet: messages wait.
     std::function<dades*()> datos;
     // True while an answer has to wait: during a device call with a transaction open.
@@ -28,16 +28,16 @@ class ServidorFast {
   public:
     // Everything handed in outlives the server.
     ServidorFast(ConfiguracioGlobal& configuracio, const FormatoRegional& formato, Log& log,
-                 BombaFast bomba, const QHostAddress& direccion = QHostAddress::Any);
+                 FastPump bomba, const QHostAddress& direccion = QHostAddress::Any);
 
     // (Re)opens the listener by the settings; connections that stand are not touched. Raises 13 or
-    // 6 for a port that is no number, and the failures of SocketsFast::Escuchar.
+    // 6 for a port that is no number, and the failures of FastListener::Escuchar.
     void AbrirFast();
 
     // One tick of Tmr; the event loop calls it.
     void Tick();
 
-    const SocketsFast& WS() const { return ws_; }
+    const FastListener& WS() const { return ws_; }
     std::size_t MensajesEnCola() const { return ColaMissatges_.size(); }
     bool TmrActivo() const { return Tmr_.Activo(); }
 
@@ -52,10 +52,10 @@ class ServidorFast {
     ConfiguracioGlobal& configuracio_;
     const FormatoRegional& formato_;
     Log& log_;
-    BombaFast bomba_;
-    SocketsFast ws_;
+    FastPump bomba_;
+    FastListener ws_;
     std::deque<Entrada> ColaMissatges_;
-    Metronomo Tmr_;
+    Metronome Tmr_;
 };
 
 } // namespace zv

@@ -1,33 +1,34 @@
 // Run-time failures of the platform, with their numbers and texts.
 #include "platform/ErrorEjecucion.h"
 
+#include "platform/StringLiterals.h"
+
 namespace zv {
 
 ErrorEjecucion::ErrorEjecucion(int numero, QString descripcion)
     : numero_(numero), descripcion_(std::move(descripcion)),
-      what_((QString::number(numero) + QStringLiteral(" - ") + descripcion_).toUtf8()) {}
+      what_((QString::number(numero) + u" - "_s + descripcion_).toUtf8()) {}
 
 namespace errores {
 
 ErrorEjecucion Desbordamiento() {
-    return {6, QStringLiteral("Desbordamiento")};
+    return {6, u"Desbordamiento"_s};
 }
 
 ErrorEjecucion FueraDeIntervalo() {
-    return {9, QStringLiteral("El subíndice está fuera del intervalo")};
+    return {9, u"El subíndice está fuera del intervalo"_s};
 }
 
 ErrorEjecucion DivisionPorCero() {
-    return {11, QStringLiteral("División por cero")};
+    return {11, u"División por cero"_s};
 }
 
 ErrorEjecucion TipoNoCoincide() {
-    return {13, QStringLiteral("No coinciden los tipos")};
+    return {13, u"No coinciden los tipos"_s};
 }
 
 ErrorEjecucion ErrorDeArchivo(const QString& ruta, const QString& detalle) {
-    return {75, QStringLiteral("Error de acceso a la ruta o al archivo: ") + ruta +
-                    QStringLiteral(" (") + detalle + QStringLiteral(")")};
+    return {75, u"Error de acceso a la ruta o al archivo: "_s + ruta + u" ("_s + detalle + u")"_s};
 }
 
 } // namespace errores

@@ -2,6 +2,8 @@
 // for them. Whatever is started lives on when this program ends.
 #pragma once
 
+#include "platform/StringLiterals.h"
+
 #include <QString>
 
 namespace zv {
@@ -18,7 +20,7 @@ class Shell {
 class ShellSistema final : public Shell {
   public:
     // abridor: the desktop's opener of files and addresses.
-    explicit ShellSistema(QString abridor = QStringLiteral("xdg-open"));
+    explicit ShellSistema(QString abridor = u"xdg-open"_s);
 
     bool Abrir(const QString& ruta, const QString& carpetaTrabajo) override;
     bool AbrirDireccion(const QString& url) override;

@@ -2,7 +2,8 @@
 #include "store/ConexionBD.h"
 
 #include "platform/ErrorEjecucion.h"
-#include "platform/Ficheros.h"
+#include "platform/Files.h"
+#include "platform/StringLiterals.h"
 
 #include <QDir>
 
@@ -11,7 +12,7 @@ namespace zv {
 namespace {
 
 QString Separador(bool sobra) {
-    return sobra ? QString() : QStringLiteral("\\");
+    return sobra ? QString() : u"\\"_s;
 }
 
 QString SiHay(const char* parte, const QString& valor) {
@@ -25,47 +26,43 @@ QString CadenaConexion(const QString& tipo, const QString& ruta, const QString& 
     const bool baseAbierta = base.endsWith(u'\\');
     if (tipo == QLatin1String("ACCDB")) {
         // The separator looks at base, not at ruta: a ruta that ends in one gets a second.
-        return QStringLiteral("Provider=Microsoft.ACE.OLEDB.12.0;Data Source=") + ruta +
-               Separador(baseAbierta) + base + SiHay(";Jet OLEDB:Database Password=", clave) + u';';
+        return u"Provider=Microsoft.ACE.OLEDB.12.0;Data Source="_s + ruta + Separador(baseAbierta) +
+               base + SiHay(";Jet OLEDB:Database Password=", clave) + u';';
     }
     if (tipo == QLatin1String("MDB")) {
-        return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + ruta +
+        return u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source="_s + ruta +
                Separador(baseAbierta || ruta.isEmpty()) + base + SiHay(";User Id=", usuario) +
                SiHay(";Password=", clave) + u';';
     }
     if (tipo == QLatin1String("FIREBIRD")) {
-        return QStringLiteral("DRIVER=Firebird/InterBase(r) driver; UID=") + usuario +
-               QStringLiteral("; PWD=") + clave + QStringLiteral("; DBNAME=") + ruta +
-               Separador(ruta.endsWith(u'/') || ruta.endsWith(u'\\')) + base +
-               QStringLiteral(";READONLY=YES;NOWAIT=YES;DIALECT=1");
+        return u"DRIVER=Firebird/InterBase(r) driver; UID="_s + usuario + u"; PWD="_s + clave +
+               u"; DBNAME="_s + ruta + Separador(ruta.endsWith(u'/') || ruta.endsWith(u'\\')) +
+               base + u";READONLY=YES;NOWAIT=YES;DIALECT=1"_s;
     }
     if (tipo == QLatin1String("FOXPRO")) {
-        return QStringLiteral("Provider=vfpoledb;Data Source=") + ruta + u'\\' + base +
-               QStringLiteral(";Collating Sequence=general;");
+        return u"Provider=vfpoledb;Data Source="_s + ruta + u'\\' + base +
+               u";Collating Sequence=general;"_s;
     }
     if (tipo == QLatin1String("PARADOX")) {
-        return QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + ruta + u'\\' +
-               base + QStringLiteral(";Extended Properties=Paradox 5.x;");
+        return u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source="_s + ruta + u'\\' + base +
+               u";Extended Properties=Paradox 5.x;"_s;
     }
     if (tipo == QLatin1String("ODBC")) {
-        return QStringLiteral("DSN=") + ruta + QStringLiteral(";Uid=") + usuario +
-               QStringLiteral(";Pwd=") + clave + u';';
+        return u"DSN="_s + ruta + u";Uid="_s + usuario + u";Pwd="_s + clave + u';';
     }
     if (tipo == QLatin1String("SQLSERVER")) {
-        return QStringLiteral("Provider=sqloledb;Data Source=") + ruta +
-               QStringLiteral(";Initial Catalog=") + base + QStringLiteral(";User ID=") + usuario +
-               QStringLiteral(";Password=") + clave + u';';
+        return u"Provider=sqloledb;Data Source="_s + ruta + u";Initial Catalog="_s + base +
+               u";User ID="_s + usuario + u";Password="_s + clave + u';';
     }
-    return QStringLiteral("Provider=") + tipo + QStringLiteral(";Server=") + ruta +
-           QStringLiteral(";Database=") + base + QStringLiteral(";;Uid=") + usuario +
-           QStringLiteral(";Password=") + clave;
+    return u"Provider="_s + tipo + u";Server="_s + ruta + u";Database="_s + base + u";;Uid="_s +
+           usuario + u";Password="_s + clave;
 }
 
 QString RutaBaseDatos(const QString& carpeta) {
-    return carpeta + QDir::separator() + QStringLiteral("ZVMonito2.mdb");
+    return carpeta + QDir::separator() + u"ZVMonito2.mdb"_s;
 }
 
-ConexionBD::ConexionBD(MotorBD& motor, QString carpeta, Log& log, Dialogos& dialogos,
+ConexionBD::ConexionBD(DatabaseEngine& motor, QString carpeta, Log& log, Dialogos& dialogos,
                        const Textos& textos)
     : motor_(motor), carpeta_(std::move(carpeta)), log_(log), dialogos_(dialogos), textos_(textos) {
 }
@@ -81,32 +78,27 @@ bool ConexionBD::ConectarBD() {
     QString cadena;
     try {
         if (!ExisteFichero(RutaFichero())) {
-            dialogos_.MostrarMensaje(
-                QStringLiteral("Error de configuración"),
-                QStringLiteral("No se encuentra la base de datos de ZVMonitor"));
-            log_.LogLinea(
-                QStringLiteral("No se encuentra el fichero de configuración de la aplicación"));
+            dialogos_.MostrarMensaje(u"Error de configuración"_s,
+                                     u"No se encuentra la base de datos de ZVMonitor"_s);
+            log_.LogLinea(u"No se encuentra el fichero de configuración de la aplicación"_s);
             return false;
         }
-        cadena = CadenaConexion(QStringLiteral("MDB"), {}, RutaFichero(), {}, {});
+        cadena = CadenaConexion(u"MDB"_s, {}, RutaFichero(), {}, {});
         try {
             motor_.Abrir(cadena);
         } catch (const ErrorEjecucion& e) {
             dialogos_.MostrarMensaje(
-                textos_.Traduce(QStringLiteral("errorDeConfiguracion"),
-                                QStringLiteral("Error de configuración")),
-                textos_.Traduce(QStringLiteral("errorMDB"),
-                                QStringLiteral("Error al crear el fichero MDB, el archivo ya esta "
-                                               "en uso")));
-            log_.LogLinea(QStringLiteral("ERROR_%1 - ").arg(e.Numero()) + e.Descripcion() +
-                          QStringLiteral(": ") + cadena);
+                textos_.Traduce(u"errorDeConfiguracion"_s, u"Error de configuración"_s),
+                textos_.Traduce(u"errorMDB"_s, u"Error al crear el fichero MDB, el archivo ya esta "
+                                               "en uso"_s));
+            log_.LogLinea(u"ERROR_%1 - "_s.arg(e.Numero()) + e.Descripcion() + u": "_s + cadena);
             return false;
         }
         return true;
     } catch (const ErrorEjecucion& e) {
         try {
-            log_.LogLinea(QStringLiteral(">>> Error conectarBDZV %1 - ").arg(e.Numero()) +
-                          e.Descripcion() + QStringLiteral(": ") + cadena);
+            log_.LogLinea(u">>> Error conectarBDZV %1 - "_s.arg(e.Numero()) + e.Descripcion() +
+                          u": "_s + cadena);
         } catch (const ErrorEjecucion&) {
             return false; // the log itself is what has failed
         }

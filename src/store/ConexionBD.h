@@ -2,7 +2,7 @@
 // opened once and stays open.
 #pragma once
 
-#include "store/MotorBD.h"
+#include "store/DatabaseEngine.h"
 #include "ui/Dialogos.h"
 #include "ui/Log.h"
 #include "ui/Textos.h"
@@ -22,16 +22,17 @@ QString RutaBaseDatos(const QString& carpeta);
 class ConexionBD {
   public:
     // carpeta: application folder, without a separator at its end.
-    ConexionBD(MotorBD& motor, QString carpeta, Log& log, Dialogos& dialogos, const Textos& textos);
+    ConexionBD(DatabaseEngine& motor, QString carpeta, Log& log, Dialogos& dialogos,
+               const Textos& textos);
 
     // True if the connection is open on return; a second call touches nothing.
     bool ConectarBD();
 
-    MotorBD& Motor() { return motor_; }
+    DatabaseEngine& Database() { return motor_; }
     QString RutaFichero() const;
 
   private:
-    MotorBD& motor_;
+    DatabaseEngine& motor_;
     QString carpeta_;
     Log& log_;
     Dialogos& dialogos_;

@@ -2,76 +2,76 @@
 #include "store/Esquema.h"
 
 #include "platform/ErrorEjecucion.h"
-#include "platform/Ficheros.h"
+#include "platform/Files.h"
+#include "platform/StringLiterals.h"
 #include "store/ConexionBD.h"
 
 namespace zv {
 
 namespace {
 
-constexpr auto kLong = TipoColumna::Long;
-constexpr auto kAutoLong = TipoColumna::AutoLong;
-constexpr auto kDate = TipoColumna::Date;
-constexpr auto kCurrency = TipoColumna::Currency;
-constexpr auto kText = TipoColumna::Text;
-constexpr auto kBoolean = TipoColumna::Boolean;
+constexpr auto kLong = ColumnType::Long;
+constexpr auto kAutoLong = ColumnType::AutoLong;
+constexpr auto kDate = ColumnType::Date;
+constexpr auto kCurrency = ColumnType::Currency;
+constexpr auto kText = ColumnType::Text;
+constexpr auto kBoolean = ColumnType::Boolean;
 
-DefTabla TablaUsuarios() {
-    return {QStringLiteral("Usuarios"),
-            {{QStringLiteral("idUser"), kAutoLong},
-             {QStringLiteral("nombre"), kText, 20},
-             {QStringLiteral("password"), kText, 40},
-             {QStringLiteral("rol"), kLong}}};
+TableDef TablaUsuarios() {
+    return {u"Usuarios"_s,
+            {{u"idUser"_s, kAutoLong},
+             {u"nombre"_s, kText, 20},
+             {u"password"_s, kText, 40},
+             {u"rol"_s, kLong}}};
 }
 
-DefTabla TablaAccesos() {
-    return {QStringLiteral("Accesos"),
-            {{QStringLiteral("idAcceso"), kAutoLong},
-             {QStringLiteral("fecha"), kDate},
-             {QStringLiteral("usuario"), kText, 50},
-             {QStringLiteral("lugar"), kText, 50}}};
+TableDef TablaAccesos() {
+    return {u"Accesos"_s,
+            {{u"idAcceso"_s, kAutoLong},
+             {u"fecha"_s, kDate},
+             {u"usuario"_s, kText, 50},
+             {u"lugar"_s, kText, 50}}};
 }
 
-DefTabla TablaCola() {
-    return {QStringLiteral("Cola"),
-            {{QStringLiteral("idZV"), kAutoLong},
-             {QStringLiteral("fecha"), kDate},
-             {QStringLiteral("importe"), kCurrency},
-             {QStringLiteral("id1"), kText, 50},
-             {QStringLiteral("id2"), kText, 50},
-             {QStringLiteral("idcaja"), kLong},
-             {QStringLiteral("terminal"), kText, 50},
-             {QStringLiteral("vendedor"), kText, 50},
-             {QStringLiteral("formapago"), kText, 50},
-             {QStringLiteral("creditoError"), kCurrency},
-             {QStringLiteral("manual"), kBoolean}}};
+TableDef TablaCola() {
+    return {u"Cola"_s,
+            {{u"idZV"_s, kAutoLong},
+             {u"fecha"_s, kDate},
+             {u"importe"_s, kCurrency},
+             {u"id1"_s, kText, 50},
+             {u"id2"_s, kText, 50},
+             {u"idcaja"_s, kLong},
+             {u"terminal"_s, kText, 50},
+             {u"vendedor"_s, kText, 50},
+             {u"formapago"_s, kText, 50},
+             {u"creditoError"_s, kCurrency},
+             {u"manual"_s, kBoolean}}};
 }
 
 // Without usuario, which its own step adds in new files too.
-DefTabla TablaProcesados() {
-    return {QStringLiteral("Procesados"),
-            {{QStringLiteral("idZV"), kAutoLong},
-             {QStringLiteral("fechaZV"), kDate},
-             {QStringLiteral("fechaVenta"), kDate},
-             {QStringLiteral("importeVenta"), kCurrency},
-             {QStringLiteral("cobrado"), kCurrency},
-             {QStringLiteral("devuelto"), kCurrency},
-             {QStringLiteral("saldoZV"), kCurrency},
-             {QStringLiteral("estado"), kText, 20},
-             {QStringLiteral("id1"), kText, 50},
-             {QStringLiteral("id2"), kText, 50},
-             {QStringLiteral("idcaja"), kLong},
-             {QStringLiteral("terminal"), kText, 50},
-             {QStringLiteral("vendedor"), kText, 50},
-             {QStringLiteral("formapago"), kText, 50},
-             {QStringLiteral("error"), kText, 255},
-             {QStringLiteral("idCierre"), kLong},
-             {QStringLiteral("idcola"), kLong}}};
+TableDef TablaProcesados() {
+    return {u"Procesados"_s,
+            {{u"idZV"_s, kAutoLong},
+             {u"fechaZV"_s, kDate},
+             {u"fechaVenta"_s, kDate},
+             {u"importeVenta"_s, kCurrency},
+             {u"cobrado"_s, kCurrency},
+             {u"devuelto"_s, kCurrency},
+             {u"saldoZV"_s, kCurrency},
+             {u"estado"_s, kText, 20},
+             {u"id1"_s, kText, 50},
+             {u"id2"_s, kText, 50},
+             {u"idcaja"_s, kLong},
+             {u"terminal"_s, kText, 50},
+             {u"vendedor"_s, kText, 50},
+             {u"formapago"_s, kText, 50},
+             {u"error"_s, kText, 255},
+             {u"idCierre"_s, kLong},
+             {u"idcola"_s, kLong}}};
 }
 
-DefTabla TablaCierres() {
-    DefTabla tabla{QStringLiteral("Cierres"),
-                   {{QStringLiteral("idCierre"), kAutoLong}, {QStringLiteral("fecha"), kDate}}};
+TableDef TablaCierres() {
+    TableDef tabla{u"Cierres"_s, {{u"idCierre"_s, kAutoLong}, {u"fecha"_s, kDate}}};
     for (const char* columna :
          {"saldoInicial", "cobros", "abonos", "ingresos", "pagos", "saldoZV", "importeCierre",
           "cambioBilletes", "cambioMonedas", "cajonBilletes", "cajonMonedas"}) {
@@ -80,11 +80,8 @@ DefTabla TablaCierres() {
     return tabla;
 }
 
-DefTabla TablaHistorial() {
-    return {QStringLiteral("historial"),
-            {{QStringLiteral("idHis"), kAutoLong},
-             {QStringLiteral("id"), kText, 255},
-             {QStringLiteral("fecha"), kDate}}};
+TableDef TablaHistorial() {
+    return {u"historial"_s, {{u"idHis"_s, kAutoLong}, {u"id"_s, kText, 255}, {u"fecha"_s, kDate}}};
 }
 
 bool Contiene(const QStringList& nombres, const QString& nombre) {
@@ -100,9 +97,9 @@ bool Contiene(const QStringList& nombres, const QString& nombre) {
 // Each asks the catalogue anew and creates only what it does not find.
 class Creador {
   public:
-    explicit Creador(MotorBD& catalogo) : catalogo_(catalogo) {}
+    explicit Creador(DatabaseEngine& catalogo) : catalogo_(catalogo) {}
 
-    void Tabla(const DefTabla& tabla) {
+    void Tabla(const TableDef& tabla) {
         if (!ExisteTabla(catalogo_, tabla.nombre)) {
             catalogo_.CrearTabla(tabla);
         }
@@ -113,7 +110,7 @@ class Creador {
             catalogo_.CrearIndice({nombre, tabla, columnas, unico});
         }
     }
-    void Columna(const QString& tabla, const DefColumna& columna) {
+    void Columna(const QString& tabla, const ColumnDef& columna) {
         if (!ExisteColumna(catalogo_, tabla, columna.nombre)) {
             catalogo_.AñadirColumna(tabla, columna);
         }
@@ -125,70 +122,69 @@ class Creador {
     }
 
   private:
-    MotorBD& catalogo_;
+    DatabaseEngine& catalogo_;
 };
 
-void CrearLoQueFalta(MotorBD& catalogo) {
+void CrearLoQueFalta(DatabaseEngine& catalogo) {
     Creador creador(catalogo);
-    const QString usuarios = QStringLiteral("Usuarios");
-    const QString accesos = QStringLiteral("Accesos");
-    const QString cola = QStringLiteral("cola");
-    const QString procesados = QStringLiteral("procesados");
-    const QString historial = QStringLiteral("historial");
-    const QString id = QStringLiteral("id");
-    const QString usuario = QStringLiteral("usuario");
-    const QString lugar = QStringLiteral("lugar");
-    const QStringList id1id2{QStringLiteral("id1"), QStringLiteral("id2")};
-    const QString idcaja = QStringLiteral("idcaja");
+    const QString usuarios = u"Usuarios"_s;
+    const QString accesos = u"Accesos"_s;
+    const QString cola = u"cola"_s;
+    const QString procesados = u"procesados"_s;
+    const QString historial = u"historial"_s;
+    const QString id = u"id"_s;
+    const QString usuario = u"usuario"_s;
+    const QString lugar = u"lugar"_s;
+    const QStringList id1id2{u"id1"_s, u"id2"_s};
+    const QString idcaja = u"idcaja"_s;
 
     creador.Tabla(TablaUsuarios());
-    creador.Indice(usuarios, QStringLiteral("nombre"), {QStringLiteral("nombre")}, true);
+    creador.Indice(usuarios, u"nombre"_s, {u"nombre"_s}, true);
     creador.Tabla(TablaAccesos());
     creador.Indice(accesos, usuario, {usuario});
     creador.Indice(accesos, lugar, {lugar});
     creador.Tabla(TablaCola());
     creador.Indice(cola, id, id1id2);
-    creador.Indice(cola, QStringLiteral("idCaja"), {idcaja});
+    creador.Indice(cola, u"idCaja"_s, {idcaja});
     creador.Tabla(TablaProcesados());
     creador.Indice(procesados, id, id1id2);
     creador.Indice(procesados, idcaja, {idcaja});
     creador.Columna(procesados, {usuario, kText, 50});
     creador.Tabla(TablaCierres());
-    creador.Vista(QStringLiteral("v_cola_agrupar_id"),
-                  QStringLiteral("SELECT * FROM cola WHERE id1+' '+id2 IN (SELECT Cola.id1+' "
-                                 "'+Cola.id2 FROM Cola GROUP BY Cola.id1, Cola.id2 HAVING "
-                                 "Count(Cola.idcaja)>1)"));
-    creador.Vista(QStringLiteral("v_cola_grupos_id"),
-                  QStringLiteral("SELECT id1, id2, sum(importe) as SumaGrupo FROM Cola GROUP BY "
-                                 "Cola.id1, Cola.id2 HAVING Count(Cola.idcaja)>1"));
-    creador.Vista(QStringLiteral("v_cola_grupos_farmatic"),
-                  QStringLiteral("SELECT fecha,vendedor,formapago,terminal,SUM(Importe) AS "
-                                 "sumaGrupo FROM cola GROUP BY fecha,vendedor,formapago,terminal "
-                                 "HAVING Count(idCaja)>1"));
+    creador.Vista(u"v_cola_agrupar_id"_s,
+                  u"SELECT * FROM cola WHERE id1+' '+id2 IN (SELECT Cola.id1+' "
+                  "'+Cola.id2 FROM Cola GROUP BY Cola.id1, Cola.id2 HAVING "
+                  "Count(Cola.idcaja)>1)"_s);
+    creador.Vista(u"v_cola_grupos_id"_s,
+                  u"SELECT id1, id2, sum(importe) as SumaGrupo FROM Cola GROUP BY "
+                  "Cola.id1, Cola.id2 HAVING Count(Cola.idcaja)>1"_s);
+    creador.Vista(u"v_cola_grupos_farmatic"_s,
+                  u"SELECT fecha,vendedor,formapago,terminal,SUM(Importe) AS "
+                  "sumaGrupo FROM cola GROUP BY fecha,vendedor,formapago,terminal "
+                  "HAVING Count(idCaja)>1"_s);
     creador.Tabla(TablaHistorial());
     creador.Indice(historial, id, {id});
 }
 
 } // namespace
 
-bool ExisteTabla(MotorBD& catalogo, const QString& nombre) {
+bool ExisteTabla(DatabaseEngine& catalogo, const QString& nombre) {
     return Contiene(catalogo.Tablas(), nombre);
 }
 
-bool ExisteIndice(MotorBD& catalogo, const QString& tabla, const QString& nombre) {
+bool ExisteIndice(DatabaseEngine& catalogo, const QString& tabla, const QString& nombre) {
     return Contiene(catalogo.Indices(tabla), nombre);
 }
 
-bool ExisteColumna(MotorBD& catalogo, const QString& tabla, const QString& nombre) {
+bool ExisteColumna(DatabaseEngine& catalogo, const QString& tabla, const QString& nombre) {
     return Contiene(catalogo.Columnas(tabla), nombre);
 }
 
-void CrearBaseDatos(MotorBD& catalogo, const QString& carpeta, Log& log, Dialogos& dialogos,
+void CrearBaseDatos(DatabaseEngine& catalogo, const QString& carpeta, Log& log, Dialogos& dialogos,
                     const Textos& textos) {
     try {
         const QString ruta = RutaBaseDatos(carpeta);
-        const QString cadena =
-            QStringLiteral("Provider=Microsoft.Jet.OLEDB.4.0;Data Source=") + ruta + u';';
+        const QString cadena = u"Provider=Microsoft.Jet.OLEDB.4.0;Data Source="_s + ruta + u';';
         if (ExisteFichero(ruta)) {
             catalogo.Abrir(cadena);
         } else {
@@ -198,17 +194,14 @@ void CrearBaseDatos(MotorBD& catalogo, const QString& carpeta, Log& log, Dialogo
     } catch (const ErrorEjecucion& e) {
         try {
             // The message that follows tells one cause for all; the log tells the real one.
-            log.LogLinea(QStringLiteral(">>> Error CrearBaseDatos %1 - ").arg(e.Numero()) +
-                         e.Descripcion());
+            log.LogLinea(u">>> Error CrearBaseDatos %1 - "_s.arg(e.Numero()) + e.Descripcion());
         } catch (const ErrorEjecucion&) {
             // A log that cannot be written must not hide the message.
         }
         dialogos.MostrarMensaje(
-            textos.Traduce(QStringLiteral("errorDeConfiguracion"),
-                           QStringLiteral("Error de configuración")),
-            textos.Traduce(QStringLiteral("errorMDB"),
-                           QStringLiteral("Error al crear el fichero MDB, el archivo ya esta en "
-                                          "uso")));
+            textos.Traduce(u"errorDeConfiguracion"_s, u"Error de configuración"_s),
+            textos.Traduce(u"errorMDB"_s, u"Error al crear el fichero MDB, el archivo ya esta en "
+                                          "uso"_s));
     }
     catalogo.Cerrar();
 }

@@ -2,7 +2,7 @@
 // altered or dropped.
 #pragma once
 
-#include "store/MotorBD.h"
+#include "store/DatabaseEngine.h"
 #include "ui/Dialogos.h"
 #include "ui/Log.h"
 #include "ui/Textos.h"
@@ -10,13 +10,13 @@
 namespace zv {
 
 // Names are compared in upper case. Views count as tables.
-bool ExisteTabla(MotorBD& catalogo, const QString& nombre);
-bool ExisteIndice(MotorBD& catalogo, const QString& tabla, const QString& nombre);
-bool ExisteColumna(MotorBD& catalogo, const QString& tabla, const QString& nombre);
+bool ExisteTabla(DatabaseEngine& catalogo, const QString& nombre);
+bool ExisteIndice(DatabaseEngine& catalogo, const QString& tabla, const QString& nombre);
+bool ExisteColumna(DatabaseEngine& catalogo, const QString& tabla, const QString& nombre);
 
 // catalogo: an engine of its own, closed on return. A failure of any step abandons the rest,
 // shows the message and returns normally; the log tells what stood in the way.
-void CrearBaseDatos(MotorBD& catalogo, const QString& carpeta, Log& log, Dialogos& dialogos,
+void CrearBaseDatos(DatabaseEngine& catalogo, const QString& carpeta, Log& log, Dialogos& dialogos,
                     const Textos& textos);
 
 } // namespace zv

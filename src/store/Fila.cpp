@@ -1,7 +1,7 @@
 // Reads the values of a copied row as the system's types, with the platform's own failures for
 // values that do not fit.
 #include "platform/ErrorEjecucion.h"
-#include "store/MotorBD.h"
+#include "store/DatabaseEngine.h"
 
 #include <cmath>
 #include <limits>
@@ -87,10 +87,10 @@ QDateTime FechaFija(QStringView texto) {
 
 } // namespace
 
-Fila::Fila(std::shared_ptr<const QStringList> columnas, std::vector<QVariant> valores)
+Row::Row(std::shared_ptr<const QStringList> columnas, std::vector<QVariant> valores)
     : columnas_(std::move(columnas)), valores_(std::move(valores)) {}
 
-int Fila::Indice(const QString& columna) const {
+int Row::Indice(const QString& columna) const {
     for (qsizetype i = 0; i < columnas_->size(); ++i) {
         if (columnas_->at(i).compare(columna, Qt::CaseInsensitive) == 0) {
             return static_cast<int>(i);
@@ -99,21 +99,21 @@ int Fila::Indice(const QString& columna) const {
     throw errores::FueraDeIntervalo();
 }
 
-const QVariant& Fila::Valor(int indice) const {
+const QVariant& Row::Valor(int indice) const {
     if (indice < 0 || static_cast<std::size_t>(indice) >= valores_.size()) {
         throw errores::FueraDeIntervalo();
     }
     return valores_[static_cast<std::size_t>(indice)];
 }
 
-void Fila::Cambiar(int indice, QVariant valor) {
+void Row::Cambiar(int indice, QVariant valor) {
     if (indice < 0 || static_cast<std::size_t>(indice) >= valores_.size()) {
         throw errores::FueraDeIntervalo();
     }
     valores_[static_cast<std::size_t>(indice)] = std::move(valor);
 }
 
-qint32 Fila::LeerLong(int indice, qint32 siNulo) const {
+qint32 Row::LeerLong(int indice, qint32 siNulo) const {
     const QVariant& v = Valor(indice);
     if (v.isNull()) {
         return siNulo;
@@ -137,7 +137,7 @@ qint32 Fila::LeerLong(int indice, qint32 siNulo) const {
     throw errores::TipoNoCoincide();
 }
 
-Currency Fila::LeerCurrency(int indice, Currency siNulo) const {
+Currency Row::LeerCurrency(int indice, Currency siNulo) const {
     const QVariant& v = Valor(indice);
     if (v.isNull()) {
         return siNulo;
@@ -151,7 +151,7 @@ Currency Fila::LeerCurrency(int indice, Currency siNulo) const {
     throw errores::TipoNoCoincide();
 }
 
-QString Fila::LeerTexto(int indice) const {
+QString Row::LeerTexto(int indice) const {
     const QVariant& v = Valor(indice);
     if (v.isNull()) {
         return {};
@@ -168,7 +168,7 @@ QString Fila::LeerTexto(int indice) const {
     throw errores::TipoNoCoincide();
 }
 
-bool Fila::LeerBooleano(int indice) const {
+bool Row::LeerBooleano(int indice) const {
     const QVariant& v = Valor(indice);
     if (v.isNull()) {
         return false;
@@ -182,7 +182,7 @@ bool Fila::LeerBooleano(int indice) const {
     throw errores::TipoNoCoincide();
 }
 
-QDateTime Fila::LeerFecha(int indice) const {
+QDateTime Row::LeerFecha(int indice) const {
     const QVariant& v = Valor(indice);
     if (v.isNull()) {
         return {};

@@ -3,6 +3,7 @@
 #include "store/OperacionesRegistro.h"
 
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 
 #include <functional>
 #include <limits>
@@ -97,7 +98,7 @@ qint32 ALong(qint64 clave) {
 }
 
 QString Corchete(const QString& origen) {
-    return QStringLiteral(" [") + origen + u']';
+    return u" ["_s + origen + u']';
 }
 QString CorcheteSiHay(const QString& origen) {
     return origen.isEmpty() ? QString() : Corchete(origen);
@@ -107,69 +108,65 @@ QString ConNumero(const char* etiqueta, const ErrorEjecucion& e) {
     return QLatin1String(etiqueta) + QString::number(e.Numero());
 }
 QString ConDescripcion(const char* etiqueta, const ErrorEjecucion& e) {
-    return ConNumero(etiqueta, e) + QStringLiteral(" - ") + e.Descripcion();
+    return ConNumero(etiqueta, e) + u" - "_s + e.Descripcion();
 }
 
 // The general form of a date: midnight shows no time.
 QString FechaGeneral(const QDateTime& fecha) {
-    return fecha.toString(fecha.time() == QTime(0, 0) ? QStringLiteral("dd/MM/yyyy")
-                                                      : QStringLiteral("dd/MM/yyyy H:mm:ss"));
+    return fecha.toString(fecha.time() == QTime(0, 0) ? u"dd/MM/yyyy"_s : u"dd/MM/yyyy H:mm:ss"_s);
 }
 
-void PonerVenta(ConjuntoRegistros& filas, const DatosVenta& venta) {
-    filas.Poner(QStringLiteral("id1"), Primeros(venta.id1));
-    filas.Poner(QStringLiteral("id2"), Primeros(venta.id2));
-    filas.Poner(QStringLiteral("idcaja"), venta.idcaja);
-    filas.Poner(QStringLiteral("terminal"), Primeros(venta.terminal));
-    filas.Poner(QStringLiteral("vendedor"), Primeros(venta.vendedor));
-    filas.Poner(QStringLiteral("formapago"), Primeros(venta.formapago));
+void PonerVenta(RecordSet& filas, const DatosVenta& venta) {
+    filas.Poner(u"id1"_s, Primeros(venta.id1));
+    filas.Poner(u"id2"_s, Primeros(venta.id2));
+    filas.Poner(u"idcaja"_s, venta.idcaja);
+    filas.Poner(u"terminal"_s, Primeros(venta.terminal));
+    filas.Poner(u"vendedor"_s, Primeros(venta.vendedor));
+    filas.Poner(u"formapago"_s, Primeros(venta.formapago));
 }
 
 } // namespace
 
-OperacionesRegistro::OperacionesRegistro(MotorBD& motor, Log& log, Dialogos& dialogos,
+OperacionesRegistro::OperacionesRegistro(DatabaseEngine& motor, Log& log, Dialogos& dialogos,
                                          const Firma& firma, const Importes& importes,
-                                         const Reloj& reloj)
+                                         const Clock& reloj)
     : motor_(motor), log_(log), dialogos_(dialogos), firma_(firma), importes_(importes),
       reloj_(reloj) {}
 
 qint32 OperacionesRegistro::AñadirProcesado(const QString& origen,
                                             const RegistroProcesado& registro) {
     qint32 resultado = 0;
-    std::unique_ptr<ConjuntoRegistros> filas;
+    std::unique_ptr<RecordSet> filas;
     Rutina paso(log_, resultado,
                 {kReintentosProcesado, true,
                  [&](const ErrorEjecucion& e, int cuenta) {
-                     return ConNumero("ADDPROC_ERROR_", e) + QStringLiteral("_RESUME_") +
+                     return ConNumero("ADDPROC_ERROR_", e) + u"_RESUME_"_s +
                             QString::number(cuenta) + CorcheteSiHay(origen);
                  },
                  [&](const ErrorEjecucion& e) {
                      return ConDescripcion("ADDPROC_ERROR_", e) + CorcheteSiHay(origen);
                  }});
 
-    paso([&] { filas = motor_.AbrirTabla(QStringLiteral("procesados")); });
+    paso([&] { filas = motor_.AbrirTabla(u"procesados"_s); });
     paso([&] { filas->Nuevo(); });
     paso([&] {
-        filas->Poner(QStringLiteral("fechaZV"), reloj_.Ahora());
-        filas->Poner(QStringLiteral("fechaVenta"), registro.fechaVenta);
-        filas->Poner(QStringLiteral("importeVenta"), ValorBD(registro.importeVenta));
-        filas->Poner(QStringLiteral("cobrado"), ValorBD(registro.cobrado));
-        filas->Poner(QStringLiteral("devuelto"), ValorBD(registro.devuelto));
-        filas->Poner(QStringLiteral("estado"), registro.estado);
+        filas->Poner(u"fechaZV"_s, reloj_.Ahora());
+        filas->Poner(u"fechaVenta"_s, registro.fechaVenta);
+        filas->Poner(u"importeVenta"_s, ValorBD(registro.importeVenta));
+        filas->Poner(u"cobrado"_s, ValorBD(registro.cobrado));
+        filas->Poner(u"devuelto"_s, ValorBD(registro.devuelto));
+        filas->Poner(u"estado"_s, registro.estado);
         PonerVenta(*filas, registro.venta);
-        filas->Poner(QStringLiteral("error"), Primeros(registro.error));
-        filas->Poner(QStringLiteral("idCierre"), 0);
-        filas->Poner(QStringLiteral("saldoZV"), ValorBD(registro.saldoZV));
-        filas->Poner(QStringLiteral("idcola"), registro.idcola);
+        filas->Poner(u"error"_s, Primeros(registro.error));
+        filas->Poner(u"idCierre"_s, 0);
+        filas->Poner(u"saldoZV"_s, ValorBD(registro.saldoZV));
+        filas->Poner(u"idcola"_s, registro.idcola);
     });
-    paso([&] {
-        filas->Poner(QStringLiteral("usuario"),
-                     firma_.UsuarioFast() ? QStringLiteral("ZVFast") : firma_.GetNom());
-    });
+    paso([&] { filas->Poner(u"usuario"_s, firma_.UsuarioFast() ? u"ZVFast"_s : firma_.GetNom()); });
     paso([&] { resultado = ALong(filas->ClaveNueva()); });
     paso([&] { filas->Actualizar(); });
     paso([&] {
-        log_.LogLinea(QStringLiteral("ADDPROC_OK_") + QString::number(resultado) +
+        log_.LogLinea(u"ADDPROC_OK_"_s + QString::number(resultado) +
                       (origen.isEmpty() ? QString() : u'_' + origen));
     });
     paso([&] { filas->Cerrar(); });
@@ -181,39 +178,36 @@ qint32 OperacionesRegistro::AñadirColaProcesada(const QString& origen, qint32 i
                                                 Currency devuelto, Currency saldoZV,
                                                 const QString& error) {
     qint32 resultado = 0;
-    std::unique_ptr<ConjuntoRegistros> cola;
+    std::unique_ptr<RecordSet> cola;
     Rutina paso(log_, resultado,
                 {kReintentosDiez, true,
                  [](const ErrorEjecucion& e, int cuenta) {
-                     return ConNumero("ADDPROC_COLA_ERROR_", e) + QStringLiteral("_RESUME_") +
+                     return ConNumero("ADDPROC_COLA_ERROR_", e) + u"_RESUME_"_s +
                             QString::number(cuenta);
                  },
                  [](const ErrorEjecucion& e) { return ConDescripcion("ADDPROC_COLA_ERROR_", e); }});
 
     bool encontrada = false;
     RegistroProcesado registro;
-    paso([&] { cola = motor_.AbrirTabla(QStringLiteral("cola")); });
+    paso([&] { cola = motor_.AbrirTabla(u"cola"_s); });
     paso([&] { encontrada = cola->Buscar(idZV); });
     if (encontrada) {
         paso([&] {
-            const Fila& fila = cola->Actual();
+            const Row& fila = cola->Actual();
             // A credit of no value counts as 0.
-            registro.importeVenta = fila.LeerCurrency(QStringLiteral("importe")) -
-                                    fila.LeerCurrency(QStringLiteral("creditoError"));
+            registro.importeVenta =
+                fila.LeerCurrency(u"importe"_s) - fila.LeerCurrency(u"creditoError"_s);
         });
         paso([&] {
-            const Fila& fila = cola->Actual();
+            const Row& fila = cola->Actual();
             // The time of filing: the sale's own date is dropped.
             registro.fechaVenta = reloj_.Ahora();
             registro.cobrado = cobrado;
             registro.devuelto = devuelto;
             registro.estado = estado;
-            registro.venta = {fila.LeerTexto(QStringLiteral("id1")),
-                              fila.LeerTexto(QStringLiteral("id2")),
-                              fila.LeerLong(QStringLiteral("idcaja")),
-                              fila.LeerTexto(QStringLiteral("terminal")),
-                              fila.LeerTexto(QStringLiteral("vendedor")),
-                              fila.LeerTexto(QStringLiteral("formapago"))};
+            registro.venta = {fila.LeerTexto(u"id1"_s),      fila.LeerTexto(u"id2"_s),
+                              fila.LeerLong(u"idcaja"_s),    fila.LeerTexto(u"terminal"_s),
+                              fila.LeerTexto(u"vendedor"_s), fila.LeerTexto(u"formapago"_s)};
             registro.saldoZV = saldoZV;
             registro.error = error;
             registro.idcola = idZV;
@@ -222,7 +216,7 @@ qint32 OperacionesRegistro::AñadirColaProcesada(const QString& origen, qint32 i
         if (resultado > 0) {
             paso([&] { cola->Borrar(); });
             paso([&] {
-                log_.LogLinea(QStringLiteral("PROCCOLA_DELCOLA_OK_") + QString::number(idZV) +
+                log_.LogLinea(u"PROCCOLA_DELCOLA_OK_"_s + QString::number(idZV) +
                               CorcheteSiHay(origen));
             });
         }
@@ -234,26 +228,24 @@ qint32 OperacionesRegistro::AñadirColaProcesada(const QString& origen, qint32 i
 qint32 OperacionesRegistro::BorrarColaGrupo(const QString& origen, qint32 idZV,
                                             const QString& tipoGrupo) {
     qint32 resultado = 0;
-    std::vector<Fila> filas;
+    std::vector<Row> filas;
     Rutina paso(log_, resultado, {0, false, {}, [&](const ErrorEjecucion& e) {
                                       return ConDescripcion("DELCOLA_GRUPO_ERROR_", e) +
                                              CorcheteSiHay(origen);
                                   }});
 
     paso([&] {
-        filas = motor_.Consultar(QStringLiteral("SELECT * FROM cola WHERE idzv=") +
-                                 QString::number(idZV));
+        filas = motor_.Consultar(u"SELECT * FROM cola WHERE idzv="_s + QString::number(idZV));
     });
     if (!filas.empty()) {
         paso([&] {
-            resultado = AñadirColaProcesada(
-                (origen.isEmpty() ? QString() : origen + u'_') + QStringLiteral("DELCOLA_GRUPO_") +
-                    tipoGrupo,
-                filas.front().LeerLong(QStringLiteral("idZV")), QStringLiteral("CANCEL"), 0, 0, 0,
-                QStringLiteral("Anulada por cobro agrupado ") + tipoGrupo);
+            resultado = AñadirColaProcesada((origen.isEmpty() ? QString() : origen + u'_') +
+                                                u"DELCOLA_GRUPO_"_s + tipoGrupo,
+                                            filas.front().LeerLong(u"idZV"_s), u"CANCEL"_s, 0, 0, 0,
+                                            u"Anulada por cobro agrupado "_s + tipoGrupo);
         });
         if (resultado == 0) {
-            paso([&] { log_.LogLinea(QStringLiteral("DELCOLA_GRUPO: AñadirColaProcesada FAIL")); });
+            paso([&] { log_.LogLinea(u"DELCOLA_GRUPO: AñadirColaProcesada FAIL"_s); });
         }
     }
     return resultado;
@@ -263,26 +255,26 @@ qint32 OperacionesRegistro::AñadirHistorial(const QString& origen, const QStrin
                                             const QString& id2, qint32 idcaja,
                                             const QDateTime& fecha, Currency importe) {
     qint32 resultado = 0;
-    std::unique_ptr<ConjuntoRegistros> filas;
+    std::unique_ptr<RecordSet> filas;
     // What was read before the failure is kept, and goes back to the caller.
     Rutina paso(log_, resultado, {0, false, {}, [&](const ErrorEjecucion& e) {
                                       return ConDescripcion("ADDHIS_ERROR_", e) + Corchete(origen);
                                   }});
 
     QString clave;
-    paso([&] { filas = motor_.AbrirTabla(QStringLiteral("historial")); });
+    paso([&] { filas = motor_.AbrirTabla(u"historial"_s); });
     paso([&] { filas->Nuevo(); });
     paso([&] {
         clave = Primeros(QString::number(fecha.date().year()) + u'/' + id1 + u'/' + id2 + u'/' +
                          QString::number(idcaja) + u' ' + importes_.FormatoImporte(importe));
     });
-    paso([&] { filas->Poner(QStringLiteral("id"), clave); });
-    paso([&] { filas->Poner(QStringLiteral("fecha"), reloj_.Ahora()); });
+    paso([&] { filas->Poner(u"id"_s, clave); });
+    paso([&] { filas->Poner(u"fecha"_s, reloj_.Ahora()); });
     paso([&] { resultado = ALong(filas->ClaveNueva()); });
     paso([&] { filas->Actualizar(); });
     paso([&] {
-        log_.LogLinea(QStringLiteral("ADDHIS_OK_") + QString::number(resultado) +
-                      QStringLiteral(": ") + clave + Corchete(origen));
+        log_.LogLinea(u"ADDHIS_OK_"_s + QString::number(resultado) + u": "_s + clave +
+                      Corchete(origen));
     });
     paso([&] { filas->Cerrar(); });
     return resultado;
@@ -292,17 +284,16 @@ qint32 OperacionesRegistro::AñadirCola(const QString& origen, const QDateTime& 
                                        Currency importe, const DatosVenta& venta,
                                        bool mostrarError) {
     qint32 resultado = 0;
-    std::unique_ptr<ConjuntoRegistros> filas;
+    std::unique_ptr<RecordSet> filas;
     const auto campos = [&](const QString& importeTexto) {
-        return QStringLiteral(" FECHA(") + FechaGeneral(fecha) + QStringLiteral(") ID1(") +
-               venta.id1 + QStringLiteral(") ID2(") + venta.id2 + QStringLiteral(") IDCAJA(") +
-               QString::number(venta.idcaja) + QStringLiteral(") IMPORTE(") + importeTexto + u')' +
-               Corchete(origen);
+        return u" FECHA("_s + FechaGeneral(fecha) + u") ID1("_s + venta.id1 + u") ID2("_s +
+               venta.id2 + u") IDCAJA("_s + QString::number(venta.idcaja) + u") IMPORTE("_s +
+               importeTexto + u')' + Corchete(origen);
     };
     Rutina paso(log_, resultado,
                 {kReintentosDiez, true,
                  [&](const ErrorEjecucion& e, int cuenta) {
-                     return ConNumero("ADDCOLA_ERROR_", e) + QStringLiteral(" Reintentando ") +
+                     return ConNumero("ADDCOLA_ERROR_", e) + u" Reintentando "_s +
                             QString::number(cuenta) + Corchete(origen);
                  },
                  [&](const ErrorEjecucion& e) {
@@ -318,24 +309,24 @@ qint32 OperacionesRegistro::AñadirCola(const QString& origen, const QDateTime& 
 
     qint32 historia = 0;
     paso([&] {
-        historia = AñadirHistorial(QStringLiteral("ADDCOLA"), venta.id1, venta.id2, venta.idcaja,
-                                   fecha, importe);
+        historia =
+            AñadirHistorial(u"ADDCOLA"_s, venta.id1, venta.id2, venta.idcaja, fecha, importe);
     });
     if (historia <= 0) {
         return 0;
     }
-    paso([&] { filas = motor_.AbrirTabla(QStringLiteral("cola")); });
+    paso([&] { filas = motor_.AbrirTabla(u"cola"_s); });
     paso([&] { filas->Nuevo(); });
     paso([&] {
-        filas->Poner(QStringLiteral("fecha"), fecha);
-        filas->Poner(QStringLiteral("importe"), ValorBD(importe));
+        filas->Poner(u"fecha"_s, fecha);
+        filas->Poner(u"importe"_s, ValorBD(importe));
         PonerVenta(*filas, venta);
-        filas->Poner(QStringLiteral("creditoError"), ValorBD(0));
+        filas->Poner(u"creditoError"_s, ValorBD(0));
     });
     paso([&] { resultado = ALong(filas->ClaveNueva()); });
     paso([&] { filas->Actualizar(); });
     paso([&] {
-        log_.LogLinea(QStringLiteral("ADDCOLA_OK_") + QString::number(resultado) +
+        log_.LogLinea(u"ADDCOLA_OK_"_s + QString::number(resultado) +
                       campos(importes_.FormatoImporte(importe)));
     });
     paso([&] { filas->Cerrar(); });
@@ -344,10 +335,9 @@ qint32 OperacionesRegistro::AñadirCola(const QString& origen, const QDateTime& 
         // No lock of ours may wait for the operator.
         filas.reset();
         dialogos_.MostrarMensaje(
-            QStringLiteral("Error de base de datos"),
-            QStringLiteral("Se ha producido un error al añadir un registro en la cola: \r\n") +
-                QString::number(paso.Fallo()->Numero()) + QStringLiteral(" - ") +
-                paso.Fallo()->Descripcion());
+            u"Error de base de datos"_s,
+            u"Se ha producido un error al añadir un registro en la cola: \r\n"_s +
+                QString::number(paso.Fallo()->Numero()) + u" - "_s + paso.Fallo()->Descripcion());
     }
     return resultado;
 }

@@ -3,23 +3,14 @@
 // new row's key or 0. None starts or ends a transaction; the caller does.
 #pragma once
 
-#include "platform/Reloj.h"
-#include "store/MotorBD.h"
+#include "platform/Clock.h"
+#include "store/DatabaseEngine.h"
+#include "store/Firma.h"
 #include "ui/Dialogos.h"
 #include "ui/Importes.h"
 #include "ui/Log.h"
 
 namespace zv {
-
-// Who signs the records.
-class Firma {
-  public:
-    virtual ~Firma() = default;
-    // True around the one filing step of a sale from the queue.
-    virtual bool UsuarioFast() const = 0;
-    // The user logged in, empty for none.
-    virtual QString GetNom() const = 0;
-};
 
 // The point of sale's own data of a sale.
 struct DatosVenta {
@@ -46,8 +37,8 @@ struct RegistroProcesado {
 
 class OperacionesRegistro {
   public:
-    OperacionesRegistro(MotorBD& motor, Log& log, Dialogos& dialogos, const Firma& firma,
-                        const Importes& importes, const Reloj& reloj);
+    OperacionesRegistro(DatabaseEngine& motor, Log& log, Dialogos& dialogos, const Firma& firma,
+                        const Importes& importes, const Clock& reloj);
 
     // origen: trace name for the log, stored nowhere.
     qint32 AñadirProcesado(const QString& origen, const RegistroProcesado& registro);
@@ -63,12 +54,12 @@ class OperacionesRegistro {
                       const DatosVenta& venta, bool mostrarError);
 
   private:
-    MotorBD& motor_;
+    DatabaseEngine& motor_;
     Log& log_;
     Dialogos& dialogos_;
     const Firma& firma_;
     const Importes& importes_;
-    const Reloj& reloj_;
+    const Clock& reloj_;
 };
 
 } // namespace zv

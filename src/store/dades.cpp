@@ -2,42 +2,42 @@
 #include "store/dades.h"
 
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 
 namespace zv {
 
 namespace {
 
-const QString kPagada = QStringLiteral("OK");
-const QString kPendiente = QStringLiteral("PENDING");
-const QString kDesconocida = QStringLiteral("NOT FOUND");
-const QString kComandaEstado = QStringLiteral("S");
+const QString kPagada = u"OK"_s;
+const QString kPendiente = u"PENDING"_s;
+const QString kDesconocida = u"NOT FOUND"_s;
+const QString kComandaEstado = u"S"_s;
 
 // The data layer's own number for an object that is open already.
 constexpr int kErrorAbierto = 3705;
 constexpr int kErrorSinPreparar = 91;
 
-SentenciaPreparada& Exigir(const std::unique_ptr<SentenciaPreparada>& sentencia) {
+PreparedStatement& Exigir(const std::unique_ptr<PreparedStatement>& sentencia) {
     if (!sentencia) {
-        throw ErrorEjecucion(kErrorSinPreparar, QStringLiteral("dades no está inicializada"));
+        throw ErrorEjecucion(kErrorSinPreparar, u"dades no está inicializada"_s);
     }
     return *sentencia;
 }
 
 } // namespace
 
-dades::dades(MotorBD& motor, const Reloj& reloj) : motor_(motor), reloj_(reloj) {}
+dades::dades(DatabaseEngine& motor, const Clock& reloj) : motor_(motor), reloj_(reloj) {}
 
 void dades::Inicialitza() {
-    pendiente_ = motor_.Preparar(
-        QStringLiteral("SELECT 'PENDING' as estado FROM Cola WHERE Cola.id1 = ?"), 1);
-    estado_ = motor_.Preparar(QStringLiteral("SELECT estado FROM Procesados WHERE Procesados.id1 "
-                                             "= @idH order by idZV desc"),
+    pendiente_ = motor_.Preparar(u"SELECT 'PENDING' as estado FROM Cola WHERE Cola.id1 = ?"_s, 1);
+    estado_ = motor_.Preparar(u"SELECT estado FROM Procesados WHERE Procesados.id1 "
+                              "= @idH order by idZV desc"_s,
                               1);
-    insercion_ = motor_.Preparar(QStringLiteral("select * from Cola where ID1= @idI"), 1);
+    insercion_ = motor_.Preparar(u"select * from Cola where ID1= @idI"_s, 1);
 }
 
 QString dades::EstadoProcesado(const QString& id) {
-    const std::optional<Fila> fila = Exigir(estado_).Primera({id});
+    const std::optional<Row> fila = Exigir(estado_).Primera({id});
     return fila ? fila->LeerTexto(0) : kDesconocida;
 }
 
@@ -68,20 +68,20 @@ void dades::Inserta(const Missatge& missatge, bool& resultado) {
 
 void dades::InsertaProtegido(const Missatge& missatge, bool& resultado) {
     if (filas_) {
-        throw ErrorEjecucion(kErrorAbierto, QStringLiteral("el conjunto ya está abierto"));
+        throw ErrorEjecucion(kErrorAbierto, u"el conjunto ya está abierto"_s);
     }
-    filas_ = Exigir(insercion_).AbrirConjunto(QStringLiteral("Cola"), {missatge.ID1});
+    filas_ = Exigir(insercion_).AbrirConjunto(u"Cola"_s, {missatge.ID1});
     if (!filas_->HayActual()) {
         filas_->Nuevo();
-        filas_->Poner(QStringLiteral("fecha"), reloj_.Ahora());
-        filas_->Poner(QStringLiteral("importe"), ValorBD(missatge.Importe));
-        filas_->Poner(QStringLiteral("id1"), missatge.ID1);
-        filas_->Poner(QStringLiteral("id2"), missatge.ID2);
-        filas_->Poner(QStringLiteral("idcaja"), missatge.IDcaja);
-        filas_->Poner(QStringLiteral("terminal"), missatge.Terminal);
-        filas_->Poner(QStringLiteral("vendedor"), missatge.Vendedor);
-        filas_->Poner(QStringLiteral("formapago"), missatge.Formapago);
-        filas_->Poner(QStringLiteral("creditoError"), ValorBD(0));
+        filas_->Poner(u"fecha"_s, reloj_.Ahora());
+        filas_->Poner(u"importe"_s, ValorBD(missatge.Importe));
+        filas_->Poner(u"id1"_s, missatge.ID1);
+        filas_->Poner(u"id2"_s, missatge.ID2);
+        filas_->Poner(u"idcaja"_s, missatge.IDcaja);
+        filas_->Poner(u"terminal"_s, missatge.Terminal);
+        filas_->Poner(u"vendedor"_s, missatge.Vendedor);
+        filas_->Poner(u"formapago"_s, missatge.Formapago);
+        filas_->Poner(u"creditoError"_s, ValorBD(0));
         filas_->Actualizar();
         resultado = true;
     }

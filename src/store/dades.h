@@ -2,9 +2,9 @@
 // queued. Three statements, prepared once; no result set of theirs stays open.
 #pragma once
 
-#include "platform/Reloj.h"
+#include "platform/Clock.h"
+#include "store/DatabaseEngine.h"
 #include "store/Missatge.h"
-#include "store/MotorBD.h"
 
 #include <memory>
 
@@ -12,7 +12,7 @@ namespace zv {
 
 class dades {
   public:
-    dades(MotorBD& motor, const Reloj& reloj);
+    dades(DatabaseEngine& motor, const Clock& reloj);
 
     // Prepares the statements; the connection must be open. Raises the engine's failure.
     void Inicialitza();
@@ -30,12 +30,12 @@ class dades {
     bool ExistePendiente(const QString& id);
     void InsertaProtegido(const Missatge& missatge, bool& resultado);
 
-    MotorBD& motor_;
-    const Reloj& reloj_;
-    std::unique_ptr<SentenciaPreparada> pendiente_;
-    std::unique_ptr<SentenciaPreparada> estado_;
-    std::unique_ptr<SentenciaPreparada> insercion_;
-    std::unique_ptr<ConjuntoRegistros> filas_; // of insercion_
+    DatabaseEngine& motor_;
+    const Clock& reloj_;
+    std::unique_ptr<PreparedStatement> pendiente_;
+    std::unique_ptr<PreparedStatement> estado_;
+    std::unique_ptr<PreparedStatement> insercion_;
+    std::unique_ptr<RecordSet> filas_; // of insercion_
 };
 
 } // namespace zv

@@ -10,8 +10,9 @@ Importes::Importes(FormatoRegional formato, std::function<quint8()> multiplicado
 
 QString Importes::FormatoImporte(qint32 importe) const {
     const quint8 multiplicador = multiplicador_();
-    if (multiplicador == 0)
+    if (multiplicador == 0) {
         throw errores::DivisionPorCero();
+    }
     return formato_.FormatoCurrency(
         Currency::DeDoble(static_cast<double>(importe) / multiplicador));
 }

@@ -1,4 +1,4 @@
-// Where the system writes what it does. LogFicheros keeps the daily files; tests keep the lines.
+// Where the system writes what it does. LogFiles keeps the daily files; tests keep the lines.
 #pragma once
 
 #include <QString>

@@ -10,8 +10,9 @@ QString BuscarTecladoPantalla(const QStringList& carpetas) {
     for (const char* nombre :
          {"osk", "onboard", "matchbox-keyboard", "florence", "kvkbd", "wvkbd-mobintl", "xvkbd"}) {
         QString ruta = QStandardPaths::findExecutable(QString::fromLatin1(nombre), carpetas);
-        if (!ruta.isEmpty())
+        if (!ruta.isEmpty()) {
             return ruta;
+        }
     }
     return {};
 }

@@ -1,8 +1,9 @@
 // The language file, kept parsed for as long as the file on disk is the one that was read.
 #include "ui/Textos.h"
 
-#include "platform/DocumentoIni.h"
-#include "platform/Ficheros.h"
+#include "platform/Files.h"
+#include "platform/IniDocument.h"
+#include "platform/StringLiterals.h"
 
 #include <QByteArray>
 #include <QFile>
@@ -35,8 +36,9 @@ struct Huella {
 
 Huella HuellaDe(const QByteArray& ruta) {
     struct stat s {};
-    if (::stat(ruta.constData(), &s) != 0)
+    if (::stat(ruta.constData(), &s) != 0) {
         return {};
+    }
     return {Nanosegundos(s.st_mtim), Nanosegundos(s.st_ctim), static_cast<qint64>(s.st_size),
             static_cast<quint64>(s.st_ino)};
 }
@@ -45,10 +47,12 @@ Huella HuellaDe(const QByteArray& ruta) {
 QString SinBlancos(const QString& texto) {
     qsizetype inicio = 0;
     qsizetype fin = texto.size();
-    while (inicio < fin && texto[inicio] == QLatin1Char(' '))
+    while (inicio < fin && texto[inicio] == QLatin1Char(' ')) {
         ++inicio;
-    while (fin > inicio && texto[fin - 1] == QLatin1Char(' '))
+    }
+    while (fin > inicio && texto[fin - 1] == QLatin1Char(' ')) {
         --fin;
+    }
     return fin - inicio == texto.size() ? texto : texto.mid(inicio, fin - inicio);
 }
 
@@ -58,17 +62,19 @@ struct Textos::Fichero {
     QByteArray ruta;
     Huella huella;
     bool reciente = false;
-    DocumentoIni documento;
+    IniDocument documento;
 
-    const DocumentoIni& AlDia() {
+    const IniDocument& AlDia() {
         const Huella actual = HuellaDe(ruta);
-        if (actual == huella && !reciente)
+        if (actual == huella && !reciente) {
             return documento;
+        }
         huella = actual;
         documento = {};
         reciente = false;
-        if (actual.modificado < 0)
+        if (actual.modificado < 0) {
             return documento;
+        }
         timespec ahora{};
         clock_gettime(CLOCK_REALTIME, &ahora);
         // A date in the future (another machine's clock) tells nothing either way: only the
@@ -77,7 +83,7 @@ struct Textos::Fichero {
         // One that cannot be read is as good as none.
         QByteArray bytes;
         LeerFicheroEntero(ruta, bytes);
-        documento = DocumentoIni::Analizar(bytes);
+        documento = IniDocument::Analizar(bytes);
         return documento;
     }
 };
@@ -97,13 +103,14 @@ QString Textos::TextoIdioma(const QString& seccion, const QString& clave,
         const bool par = texto[kValorMaximo - 1].isHighSurrogate();
         texto.truncate(par ? kValorMaximo - 1 : kValorMaximo);
     }
-    if (texto.contains(QLatin1String("/CRLF/")))
+    if (texto.contains(QLatin1String("/CRLF/"))) {
         texto.replace(QLatin1String("/CRLF/"), QLatin1String("\r\n"));
+    }
     return SinBlancos(texto);
 }
 
 QString Textos::Traduce(const QString& clave, const QString& porDefecto) const {
-    return TextoIdioma(QStringLiteral("COMMON"), clave, porDefecto);
+    return TextoIdioma(u"COMMON"_s, clave, porDefecto);
 }
 
 QString Textos::TextoForm(const QString& pantalla, const QString& clave,

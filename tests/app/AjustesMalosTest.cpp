@@ -1,6 +1,7 @@
 // Starts over settings, registry and log that are damaged or closed to the program: what is told,
 // and that queue and books stay as they were.
 #include "BancoMonitor.h"
+#include "platform/StringLiterals.h"
 #include "store/Esquema.h"
 #include "support/ClavesNumericas.h"
 #include "support/NumeroError.h"
@@ -16,15 +17,15 @@ namespace {
 class AjustesMalosTest : public BancoMonitor {
   protected:
     AjustesMalosTest() {
-        MotorSQLite sqlite;
+        SqliteEngine sqlite;
         CrearBaseDatos(sqlite, carpeta.path(), servicios->log, dialogos, servicios->textos);
-        MotorSQLite otro;
-        MotorBD& motor = otro;
-        motor.Abrir(CadenaConexion(QStringLiteral("MDB"), {}, Ruta("ZVMonito2.mdb"), {}, {}));
-        motor.Ejecutar(QStringLiteral("INSERT INTO cola (fecha,importe,id1) VALUES "
-                                      "('2026-03-14 10:20:30',900,'POS')"));
-        motor.Ejecutar(QStringLiteral("INSERT INTO procesados (importeVenta,id1,estado) VALUES "
-                                      "(500,'ANTES','OK')"));
+        SqliteEngine otro;
+        DatabaseEngine& motor = otro;
+        motor.Abrir(CadenaConexion(u"MDB"_s, {}, Ruta("ZVMonito2.mdb"), {}, {}));
+        motor.Ejecutar(u"INSERT INTO cola (fecha,importe,id1) VALUES "
+                       "('2026-03-14 10:20:30',900,'POS')"_s);
+        motor.Ejecutar(u"INSERT INTO procesados (importeVenta,id1,estado) VALUES "
+                       "(500,'ANTES','OK')"_s);
         motor.Cerrar();
         QDir(Ruta("Debug")).removeRecursively();
         libros_ = Libros();
@@ -39,8 +40,7 @@ class AjustesMalosTest : public BancoMonitor {
         fichero.write(bytes);
     }
     void PonRegistro(const char* valor, const QByteArray& bytes) const {
-        Pon(QStringLiteral("Registro/HKLM/Software/Zorvex/ZVMonitor/") + QString::fromUtf8(valor),
-            bytes);
+        Pon(u"Registro/HKLM/Software/Zorvex/ZVMonitor/"_s + QString::fromUtf8(valor), bytes);
     }
     void PonCarpetaEnRegistro(const char* valor) const {
         ASSERT_TRUE(QDir().mkpath(Ruta("Registro/HKLM/Software/Zorvex/ZVMonitor/") +
@@ -51,24 +51,22 @@ class AjustesMalosTest : public BancoMonitor {
     }
     // The rows of queue and books as one text.
     QString Libros() const {
-        MotorSQLite sqlite;
-        MotorBD& motor = sqlite;
-        motor.Abrir(CadenaConexion(QStringLiteral("MDB"), {}, Ruta("ZVMonito2.mdb"), {}, {}));
+        SqliteEngine sqlite;
+        DatabaseEngine& motor = sqlite;
+        motor.Abrir(CadenaConexion(u"MDB"_s, {}, Ruta("ZVMonito2.mdb"), {}, {}));
         QString todo;
-        for (const Fila& fila : motor.Consultar(QStringLiteral("SELECT * FROM cola"))) {
-            todo += fila.LeerTexto(QStringLiteral("id1")) + u' ' +
-                    fila.LeerTexto(QStringLiteral("importe")) + u'|';
+        for (const Row& fila : motor.Consultar(u"SELECT * FROM cola"_s)) {
+            todo += fila.LeerTexto(u"id1"_s) + u' ' + fila.LeerTexto(u"importe"_s) + u'|';
         }
-        for (const Fila& fila : motor.Consultar(QStringLiteral("SELECT * FROM procesados"))) {
-            todo += fila.LeerTexto(QStringLiteral("id1")) + u' ' +
-                    fila.LeerTexto(QStringLiteral("estado")) + u'|';
+        for (const Row& fila : motor.Consultar(u"SELECT * FROM procesados"_s)) {
+            todo += fila.LeerTexto(u"id1"_s) + u' ' + fila.LeerTexto(u"estado"_s) + u'|';
         }
         motor.Cerrar();
         return todo;
     }
     void ElArranqueFallaCon(const char* texto) {
-        dialogos.EsperaMensaje(QStringLiteral("Error al iniciar la aplicación"),
-                               QString::fromUtf8(texto), resultado::kAceptar, 0);
+        dialogos.EsperaMensaje(u"Error al iniciar la aplicación"_s, QString::fromUtf8(texto),
+                               resultado::kAceptar, 0);
         EXPECT_FALSE(monitor->Cargar());
         EXPECT_FALSE(monitor->pulso.Armado());
         EXPECT_FALSE(monitor->motor.Abierta());
@@ -103,20 +101,18 @@ TEST_F(AjustesMalosTest, ANumberTooBigForItsKeyEndsTheStartWithItsNumber) {
 }
 
 TEST_F(AjustesMalosTest, AFileThatCannotBeReadIsToldAndTakenAsAFirstUse) {
-    ASSERT_TRUE(QDir(carpeta.path()).mkdir(QStringLiteral("ZVMonitor.ini")));
+    ASSERT_TRUE(QDir(carpeta.path()).mkdir(u"ZVMonitor.ini"_s));
     int abierta = 0;
     monitor->arranque.PonerPasos({[&] { ++abierta; }, {}, {}, {}});
     const QString motivo =
-        QStringLiteral("Error nº 75: Error de acceso a la ruta o al archivo: %1 (es una carpeta)")
-            .arg(Ruta("ZVMonitor.ini"));
-    const QString titulo = QStringLiteral("Error al leer el fichero de configuración");
+        u"Error nº 75: Error de acceso a la ruta o al archivo: %1 (es una carpeta)"_s.arg(
+            Ruta("ZVMonitor.ini"));
+    const QString titulo = u"Error al leer el fichero de configuración"_s;
     dialogos.EsperaMensaje(titulo, motivo);
-    dialogos.EsperaMensaje(QStringLiteral("Iniciando..."),
-                           QStringLiteral("Configura la aplicación para su primer uso"));
+    dialogos.EsperaMensaje(u"Iniciando..."_s, u"Configura la aplicación para su primer uso"_s);
     dialogos.EsperaMensaje(titulo, motivo);
-    dialogos.EsperaMensaje(
-        QStringLiteral("Error de configuración"),
-        QStringLiteral("No se han encontrado los datos de configuración de ZVMonitor"));
+    dialogos.EsperaMensaje(u"Error de configuración"_s,
+                           u"No se han encontrado los datos de configuración de ZVMonitor"_s);
     EXPECT_FALSE(monitor->Cargar());
     EXPECT_EQ(abierta, 1);
     EXPECT_EQ(Libros(), libros_);
@@ -127,13 +123,13 @@ TEST_F(AjustesMalosTest, AnEmptyFileStartsWithTheDefaults) {
     PonerSaldo(5000);
     cliente.EsperaConnect();
     ArrancaYSigueIgual();
-    EXPECT_EQ(monitor->configuracio->Modo, QStringLiteral("AUTO"));
+    EXPECT_EQ(monitor->configuracio->Modo, u"AUTO"_s);
 }
 
 // Numbers are read in the region that the program was started with, whatever the machine's is.
 TEST_F(AjustesMalosTest, NumbersAreReadInTheRegionOfTheProgram) {
     Opciones opciones = servicios->opciones;
-    opciones.region = QStringLiteral("en_US");
+    opciones.region = u"en_US"_s;
     monitor.reset();
     servicios = std::make_unique<Servicios>(opciones, reloj);
     importes =
@@ -170,14 +166,13 @@ TEST_F(AjustesMalosTest, WithoutARegistryTreeTheBalanceHasVariedFromZero) {
     EscribirIni();
     cliente.PonerTotal(5000);
     cliente.EsperaConnect();
-    dialogos.EsperaMensaje(QStringLiteral("Inicialización"),
-                           testing::Truly([](const QString& texto) {
-                               return texto.contains(QStringLiteral("Registrado: 0,00 €")) ||
-                                      texto.contains(QStringLiteral("Registrado:0,00 €"));
+    dialogos.EsperaMensaje(u"Inicialización"_s, testing::Truly([](const QString& texto) {
+                               return texto.contains(u"Registrado: 0,00 €"_s) ||
+                                      texto.contains(u"Registrado:0,00 €"_s);
                            }));
     ArrancaYSigueIgual();
-    EXPECT_EQ(LeerValor(QStringLiteral("Saldo_Exit")), QStringLiteral("5000"));
-    EXPECT_EQ(LeerValor(QStringLiteral("Saldo_Inicial")), QStringLiteral("5000"));
+    EXPECT_EQ(LeerValor(u"Saldo_Exit"_s), u"5000"_s);
+    EXPECT_EQ(LeerValor(u"Saldo_Inicial"_s), u"5000"_s);
 }
 
 TEST_F(AjustesMalosTest, FoldersInThePlaceOfValuesAreMissingValues) {
@@ -187,7 +182,7 @@ TEST_F(AjustesMalosTest, FoldersInThePlaceOfValuesAreMissingValues) {
     }
     cliente.PonerTotal(5000);
     cliente.EsperaConnect();
-    dialogos.EsperaMensaje(QStringLiteral("Inicialización"), testing::_);
+    dialogos.EsperaMensaje(u"Inicialización"_s, testing::_);
     ArrancaYSigueIgual();
     EXPECT_EQ(monitor->configuracio->CLAVE_ADMIN, QString());
     monitor->marca.MarcarActivo(true);
@@ -207,18 +202,18 @@ TEST_F(AjustesMalosTest, AReadOnlyRegistryIsReadAndKeepsItsValues) {
     }
     cliente.PonerTotal(4000);
     cliente.EsperaConnect();
-    dialogos.EsperaMensaje(QStringLiteral("Inicialización"), testing::_);
+    dialogos.EsperaMensaje(u"Inicialización"_s, testing::_);
     ArrancaYSigueIgual();
     monitor->arranque.Descargar();
-    EXPECT_EQ(LeerValor(QStringLiteral("Saldo_Exit")), QStringLiteral("5000"));
-    EXPECT_EQ(LeerValor(QStringLiteral("Saldo_Inicial")), QStringLiteral("100"));
-    EXPECT_EQ(LeerValor(QStringLiteral("Activo")), QStringLiteral("1"));
+    EXPECT_EQ(LeerValor(u"Saldo_Exit"_s), u"5000"_s);
+    EXPECT_EQ(LeerValor(u"Saldo_Inicial"_s), u"100"_s);
+    EXPECT_EQ(LeerValor(u"Activo"_s), u"1"_s);
 }
 
 // A line before the load's own handler: the last resort of the program tells it.
 TEST_F(AjustesMalosTest, AReadOnlyLogFolderEndsTheStartWithItsNumber) {
     EscribirIni();
-    ASSERT_TRUE(QDir(carpeta.path()).mkdir(QStringLiteral("Debug")));
+    ASSERT_TRUE(QDir(carpeta.path()).mkdir(u"Debug"_s));
     Protege(carpeta.path(), 0755);
     Protege(Ruta("Debug"), 0555);
     int numero = 0;

@@ -1,7 +1,7 @@
 // Starts on bad settings, balances, devices and logs: what is told, and that queue and books stay.
 #include "BancoMonitor.h"
-#include "engine/Vocabulario.h"
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 #include "store/Esquema.h"
 
 namespace zv::test {
@@ -10,54 +10,51 @@ class ArranqueDatosMalosTest : public BancoMonitor {
   protected:
     // A sale in the queue and one in the books, before the start.
     void PonerLibros() {
-        MotorSQLite catalogo;
+        SqliteEngine catalogo;
         CrearBaseDatos(catalogo, carpeta.path(), servicios->log, dialogos, servicios->textos);
-        Abrir().Ejecutar(QStringLiteral("INSERT INTO cola (importe,id1) VALUES (900,'POS')"));
-        Abrir().Ejecutar(
-            QStringLiteral("INSERT INTO procesados (importeVenta,id1) VALUES (100,'ANTES')"));
+        Abrir().Ejecutar(u"INSERT INTO cola (importe,id1) VALUES (900,'POS')"_s);
+        Abrir().Ejecutar(u"INSERT INTO procesados (importeVenta,id1) VALUES (100,'ANTES')"_s);
         libros = Libros();
-        QDir(carpeta.filePath(QStringLiteral("Debug"))).removeRecursively();
+        QDir(carpeta.filePath(u"Debug"_s)).removeRecursively();
     }
     QStringList Libros() {
         QStringList filas;
-        for (const QString& tabla : {QStringLiteral("cola"), QStringLiteral("procesados")}) {
-            for (const Fila& fila : Abrir().Consultar(QStringLiteral("SELECT * FROM ") + tabla)) {
-                filas << tabla + fila.LeerTexto(QStringLiteral("id1")) +
-                             fila.LeerTexto(QStringLiteral("idZV"));
+        for (const QString& tabla : {u"cola"_s, u"procesados"_s}) {
+            for (const Row& fila : Abrir().Consultar(u"SELECT * FROM "_s + tabla)) {
+                filas << tabla + fila.LeerTexto(u"id1"_s) + fila.LeerTexto(u"idZV"_s);
             }
         }
         return filas;
     }
-    MotorBD& Abrir() {
-        otro = std::make_unique<MotorSQLite>();
-        otro->Abrir(CadenaConexion(QStringLiteral("MDB"), {},
-                                   carpeta.filePath(QStringLiteral("ZVMonito2.mdb")), {}, {}));
+    DatabaseEngine& Abrir() {
+        otro = std::make_unique<SqliteEngine>();
+        otro->Abrir(CadenaConexion(u"MDB"_s, {}, carpeta.filePath(u"ZVMonito2.mdb"_s), {}, {}));
         return *otro;
     }
     void PonerValor(const QString& valor, const QString& dato) {
-        servicios->registro.GuardarValor(QStringLiteral("Zorvex\\ZVMonitor"), valor, dato);
+        servicios->registro.GuardarValor(u"Zorvex\\ZVMonitor"_s, valor, dato);
     }
     void EsperaErrorDeInicio(const QString& texto) {
-        dialogos.EsperaMensaje(QStringLiteral("Error al iniciar la aplicación"), texto);
+        dialogos.EsperaMensaje(u"Error al iniciar la aplicación"_s, texto);
     }
 
     QStringList libros;
-    std::unique_ptr<MotorBD> otro;
+    std::unique_ptr<DatabaseEngine> otro;
 };
 
 TEST_F(ArranqueDatosMalosTest, ABalanceInTheRegistryThatIsNoNumberEndsTheStart) {
     EscribirIni();
     PonerLibros();
-    for (const QString& valor : {QStringLiteral("Saldo_Inicial"), QStringLiteral("Saldo_Exit")}) {
-        PonerValor(valor, QStringLiteral("doce"));
-        EsperaErrorDeInicio(QStringLiteral("Error nº 13 - No coinciden los tipos"));
+    for (const QString& valor : {u"Saldo_Inicial"_s, u"Saldo_Exit"_s}) {
+        PonerValor(valor, u"doce"_s);
+        EsperaErrorDeInicio(u"Error nº 13 - No coinciden los tipos"_s);
         EXPECT_FALSE(monitor->Cargar());
-        EXPECT_EQ(LeerValor(valor), QStringLiteral("doce"));
-        PonerValor(valor, QStringLiteral("0"));
+        EXPECT_EQ(LeerValor(valor), u"doce"_s);
+        PonerValor(valor, u"0"_s);
         Montar();
     }
-    PonerValor(QStringLiteral("Saldo_Inicial"), QStringLiteral("3000000000"));
-    EsperaErrorDeInicio(QStringLiteral("Error nº 6 - Desbordamiento"));
+    PonerValor(u"Saldo_Inicial"_s, u"3000000000"_s);
+    EsperaErrorDeInicio(u"Error nº 6 - Desbordamiento"_s);
     EXPECT_FALSE(monitor->Cargar());
     EXPECT_EQ(Libros(), libros);
 }
@@ -65,10 +62,9 @@ TEST_F(ArranqueDatosMalosTest, ABalanceInTheRegistryThatIsNoNumberEndsTheStart) 
 TEST_F(ArranqueDatosMalosTest, TheBalancesAreReadBeforeTheDatabase) {
     EscribirIni();
     PonerSaldo(5000);
-    PonerValor(QStringLiteral("Saldo_Inicial"), QStringLiteral("4000"));
-    monitor->arranque.PonerPasos(
-        {{}, [] { throw ErrorEjecucion(1, QStringLiteral("x")); }, {}, {}});
-    EsperaErrorDeInicio(QStringLiteral("Error nº 1 - x"));
+    PonerValor(u"Saldo_Inicial"_s, u"4000"_s);
+    monitor->arranque.PonerPasos({{}, [] { throw ErrorEjecucion(1, u"x"_s); }, {}, {}});
+    EsperaErrorDeInicio(u"Error nº 1 - x"_s);
     EXPECT_FALSE(monitor->Cargar());
     EXPECT_EQ(monitor->supervision.SaldoInicial(), 4000);
     EXPECT_EQ(monitor->supervision.UltimoSaldo(), Currency(5000));
@@ -81,11 +77,11 @@ TEST_F(ArranqueDatosMalosTest, AMultiplierOfZeroEndsTheStartWhenABalanceMustBeSh
     cliente.PonerTotal(5001);
     cliente.PonerMultiplier(0);
     cliente.EsperaConnect();
-    EsperaErrorDeInicio(QStringLiteral("Error nº 11 - División por cero"));
+    EsperaErrorDeInicio(u"Error nº 11 - División por cero"_s);
     EXPECT_FALSE(monitor->Cargar());
     EXPECT_FALSE(monitor->pulso.Armado());
     EXPECT_EQ(Libros(), libros);
-    EXPECT_EQ(LeerValor(QStringLiteral("Saldo_Exit")), QStringLiteral("5000"));
+    EXPECT_EQ(LeerValor(u"Saldo_Exit"_s), u"5000"_s);
 }
 
 TEST_F(ArranqueDatosMalosTest, AMultiplierOfZeroShowsNoAmountsInTheGrid) {
@@ -95,7 +91,7 @@ TEST_F(ArranqueDatosMalosTest, AMultiplierOfZeroShowsNoAmountsInTheGrid) {
     cliente.PonerMultiplier(0);
     cliente.EsperaConnect();
     EXPECT_TRUE(monitor->Cargar());
-    EXPECT_EQ(monitor->grid.Texto(1, 3), QStringLiteral("POS"));
+    EXPECT_EQ(monitor->grid.Texto(1, 3), u"POS"_s);
     EXPECT_EQ(monitor->grid.Texto(1, 9), QString());
     EXPECT_EQ(Libros(), libros);
 }
@@ -104,33 +100,32 @@ TEST_F(ArranqueDatosMalosTest, LevelListsOfUnequalLengthAreToldAndTheStartGoesOn
     EscribirIni("[ZORVEX]\r\nIP=127.0.0.1\r\n[ZVMONITOR]\r\nMODO=MANUAL\r\n");
     PonerLibros();
     PonerSaldo(5000);
-    cliente.PonerNiveles(2, QStringLiteral("100,200"), QStringLiteral("50"));
+    cliente.PonerNiveles(2, u"100,200"_s, u"50"_s);
     cliente.EsperaConnect();
-    const QString caja = QStringLiteral("Error al recuperar el saldo del Zorvex: 9 - El subíndice "
-                                        "está fuera del intervalo");
+    const QString caja = u"Error al recuperar el saldo del Zorvex: 9 - El subíndice "
+                         "está fuera del intervalo"_s;
     dialogos.EsperaCaja(caja);
-    dialogos.EsperaMensaje(QStringLiteral("Inicialización"), testing::_);
+    dialogos.EsperaMensaje(u"Inicialización"_s, testing::_);
     dialogos.EsperaCaja(caja);
     EXPECT_TRUE(monitor->Cargar());
     EXPECT_TRUE(monitor->supervision.Conectado());
-    EXPECT_EQ(LeerValor(QStringLiteral("Saldo_Exit")), QStringLiteral("0"));
+    EXPECT_EQ(LeerValor(u"Saldo_Exit"_s), u"0"_s);
     EXPECT_EQ(Libros(), libros);
 }
 
 TEST_F(ArranqueDatosMalosTest, ALogThatCannotBeWrittenAtTheFirstLineIsNobodysFailure) {
     EscribirIni();
-    QFile estorbo(carpeta.filePath(QStringLiteral("Debug")));
+    QFile estorbo(carpeta.filePath(u"Debug"_s));
     ASSERT_TRUE(estorbo.open(QIODevice::WriteOnly));
     EXPECT_THROW(monitor->Cargar(), ErrorEjecucion);
-    EXPECT_FALSE(QFile::exists(carpeta.filePath(QStringLiteral("ZVMonito2.mdb"))));
+    EXPECT_FALSE(QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
 }
 
 TEST_F(ArranqueDatosMalosTest, AFailureOfTheLastStepsIsNobodysEither) {
     EscribirIni("[ZVMONITOR]\r\nBOTONACCESO=1\r\n");
     PonerSaldo(5000);
     cliente.EsperaConnect();
-    monitor->arranque.PonerPasos(
-        {{}, {}, {}, [] { throw ErrorEjecucion(5, QStringLiteral("x")); }});
+    monitor->arranque.PonerPasos({{}, {}, {}, [] { throw ErrorEjecucion(5, u"x"_s); }});
     EXPECT_THROW(monitor->Cargar(), ErrorEjecucion);
     EXPECT_FALSE(monitor->pulso.Armado());
 }
@@ -138,7 +133,7 @@ TEST_F(ArranqueDatosMalosTest, AFailureOfTheLastStepsIsNobodysEither) {
 TEST_F(ArranqueDatosMalosTest, LogsThatGetOldDuringTheLoadGoAtItsEnd) {
     EscribirIni();
     PonerSaldo(5000);
-    const QString viejo = carpeta.filePath(QStringLiteral("Debug/ZVMonitor20260101.log"));
+    const QString viejo = carpeta.filePath(u"Debug/ZVMonitor20260101.log"_s);
     cliente.EsperaConnect(FinGuion::Ok().Durante([&] {
         QFile fichero(viejo);
         ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
@@ -154,36 +149,36 @@ TEST_F(ArranqueDatosMalosTest, TheUnloadWritesNoBalance) {
     EXPECT_TRUE(monitor->Cargar());
     cliente.PonerTotal(7000);
     monitor->arranque.Descargar();
-    EXPECT_EQ(LeerValor(QStringLiteral("Saldo_Exit")), QStringLiteral("5000"));
+    EXPECT_EQ(LeerValor(u"Saldo_Exit"_s), u"5000"_s);
 }
 
 TEST_F(ArranqueDatosMalosTest, TheWordsComeFromTheLanguageFile) {
-    QFile fichero(carpeta.filePath(QStringLiteral("RWLang.ini")));
+    QFile fichero(carpeta.filePath(u"RWLang.ini"_s));
     ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
     fichero.write("[COMMON]\r\niniciando=a\r\nprimerUso=b\r\nerrorDeConfiguracion=c\r\n"
                   "errorDeConfiguracion3=d\r\nerrorDeInicio=e\r\nzvMonitorYaEjecutado=f\r\n");
     fichero.close();
-    dialogos.EsperaMensaje(QStringLiteral("a"), QStringLiteral("b"));
-    dialogos.EsperaMensaje(QStringLiteral("c"), QStringLiteral("c")); // one key for both
+    dialogos.EsperaMensaje(u"a"_s, u"b"_s);
+    dialogos.EsperaMensaje(u"c"_s, u"c"_s); // one key for both
     EXPECT_FALSE(monitor->Cargar());
 
     Montar();
     EscribirIni("[ZVMONITOR]\r\nREFRESCO=x\r\n");
-    dialogos.EsperaMensaje(QStringLiteral("e"), testing::_);
+    dialogos.EsperaMensaje(u"e"_s, testing::_);
     EXPECT_FALSE(monitor->Cargar());
 
     Montar();
     EscribirIni();
-    ASSERT_TRUE(QDir(carpeta.path()).mkdir(QStringLiteral("ZVMonito2.mdb")));
-    dialogos.EsperaMensaje(QStringLiteral("c"), testing::_);
+    ASSERT_TRUE(QDir(carpeta.path()).mkdir(u"ZVMonito2.mdb"_s));
+    dialogos.EsperaMensaje(u"c"_s, testing::_);
     dialogos.EsperaMensaje(testing::_, testing::_);
-    dialogos.EsperaMensaje(QStringLiteral("c"), QStringLiteral("d"));
+    dialogos.EsperaMensaje(u"c"_s, u"d"_s);
     EXPECT_FALSE(monitor->Cargar());
 
-    InstanciaUnica primera(carpeta.path());
+    SingleInstance primera(carpeta.path());
     Montar();
     ASSERT_FALSE(primera.OtraInstancia());
-    dialogos.EsperaMensaje(QString(), QStringLiteral("f"));
+    dialogos.EsperaMensaje(QString(), u"f"_s);
     EXPECT_FALSE(monitor->Cargar());
 }
 

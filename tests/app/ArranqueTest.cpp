@@ -1,7 +1,8 @@
 // Start-up and shutdown: the order of the steps, and every way in which a start ends early.
 #include "BancoMonitor.h"
-#include "engine/Vocabulario.h"
+#include "config/Modo.h"
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 #include "store/Esquema.h"
 
 namespace zv::test {
@@ -9,13 +10,12 @@ namespace zv::test {
 class ArranqueTest : public BancoMonitor {
   protected:
     void PonerFilaEnCola() {
-        MotorSQLite catalogo;
+        SqliteEngine catalogo;
         CrearBaseDatos(catalogo, carpeta.path(), servicios->log, dialogos, servicios->textos);
-        MotorSQLite otroSQLite;
-        MotorBD& otro = otroSQLite;
-        otro.Abrir(CadenaConexion(QStringLiteral("MDB"), {},
-                                  carpeta.filePath(QStringLiteral("ZVMonito2.mdb")), {}, {}));
-        otro.Ejecutar(QStringLiteral("INSERT INTO cola (importe,id1) VALUES (900,'POS')"));
+        SqliteEngine otroSQLite;
+        DatabaseEngine& otro = otroSQLite;
+        otro.Abrir(CadenaConexion(u"MDB"_s, {}, carpeta.filePath(u"ZVMonito2.mdb"_s), {}, {}));
+        otro.Ejecutar(u"INSERT INTO cola (importe,id1) VALUES (900,'POS')"_s);
     }
 };
 
@@ -26,32 +26,30 @@ TEST_F(ArranqueTest, TheLoadGoesThroughItsStepsInOrder) {
     ventana.alLlamar = [&](const QString& paso) { pasos << paso; };
     cliente.AlLlamar([&](const QString& paso) { pasos << paso; });
     cliente.EsperaConnect();
-    monitor->arranque.PonerPasos(
-        {[&] { pasos << QStringLiteral("configuración"); },
-         [&] {
-             pasos << QStringLiteral("fast");
-             EXPECT_TRUE(QFile::exists(carpeta.filePath(QStringLiteral("ZVMonito2.mdb"))));
-             EXPECT_FALSE(monitor->motor.Abierta());
-         },
-         [&] {
-             pasos << QStringLiteral("dades");
-             EXPECT_TRUE(monitor->motor.Abierta());
-         },
-         [&] { pasos << QStringLiteral("botón"); }});
+    monitor->arranque.PonerPasos({[&] { pasos << u"configuración"_s; },
+                                  [&] {
+                                      pasos << u"fast"_s;
+                                      EXPECT_TRUE(
+                                          QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
+                                      EXPECT_FALSE(monitor->motor.Abierta());
+                                  },
+                                  [&] {
+                                      pasos << u"dades"_s;
+                                      EXPECT_TRUE(monitor->motor.Abierta());
+                                  },
+                                  [&] { pasos << u"botón"_s; }});
 
     EXPECT_TRUE(monitor->Cargar());
 
-    EXPECT_EQ(pasos, (QStringList{QStringLiteral("traducir"), QStringLiteral("icono"),
-                                  QStringLiteral("columnas"), QStringLiteral("fast"),
-                                  QStringLiteral("dades"), QStringLiteral("Monitor v26.5.1"),
-                                  QStringLiteral("mostrar"), QStringLiteral("Address(127.0.0.1)"),
-                                  QStringLiteral("SessionFlag(1)"), QStringLiteral("Connect()")}));
-    EXPECT_EQ(LineasLog().first(), QStringLiteral("INICIADO"));
+    EXPECT_EQ(pasos, (QStringList{u"traducir"_s, u"icono"_s, u"columnas"_s, u"fast"_s, u"dades"_s,
+                                  u"Monitor v26.5.1"_s, u"mostrar"_s, u"Address(127.0.0.1)"_s,
+                                  u"SessionFlag(1)"_s, u"Connect()"_s}));
+    EXPECT_EQ(LineasLog().first(), u"INICIADO"_s);
     EXPECT_TRUE(monitor->pulso.Armado());
-    EXPECT_EQ(monitor->controles.Estado().lbContador, QStringLiteral("0 cobros"));
+    EXPECT_EQ(monitor->controles.Estado().lbContador, u"0 cobros"_s);
     EXPECT_TRUE(monitor->controles.Estado().ShapeOK);
     EXPECT_FALSE(monitor->controles.Estado().boton[7]);
-    EXPECT_EQ(LeerValor(QStringLiteral("Saldo_Inicial")), QStringLiteral("5000"));
+    EXPECT_EQ(LeerValor(u"Saldo_Inicial"_s), u"5000"_s);
 }
 
 TEST_F(ArranqueTest, TheAccessButtonComesOnlyWithItsSetting) {
@@ -65,58 +63,55 @@ TEST_F(ArranqueTest, TheAccessButtonComesOnlyWithItsSetting) {
 }
 
 TEST_F(ArranqueTest, ASecondInstanceSaysSoAndTouchesNothing) {
-    InstanciaUnica primera(carpeta.path());
+    SingleInstance primera(carpeta.path());
     ASSERT_FALSE(primera.OtraInstancia());
     EscribirIni();
-    dialogos.EsperaMensaje(
-        QString(),
-        QStringLiteral("ZVMonitor ya está funcionando y no puede ser ejecutado de nuevo"));
+    dialogos.EsperaMensaje(QString(),
+                           u"ZVMonitor ya está funcionando y no puede ser ejecutado de nuevo"_s);
     EXPECT_FALSE(monitor->Cargar());
-    EXPECT_FALSE(QFile::exists(carpeta.filePath(QStringLiteral("Debug"))));
-    EXPECT_FALSE(QFile::exists(carpeta.filePath(QStringLiteral("ZVMonito2.mdb"))));
+    EXPECT_FALSE(QFile::exists(carpeta.filePath(u"Debug"_s)));
+    EXPECT_FALSE(QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
 }
 
 TEST_F(ArranqueTest, AFirstUseLeftWithoutSavingEndsTheProgram) {
     int abierta = 0;
     monitor->arranque.PonerPasos({[&] { ++abierta; }, {}, {}, {}});
-    dialogos.EsperaMensaje(QStringLiteral("Iniciando..."),
-                           QStringLiteral("Configura la aplicación para su primer uso"));
-    dialogos.EsperaMensaje(
-        QStringLiteral("Error de configuración"),
-        QStringLiteral("No se han encontrado los datos de configuración de ZVMonitor"));
+    dialogos.EsperaMensaje(u"Iniciando..."_s, u"Configura la aplicación para su primer uso"_s);
+    dialogos.EsperaMensaje(u"Error de configuración"_s,
+                           u"No se han encontrado los datos de configuración de ZVMonitor"_s);
     EXPECT_FALSE(monitor->Cargar());
     EXPECT_EQ(abierta, 1);
-    EXPECT_FALSE(QFile::exists(carpeta.filePath(QStringLiteral("ZVMonito2.mdb"))));
+    EXPECT_FALSE(QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
 }
 
 TEST_F(ArranqueTest, AFirstUseThatSavesGoesOn) {
     PonerSaldo(100);
     cliente.EsperaConnect();
     monitor->arranque.PonerPasos({[&] { EscribirIni(); }, {}, {}, {}});
-    dialogos.EsperaMensaje(QStringLiteral("Iniciando..."), testing::_);
+    dialogos.EsperaMensaje(u"Iniciando..."_s, testing::_);
     EXPECT_TRUE(monitor->Cargar());
 }
 
 TEST_F(ArranqueTest, ALetterInANumericSettingEndsTheStartWithItsNumber) {
     EscribirIni("[ZVMONITOR]\r\nREFRESCO=x\r\n");
-    dialogos.EsperaMensaje(QStringLiteral("Error al iniciar la aplicación"),
-                           QStringLiteral("Error nº 13 - No coinciden los tipos"));
+    dialogos.EsperaMensaje(u"Error al iniciar la aplicación"_s,
+                           u"Error nº 13 - No coinciden los tipos"_s);
     EXPECT_FALSE(monitor->Cargar());
-    EXPECT_FALSE(QFile::exists(carpeta.filePath(QStringLiteral("ZVMonito2.mdb"))));
+    EXPECT_FALSE(QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
 }
 
 TEST_F(ArranqueTest, AFailureOfAStepIsShownAndEndsTheStart) {
     EscribirIni();
     monitor->arranque.PonerPasos(
-        {{}, [] { throw ErrorEjecucion(10048, QStringLiteral("Dirección en uso")); }, {}, {}});
-    dialogos.EsperaMensaje(QStringLiteral("Error al iniciar la aplicación"),
-                           QStringLiteral("Error nº 10048 - Dirección en uso"));
+        {{}, [] { throw ErrorEjecucion(10048, u"Dirección en uso"_s); }, {}, {}});
+    dialogos.EsperaMensaje(u"Error al iniciar la aplicación"_s,
+                           u"Error nº 10048 - Dirección en uso"_s);
     EXPECT_FALSE(monitor->Cargar());
 }
 
 TEST_F(ArranqueTest, AFileThatIsNoDatabaseIsRefusedAndNeverTouched) {
     EscribirIni();
-    const QString ruta = carpeta.filePath(QStringLiteral("ZVMonito2.mdb"));
+    const QString ruta = carpeta.filePath(u"ZVMonito2.mdb"_s);
     QByteArray contenido("\x00\x01\x00\x00Standard Jet DB\x00", 20);
     contenido.append(QByteArray(4096, '\x5a'));
     {
@@ -124,26 +119,24 @@ TEST_F(ArranqueTest, AFileThatIsNoDatabaseIsRefusedAndNeverTouched) {
         ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
         fichero.write(contenido);
     }
-    dialogos.EsperaMensaje(
-        QStringLiteral("Error de configuración"),
-        QStringLiteral("Error al crear el fichero MDB, el archivo ya esta en uso"));
-    dialogos.EsperaMensaje(
-        QStringLiteral("Error de configuración"),
-        QStringLiteral("Error al crear el fichero MDB, el archivo ya esta en uso"));
-    dialogos.EsperaMensaje(QStringLiteral("Error de configuración"),
-                           QStringLiteral("Revise el fichero LOG de la aplicación"));
+    dialogos.EsperaMensaje(u"Error de configuración"_s,
+                           u"Error al crear el fichero MDB, el archivo ya esta en uso"_s);
+    dialogos.EsperaMensaje(u"Error de configuración"_s,
+                           u"Error al crear el fichero MDB, el archivo ya esta en uso"_s);
+    dialogos.EsperaMensaje(u"Error de configuración"_s,
+                           u"Revise el fichero LOG de la aplicación"_s);
     EXPECT_FALSE(monitor->Cargar());
     QFile fichero(ruta);
     ASSERT_TRUE(fichero.open(QIODevice::ReadOnly));
     EXPECT_EQ(fichero.readAll(), contenido);
-    EXPECT_EQ(QDir(carpeta.path()).entryList({QStringLiteral("ZVMonito2.mdb?*")}).size(), 0);
-    EXPECT_NE(LineasLog().join(QLatin1Char('\n')).indexOf(QStringLiteral("Access")), -1);
+    EXPECT_EQ(QDir(carpeta.path()).entryList({u"ZVMonito2.mdb?*"_s}).size(), 0);
+    EXPECT_NE(LineasLog().join(QLatin1Char('\n')).indexOf(u"Access"_s), -1);
 }
 
 TEST_F(ArranqueTest, WithoutADeviceTheScreenOpensDisconnected) {
     EscribirIni();
     cliente.EsperaConnect(FinGuion::EnlacePerdido());
-    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"), testing::_);
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, testing::_);
     EXPECT_TRUE(monitor->Cargar());
     EXPECT_FALSE(monitor->supervision.Conectado());
     EXPECT_TRUE(monitor->controles.Estado().boton[7]);
@@ -157,13 +150,12 @@ TEST_F(ArranqueTest, TheBalancesAreComparedWithTheWindowShown) {
     PonerSaldo(5000);
     cliente.PonerTotal(5001);
     cliente.EsperaConnect();
-    dialogos.EsperaMensaje(QStringLiteral("Inicialización"), testing::_, resultado::kAceptar, -1,
-                           [&] {
-                               EXPECT_TRUE(ventana.llamadas.contains(QStringLiteral("mostrar")));
-                               EXPECT_FALSE(monitor->pulso.Armado());
-                           });
+    dialogos.EsperaMensaje(u"Inicialización"_s, testing::_, resultado::kAceptar, -1, [&] {
+        EXPECT_TRUE(ventana.llamadas.contains(u"mostrar"_s));
+        EXPECT_FALSE(monitor->pulso.Armado());
+    });
     EXPECT_TRUE(monitor->Cargar());
-    EXPECT_EQ(LeerValor(QStringLiteral("Saldo_Exit")), QStringLiteral("5001"));
+    EXPECT_EQ(LeerValor(u"Saldo_Exit"_s), u"5001"_s);
 }
 
 TEST_F(ArranqueTest, AMinimisedStartNeedsAnEmptyQueue) {
@@ -181,13 +173,13 @@ TEST_F(ArranqueTest, AMinimisedStartWithRowsStaysOpen) {
     cliente.EsperaConnect();
     EXPECT_TRUE(monitor->Cargar());
     EXPECT_EQ(ventana.estado, ventana::kNormal);
-    EXPECT_EQ(monitor->controles.Estado().lbContador, QStringLiteral("1 cobros"));
+    EXPECT_EQ(monitor->controles.Estado().lbContador, u"1 cobros"_s);
 }
 
 TEST_F(ArranqueTest, OldLogsGoAtTheStart) {
     EscribirIni();
-    QDir(carpeta.path()).mkdir(QStringLiteral("Debug"));
-    const QString viejo = carpeta.filePath(QStringLiteral("Debug/ZVMonitor20260101.log"));
+    QDir(carpeta.path()).mkdir(u"Debug"_s);
+    const QString viejo = carpeta.filePath(u"Debug/ZVMonitor20260101.log"_s);
     QFile fichero(viejo);
     ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
     fichero.close();
@@ -201,14 +193,14 @@ TEST_F(ArranqueTest, TheUnloadStopsThePulseClearsTheMarkAndEndsTheConnector) {
     EscribirIni("[CONECTOR]\r\nZVConectorPath=/opt/conector/ZVConnector.exe\r\n"
                 "ZVConectorActive=1\r\n");
     PonerSaldo(5000);
-    procesos.enMarcha << QStringLiteral("ZVConnector.exe");
+    procesos.enMarcha << u"ZVConnector.exe"_s;
     cliente.EsperaConnect();
     EXPECT_TRUE(monitor->Cargar());
     monitor->marca.MarcarActivo(true);
     monitor->arranque.Descargar();
     EXPECT_FALSE(monitor->pulso.Armado());
-    EXPECT_EQ(LeerValor(QStringLiteral("Activo")), QStringLiteral("0"));
-    EXPECT_EQ(procesos.terminados, QStringList{QStringLiteral("ZVConnector.exe")});
+    EXPECT_EQ(LeerValor(u"Activo"_s), u"0"_s);
+    EXPECT_EQ(procesos.terminados, QStringList{u"ZVConnector.exe"_s});
     EXPECT_TRUE(monitor->supervision.Conectado()); // the device is not disconnected
 }
 
@@ -216,8 +208,8 @@ TEST_F(ArranqueTest, TwoMonitorsLiveSideBySide) {
     QTemporaryDir otra;
     Opciones opciones = servicios->opciones;
     opciones.carpeta = otra.path();
-    opciones.registro = otra.filePath(QStringLiteral("Registro"));
-    opciones.fastDireccion = QStringLiteral("127.2.255.255");
+    opciones.registro = otra.filePath(u"Registro"_s);
+    opciones.fastDireccion = u"127.2.255.255"_s;
     Servicios segundos(opciones, reloj);
     DeviceGuion segundoCliente;
     Importes segundosImportes(segundos.formato, [&] { return segundoCliente.Multiplier(); });
@@ -227,8 +219,7 @@ TEST_F(ArranqueTest, TwoMonitorsLiveSideBySide) {
     segundo.PonerVentana(segundaVentana);
 
     EscribirIni();
-    QFile::copy(carpeta.filePath(QStringLiteral("ZVMonitor.ini")),
-                otra.filePath(QStringLiteral("ZVMonitor.ini")));
+    QFile::copy(carpeta.filePath(u"ZVMonitor.ini"_s), otra.filePath(u"ZVMonitor.ini"_s));
     PonerSaldo(5000);
     cliente.EsperaConnect();
     segundoCliente.PonerTotal(0);

@@ -2,11 +2,12 @@
 #pragma once
 
 #include "app/Monitor.h"
+#include "platform/StringLiterals.h"
 #include "support/DeviceGuion.h"
 #include "support/DialogosGuion.h"
+#include "support/FakeProcessList.h"
+#include "support/FixedClock.h"
 #include "support/ImprimeQt.h"
-#include "support/ProcesosFalsos.h"
-#include "support/RelojFijo.h"
 #include "support/VentanaFalsa.h"
 
 #include <QCoreApplication>
@@ -30,9 +31,9 @@ class BancoMonitor : public testing::Test {
         servicios.reset();
         Opciones opciones;
         opciones.carpeta = carpeta.path();
-        opciones.registro = carpeta.filePath(QStringLiteral("Registro"));
-        opciones.region = QStringLiteral("es_ES");
-        opciones.programa = QStringLiteral("ZVMonitor");
+        opciones.registro = carpeta.filePath(u"Registro"_s);
+        opciones.region = u"es_ES"_s;
+        opciones.programa = u"ZVMonitor"_s;
         opciones.fastDireccion = DireccionPropia();
         servicios = std::make_unique<Servicios>(opciones, reloj);
         importes =
@@ -43,29 +44,28 @@ class BancoMonitor : public testing::Test {
     }
 
     void EscribirIni(const QByteArray& contenido = "[ZORVEX]\r\nIP=127.0.0.1\r\n") {
-        QFile fichero(carpeta.filePath(QStringLiteral("ZVMonitor.ini")));
+        QFile fichero(carpeta.filePath(u"ZVMonitor.ini"_s));
         ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
         fichero.write(contenido);
     }
     void PonerSaldo(qint32 total) {
         cliente.PonerTotal(total);
-        servicios->registro.GuardarValor(QStringLiteral("Zorvex\\ZVMonitor"),
-                                         QStringLiteral("Saldo_Exit"), QString::number(total));
+        servicios->registro.GuardarValor(u"Zorvex\\ZVMonitor"_s, u"Saldo_Exit"_s,
+                                         QString::number(total));
     }
     QString LeerValor(const QString& valor) const {
-        return servicios->registro.LeerValor(QStringLiteral("Zorvex\\ZVMonitor"), valor,
-                                             QStringLiteral("-"));
+        return servicios->registro.LeerValor(u"Zorvex\\ZVMonitor"_s, valor, u"-"_s);
     }
     QStringList LineasLog() const {
         QStringList lineas;
-        const QDir debug(carpeta.filePath(QStringLiteral("Debug")));
-        for (const QString& nombre : debug.entryList({QStringLiteral("ZVMonitor*.log")})) {
+        const QDir debug(carpeta.filePath(u"Debug"_s));
+        for (const QString& nombre : debug.entryList({u"ZVMonitor*.log"_s})) {
             QFile fichero(debug.filePath(nombre));
             if (fichero.open(QIODevice::ReadOnly)) {
                 for (const QByteArray& linea : fichero.readAll().split('\n')) {
                     const QString texto = QString::fromLatin1(linea).trimmed();
                     if (!texto.isEmpty()) {
-                        lineas << texto.section(QStringLiteral(" - "), 2);
+                        lineas << texto.section(u" - "_s, 2);
                     }
                 }
             }
@@ -80,10 +80,10 @@ class BancoMonitor : public testing::Test {
     }
 
     QTemporaryDir carpeta;
-    RelojFijo reloj;
+    FixedClock reloj;
     DeviceGuion cliente;
     DialogosGuion dialogos;
-    ProcesosFalsos procesos;
+    FakeProcessList procesos;
     ShellFalsa shell;
     VentanaFalsa ventana;
     std::unique_ptr<Servicios> servicios;

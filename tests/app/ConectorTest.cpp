@@ -1,16 +1,17 @@
 // The connector program: when it is started, found, missed and ended.
 #include "BancoMonitor.h"
+#include "platform/StringLiterals.h"
 
 namespace zv::test {
 
 class ConectorTest : public BancoMonitor {
   protected:
-    ConectorTest() : ruta(carpeta.filePath(QStringLiteral("con ector/ZVConnector.exe"))) {
+    ConectorTest() : ruta(carpeta.filePath(u"con ector/ZVConnector.exe"_s)) {
         monitor->configuracio->ZVConectorActive = true;
         monitor->configuracio->ZVConectorPath = ruta;
     }
     void CrearPrograma() {
-        QDir(carpeta.path()).mkdir(QStringLiteral("con ector"));
+        QDir(carpeta.path()).mkdir(u"con ector"_s);
         QFile fichero(ruta);
         ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
     }
@@ -30,7 +31,7 @@ TEST_F(ConectorTest, IsNotStartedWithoutPathOrFlag) {
 }
 
 TEST_F(ConectorTest, OneThatRunsIsLeftAlone) {
-    procesos.enMarcha << QStringLiteral("ZVConnector.exe");
+    procesos.enMarcha << u"ZVConnector.exe"_s;
     monitor->conector.ArrancarConector();
     EXPECT_TRUE(monitor->conector.EnMarcha());
     EXPECT_TRUE(shell.abiertos.isEmpty());
@@ -40,7 +41,7 @@ TEST_F(ConectorTest, IsStartedInItsOwnFolder) {
     CrearPrograma();
     monitor->conector.ArrancarConector();
     EXPECT_EQ(shell.abiertos,
-              QStringList{ruta + QLatin1Char('|') + carpeta.filePath(QStringLiteral("con ector"))});
+              QStringList{ruta + QLatin1Char('|') + carpeta.filePath(u"con ector"_s)});
     EXPECT_TRUE(monitor->conector.EnMarcha());
 }
 
@@ -52,36 +53,34 @@ TEST_F(ConectorTest, AStartThatFailsIsSeenInTheProcessList) {
 }
 
 TEST_F(ConectorTest, AMissingProgramIsTold) {
-    dialogos.EsperaMensaje(
-        QStringLiteral("Conector no cargado"),
-        QStringLiteral("El conector no está disponible en la ruta especificada en la "
-                       "configuración. Consulte con su técnico"));
+    dialogos.EsperaMensaje(u"Conector no cargado"_s,
+                           u"El conector no está disponible en la ruta especificada en la "
+                           "configuración. Consulte con su técnico"_s);
     monitor->conector.ArrancarConector();
     EXPECT_FALSE(monitor->conector.EnMarcha());
     EXPECT_TRUE(shell.abiertos.isEmpty());
 }
 
 TEST_F(ConectorTest, OneThatSomebodyStartsUnderTheMessageCounts) {
-    dialogos.EsperaMensaje(QStringLiteral("Conector no cargado"), testing::_, resultado::kAceptar,
-                           0, [this] { procesos.enMarcha << QStringLiteral("ZVConnector.exe"); });
+    dialogos.EsperaMensaje(u"Conector no cargado"_s, testing::_, resultado::kAceptar, 0,
+                           [this] { procesos.enMarcha << u"ZVConnector.exe"_s; });
     monitor->conector.ArrancarConector();
     EXPECT_TRUE(monitor->conector.EnMarcha());
 }
 
 TEST_F(ConectorTest, ItsWordsComeFromTheLanguageFile) {
-    QFile fichero(carpeta.filePath(QStringLiteral("RWLang.ini")));
+    QFile fichero(carpeta.filePath(u"RWLang.ini"_s));
     ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
     fichero.write("[COMMON]\r\nconectorNoCargado=a\r\nconectorNoDisponible=b\r\n");
     fichero.close();
-    dialogos.EsperaMensaje(QStringLiteral("a"), QStringLiteral("b"));
+    dialogos.EsperaMensaje(u"a"_s, u"b"_s);
     monitor->conector.ArrancarConector();
 }
 
 TEST_F(ConectorTest, APathThatEndsInASeparatorNamesNoProgram) {
-    QDir(carpeta.path()).mkdir(QStringLiteral("con ector"));
-    monitor->configuracio->ZVConectorPath =
-        carpeta.filePath(QStringLiteral("con ector")) + QLatin1Char('/');
-    dialogos.EsperaMensaje(QStringLiteral("Conector no cargado"), testing::_);
+    QDir(carpeta.path()).mkdir(u"con ector"_s);
+    monitor->configuracio->ZVConectorPath = carpeta.filePath(u"con ector"_s) + QLatin1Char('/');
+    dialogos.EsperaMensaje(u"Conector no cargado"_s, testing::_);
     monitor->conector.ArrancarConector();
     EXPECT_FALSE(monitor->conector.EnMarcha());
     monitor->conector.PararConector();
@@ -90,8 +89,8 @@ TEST_F(ConectorTest, APathThatEndsInASeparatorNamesNoProgram) {
 }
 
 TEST_F(ConectorTest, AFolderIsNoProgram) {
-    QDir(carpeta.path()).mkpath(QStringLiteral("con ector/ZVConnector.exe"));
-    dialogos.EsperaMensaje(QStringLiteral("Conector no cargado"), testing::_);
+    QDir(carpeta.path()).mkpath(u"con ector/ZVConnector.exe"_s);
+    dialogos.EsperaMensaje(u"Conector no cargado"_s, testing::_);
     monitor->conector.ArrancarConector();
     EXPECT_TRUE(shell.abiertos.isEmpty());
 }
@@ -99,17 +98,17 @@ TEST_F(ConectorTest, AFolderIsNoProgram) {
 TEST_F(ConectorTest, IsEndedOnlyIfItRuns) {
     monitor->conector.PararConector();
     EXPECT_TRUE(procesos.terminados.isEmpty());
-    procesos.enMarcha << QStringLiteral("ZVConnector.exe");
+    procesos.enMarcha << u"ZVConnector.exe"_s;
     monitor->conector.PararConector();
-    EXPECT_EQ(procesos.terminados, QStringList{QStringLiteral("ZVConnector.exe")});
+    EXPECT_EQ(procesos.terminados, QStringList{u"ZVConnector.exe"_s});
     monitor->configuracio->ZVConectorPath.clear();
     monitor->conector.PararConector();
     EXPECT_EQ(procesos.terminados.size(), 1);
 }
 
 TEST_F(ConectorTest, APathOfTheOtherPlatformNamesItsProgramToo) {
-    monitor->configuracio->ZVConectorPath = QStringLiteral("C:\\Zorvex\\ZVConnector.exe");
-    procesos.enMarcha << QStringLiteral("ZVConnector.exe");
+    monitor->configuracio->ZVConectorPath = u"C:\\Zorvex\\ZVConnector.exe"_s;
+    procesos.enMarcha << u"ZVConnector.exe"_s;
     monitor->conector.ArrancarConector();
     EXPECT_TRUE(monitor->conector.EnMarcha());
 }

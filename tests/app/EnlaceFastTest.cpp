@@ -1,5 +1,6 @@
 // The fast link and the barcode entry inside a whole monitor: start, transactions, device calls.
 #include "BancoMonitor.h"
+#include "platform/StringLiterals.h"
 #include "support/Esperas.h"
 
 #include <QElapsedTimer>
@@ -39,11 +40,11 @@ TEST_F(EnlaceFastTest, AStartOpensItByTheSettings) {
     EXPECT_EQ(Pregunta(*socket, "C|T1|1250"), QByteArray("OK|Added"));
     EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("OK|PENDING"));
     monitor->pulso.ProcesarCola();
-    EXPECT_EQ(monitor->controles.Estado().lbContador, QStringLiteral("1 cobros"));
+    EXPECT_EQ(monitor->controles.Estado().lbContador, u"1 cobros"_s);
     // The pulse sees what this program itself has added since.
     EXPECT_EQ(Pregunta(*socket, "C|T2|300"), QByteArray("OK|Added"));
     monitor->pulso.ProcesarCola();
-    EXPECT_EQ(monitor->controles.Estado().lbContador, QStringLiteral("2 cobros"));
+    EXPECT_EQ(monitor->controles.Estado().lbContador, u"2 cobros"_s);
 }
 
 TEST_F(EnlaceFastTest, SwitchedOffItStaysClosed) {
@@ -61,7 +62,7 @@ TEST_F(EnlaceFastTest, UnlessToldOtherwiseItListensOnEveryInterface) {
     monitor->PonerVentana(ventana);
     Cargar({}, "MANUAL", "0");
     const quint16 puerto = monitor->fast.WS().Puerto();
-    for (const QString& direccion : {QStringLiteral("127.0.0.1"), DireccionPropia()}) {
+    for (const QString& direccion : {u"127.0.0.1"_s, DireccionPropia()}) {
         const auto socket = Conectar(direccion, puerto);
         EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("NOK|Not found"));
     }
@@ -70,15 +71,14 @@ TEST_F(EnlaceFastTest, UnlessToldOtherwiseItListensOnEveryInterface) {
 TEST_F(EnlaceFastTest, ItIsOpenBeforeTheConnectorStartsAndMessagesWaitForTheStore) {
     bool preguntado = false;
     std::unique_ptr<QTcpSocket> socket;
-    dialogos.EsperaMensaje(
-        QStringLiteral("Conector no cargado"), testing::_, resultado::kAceptar, -1, [&] {
-            preguntado = true;
-            socket = Conectar();
-            socket->write("C|T1|1250");
-            ASSERT_TRUE(Esperar([&] { return monitor->fast.MensajesEnCola() == 1; }));
-            monitor->fast.Tick();
-            EXPECT_EQ(monitor->fast.MensajesEnCola(), 1u);
-        });
+    dialogos.EsperaMensaje(u"Conector no cargado"_s, testing::_, resultado::kAceptar, -1, [&] {
+        preguntado = true;
+        socket = Conectar();
+        socket->write("C|T1|1250");
+        ASSERT_TRUE(Esperar([&] { return monitor->fast.MensajesEnCola() == 1; }));
+        monitor->fast.Tick();
+        EXPECT_EQ(monitor->fast.MensajesEnCola(), 1u);
+    });
     Cargar("ZVConectorActive=1\r\nZVConectorPath=/no/hay/Conector\r\n");
     ASSERT_TRUE(preguntado);
     ASSERT_TRUE(Esperar([&] { return socket->bytesAvailable() > 0; }));
@@ -89,9 +89,9 @@ TEST_F(EnlaceFastTest, ItAnswersUnderADialogAndWhileACustomerPays) {
     Cargar({}, "AUTO");
     const auto socket = Conectar();
     EXPECT_EQ(Pregunta(*socket, "C|R1|-500"), QByteArray("OK|Added"));
-    dialogos.EsperaMensaje(
-        QStringLiteral("Abono pendiente"), testing::_, resultado::kAceptar, -1,
-        [&] { EXPECT_EQ(Pregunta(*socket, "C|T2|700"), QByteArray("OK|Added")); });
+    dialogos.EsperaMensaje(u"Abono pendiente"_s, testing::_, resultado::kAceptar, -1, [&] {
+        EXPECT_EQ(Pregunta(*socket, "C|T2|700"), QByteArray("OK|Added"));
+    });
     cliente.EsperaCharge(-500, 0, 500, FinGuion::Ok().Durante([&] {
         EXPECT_EQ(Pregunta(*socket, "C|T3|900"), QByteArray("OK|Added"));
         EXPECT_EQ(Pregunta(*socket, "S|R1"), QByteArray("OK|PENDING"));
@@ -106,32 +106,30 @@ TEST_F(EnlaceFastTest, APortInUseEndsTheStart) {
     QTcpServer otro;
     ASSERT_TRUE(otro.listen(QHostAddress(DireccionPropia()), 16501));
     EscribirIni();
-    dialogos.EsperaMensaje(
-        QStringLiteral("Error al iniciar la aplicación"),
-        QStringLiteral("Error nº 10048 - El puerto 16501 del ZVFast ya está en uso"));
+    dialogos.EsperaMensaje(u"Error al iniciar la aplicación"_s,
+                           u"Error nº 10048 - El puerto 16501 del ZVFast ya está en uso"_s);
     EXPECT_FALSE(monitor->Cargar());
 }
 
 TEST_F(EnlaceFastTest, APortThatIsNoNumberEndsTheStart) {
     EscribirIni("[CONECTOR]\r\nZVFastPort=puerto\r\n");
     dialogos.EsperaMensaje(
-        QStringLiteral("Error al iniciar la aplicación"),
+        u"Error al iniciar la aplicación"_s,
         testing::ResultOf(
-            [](const QString& texto) { return texto.startsWith(QStringLiteral("Error nº 13 - ")); },
-            true));
+            [](const QString& texto) { return texto.startsWith(u"Error nº 13 - "_s); }, true));
     EXPECT_FALSE(monitor->Cargar());
 }
 
 TEST_F(EnlaceFastTest, AChargeNeverJoinsAnAbandonedTransaction) {
     Cargar();
     monitor->motor.Comenzar();
-    static_cast<MotorBD&>(monitor->motor)
-        .Ejecutar(QStringLiteral("INSERT INTO cola (id1,importe) VALUES ('ABANDONADA',1)"));
+    static_cast<DatabaseEngine&>(monitor->motor)
+        .Ejecutar(u"INSERT INTO cola (id1,importe) VALUES ('ABANDONADA',1)"_s);
     const auto socket = Conectar();
     EXPECT_EQ(Pregunta(*socket, "C|T1|1250"), QByteArray("OK|Added"));
     EXPECT_EQ(monitor->motor.Nivel(), 0);
     EXPECT_EQ(Pregunta(*socket, "S|ABANDONADA"), QByteArray("NOK|Not found"));
-    EXPECT_TRUE(LineasLog().contains(QStringLiteral(">>> Transacción abandonada: deshecha")));
+    EXPECT_TRUE(LineasLog().contains(u">>> Transacción abandonada: deshecha"_s));
 }
 
 TEST_F(EnlaceFastTest, DuringADeviceCallWithATransactionOpenItWaits) {
@@ -169,14 +167,14 @@ TEST_F(EnlaceFastTest, AScannedCodeIsQueuedThoughTheDeviceIsDisconnected) {
     bool vacia = false;
     QElapsedTimer desde;
     desde.start();
-    monitor->barras.Enter(QStringLiteral("A70950"), [&] { vacia = true; });
+    monitor->barras.Enter(u"A70950"_s, [&] { vacia = true; });
     EXPECT_GE(desde.elapsed(), 990);
     EXPECT_TRUE(vacia);
     // The fast link went on meanwhile.
     EXPECT_EQ(socket->readAll(), QByteArray("OK|PENDING"));
     monitor->pulso.ProcesarCola();
-    EXPECT_EQ(monitor->grid.Linea(1).id1, QStringLiteral("A7"));
-    EXPECT_EQ(monitor->grid.Linea(1).importe, QStringLiteral("9,50 €"));
+    EXPECT_EQ(monitor->grid.Linea(1).id1, u"A7"_s);
+    EXPECT_EQ(monitor->grid.Linea(1).importe, u"9,50 €"_s);
 }
 
 } // namespace zv::test

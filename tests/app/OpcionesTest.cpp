@@ -1,6 +1,7 @@
 // The command line of ZVMonitor.
 #include "app/Opciones.h"
 
+#include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 
 #include <QTemporaryDir>
@@ -11,63 +12,53 @@ namespace zv {
 
 TEST(OpcionesTest, ByDefaultEverythingStandsBesideTheProgram) {
     QTemporaryDir carpeta;
-    const LecturaOpciones lectura =
-        LeerOpciones({carpeta.filePath(QStringLiteral("ZVMonitor.exe"))});
+    const LecturaOpciones lectura = LeerOpciones({carpeta.filePath(u"ZVMonitor.exe"_s)});
     ASSERT_TRUE(lectura.opciones);
     EXPECT_EQ(lectura.opciones->carpeta, carpeta.path());
-    EXPECT_EQ(lectura.opciones->registro, carpeta.path() + QStringLiteral("/Registro"));
-    EXPECT_EQ(lectura.opciones->programa, QStringLiteral("ZVMonitor"));
+    EXPECT_EQ(lectura.opciones->registro, carpeta.path() + u"/Registro"_s);
+    EXPECT_EQ(lectura.opciones->programa, u"ZVMonitor"_s);
     EXPECT_EQ(lectura.opciones->region, QString());
 }
 
 TEST(OpcionesTest, FoldersAndRegionAreTaken) {
     QTemporaryDir carpeta;
     const LecturaOpciones lectura =
-        LeerOpciones({QStringLiteral("ZVMonitor"), QStringLiteral("--carpeta"),
-                      carpeta.path() + QLatin1Char('/'), QStringLiteral("--registro"),
-                      carpeta.filePath(QStringLiteral("r")), QStringLiteral("--region"),
-                      QStringLiteral("es_ES")});
+        LeerOpciones({u"ZVMonitor"_s, u"--carpeta"_s, carpeta.path() + QLatin1Char('/'),
+                      u"--registro"_s, carpeta.filePath(u"r"_s), u"--region"_s, u"es_ES"_s});
     ASSERT_TRUE(lectura.opciones);
     EXPECT_EQ(lectura.opciones->carpeta, carpeta.path());
-    EXPECT_EQ(lectura.opciones->registro, carpeta.filePath(QStringLiteral("r")));
-    EXPECT_EQ(lectura.opciones->region, QStringLiteral("es_ES"));
+    EXPECT_EQ(lectura.opciones->registro, carpeta.filePath(u"r"_s));
+    EXPECT_EQ(lectura.opciones->region, u"es_ES"_s);
 }
 
 TEST(OpcionesTest, TheFastLinkListensWhereItIsTold) {
     QTemporaryDir carpeta;
     const auto leer = [&](const QString& direccion) {
-        return LeerOpciones({carpeta.filePath(QStringLiteral("ZVMonitor")),
-                             QStringLiteral("--fast-direccion"), direccion});
+        return LeerOpciones({carpeta.filePath(u"ZVMonitor"_s), u"--fast-direccion"_s, direccion});
     };
-    EXPECT_EQ(leer(QStringLiteral("127.0.0.1")).opciones->fastDireccion,
-              QStringLiteral("127.0.0.1"));
-    const LecturaOpciones mala = leer(QStringLiteral("aquí"));
+    EXPECT_EQ(leer(u"127.0.0.1"_s).opciones->fastDireccion, u"127.0.0.1"_s);
+    const LecturaOpciones mala = leer(u"aquí"_s);
     EXPECT_FALSE(mala.opciones);
     EXPECT_EQ(mala.respuesta.codigo, 2);
-    EXPECT_EQ(mala.respuesta.texto, QStringLiteral("No es una dirección IP: aquí\n"));
+    EXPECT_EQ(mala.respuesta.texto, u"No es una dirección IP: aquí\n"_s);
 }
 
 TEST(OpcionesTest, VersionAndHelpAnswerWithoutAStart) {
-    const LecturaOpciones version =
-        LeerOpciones({QStringLiteral("ZVMonitor"), QStringLiteral("--version")});
+    const LecturaOpciones version = LeerOpciones({u"ZVMonitor"_s, u"--version"_s});
     EXPECT_FALSE(version.opciones);
     EXPECT_EQ(version.respuesta.codigo, 0);
-    EXPECT_EQ(version.respuesta.texto, QStringLiteral("ZVMonitor 26.5.1\n"));
-    const LecturaOpciones ayuda =
-        LeerOpciones({QStringLiteral("ZVMonitor"), QStringLiteral("--help")});
+    EXPECT_EQ(version.respuesta.texto, u"ZVMonitor 26.5.1\n"_s);
+    const LecturaOpciones ayuda = LeerOpciones({u"ZVMonitor"_s, u"--help"_s});
     EXPECT_EQ(ayuda.respuesta.codigo, 0);
-    for (const QString& opcion : {QStringLiteral("--carpeta"), QStringLiteral("--registro"),
-                                  QStringLiteral("--region"), QStringLiteral("--version")}) {
+    for (const QString& opcion : {u"--carpeta"_s, u"--registro"_s, u"--region"_s, u"--version"_s}) {
         EXPECT_TRUE(ayuda.respuesta.texto.contains(opcion)) << opcion.toStdString();
     }
 }
 
 TEST(OpcionesTest, WhatItDoesNotKnowIsRefused) {
     for (const QStringList& argumentos :
-         {QStringList{QStringLiteral("ZVMonitor"), QStringLiteral("--nada")},
-          QStringList{QStringLiteral("ZVMonitor"), QStringLiteral("suelto")},
-          QStringList{QStringLiteral("ZVMonitor"), QStringLiteral("--carpeta"),
-                      QStringLiteral("/no/existe")}}) {
+         {QStringList{u"ZVMonitor"_s, u"--nada"_s}, QStringList{u"ZVMonitor"_s, u"suelto"_s},
+          QStringList{u"ZVMonitor"_s, u"--carpeta"_s, u"/no/existe"_s}}) {
         const LecturaOpciones lectura = LeerOpciones(argumentos);
         EXPECT_FALSE(lectura.opciones);
         EXPECT_EQ(lectura.respuesta.codigo, 2);

@@ -2,11 +2,12 @@
 #include "barcode/CobroCodigoBarras.h"
 
 #include "barcode/Espera.h"
+#include "platform/StringLiterals.h"
 #include "support/BaseDeDatosTemporal.h"
 #include "support/CarpetaTemporal.h"
+#include "support/FixedClock.h"
 #include "support/GanchoFallos.h"
 #include "support/ImprimeQt.h"
-#include "support/RelojFijo.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -17,11 +18,9 @@ namespace zv::test {
 namespace {
 
 const QString kLongitud =
-    QStringLiteral("El mensaje tiene que tener la misma lungitud que la de la configuración");
-const QString kLayout =
-    QStringLiteral("La configuración no corresponde con la longitud del còdigo de barras");
-const QString kImporte =
-    QStringLiteral("Configuración de importe en el codigo de barras no admitido");
+    u"El mensaje tiene que tener la misma lungitud que la de la configuración"_s;
+const QString kLayout = u"La configuración no corresponde con la longitud del còdigo de barras"_s;
+const QString kImporte = u"Configuración de importe en el codigo de barras no admitido"_s;
 
 class CobroCodigoBarrasTest : public testing::Test {
   protected:
@@ -44,27 +43,26 @@ class CobroCodigoBarrasTest : public testing::Test {
     }
     QString Cola() {
         QStringList filas;
-        for (const Fila& f : motor.Consultar(QStringLiteral("SELECT * FROM cola ORDER BY idZV"))) {
-            filas << f.LeerTexto(QStringLiteral("id1")) + u'=' +
-                         f.LeerCurrency(QStringLiteral("importe")).ATexto();
+        for (const Row& f : motor.Consultar(u"SELECT * FROM cola ORDER BY idZV"_s)) {
+            filas << f.LeerTexto(u"id1"_s) + u'=' + f.LeerCurrency(u"importe"_s).ATexto();
         }
         return filas.join(u' ');
     }
 
     BaseDeDatosTemporal base;
-    MotorBD& motor = base.Motor();
-    RelojFijo reloj{QDateTime(QDate(2026, 3, 4), QTime(8, 4, 1))};
+    DatabaseEngine& motor = base.Database();
+    FixedClock reloj{QDateTime(QDate(2026, 3, 4), QTime(8, 4, 1))};
     dades datos{motor, reloj};
     LogMemoria log;
     DialogosGuion dialogos;
     CarpetaTemporal carpeta;
     Textos textos{carpeta.Ruta()};
     ModuloIni ini{log, dialogos};
-    Registro registro{carpeta.Ruta(QStringLiteral("Registro"))};
+    RegistryTree registro{carpeta.Ruta(u"Registro"_s)};
     quint8 multiplicador = 100;
-    Importes importes{FormatoRegional(QStringLiteral("es_ES")), [this] { return multiplicador; }};
-    ConfiguracioGlobal configuracio{std::make_unique<Configuracio>(
-        ini, registro, carpeta.Ruta(), FormatoRegional(QStringLiteral("es_ES")))};
+    Importes importes{FormatoRegional(u"es_ES"_s), [this] { return multiplicador; }};
+    ConfiguracioGlobal configuracio{
+        std::make_unique<Configuracio>(ini, registro, carpeta.Ruta(), FormatoRegional(u"es_ES"_s))};
     std::function<void(int)> alEsperar;
     QList<int> esperas;
     CobroCodigoBarras barras{configuracio,
@@ -75,25 +73,25 @@ class CobroCodigoBarrasTest : public testing::Test {
                              textos,
                              [this](int segundos) {
                                  esperas << segundos;
-                                 if (alEsperar)
+                                 if (alEsperar) {
                                      alEsperar(segundos);
+                                 }
                              }};
 };
 
 TEST_F(CobroCodigoBarrasTest, ATicketBecomesASale) {
-    EXPECT_EQ(Escanea(QStringLiteral("TICKET1001250")), 1);
-    EXPECT_EQ(Cola(), QStringLiteral("TICKET1=1250"));
+    EXPECT_EQ(Escanea(u"TICKET1001250"_s), 1);
+    EXPECT_EQ(Cola(), u"TICKET1=1250"_s);
     EXPECT_EQ(esperas, QList<int>{1});
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola"),
-                          QStringLiteral("id2='' AND idcaja=0 AND terminal='' AND vendedor='' AND "
-                                         "formapago='' AND creditoError=0 AND "
-                                         "fecha='2026-03-04 08:04:01'")),
+    EXPECT_EQ(base.Cuenta(u"cola"_s, u"id2='' AND idcaja=0 AND terminal='' AND vendedor='' AND "
+                                     "formapago='' AND creditoError=0 AND "
+                                     "fecha='2026-03-04 08:04:01'"_s),
               1);
 }
 
 TEST_F(CobroCodigoBarrasTest, SwitchedOffNothingHappens) {
     configuracio->BCEAN = 0;
-    EXPECT_EQ(Escanea(QStringLiteral("TICKET1001250")), 0);
+    EXPECT_EQ(Escanea(u"TICKET1001250"_s), 0);
     EXPECT_EQ(Escanea(QString()), 0);
     EXPECT_EQ(Cola(), QString());
 }
@@ -112,7 +110,7 @@ TEST_F(CobroCodigoBarrasTest, ABadLayoutIsTold) {
         const quint8 antes = (*configuracio).*campo;
         (*configuracio).*campo = valor;
         dialogos.EsperaCaja(kLayout);
-        EXPECT_EQ(Escanea(QStringLiteral("TICKET1001250")), 1);
+        EXPECT_EQ(Escanea(u"TICKET1001250"_s), 1);
         (*configuracio).*campo = antes;
     };
     malo(&Configuracio::BCIINI, 0);
@@ -130,23 +128,23 @@ TEST_F(CobroCodigoBarrasTest, TicketPositionsCountOnlyWithATicket) {
     configuracio->BCTPRE = false;
     configuracio->BCTINI = 0;
     configuracio->BCTFIN = 0;
-    EXPECT_EQ(Escanea(QStringLiteral("TICKET1001250")), 1);
-    EXPECT_EQ(Cola(), QStringLiteral("03/04/2026-08:04:01=1250"));
+    EXPECT_EQ(Escanea(u"TICKET1001250"_s), 1);
+    EXPECT_EQ(Cola(), u"03/04/2026-08:04:01=1250"_s);
     configuracio->BCTINI = 7;
     configuracio->BCTFIN = 1;
     reloj.Avanzar(1000);
-    EXPECT_EQ(Escanea(QStringLiteral("TICKET1000300")), 1);
-    EXPECT_EQ(Cola(), QStringLiteral("03/04/2026-08:04:01=1250 03/04/2026-08:04:02=300"));
+    EXPECT_EQ(Escanea(u"TICKET1000300"_s), 1);
+    EXPECT_EQ(Cola(), u"03/04/2026-08:04:01=1250 03/04/2026-08:04:02=300"_s);
 }
 
 TEST_F(CobroCodigoBarrasTest, TwoScansWithoutATicketInOneSecondAreOneSale) {
     configuracio->BCTPRE = false;
-    Escanea(QStringLiteral("TICKET1001250"));
-    Escanea(QStringLiteral("TICKET1000300"));
-    EXPECT_EQ(Cola(), QStringLiteral("03/04/2026-08:04:01=1250"));
+    Escanea(u"TICKET1001250"_s);
+    Escanea(u"TICKET1000300"_s);
+    EXPECT_EQ(Cola(), u"03/04/2026-08:04:01=1250"_s);
     reloj.Avanzar(1000);
-    Escanea(QStringLiteral("TICKET1000300"));
-    EXPECT_EQ(Cola(), QStringLiteral("03/04/2026-08:04:01=1250 03/04/2026-08:04:02=300"));
+    Escanea(u"TICKET1000300"_s);
+    EXPECT_EQ(Cola(), u"03/04/2026-08:04:01=1250 03/04/2026-08:04:02=300"_s);
 }
 
 TEST_F(CobroCodigoBarrasTest, AnAmountThatIsNoNumberIsTold) {
@@ -157,31 +155,31 @@ TEST_F(CobroCodigoBarrasTest, AnAmountThatIsNoNumberIsTold) {
     configuracio->BCEAN = 20;
     configuracio->BCIFIN = 20;
     dialogos.EsperaCaja(kImporte);
-    EXPECT_EQ(Escanea(QStringLiteral("TICKET10002147483648")), 1);
+    EXPECT_EQ(Escanea(u"TICKET10002147483648"_s), 1);
     EXPECT_EQ(Cola(), QString());
-    EXPECT_EQ(Escanea(QStringLiteral("TICKET10002147483647")), 1);
-    EXPECT_EQ(Cola(), QStringLiteral("TICKET1=2147483647"));
+    EXPECT_EQ(Escanea(u"TICKET10002147483647"_s), 1);
+    EXPECT_EQ(Cola(), u"TICKET1=2147483647"_s);
 }
 
 TEST_F(CobroCodigoBarrasTest, DecimalsAndMultiplierMakeTheAmount) {
     configuracio->BCDEC = 0;
-    Escanea(QStringLiteral("TICKET1001250"));
+    Escanea(u"TICKET1001250"_s);
     configuracio->BCDEC = 3;
-    Escanea(QStringLiteral("TICKET2001250"));
+    Escanea(u"TICKET2001250"_s);
     // Seven zeros is the most a divisor can have.
     configuracio->BCDEC = 200;
-    Escanea(QStringLiteral("TICKET3001250"));
+    Escanea(u"TICKET3001250"_s);
     configuracio->BCDEC = 2;
     multiplicador = 1;
-    Escanea(QStringLiteral("TICKET4001250"));
+    Escanea(u"TICKET4001250"_s);
     multiplicador = 0;
-    Escanea(QStringLiteral("TICKET5001250"));
+    Escanea(u"TICKET5001250"_s);
     // What four decimals cannot hold is rounded.
     configuracio->BCDEC = 5;
     multiplicador = 1;
-    Escanea(QStringLiteral("TICKET6000016"));
-    EXPECT_EQ(Cola(), QStringLiteral("TICKET1=125000 TICKET2=125 TICKET3=0.0125 TICKET4=12.5 "
-                                     "TICKET5=0 TICKET6=0.0002"));
+    Escanea(u"TICKET6000016"_s);
+    EXPECT_EQ(Cola(), u"TICKET1=125000 TICKET2=125 TICKET3=0.0125 TICKET4=12.5 "
+                      "TICKET5=0 TICKET6=0.0002"_s);
 }
 
 TEST_F(CobroCodigoBarrasTest, ALongTicketIsCutToWhatTheQueueHolds) {
@@ -190,26 +188,26 @@ TEST_F(CobroCodigoBarrasTest, ALongTicketIsCutToWhatTheQueueHolds) {
     configuracio->BCIINI = 61;
     configuracio->BCIFIN = 66;
     const QString cincuenta(50, u't');
-    Escanea(cincuenta + QStringLiteral("aaaaaaaaaa001250"));
-    EXPECT_EQ(Cola(), cincuenta + QStringLiteral("=1250"));
+    Escanea(cincuenta + u"aaaaaaaaaa001250"_s);
+    EXPECT_EQ(Cola(), cincuenta + u"=1250"_s);
     // Another one is the same sale, and neither is a failure that would stop those that follow.
-    Escanea(cincuenta + QStringLiteral("bbbbbbbbbb000300"));
+    Escanea(cincuenta + u"bbbbbbbbbb000300"_s);
     configuracio->BCTFIN = 2;
-    Escanea(QStringLiteral("T2") + QString(58, u'x') + QStringLiteral("000300"));
-    EXPECT_EQ(Cola(), cincuenta + QStringLiteral("=1250 T2=300"));
+    Escanea(u"T2"_s + QString(58, u'x') + u"000300"_s);
+    EXPECT_EQ(Cola(), cincuenta + u"=1250 T2=300"_s);
 }
 
 TEST_F(CobroCodigoBarrasTest, ATicketScannedTwiceEndsSilently) {
-    EXPECT_EQ(Escanea(QStringLiteral("TICKET1001250")), 1);
-    EXPECT_EQ(Escanea(QStringLiteral("TICKET1001250")), 1);
-    EXPECT_EQ(Cola(), QStringLiteral("TICKET1=1250"));
+    EXPECT_EQ(Escanea(u"TICKET1001250"_s), 1);
+    EXPECT_EQ(Escanea(u"TICKET1001250"_s), 1);
+    EXPECT_EQ(Cola(), u"TICKET1=1250"_s);
     EXPECT_EQ(esperas, (QList<int>{1, 1}));
 }
 
 TEST_F(CobroCodigoBarrasTest, AFailedInsertionReachesNobody) {
     GanchoFallos fallos(motor);
-    fallos.Falla(Sentencia::Clase::Escritura, QStringLiteral("INSERT INTO"), 1);
-    EXPECT_EQ(Escanea(QStringLiteral("TICKET1001250")), 1);
+    fallos.Falla(Statement::Kind::Escritura, u"INSERT INTO"_s, 1);
+    EXPECT_EQ(Escanea(u"TICKET1001250"_s), 1);
     EXPECT_EQ(fallos.Pendientes(), 0);
     EXPECT_EQ(Cola(), QString());
     EXPECT_EQ(log.lineas, QStringList());
@@ -217,13 +215,13 @@ TEST_F(CobroCodigoBarrasTest, AFailedInsertionReachesNobody) {
 
 TEST_F(CobroCodigoBarrasTest, WhatArrivesDuringTheWaitIsDropped) {
     int dentro = -1;
-    alEsperar = [&](int) { dentro = Escanea(QStringLiteral("TICKET2001250")); };
-    EXPECT_EQ(Escanea(QStringLiteral("TICKET1001250")), 1);
+    alEsperar = [&](int) { dentro = Escanea(u"TICKET2001250"_s); };
+    EXPECT_EQ(Escanea(u"TICKET1001250"_s), 1);
     EXPECT_EQ(dentro, 0);
-    EXPECT_EQ(Cola(), QStringLiteral("TICKET1=1250"));
+    EXPECT_EQ(Cola(), u"TICKET1=1250"_s);
     alEsperar = {};
-    EXPECT_EQ(Escanea(QStringLiteral("TICKET2001250")), 1);
-    EXPECT_EQ(Cola(), QStringLiteral("TICKET1=1250 TICKET2=1250"));
+    EXPECT_EQ(Escanea(u"TICKET2001250"_s), 1);
+    EXPECT_EQ(Cola(), u"TICKET1=1250 TICKET2=1250"_s);
 }
 
 TEST_F(CobroCodigoBarrasTest, TheBoxIsEmptiedBehindTheWaitAndTheMessage) {
@@ -231,12 +229,12 @@ TEST_F(CobroCodigoBarrasTest, TheBoxIsEmptiedBehindTheWaitAndTheMessage) {
     bool antes = true;
     const auto vaciar = [&] { vaciada = true; };
     alEsperar = [&](int) { antes = vaciada; };
-    barras.Enter(QStringLiteral("TICKET1001250"), vaciar);
+    barras.Enter(u"TICKET1001250"_s, vaciar);
     EXPECT_FALSE(antes);
     EXPECT_TRUE(vaciada);
     vaciada = false;
     dialogos.EsperaCaja(kLongitud, [&] { antes = vaciada; });
-    barras.Enter(QStringLiteral("x"), vaciar);
+    barras.Enter(u"x"_s, vaciar);
     EXPECT_FALSE(antes);
     EXPECT_TRUE(vaciada);
 }
@@ -245,23 +243,23 @@ TEST_F(CobroCodigoBarrasTest, WithoutAStoreACodeIsEmptiedAndAddsNothing) {
     CobroCodigoBarras pronto(
         configuracio, [] { return nullptr; }, importes, reloj, dialogos, textos, [](int) {});
     bool vaciada = false;
-    pronto.Enter(QStringLiteral("TICKET1001250"), [&] { vaciada = true; });
+    pronto.Enter(u"TICKET1001250"_s, [&] { vaciada = true; });
     EXPECT_TRUE(vaciada);
     EXPECT_EQ(Cola(), QString());
 }
 
 TEST_F(CobroCodigoBarrasTest, MessagesComeFromTheLanguageFile) {
-    carpeta.Pon(QStringLiteral("RWLang.ini"), "[COMMON]\r\n"
-                                              "errorLongitudCodigoBarras=uno\r\n"
-                                              "errorConfiguracionCodigoBarras=dos\r\n"
-                                              "errorImporteCodigoBarras=tres\r\n");
-    dialogos.EsperaCaja(QStringLiteral("uno"));
-    Escanea(QStringLiteral("x"));
-    dialogos.EsperaCaja(QStringLiteral("tres"));
-    Escanea(QStringLiteral("TICKET100A123"));
+    carpeta.Pon(u"RWLang.ini"_s, "[COMMON]\r\n"
+                                 "errorLongitudCodigoBarras=uno\r\n"
+                                 "errorConfiguracionCodigoBarras=dos\r\n"
+                                 "errorImporteCodigoBarras=tres\r\n");
+    dialogos.EsperaCaja(u"uno"_s);
+    Escanea(u"x"_s);
+    dialogos.EsperaCaja(u"tres"_s);
+    Escanea(u"TICKET100A123"_s);
     configuracio->BCIINI = 0;
-    dialogos.EsperaCaja(QStringLiteral("dos"));
-    Escanea(QStringLiteral("TICKET1001250"));
+    dialogos.EsperaCaja(u"dos"_s);
+    Escanea(u"TICKET1001250"_s);
 }
 
 TEST(EsperaTest, LetsTheEventLoopRun) {

@@ -1,5 +1,6 @@
 // The settings out of files that are damaged, odd or very big.
 #include "config/BancoConfig.h"
+#include "platform/StringLiterals.h"
 #include "support/ClavesNumericas.h"
 #include "support/NumeroError.h"
 #include "support/SinPrivilegios.h"
@@ -20,22 +21,21 @@ using test::NumeroError;
 class ConfiguracioFicheroTest : public BancoConfig {
   protected:
     void ElFicheroCuentaComoAusente(const char* motivo) {
-        dialogos.EsperaMensaje(QStringLiteral("Error al leer el fichero de configuración"),
-                               QStringLiteral("Error nº 75: Error de acceso a la ruta o al "
-                                              "archivo: %1 (%2)")
-                                   .arg(ruta, QString::fromUtf8(motivo)),
+        dialogos.EsperaMensaje(u"Error al leer el fichero de configuración"_s,
+                               u"Error nº 75: Error de acceso a la ruta o al "
+                               "archivo: %1 (%2)"_s.arg(ruta, QString::fromUtf8(motivo)),
                                resultado::kAceptar, 0);
         Configuracio cfg = Nueva();
-        cfg.IP = QStringLiteral("vieja");
+        cfg.IP = u"vieja"_s;
         cfg.PREGUNTARANULAR = 7;
         bool existe = true;
         EXPECT_EQ(NumeroError([&] { cfg.LeerCfgIni(ruta, existe); }), 0);
         EXPECT_FALSE(existe);
         EXPECT_EQ(cfg.IP, QString());
-        EXPECT_EQ(cfg.Modo, QStringLiteral("AUTO"));
+        EXPECT_EQ(cfg.Modo, u"AUTO"_s);
         EXPECT_EQ(cfg.REFRESCO, 2);
         EXPECT_EQ(cfg.PREGUNTARANULAR, 1);
-        EXPECT_EQ(cfg.ZVFastPort, QStringLiteral("16501"));
+        EXPECT_EQ(cfg.ZVFastPort, u"16501"_s);
         EXPECT_EQ(dialogos.Pendientes(), 0U);
     }
 };
@@ -90,13 +90,13 @@ TEST_F(ConfiguracioFicheroTest, TextKeysTakeAnything) {
     const Configuracio cfg = Leida("[ZORVEX]\r\nIP=x\r\nSUITEZV=\r\n[ZVMONITOR]\r\nMODO=x\r\n"
                                    "[CONECTOR]\r\nZVFastActive=x\r\nZVFastPort=x\r\n"
                                    "ZVConectorActive=x\r\nZVConectorPath=x\r\n");
-    EXPECT_EQ(cfg.IP, QStringLiteral("x"));
+    EXPECT_EQ(cfg.IP, u"x"_s);
     EXPECT_EQ(cfg.SUITEZV, QString());
-    EXPECT_EQ(cfg.Modo, QStringLiteral("x"));
+    EXPECT_EQ(cfg.Modo, u"x"_s);
     EXPECT_TRUE(cfg.zvFastActive);
-    EXPECT_EQ(cfg.ZVFastPort, QStringLiteral("x"));
+    EXPECT_EQ(cfg.ZVFastPort, u"x"_s);
     EXPECT_TRUE(cfg.ZVConectorActive);
-    EXPECT_EQ(cfg.ZVConectorPath, QStringLiteral("x"));
+    EXPECT_EQ(cfg.ZVConectorPath, u"x"_s);
 }
 
 TEST_F(ConfiguracioFicheroTest, EmptyAndBinaryFilesGiveTheDefaultsAndExist) {
@@ -109,7 +109,7 @@ TEST_F(ConfiguracioFicheroTest, EmptyAndBinaryFilesGiveTheDefaultsAndExist) {
         const Configuracio cfg = Leida(bytes);
         EXPECT_EQ(cfg.IP, QString());
         EXPECT_EQ(cfg.SUITEZV, carpeta.Ruta());
-        EXPECT_EQ(cfg.Modo, QStringLiteral("AUTO"));
+        EXPECT_EQ(cfg.Modo, u"AUTO"_s);
         EXPECT_EQ(cfg.REFRESCO, 2);
         EXPECT_EQ(cfg.PREGUNTARANULAR, 1);
         EXPECT_TRUE(cfg.zvFastActive);
@@ -117,23 +117,23 @@ TEST_F(ConfiguracioFicheroTest, EmptyAndBinaryFilesGiveTheDefaultsAndExist) {
 }
 
 TEST_F(ConfiguracioFicheroTest, WideTextIsReadAndStaysWide) {
-    const QString texto = QStringLiteral("[ZORVEX]\r\nIP=10.0.0.7\r\nSUITEZV=C:\\Ñandú\\Ελλάς\r\n"
-                                         "[ZVMONITOR]\r\nMODO=SEMI\r\nREFRESCO=9\r\n");
+    const QString texto = u"[ZORVEX]\r\nIP=10.0.0.7\r\nSUITEZV=C:\\Ñandú\\Ελλάς\r\n"
+                          "[ZVMONITOR]\r\nMODO=SEMI\r\nREFRESCO=9\r\n"_s;
     for (const auto codigo : {QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
         QStringEncoder codificador(codigo, QStringConverter::Flag::WriteBom);
         const QByteArray bytes = codificador.encode(texto);
         Configuracio cfg = Leida(bytes);
-        EXPECT_EQ(cfg.IP, QStringLiteral("10.0.0.7"));
-        EXPECT_EQ(cfg.SUITEZV, QStringLiteral("C:\\Ñandú\\Ελλάς"));
-        EXPECT_EQ(cfg.Modo, QStringLiteral("SEMI"));
+        EXPECT_EQ(cfg.IP, u"10.0.0.7"_s);
+        EXPECT_EQ(cfg.SUITEZV, u"C:\\Ñandú\\Ελλάς"_s);
+        EXPECT_EQ(cfg.Modo, u"SEMI"_s);
         EXPECT_EQ(cfg.REFRESCO, 9);
 
-        cfg.IP = QStringLiteral("2.2.2.2");
+        cfg.IP = u"2.2.2.2"_s;
         cfg.GuardarConfig(ruta);
         EXPECT_TRUE(Fichero().startsWith(bytes.first(2)));
         Configuracio otra = Leida(Fichero());
-        EXPECT_EQ(otra.IP, QStringLiteral("2.2.2.2"));
-        EXPECT_EQ(otra.SUITEZV, QStringLiteral("C:\\Ñandú\\Ελλάς"));
+        EXPECT_EQ(otra.IP, u"2.2.2.2"_s);
+        EXPECT_EQ(otra.SUITEZV, u"C:\\Ñandú\\Ελλάς"_s);
     }
     EXPECT_TRUE(log.lineas.isEmpty());
 }
@@ -144,7 +144,7 @@ TEST_F(ConfiguracioFicheroTest, TheFirstOfDoubledSectionsAndKeysCounts) {
                                    "[zvmonitor]\r\nREFRESCO=x\r\nSINHORA=1\r\n"
                                    "[ZORVEX]\r\nIP=3.3.3.3\r\nSUITEZV=/otra\r\n");
     EXPECT_EQ(cfg.REFRESCO, 5);
-    EXPECT_EQ(cfg.IP, QStringLiteral("1.1.1.1"));
+    EXPECT_EQ(cfg.IP, u"1.1.1.1"_s);
     EXPECT_EQ(cfg.SINHORA, 0);
     EXPECT_EQ(cfg.SUITEZV, carpeta.Ruta());
 }
@@ -161,29 +161,29 @@ TEST_F(ConfiguracioFicheroTest, AVeryBigFileIsReadOnceForAllKeys) {
     const QByteArray bytes =
         relleno + relleno + "[ZORVEX]\r\nIP=10.0.0.7\r\n" + relleno + "[CONECTOR]\r\nZVFastPort=7";
     ASSERT_GT(bytes.size(), 10'000'000);
-    carpeta.Pon(QStringLiteral("ZVMonitor.ini"), bytes);
+    carpeta.Pon(u"ZVMonitor.ini"_s, bytes);
     Configuracio cfg = Nueva();
     bool existe = false;
     const CuentaAperturas aperturas(ruta);
     cfg.LeerCfgIni(ruta, existe);
     EXPECT_EQ(aperturas.Cuenta(), 1);
     EXPECT_TRUE(existe);
-    EXPECT_EQ(cfg.IP, QStringLiteral("10.0.0.7"));
-    EXPECT_EQ(cfg.ZVFastPort, QStringLiteral("7"));
+    EXPECT_EQ(cfg.IP, u"10.0.0.7"_s);
+    EXPECT_EQ(cfg.ZVFastPort, u"7"_s);
 }
 
 TEST_F(ConfiguracioFicheroTest, AReadOnlyFileIsReadAsAnyOther) {
-    carpeta.Pon(QStringLiteral("ZVMonitor.ini"), "[ZORVEX]\r\nIP=10.0.0.7\r\n");
+    carpeta.Pon(u"ZVMonitor.ini"_s, "[ZORVEX]\r\nIP=10.0.0.7\r\n");
     ASSERT_EQ(::chmod(QFile::encodeName(ruta).constData(), 0444), 0);
     Configuracio cfg = Nueva();
     bool existe = false;
     cfg.LeerCfgIni(ruta, existe);
     EXPECT_TRUE(existe);
-    EXPECT_EQ(cfg.IP, QStringLiteral("10.0.0.7"));
+    EXPECT_EQ(cfg.IP, u"10.0.0.7"_s);
 }
 
 TEST_F(ConfiguracioFicheroTest, AFileThatMayNotBeReadIsShownOnceAndCountsAsMissing) {
-    carpeta.Pon(QStringLiteral("ZVMonitor.ini"), "[ZORVEX]\r\nIP=10.0.0.7\r\n");
+    carpeta.Pon(u"ZVMonitor.ini"_s, "[ZORVEX]\r\nIP=10.0.0.7\r\n");
     ASSERT_EQ(::chmod(QFile::encodeName(carpeta.Ruta()).constData(), 0755), 0);
     ASSERT_EQ(::chmod(QFile::encodeName(ruta).constData(), 0), 0);
     const test::SinPrivilegios nadie;
@@ -191,7 +191,7 @@ TEST_F(ConfiguracioFicheroTest, AFileThatMayNotBeReadIsShownOnceAndCountsAsMissi
 }
 
 TEST_F(ConfiguracioFicheroTest, AFolderInThePlaceOfTheFileIsShownOnceAndCountsAsMissing) {
-    carpeta.PonCarpeta(QStringLiteral("ZVMonitor.ini"));
+    carpeta.PonCarpeta(u"ZVMonitor.ini"_s);
     ElFicheroCuentaComoAusente("es una carpeta");
 }
 

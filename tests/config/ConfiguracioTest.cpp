@@ -1,6 +1,7 @@
 // The settings: defaults, loading, saving, copying.
 #include "config/BancoConfig.h"
 #include "config/ConfiguracioGlobal.h"
+#include "platform/StringLiterals.h"
 #include "support/NumeroError.h"
 
 #include <sys/stat.h>
@@ -19,11 +20,11 @@ class ConfiguracioTest : public BancoConfig {
 
 // One value of its own for every field.
 void Llena(Configuracio& cfg) {
-    cfg.IP = QStringLiteral("10.0.0.7");
-    cfg.SUITEZV = QStringLiteral("/opt/suite");
-    cfg.Modo = QStringLiteral("SEMI");
-    cfg.ModoInicial = QStringLiteral("MANUAL");
-    cfg.ModoAnterior = QStringLiteral("AUTO");
+    cfg.IP = u"10.0.0.7"_s;
+    cfg.SUITEZV = u"/opt/suite"_s;
+    cfg.Modo = u"SEMI"_s;
+    cfg.ModoInicial = u"MANUAL"_s;
+    cfg.ModoAnterior = u"AUTO"_s;
     cfg.REFRESCO = 31000;
     cfg.MINIMIZADO = 1;
     cfg.BLOQUEARPAGOS = 2;
@@ -38,9 +39,9 @@ void Llena(Configuracio& cfg) {
     cfg.COLVENDEDOR = 11;
     cfg.COLTERMINAL = 12;
     cfg.COLFORMAPAGO = 13;
-    cfg.CLAVE_AUTORIZADO = QStringLiteral("uno");
-    cfg.CLAVE_ADMIN = QStringLiteral("dos");
-    cfg.CLAVE_TECNICO = QStringLiteral("tres ñ €");
+    cfg.CLAVE_AUTORIZADO = u"uno"_s;
+    cfg.CLAVE_ADMIN = u"dos"_s;
+    cfg.CLAVE_TECNICO = u"tres ñ €"_s;
     cfg.BCEAN = 14;
     cfg.BCTPRE = true;
     cfg.BCTINI = 15;
@@ -49,9 +50,9 @@ void Llena(Configuracio& cfg) {
     cfg.BCIFIN = 18;
     cfg.BCDEC = 255;
     cfg.ZVConectorActive = true;
-    cfg.ZVConectorPath = QStringLiteral("C:\\ZV\\ZVConnector.exe");
+    cfg.ZVConectorPath = u"C:\\ZV\\ZVConnector.exe"_s;
     cfg.zvFastActive = true;
-    cfg.ZVFastPort = QStringLiteral("16999");
+    cfg.ZVFastPort = u"16999"_s;
 }
 
 // Every field but ModoAnterior and ModoInicial, as one text.
@@ -79,11 +80,11 @@ TEST_F(ConfiguracioTest, WithoutAFileAllFieldsHoldTheirDefaults) {
     cfg.LeerCfgIni(ruta, existe);
     EXPECT_FALSE(existe);
     EXPECT_EQ(Todo(cfg), u'|' + carpeta.Ruta() +
-                             QStringLiteral("|AUTO|2|0|0|1|0|1|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|1|||"
-                                            "||16501"));
-    EXPECT_EQ(cfg.ModoInicial, QStringLiteral("AUTO"));
-    EXPECT_FALSE(carpeta.Esta(QStringLiteral("ZVMonitor.ini")));
-    EXPECT_FALSE(carpeta.Esta(QStringLiteral("Registro")));
+                             u"|AUTO|2|0|0|1|0|1|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|1|||"
+                             "||16501"_s);
+    EXPECT_EQ(cfg.ModoInicial, u"AUTO"_s);
+    EXPECT_FALSE(carpeta.Esta(u"ZVMonitor.ini"_s));
+    EXPECT_FALSE(carpeta.Esta(u"Registro"_s));
 }
 
 TEST_F(ConfiguracioTest, WritesEveryKeyInTheOrderOfTheFile) {
@@ -121,21 +122,21 @@ TEST_F(ConfiguracioTest, WhatIsSavedIsReadBack) {
     otra.LeerCfgIni(ruta, existe);
     EXPECT_TRUE(existe);
     EXPECT_EQ(Todo(otra), Todo(cfg));
-    EXPECT_EQ(otra.ModoInicial, QStringLiteral("SEMI"));
+    EXPECT_EQ(otra.ModoInicial, u"SEMI"_s);
 }
 
 TEST_F(ConfiguracioTest, SavingMakesTheModeTheInitialOne) {
     Configuracio cfg = Nueva();
-    cfg.Modo = QStringLiteral("MANUAL");
-    cfg.ModoInicial = QStringLiteral("AUTO");
+    cfg.Modo = u"MANUAL"_s;
+    cfg.ModoInicial = u"AUTO"_s;
     cfg.GuardarConfig(ruta);
-    EXPECT_EQ(cfg.ModoInicial, QStringLiteral("MANUAL"));
+    EXPECT_EQ(cfg.ModoInicial, u"MANUAL"_s);
 }
 
 TEST_F(ConfiguracioTest, KeysDoNotDependOnCase) {
     const Configuracio cfg = Leida("[conector]\r\nzvFastActive=0\r\nZVFASTPORT=1\r\n");
     EXPECT_FALSE(cfg.zvFastActive);
-    EXPECT_EQ(cfg.ZVFastPort, QStringLiteral("1"));
+    EXPECT_EQ(cfg.ZVFastPort, u"1"_s);
 }
 
 TEST_F(ConfiguracioTest, AnEmptyFastFlagIsNotZeroAndSoTrue) {
@@ -153,8 +154,8 @@ TEST_F(ConfiguracioTest, RefreshDefaultsToTwoWhenRead) {
 
 TEST_F(ConfiguracioTest, TheModeIsReadAsItStands) {
     const Configuracio cfg = Leida("[ZVMONITOR]\r\nMODO=semi\r\n");
-    EXPECT_EQ(cfg.Modo, QStringLiteral("semi"));
-    EXPECT_EQ(cfg.ModoInicial, QStringLiteral("semi"));
+    EXPECT_EQ(cfg.Modo, u"semi"_s);
+    EXPECT_EQ(cfg.ModoInicial, u"semi"_s);
 }
 
 TEST_F(ConfiguracioTest, AnyByteIsKeptSoThatOnlyOneMeansYes) {
@@ -183,26 +184,26 @@ TEST_F(ConfiguracioTest, AValueThatIsNoNumberIsAFailure) {
 }
 
 TEST_F(ConfiguracioTest, AFailedLoadHasFilledTheFieldsBefore) {
-    carpeta.Pon(QStringLiteral("ZVMonitor.ini"), "[ZORVEX]\nIP=1.2.3.4\n[ZVMONITOR]\nSINHORA=x\n"
-                                                 "COLID2=1\n");
+    carpeta.Pon(u"ZVMonitor.ini"_s, "[ZORVEX]\nIP=1.2.3.4\n[ZVMONITOR]\nSINHORA=x\n"
+                                    "COLID2=1\n");
     Configuracio cfg = Nueva();
     bool existe = false;
     EXPECT_EQ(NumeroError([&] { cfg.LeerCfgIni(ruta, existe); }), 13);
-    EXPECT_EQ(cfg.IP, QStringLiteral("1.2.3.4"));
+    EXPECT_EQ(cfg.IP, u"1.2.3.4"_s);
     EXPECT_EQ(cfg.COLID2, 0);
     EXPECT_FALSE(existe);
 }
 
 TEST_F(ConfiguracioTest, ThePreviousModeSurvivesNeitherLoadNorCopy) {
     Configuracio cfg = Nueva();
-    cfg.ModoAnterior = QStringLiteral("SEMI");
+    cfg.ModoAnterior = u"SEMI"_s;
     cfg.GuardarConfig(ruta);
-    EXPECT_EQ(cfg.ModoAnterior, QStringLiteral("SEMI"));
+    EXPECT_EQ(cfg.ModoAnterior, u"SEMI"_s);
     bool existe = false;
     cfg.LeerCfgIni(ruta, existe);
     EXPECT_EQ(cfg.ModoAnterior, QString());
 
-    cfg.ModoAnterior = QStringLiteral("SEMI");
+    cfg.ModoAnterior = u"SEMI"_s;
     Configuracio otra = Nueva();
     otra.CopyFrom(cfg);
     EXPECT_EQ(otra.ModoAnterior, QString());
@@ -214,22 +215,21 @@ TEST_F(ConfiguracioTest, CopiesEveryOtherField) {
     Configuracio otra = Nueva();
     otra.CopyFrom(cfg);
     EXPECT_EQ(Todo(otra), Todo(cfg));
-    EXPECT_EQ(otra.ModoInicial, QStringLiteral("MANUAL"));
+    EXPECT_EQ(otra.ModoInicial, u"MANUAL"_s);
 }
 
 TEST_F(ConfiguracioTest, ThreeEmptyPasswordsRemoveTheValues) {
     Configuracio cfg = Nueva();
     Llena(cfg);
     cfg.GuardarConfig(ruta);
-    EXPECT_EQ(Registrado("CLAVE_AUTORIZADO"), QStringLiteral("uno"));
-    EXPECT_EQ(Registrado("CLAVE_ADMIN"), QStringLiteral("dos"));
-    EXPECT_EQ(Registrado("CLAVE_TECNICO"), QStringLiteral("tres ñ €"));
+    EXPECT_EQ(Registrado("CLAVE_AUTORIZADO"), u"uno"_s);
+    EXPECT_EQ(Registrado("CLAVE_ADMIN"), u"dos"_s);
+    EXPECT_EQ(Registrado("CLAVE_TECNICO"), u"tres ñ €"_s);
     cfg.CLAVE_ADMIN.clear();
     cfg.CLAVE_AUTORIZADO.clear();
     cfg.CLAVE_TECNICO.clear();
     cfg.GuardarConfig(ruta);
-    EXPECT_TRUE(
-        carpeta.Entradas(QStringLiteral("Registro/HKLM/Software/Zorvex/ZVMonitor")).isEmpty());
+    EXPECT_TRUE(carpeta.Entradas(u"Registro/HKLM/Software/Zorvex/ZVMonitor"_s).isEmpty());
 }
 
 TEST_F(ConfiguracioTest, OnePasswordStoresTheOtherTwoAsEmptyValues) {
@@ -237,12 +237,12 @@ TEST_F(ConfiguracioTest, OnePasswordStoresTheOtherTwoAsEmptyValues) {
          {&Configuracio::CLAVE_ADMIN, &Configuracio::CLAVE_AUTORIZADO,
           &Configuracio::CLAVE_TECNICO}) {
         Configuracio cfg = Nueva();
-        cfg.*clave = QStringLiteral("secreta");
+        cfg.*clave = u"secreta"_s;
         cfg.GuardarConfig(ruta);
         QStringList valores{Registrado("CLAVE_ADMIN"), Registrado("CLAVE_AUTORIZADO"),
                             Registrado("CLAVE_TECNICO")};
         valores.sort();
-        EXPECT_EQ(valores, (QStringList{QString(), QString(), QStringLiteral("secreta")}));
+        EXPECT_EQ(valores, (QStringList{QString(), QString(), u"secreta"_s}));
     }
 }
 
@@ -254,23 +254,21 @@ TEST_F(ConfiguracioTest, APasswordMayBeOfAnyLength) {
 }
 
 TEST_F(ConfiguracioTest, TheConnectorsPathComesFromTheFileFirst) {
-    registro.GuardarValor(QStringLiteral("Zorvex\\ZVConnector"), QStringLiteral("Path"),
-                          QStringLiteral("/del/registro"));
+    registro.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Path"_s, u"/del/registro"_s);
     EXPECT_EQ(Leida("[CONECTOR]\nZVConectorActive=1\nZVConectorPath=/del/fichero\n").ZVConectorPath,
-              QStringLiteral("/del/fichero"));
-    EXPECT_EQ(Leida("[CONECTOR]\nZVConectorActive=1\n").ZVConectorPath,
-              QStringLiteral("/del/registro"));
+              u"/del/fichero"_s);
+    EXPECT_EQ(Leida("[CONECTOR]\nZVConectorActive=1\n").ZVConectorPath, u"/del/registro"_s);
     EXPECT_EQ(Leida("[CONECTOR]\nZVConectorActive=1\nZVConectorPath=\n").ZVConectorPath,
-              QStringLiteral("/del/registro"));
+              u"/del/registro"_s);
     EXPECT_EQ(Leida("[CONECTOR]\nZVConectorActive=0\n").ZVConectorPath, QString());
 }
 
 TEST_F(ConfiguracioTest, SavingKeepsWhatItDoesNotKnow) {
     carpeta.Pon(
-        QStringLiteral("ZVMonitor.ini"),
+        u"ZVMonitor.ini"_s,
         "; instalado en 2019\n[Zorvex]\nip = 1.1.1.1\nNueva=x\n[FILTROS]\nULTCIERRE=01/02/26\n");
     Configuracio cfg = Leida(Fichero());
-    cfg.IP = QStringLiteral("2.2.2.2");
+    cfg.IP = u"2.2.2.2"_s;
     cfg.GuardarConfig(ruta);
     const QByteArray despues = Fichero();
     EXPECT_TRUE(
@@ -280,25 +278,25 @@ TEST_F(ConfiguracioTest, SavingKeepsWhatItDoesNotKnow) {
 }
 
 TEST_F(ConfiguracioTest, AFileThatCannotBeWrittenIsLoggedKeyByKey) {
-    carpeta.Pon(QStringLiteral("ZVMonitor.ini"), "");
+    carpeta.Pon(u"ZVMonitor.ini"_s, "");
     ASSERT_EQ(::chmod(QFile::encodeName(ruta).constData(), 0444), 0);
     Configuracio cfg = Nueva();
-    cfg.CLAVE_ADMIN = QStringLiteral("a");
+    cfg.CLAVE_ADMIN = u"a"_s;
     cfg.GuardarConfig(ruta);
     constexpr int kClaves = 28;
     EXPECT_EQ(log.lineas.size(), kClaves);
-    EXPECT_EQ(log.CuentaInicio(QStringLiteral("GRABARINI - Error 75 - ")), kClaves);
-    EXPECT_EQ(Registrado("CLAVE_ADMIN"), QStringLiteral("a"));
+    EXPECT_EQ(log.CuentaInicio(u"GRABARINI - Error 75 - "_s), kClaves);
+    EXPECT_EQ(Registrado("CLAVE_ADMIN"), u"a"_s);
     EXPECT_EQ(cfg.ModoInicial, cfg.Modo);
 }
 
 TEST_F(ConfiguracioTest, TheGlobalOneIsReplacedWhole) {
     ConfiguracioGlobal global(std::make_unique<Configuracio>(ini, registro, carpeta.Ruta()));
-    global->IP = QStringLiteral("vieja");
+    global->IP = u"vieja"_s;
     auto nueva = std::make_unique<Configuracio>(ini, registro, carpeta.Ruta());
-    nueva->IP = QStringLiteral("nueva");
+    nueva->IP = u"nueva"_s;
     global.Reemplazar(std::move(nueva));
-    EXPECT_EQ(global->IP, QStringLiteral("nueva"));
+    EXPECT_EQ(global->IP, u"nueva"_s);
 }
 
 } // namespace

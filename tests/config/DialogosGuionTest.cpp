@@ -1,6 +1,7 @@
 // The scripted dialogs themselves: a script that is not kept must fail the test.
 #include "support/DialogosGuion.h"
 
+#include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 
 #include <gtest/gtest-spi.h>
@@ -12,7 +13,7 @@ namespace {
 using test::DialogosGuion;
 
 const QString& Hola() {
-    static const QString texto = QStringLiteral("hola");
+    static const QString texto = u"hola"_s;
     return texto;
 }
 
@@ -20,13 +21,13 @@ TEST(DialogosGuion, AnswersInOrder) {
     DialogosGuion guion;
     bool visto = false;
     guion.EsperaMensaje(Hola(), testing::_, resultado::kSi, 4, [&] { visto = true; });
-    guion.EsperaTexto(testing::_, testing::_, QStringLiteral("causa"), QStringLiteral("antes"));
+    guion.EsperaTexto(testing::_, testing::_, u"causa"_s, u"antes"_s);
     guion.EsperaImporte(testing::_, testing::_, Currency(1250));
     guion.EsperaImporte(testing::_, testing::_, Currency(), true);
     guion.EsperaCaja(Hola());
-    EXPECT_EQ(guion.MostrarMensaje(Hola(), QStringLiteral("x"), 4), resultado::kSi);
+    EXPECT_EQ(guion.MostrarMensaje(Hola(), u"x"_s, 4), resultado::kSi);
     EXPECT_TRUE(visto);
-    EXPECT_EQ(guion.PedirTexto(Hola(), {}, QStringLiteral("antes")), QStringLiteral("causa"));
+    EXPECT_EQ(guion.PedirTexto(Hola(), {}, u"antes"_s), u"causa"_s);
     bool cancelado = true;
     EXPECT_EQ(guion.PedirImporte(Hola(), {}, Currency(7), true, cancelado), Currency(1250));
     EXPECT_FALSE(cancelado);
@@ -51,9 +52,9 @@ TEST(DialogosGuion, AnUnexpectedDialogFailsTheTest) {
 
 TEST(DialogosGuion, AnotherDialogThanTheScriptsFailsTheTest) {
     DialogosGuion guion;
-    guion.EsperaMensaje(Hola(), QStringLiteral("texto"), resultado::kNo, 4);
-    const QString otro = QStringLiteral("otro");
-    const QString texto = QStringLiteral("texto");
+    guion.EsperaMensaje(Hola(), u"texto"_s, resultado::kNo, 4);
+    const QString otro = u"otro"_s;
+    const QString texto = u"texto"_s;
     EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(otro, texto, 4), "the script has");
     EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(Hola(), otro, 4), "the script has");
     EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(Hola(), texto, 0), "the script has");

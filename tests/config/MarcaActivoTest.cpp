@@ -1,5 +1,6 @@
 // The busy mark.
 #include "config/BancoConfig.h"
+#include "platform/StringLiterals.h"
 
 #include <sys/stat.h>
 
@@ -11,23 +12,21 @@ class MarcaActivoTest : public BancoConfig {
     // Changes with every write of the value, also of the same text.
     quint64 Identidad() const {
         struct stat datos {};
-        const QString fichero =
-            carpeta.Ruta(QStringLiteral("Registro/HKLM/Software/Zorvex/ZVMonitor/Activo"));
+        const QString fichero = carpeta.Ruta(u"Registro/HKLM/Software/Zorvex/ZVMonitor/Activo"_s);
         EXPECT_EQ(::stat(QFile::encodeName(fichero).constData(), &datos), 0);
         return datos.st_ino;
     }
     void Pon(const char* valor) {
-        registro.GuardarValor(QStringLiteral("Zorvex\\ZVMonitor"), QStringLiteral("Activo"),
-                              QString::fromUtf8(valor));
+        registro.GuardarValor(u"Zorvex\\ZVMonitor"_s, u"Activo"_s, QString::fromUtf8(valor));
     }
     MarcaActivo marca{registro};
 };
 
 TEST_F(MarcaActivoTest, IsOneWhileBusyAndZeroAfterwards) {
     marca.MarcarActivo(true);
-    EXPECT_EQ(Registrado("Activo"), QStringLiteral("1"));
+    EXPECT_EQ(Registrado("Activo"), u"1"_s);
     marca.MarcarActivo(false);
-    EXPECT_EQ(Registrado("Activo"), QStringLiteral("0"));
+    EXPECT_EQ(Registrado("Activo"), u"0"_s);
 }
 
 TEST_F(MarcaActivoTest, TrueIsWrittenWithoutALook) {
@@ -39,7 +38,7 @@ TEST_F(MarcaActivoTest, TrueIsWrittenWithoutALook) {
 
 TEST_F(MarcaActivoTest, AQuietSystemWritesNothing) {
     marca.MarcarActivo(false);
-    EXPECT_FALSE(carpeta.Esta(QStringLiteral("Registro")));
+    EXPECT_FALSE(carpeta.Esta(u"Registro"_s));
     for (const char* quieto : {"0", "", "2", "no"}) {
         Pon(quieto);
         const auto antes = Identidad();
@@ -50,9 +49,9 @@ TEST_F(MarcaActivoTest, AQuietSystemWritesNothing) {
 }
 
 TEST_F(MarcaActivoTest, AMarkThatAnotherProgramWroteIsTakenBack) {
-    carpeta.Pon(QStringLiteral("Registro/HKLM/Software/Zorvex/ZVMonitor/Activo"), "1\n");
+    carpeta.Pon(u"Registro/HKLM/Software/Zorvex/ZVMonitor/Activo"_s, "1\n");
     marca.MarcarActivo(false);
-    EXPECT_EQ(Registrado("Activo"), QStringLiteral("0"));
+    EXPECT_EQ(Registrado("Activo"), u"0"_s);
 }
 
 } // namespace

@@ -2,7 +2,8 @@
 // and the calls in a form that is easy to compare.
 #pragma once
 
-#include "device/ClientePasarela.h"
+#include "device/gateway/GatewayClient.h"
+#include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 #include "support/LogMemoria.h"
 #include "support/PasarelaGuion.h"
@@ -17,8 +18,8 @@ namespace zv {
 class BancoPasarela : public testing::Test {
   protected:
     // Quick where nothing is expected to run out, patient where a slow machine must not matter.
-    static OpcionesPasarela Rapidas() {
-        OpcionesPasarela o;
+    static GatewayOptions Rapidas() {
+        GatewayOptions o;
         o.ping = 20;
         o.pingReposo = 20;
         o.reintento = 5;
@@ -27,13 +28,13 @@ class BancoPasarela : public testing::Test {
         return o;
     }
 
-    ClientePasarela& Cliente(const OpcionesPasarela& opciones = Rapidas()) {
-        cliente_ = std::make_unique<ClientePasarela>(log, textos, &ventana, opciones);
+    GatewayClient& Cliente(const GatewayOptions& opciones = Rapidas()) {
+        cliente_ = std::make_unique<GatewayClient>(log, textos, &ventana, opciones);
         cliente_->Address(pasarela.Direccion());
         return *cliente_;
     }
-    ClientePasarela& Conectado(const OpcionesPasarela& opciones = Rapidas()) {
-        ClientePasarela& cliente = Cliente(opciones);
+    GatewayClient& Conectado(const GatewayOptions& opciones = Rapidas()) {
+        GatewayClient& cliente = Cliente(opciones);
         bool bien = false;
         cliente.Connect(bien);
         EXPECT_TRUE(bien) << cliente.ErrorMessage().toStdString();
@@ -41,18 +42,17 @@ class BancoPasarela : public testing::Test {
     }
 
     // "result in out code", the whole answer of a charge.
-    static QString Cobrar(ClientePasarela& cliente, qint32 importe = 1250) {
+    static QString Cobrar(GatewayClient& cliente, qint32 importe = 1250) {
         qint32 entra = -1;
         qint32 sale = -1;
         bool bien = false;
         cliente.Charge(importe, entra, sale, bien);
-        return QStringLiteral("%1 %2 %3 %4")
-            .arg(bien ? QStringLiteral("ok") : QStringLiteral("no"))
+        return u"%1 %2 %3 %4"_s.arg(bien ? u"ok"_s : u"no"_s)
             .arg(entra)
             .arg(sale)
             .arg(cliente.ErrorCode());
     }
-    static bool Niveles(ClientePasarela& cliente) {
+    static bool Niveles(GatewayClient& cliente) {
         QString noms;
         QString levels;
         bool bien = false;
@@ -66,8 +66,7 @@ class BancoPasarela : public testing::Test {
             const QString op = PasarelaGuion::OpId(peticion);
             const QString metodo = Metodo(peticion);
             enlace.Contestar(peticion, PasarelaGuion::EnMarcha(op, metodo, 0, 0));
-            enlace.Notificar(QStringLiteral("op.result"),
-                             PasarelaGuion::Hecha(op, metodo, entra, sale));
+            enlace.Notificar(u"op.result"_s, PasarelaGuion::Hecha(op, metodo, entra, sale));
         };
     }
     static PasarelaGuion::Reaccion Falla(int codigo, const QString& mensaje, qint64 entra,
@@ -76,7 +75,7 @@ class BancoPasarela : public testing::Test {
             const QString op = PasarelaGuion::OpId(peticion);
             const QString metodo = Metodo(peticion);
             enlace.Contestar(peticion, PasarelaGuion::EnMarcha(op, metodo, 0, 0));
-            enlace.Notificar(QStringLiteral("op.result"),
+            enlace.Notificar(u"op.result"_s,
                              PasarelaGuion::Fallida(op, metodo, codigo, mensaje, entra, sale));
         };
     }
@@ -87,8 +86,7 @@ class BancoPasarela : public testing::Test {
             const QString metodo = Metodo(peticion);
             enlace.Contestar(peticion, PasarelaGuion::EnMarcha(op, metodo, 0, 0));
             if (entra != 0) {
-                enlace.Notificar(QStringLiteral("op.progress"),
-                                 PasarelaGuion::EnMarcha(op, metodo, entra, 0));
+                enlace.Notificar(u"op.progress"_s, PasarelaGuion::EnMarcha(op, metodo, entra, 0));
             }
         };
     }
@@ -113,9 +111,9 @@ class BancoPasarela : public testing::Test {
         return PasarelaGuion::Hecha(op, kCobro(), entra, sale);
     }
     static QString Metodo(const QJsonObject& peticion) {
-        return peticion.value(QStringLiteral("method")).toString();
+        return peticion.value(u"method"_s).toString();
     }
-    static QString kCobro() { return QStringLiteral("charge.start"); }
+    static QString kCobro() { return u"charge.start"_s; }
     // The opId of the n-th request of that method.
     QString OpId(const QString& metodo, int n = 0) const {
         return PasarelaGuion::OpId(pasarela.Recibidas(metodo).value(n));
@@ -135,7 +133,7 @@ class BancoPasarela : public testing::Test {
     VentanaGuion ventana;
 
   private:
-    std::unique_ptr<ClientePasarela> cliente_;
+    std::unique_ptr<GatewayClient> cliente_;
 };
 
 } // namespace zv

@@ -1,6 +1,7 @@
 // The scripted device tells on a program that strays from the script.
 #include "support/DeviceGuion.h"
 
+#include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 
 #include <gtest/gtest-spi.h>
@@ -12,7 +13,7 @@ namespace {
 TEST(DeviceGuion, AnswersTheExpectedCallsInOrder) {
     DeviceGuion guion;
     guion.EsperaConnect();
-    guion.EsperaCharge(1000, 1500, 0, FinGuion::Error(12, QStringLiteral("Atasco")));
+    guion.EsperaCharge(1000, 1500, 0, FinGuion::Error(12, u"Atasco"_s));
     bool bien = false;
     guion.Connect(bien);
     EXPECT_TRUE(bien);
@@ -23,9 +24,8 @@ TEST(DeviceGuion, AnswersTheExpectedCallsInOrder) {
     EXPECT_EQ(entra, 1500);
     EXPECT_EQ(sale, 0);
     EXPECT_EQ(guion.ErrorCode(), 12);
-    EXPECT_EQ(guion.ErrorMessage(), QStringLiteral("Atasco"));
-    EXPECT_EQ(guion.Llamadas(),
-              QStringList({QStringLiteral("Connect()"), QStringLiteral("Charge(1000)")}));
+    EXPECT_EQ(guion.ErrorMessage(), u"Atasco"_s);
+    EXPECT_EQ(guion.Llamadas(), QStringList({u"Connect()"_s, u"Charge(1000)"_s}));
     EXPECT_TRUE(guion.Agotado());
 }
 
@@ -52,15 +52,15 @@ TEST(DeviceGuion, FailsTheTestOnAnAnswerNobodyAskedFor) {
 TEST(DeviceGuion, KeepsTheErrorWhileLevelsAreReadWithSuccess) {
     DeviceGuion guion;
     guion.PonerTotal(12345);
-    guion.PonerError(7, QStringLiteral("Puerta"));
+    guion.PonerError(7, u"Puerta"_s);
     QString noms;
     QString levels;
     bool bien = false;
     guion.GetLevels(2, noms, levels, bien);
     EXPECT_TRUE(bien);
-    EXPECT_EQ(levels, QStringLiteral("12345"));
+    EXPECT_EQ(levels, u"12345"_s);
     EXPECT_EQ(guion.ErrorCode(), 7);
-    guion.FallarNiveles(2, 9, QStringLiteral("x"));
+    guion.FallarNiveles(2, 9, u"x"_s);
     guion.GetLevels(2, noms, levels, bien);
     EXPECT_FALSE(bien);
     EXPECT_EQ(guion.ErrorCode(), 9);

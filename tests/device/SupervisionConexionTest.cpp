@@ -2,6 +2,7 @@
 #include "device/SupervisionConexion.h"
 
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 #include "support/DeviceGuion.h"
 #include "support/DialogosGuion.h"
 #include "support/ImprimeQt.h"
@@ -15,9 +16,9 @@
 namespace zv {
 namespace {
 
-const QString kClave = QStringLiteral("Zorvex\\ZVMonitor");
-const QString kSaldoExit = QStringLiteral("Saldo_Exit");
-const QString kSaldoInicial = QStringLiteral("Saldo_Inicial");
+const QString kClave = u"Zorvex\\ZVMonitor"_s;
+const QString kSaldoExit = u"Saldo_Exit"_s;
+const QString kSaldoInicial = u"Saldo_Inicial"_s;
 
 QStringList Lista(std::initializer_list<const char*> textos) {
     QStringList lista;
@@ -32,14 +33,13 @@ class VistaGuion final : public VistaConexion {
   public:
     explicit VistaGuion(QStringList& sucesos) : sucesos_(sucesos) {}
     void HabilitarConectar(bool habilitado) override {
-        sucesos_ << QStringLiteral("boton7 %1").arg(habilitado ? 1 : 0);
+        sucesos_ << u"boton7 %1"_s.arg(habilitado ? 1 : 0);
     }
     void ActualizarBotonesMonitor(bool habilitado) override {
-        sucesos_ << QStringLiteral("botones %1").arg(habilitado ? 1 : 0);
+        sucesos_ << u"botones %1"_s.arg(habilitado ? 1 : 0);
     }
     void MostrarLamparas(bool ok, bool alerta, bool critico) override {
-        lamparas =
-            QStringLiteral("%1%2%3").arg(ok ? 1 : 0).arg(alerta ? 1 : 0).arg(critico ? 1 : 0);
+        lamparas = u"%1%2%3"_s.arg(ok ? 1 : 0).arg(alerta ? 1 : 0).arg(critico ? 1 : 0);
     }
     bool Agrupando() const override { return agrupando; }
 
@@ -61,7 +61,7 @@ class SupervisionConexionTest : public testing::Test {
         registro.GuardarValor(kClave, valor, dato);
     }
     QString Leer(const QString& valor) const {
-        return registro.LeerValor(kClave, valor, QStringLiteral("(nada)"));
+        return registro.LeerValor(kClave, valor, u"(nada)"_s);
     }
     // Connected, with the balances of the registry equal to the device's total.
     void Conectada(qint32 total) {
@@ -78,27 +78,21 @@ class SupervisionConexionTest : public testing::Test {
     QTemporaryDir carpeta;
     QStringList sucesos;
     DeviceGuion cliente;
-    Registro registro{carpeta.path()};
+    RegistryTree registro{carpeta.path()};
     test::LogMemoria log;
     test::DialogosGuion dialogos;
     Textos textos{carpeta.path()};
-    Importes importes{FormatoRegional(QStringLiteral("es_ES")),
-                      [this] { return cliente.Multiplier(); }};
+    Importes importes{FormatoRegional(u"es_ES"_s), [this] { return cliente.Multiplier(); }};
     VistaGuion vista{sucesos};
-    SupervisionConexion supervision{cliente,
-                                    registro,
-                                    log,
-                                    dialogos,
-                                    textos,
-                                    importes,
-                                    [] { return QStringLiteral("10.0.0.7"); }};
+    SupervisionConexion supervision{
+        cliente, registro, log, dialogos, textos, importes, [] { return u"10.0.0.7"_s; }};
 };
 
 // ---- Conectar
 
 TEST_F(SupervisionConexionTest, ConnectsInOrderAndSaysNothingWhenTheMoneyIsAsItWas) {
-    Guardar(kSaldoExit, QStringLiteral("1234"));
-    Guardar(kSaldoInicial, QStringLiteral("1000"));
+    Guardar(kSaldoExit, u"1234"_s);
+    Guardar(kSaldoInicial, u"1000"_s);
     cliente.PonerTotal(1234);
     cliente.EsperaConnect();
     supervision.Conectar();
@@ -109,27 +103,27 @@ TEST_F(SupervisionConexionTest, ConnectsInOrderAndSaysNothingWhenTheMoneyIsAsItW
     EXPECT_EQ(supervision.SaldoInicial(), 1000);
     EXPECT_EQ(supervision.UltimoSaldo(), Currency(1234));
     EXPECT_EQ(supervision.SaldoExit(), Currency(1234));
-    EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1234"));
+    EXPECT_EQ(Leer(kSaldoExit), u"1234"_s);
 }
 
 TEST_F(SupervisionConexionTest, TellsATotalThatDiffersByOneUnitAndStoresTheNewOne) {
-    Guardar(kSaldoExit, QStringLiteral("1234"));
-    Guardar(kSaldoInicial, QStringLiteral("1000"));
+    Guardar(kSaldoExit, u"1234"_s);
+    Guardar(kSaldoInicial, u"1000"_s);
     cliente.PonerTotal(1235);
     cliente.EsperaConnect();
     dialogos.EsperaMensaje(
-        QStringLiteral("Inicialización"),
-        QStringLiteral("El saldo de Zorvex ha variado desde la última vez que se ejecutó la "
-                       "aplicación:\r\nÚltimo Saldo Registrado:12,34 €\r\nSaldo Actual:12,35 €"),
+        u"Inicialización"_s,
+        u"El saldo de Zorvex ha variado desde la última vez que se ejecutó la "
+        "aplicación:\r\nÚltimo Saldo Registrado:12,34 €\r\nSaldo Actual:12,35 €"_s,
         resultado::kAceptar, 0, [this] {
             // Only told: the value in the registry follows afterwards.
-            EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1234"));
+            EXPECT_EQ(Leer(kSaldoExit), u"1234"_s);
             EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_CONECTARZORV_CONNECT_OK"}));
         });
     supervision.Conectar();
     EXPECT_EQ(log.lineas.value(1),
-              QStringLiteral(">>> Último Saldo Registrado: 12,34 € -- Saldo Actual: 12,35 €"));
-    EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1235"));
+              u">>> Último Saldo Registrado: 12,34 € -- Saldo Actual: 12,35 €"_s);
+    EXPECT_EQ(Leer(kSaldoExit), u"1235"_s);
     EXPECT_EQ(supervision.UltimoSaldo(), Currency(1234));
     EXPECT_EQ(supervision.SaldoExit(), Currency(1235));
 }
@@ -138,41 +132,41 @@ TEST_F(SupervisionConexionTest, StoresTheTotalAsTheStartOfThePeriodOnAFirstStart
     cliente.PonerTotal(0);
     cliente.EsperaConnect();
     supervision.Conectar(); // no "Saldo_Exit" reads as 0
-    EXPECT_EQ(Leer(kSaldoInicial), QStringLiteral("0"));
+    EXPECT_EQ(Leer(kSaldoInicial), u"0"_s);
 
     registro.BorrarValor(kClave, kSaldoInicial);
-    Guardar(kSaldoExit, QStringLiteral("5000"));
+    Guardar(kSaldoExit, u"5000"_s);
     cliente.PonerTotal(5000);
     cliente.EsperaConnect();
     supervision.Conectar();
-    EXPECT_EQ(Leer(kSaldoInicial), QStringLiteral("5000"));
+    EXPECT_EQ(Leer(kSaldoInicial), u"5000"_s);
     EXPECT_EQ(supervision.SaldoInicial(), 5000);
 }
 
 TEST_F(SupervisionConexionTest, TakesMinusOneAsAPeriodThatHasNotBegun) {
-    Guardar(kSaldoExit, QStringLiteral("5000"));
-    Guardar(kSaldoInicial, QStringLiteral("-1"));
+    Guardar(kSaldoExit, u"5000"_s);
+    Guardar(kSaldoInicial, u"-1"_s);
     cliente.PonerTotal(5000);
     cliente.EsperaConnect();
     supervision.Conectar();
-    EXPECT_EQ(Leer(kSaldoInicial), QStringLiteral("5000"));
+    EXPECT_EQ(Leer(kSaldoInicial), u"5000"_s);
 }
 
 TEST_F(SupervisionConexionTest, ShowsAndLogsAConnectionThatFailed) {
-    cliente.EsperaConnect(FinGuion::Error(1, QStringLiteral("No contesta")));
+    cliente.EsperaConnect(FinGuion::Error(1, u"No contesta"_s));
     dialogos.EsperaMensaje(
-        QStringLiteral("Error de Zorvex"),
-        QStringLiteral("Existe un problema de comunicación con Zorvex.\r\nConsulte con su técnico "
-                       "el siguiente error:\r\n1: No contesta"),
+        u"Error de Zorvex"_s,
+        u"Existe un problema de comunicación con Zorvex.\r\nConsulte con su técnico "
+        "el siguiente error:\r\n1: No contesta"_s,
         resultado::kAceptar, 0, [this] {
-            EXPECT_FALSE(sucesos.contains(QStringLiteral("boton7 1")));
+            EXPECT_FALSE(sucesos.contains(u"boton7 1"_s));
             EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_CONECTARZORV_CONNECT_ERRORZV1"}));
         });
     supervision.Conectar();
     EXPECT_FALSE(supervision.Conectado());
-    EXPECT_EQ(log.lineas.value(1), QStringLiteral(">>> Error Zorvex: 1 - No contesta"));
+    EXPECT_EQ(log.lineas.value(1), u">>> Error Zorvex: 1 - No contesta"_s);
     EXPECT_EQ(sucesos.mid(4), Lista({"boton7 1", "botones 0"}));
-    EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("(nada)"));
+    EXPECT_EQ(Leer(kSaldoExit), u"(nada)"_s);
 }
 
 TEST_F(SupervisionConexionTest, LogsAFailureWithoutACodeInItsOwnWords) {
@@ -193,7 +187,7 @@ TEST_F(SupervisionConexionTest, ConnectsWithoutAScreen) {
 }
 
 TEST_F(SupervisionConexionTest, RaisesOnABalanceInTheRegistryThatIsNoNumber) {
-    Guardar(kSaldoExit, QStringLiteral("roto"));
+    Guardar(kSaldoExit, u"roto"_s);
     EXPECT_THROW(supervision.LeerSaldos(), ErrorEjecucion);
 }
 
@@ -201,8 +195,8 @@ TEST_F(SupervisionConexionTest, ReadsBothBalancesAtStart) {
     supervision.LeerSaldos();
     EXPECT_EQ(supervision.SaldoInicial(), 0);
     EXPECT_EQ(supervision.UltimoSaldo(), Currency(0));
-    Guardar(kSaldoExit, QStringLiteral("700"));
-    Guardar(kSaldoInicial, QStringLiteral("-1"));
+    Guardar(kSaldoExit, u"700"_s);
+    Guardar(kSaldoInicial, u"-1"_s);
     supervision.LeerSaldos();
     EXPECT_EQ(supervision.SaldoInicial(), -1);
     EXPECT_EQ(supervision.UltimoSaldo(), Currency(700));
@@ -215,7 +209,7 @@ TEST_F(SupervisionConexionTest, StoresTheBalanceBeforeItDisconnects) {
     Conectada(1000);
     cliente.PonerTotal(1500);
     cliente.EsperaDisconnect(
-        FinGuion::Ok().Durante([this] { EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1500")); }));
+        FinGuion::Ok().Durante([this] { EXPECT_EQ(Leer(kSaldoExit), u"1500"_s); }));
     supervision.Desconectar();
     EXPECT_FALSE(supervision.Conectado());
     EXPECT_EQ(sucesos, Lista({"Disconnect()", "botones 0"}));
@@ -225,8 +219,8 @@ TEST_F(SupervisionConexionTest, StoresTheBalanceBeforeItDisconnects) {
 TEST_F(SupervisionConexionTest, RefusesToDisconnectWhileGrouping) {
     Conectada(1000);
     vista.agrupando = true;
-    dialogos.EsperaMensaje(QStringLiteral("Conflicto de operaciones"),
-                           QStringLiteral("Esta agrupando pagos, finalize la operacion primero"),
+    dialogos.EsperaMensaje(u"Conflicto de operaciones"_s,
+                           u"Esta agrupando pagos, finalize la operacion primero"_s,
                            resultado::kAceptar, 0);
     supervision.Desconectar();
     EXPECT_TRUE(supervision.Conectado());
@@ -249,7 +243,7 @@ TEST_F(SupervisionConexionTest, TriesOnceAndTellsTheButtonsTwiceWhenItFails) {
     Conectada(1000);
     cliente.EsperaDisconnect();
     cliente.EsperaConnect(FinGuion::EnlacePerdido());
-    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"), testing::_);
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, testing::_);
     EXPECT_FALSE(supervision.IntentarReconnectar());
     EXPECT_EQ(sucesos.mid(6), Lista({"boton7 1", "botones 0", "botones 0"}));
 }
@@ -264,18 +258,18 @@ TEST_F(SupervisionConexionTest, CutsWithoutTouchingTheMainScreenForTheCashOffice
 }
 
 TEST_F(SupervisionConexionTest, StoresNoBalanceWhileDisconnected) {
-    Guardar(kSaldoExit, QStringLiteral("1234"));
+    Guardar(kSaldoExit, u"1234"_s);
     supervision.GuardarSaldoExit();
-    EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1234"));
+    EXPECT_EQ(Leer(kSaldoExit), u"1234"_s);
     Conectada(1000);
     supervision.MarcarDesconectado();
     cliente.PonerTotal(9);
     supervision.GuardarSaldoExit();
-    EXPECT_EQ(Leer(kSaldoExit), QStringLiteral("1000"));
+    EXPECT_EQ(Leer(kSaldoExit), u"1000"_s);
 }
 
 TEST_F(SupervisionConexionTest, EveryWordComesFromTheLanguageFile) {
-    QFile fichero(carpeta.filePath(QStringLiteral("RWLang.ini")));
+    QFile fichero(carpeta.filePath(u"RWLang.ini"_s));
     ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
     fichero.write("[COMMON]\r\ninicializacion=a\r\ninicializacion2=b\r\n"
                   "ultimoSaldoRegistrado=c\r\nsaldoActual=d\r\nerrorDeZorvex=e\r\n"
@@ -284,22 +278,22 @@ TEST_F(SupervisionConexionTest, EveryWordComesFromTheLanguageFile) {
     fichero.close();
     cliente.PonerTotal(100);
     cliente.EsperaConnect();
-    dialogos.EsperaMensaje(QStringLiteral("a"), QStringLiteral("b\r\nc0,00 €\r\nd1,00 €"));
+    dialogos.EsperaMensaje(u"a"_s, u"b\r\nc0,00 €\r\nd1,00 €"_s);
     supervision.Conectar();
     // The log's own words stay as they are.
     EXPECT_EQ(log.lineas.value(1),
-              QStringLiteral(">>> Último Saldo Registrado: 0,00 € -- Saldo Actual: 1,00 €"));
+              u">>> Último Saldo Registrado: 0,00 € -- Saldo Actual: 1,00 €"_s);
     vista.agrupando = true;
-    dialogos.EsperaMensaje(QStringLiteral("h"), QStringLiteral("i"));
+    dialogos.EsperaMensaje(u"h"_s, u"i"_s);
     supervision.Desconectar();
-    cliente.FallarNiveles(2, 8, QStringLiteral("Sensor"));
-    dialogos.EsperaMensaje(QStringLiteral("j"), QStringLiteral("Sensor"));
+    cliente.FallarNiveles(2, 8, u"Sensor"_s);
+    dialogos.EsperaMensaje(u"j"_s, u"Sensor"_s);
     supervision.SaldoPorTipo({}, 1);
-    cliente.PonerNiveles(2, QStringLiteral("1,2"), QStringLiteral("1"));
-    dialogos.EsperaCaja(QStringLiteral("k 9 - El subíndice está fuera del intervalo"));
+    cliente.PonerNiveles(2, u"1,2"_s, u"1"_s);
+    dialogos.EsperaCaja(u"k 9 - El subíndice está fuera del intervalo"_s);
     supervision.SaldoPorTipo({}, 1);
-    cliente.EsperaConnect(FinGuion::Error(7, QStringLiteral("x")));
-    dialogos.EsperaMensaje(QStringLiteral("e"), QStringLiteral("f\r\ng\r\n7: x"));
+    cliente.EsperaConnect(FinGuion::Error(7, u"x"_s));
+    dialogos.EsperaMensaje(u"e"_s, u"f\r\ng\r\n7: x"_s);
     supervision.Conectar();
 }
 
@@ -307,8 +301,8 @@ TEST_F(SupervisionConexionTest, EveryWordComesFromTheLanguageFile) {
 
 TEST_F(SupervisionConexionTest, AnswersEachKindOfBalance) {
     Conectada(1000);
-    cliente.PonerNiveles(2, QStringLiteral("50,200,500,2000"), QStringLiteral("3,2,4,1"));
-    cliente.PonerNiveles(3, QStringLiteral("50,200,500,2000"), QStringLiteral("1,0,2,10"));
+    cliente.PonerNiveles(2, u"50,200,500,2000"_s, u"3,2,4,1"_s);
+    cliente.PonerNiveles(3, u"50,200,500,2000"_s, u"1,0,2,10"_s);
     const qint32 esperado[] = {4550 + 21050, 4550, 550, 4000, 21050, 50, 21000, 0};
     for (qint32 tipo = 0; tipo <= 7; ++tipo) {
         EXPECT_EQ(supervision.SaldoPorTipo({}, tipo), Currency(esperado[tipo])) << tipo;
@@ -318,7 +312,7 @@ TEST_F(SupervisionConexionTest, AnswersEachKindOfBalance) {
 
 TEST_F(SupervisionConexionTest, ReadsOnlyTheListsOfItsKindBoxesFirst) {
     Conectada(1000);
-    const QString nada = QStringLiteral("0");
+    const QString nada = u"0"_s;
     sucesos.clear();
     cliente.EsperaGetLevels(3, nada, nada);
     cliente.EsperaGetLevels(2, nada, nada);
@@ -336,14 +330,14 @@ TEST_F(SupervisionConexionTest, ReadsOnlyTheListsOfItsKindBoxesFirst) {
 
 TEST_F(SupervisionConexionTest, CountsTheDenominationOfTwoHundredAsACoin) {
     Conectada(1000);
-    cliente.PonerNiveles(2, QStringLiteral("200,201"), QStringLiteral("1,1"));
+    cliente.PonerNiveles(2, u"200,201"_s, u"1,1"_s);
     EXPECT_EQ(supervision.SaldoPorTipo({}, 2), Currency(200));
     EXPECT_EQ(supervision.SaldoPorTipo({}, 3), Currency(201));
 }
 
 TEST_F(SupervisionConexionTest, SkipsLevelsOfZeroAndBelow) {
     Conectada(1000);
-    cliente.PonerNiveles(2, QStringLiteral("roto,100,50"), QStringLiteral("0,-3,2"));
+    cliente.PonerNiveles(2, u"roto,100,50"_s, u"0,-3,2"_s);
     EXPECT_EQ(supervision.SaldoPorTipo({}, 1), Currency(100));
 }
 
@@ -356,34 +350,33 @@ TEST_F(SupervisionConexionTest, AnswersZeroWithEmptyListsAndWhileDisconnected) {
 
 TEST_F(SupervisionConexionTest, ShowsLevelsThatMakeNoSenseAndAnswersZero) {
     Conectada(1000);
-    cliente.PonerNiveles(3, QStringLiteral("1"), QStringLiteral("77"));
-    const QString inicio = QStringLiteral("Error al recuperar el saldo del Zorvex: ");
+    cliente.PonerNiveles(3, u"1"_s, u"77"_s);
+    const QString inicio = u"Error al recuperar el saldo del Zorvex: "_s;
     for (const auto& [noms, levels] : {std::pair{"1,2", "5"}, std::pair{"1", "5,6"}}) {
         cliente.PonerNiveles(2, QString::fromLatin1(noms), QString::fromLatin1(levels));
-        dialogos.EsperaCaja(inicio + QStringLiteral("9 - El subíndice está fuera del intervalo"));
+        dialogos.EsperaCaja(inicio + u"9 - El subíndice está fuera del intervalo"_s);
         EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
     }
     for (const auto& [noms, levels] :
          {std::pair{"1,2", "5,x"}, std::pair{"1,x", "5,6"}, std::pair{"1,2", "5,"}}) {
         cliente.PonerNiveles(2, QString::fromLatin1(noms), QString::fromLatin1(levels));
-        dialogos.EsperaCaja(inicio + QStringLiteral("13 - No coinciden los tipos"));
+        dialogos.EsperaCaja(inicio + u"13 - No coinciden los tipos"_s);
         EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
     }
-    cliente.PonerNiveles(2, QStringLiteral("9223372036854775807"), QStringLiteral("2"));
-    dialogos.EsperaCaja(inicio + QStringLiteral("6 - Desbordamiento"));
+    cliente.PonerNiveles(2, u"9223372036854775807"_s, u"2"_s);
+    dialogos.EsperaCaja(inicio + u"6 - Desbordamiento"_s);
     EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
 }
 
 TEST_F(SupervisionConexionTest, GoesOnWithWhatItHasWhenAReadFails) {
     Conectada(1000);
-    cliente.PonerNiveles(3, QStringLiteral("500"), QStringLiteral("2"));
-    cliente.FallarNiveles(2, 8, QStringLiteral("Sensor"));
-    dialogos.EsperaMensaje(QStringLiteral("Operación anulada"), QStringLiteral("Sensor"),
-                           resultado::kAceptar, 0);
+    cliente.PonerNiveles(3, u"500"_s, u"2"_s);
+    cliente.FallarNiveles(2, 8, u"Sensor"_s);
+    dialogos.EsperaMensaje(u"Operación anulada"_s, u"Sensor"_s, resultado::kAceptar, 0);
     EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(1000));
 
     // A failed read of the boxes says nothing, and neither does one without a code.
-    cliente.FallarNiveles(3, 8, QStringLiteral("Sensor"));
+    cliente.FallarNiveles(3, 8, u"Sensor"_s);
     cliente.FallarNiveles(2, 0, {});
     EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
 }
@@ -398,20 +391,19 @@ TEST_F(SupervisionConexionTest, LightsTheLampOfTheWorstState) {
     };
     for (const Caso& caso : {Caso{"0,0,0", "100"}, Caso{"0,1,0", "010"}, Caso{"0,1,2", "001"},
                              Caso{"2,0,0", "001"}, Caso{"12", "001"}, Caso{"", "100"}}) {
-        cliente.PonerNiveles(4, QStringLiteral("1,2,5"), QString::fromLatin1(caso.levels));
+        cliente.PonerNiveles(4, u"1,2,5"_s, QString::fromLatin1(caso.levels));
         log.lineas.clear();
         supervision.MostrarNivel();
         EXPECT_EQ(vista.lamparas, QString::fromLatin1(caso.lamparas)) << caso.levels;
         EXPECT_EQ(log.lineas,
-                  QStringList(QStringLiteral(
-                                  "ZVGETLEVELS_MOSTRARNIVEL_OK: LEVELTYPE=4 NOMS=1,2,5 LEVELS=") +
+                  QStringList(u"ZVGETLEVELS_MOSTRARNIVEL_OK: LEVELTYPE=4 NOMS=1,2,5 LEVELS="_s +
                               QString::fromLatin1(caso.levels)));
     }
 }
 
 TEST_F(SupervisionConexionTest, ShowsCriticalWhileDisconnected) {
     supervision.MostrarNivel();
-    EXPECT_EQ(vista.lamparas, QStringLiteral("001"));
+    EXPECT_EQ(vista.lamparas, u"001"_s);
     EXPECT_TRUE(log.lineas.isEmpty());
 }
 
@@ -419,12 +411,12 @@ TEST_F(SupervisionConexionTest, LeavesTheLampsWhenTheStatesCannotBeRead) {
     Conectada(1000);
     supervision.MostrarNivel();
     log.lineas.clear();
-    cliente.FallarNiveles(4, 8, QStringLiteral("Sensor"));
+    cliente.FallarNiveles(4, 8, u"Sensor"_s);
     supervision.MostrarNivel();
-    EXPECT_EQ(vista.lamparas, QStringLiteral("100"));
+    EXPECT_EQ(vista.lamparas, u"100"_s);
     cliente.FallarNiveles(4, 0, {});
     supervision.MostrarNivel();
-    EXPECT_EQ(vista.lamparas, QStringLiteral("100"));
+    EXPECT_EQ(vista.lamparas, u"100"_s);
     EXPECT_EQ(log.lineas,
               Lista({"ZVGETLEVELS_MOSTRARNIVEL_ERRORZV_8 - Sensor: LEVELTYPE=4 NOMS= LEVELS=",
                      "ZVGETLEVELS_MOSTRARNIVEL_Cancelado: LEVELTYPE=4 NOMS= LEVELS="}));
@@ -433,8 +425,8 @@ TEST_F(SupervisionConexionTest, LeavesTheLampsWhenTheStatesCannotBeRead) {
 TEST_F(SupervisionConexionTest, ShowsARunTimeErrorWhileLevelsAreShown) {
     Conectada(1000);
     log.fallosPendientes = 1;
-    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"),
-                           QStringLiteral("Error nº 75 - Error de acceso a la ruta o al archivo"));
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s,
+                           u"Error nº 75 - Error de acceso a la ruta o al archivo"_s);
     supervision.MostrarNivel();
     EXPECT_TRUE(vista.lamparas.isEmpty());
 }

@@ -6,8 +6,9 @@
 //   empty,
 //                                1 it could not start or the queue did not empty in time.
 #include "app/Monitor.h"
-#include "device/ClientePasarela.h"
-#include "support/ProcesosFalsos.h"
+#include "device/gateway/GatewayClient.h"
+#include "platform/StringLiterals.h"
+#include "support/FakeProcessList.h"
 #include "support/VentanaFalsa.h"
 
 #include <QCoreApplication>
@@ -38,7 +39,7 @@ class Puntos {
 };
 
 // The log asks the time before each line, so that the clock stands for it.
-class RelojMortal final : public Reloj {
+class RelojMortal final : public Clock {
   public:
     explicit RelojMortal(Puntos& puntos) : puntos_(puntos) {}
     QDateTime Ahora() const override {
@@ -49,14 +50,14 @@ class RelojMortal final : public Reloj {
 
   private:
     Puntos& puntos_;
-    RelojSistema reloj_;
+    SystemClock reloj_;
 };
 
 // What an operation would show: a point at its start, at each coin, at its end.
 class OperacionMortal final : public VentanaOperacion {
   public:
     explicit OperacionMortal(Puntos& puntos) : puntos_(puntos) {}
-    void Abrir(ClaseOperacion, qint32, std::function<void()>) override { puntos_.Pasar(); }
+    void Abrir(OperationKind, qint32, std::function<void()>) override { puntos_.Pasar(); }
     void Progreso(qint32, qint32) override { puntos_.Pasar(); }
     void Aviso(const QString&) override { puntos_.Pasar(); }
     void Cerrar() override { puntos_.Pasar(); }
@@ -149,9 +150,7 @@ class DeviceMortal final : public DeviceClient {
 };
 
 bool Vacia(Monitor& monitor) {
-    return monitor.motor.Consultar(QStringLiteral("SELECT Count(*) AS n FROM cola"))
-               .front()
-               .LeerLong(0) == 0;
+    return monitor.motor.Consultar(u"SELECT Count(*) AS n FROM cola"_s).front().LeerLong(0) == 0;
 }
 
 int Ejecutar(const QString& carpeta, int mortal) {
@@ -159,21 +158,21 @@ int Ejecutar(const QString& carpeta, int mortal) {
     const RelojMortal reloj(puntos);
     Opciones opciones;
     opciones.carpeta = carpeta;
-    opciones.registro = carpeta + QStringLiteral("/Registro");
-    opciones.region = QStringLiteral("es_ES");
-    opciones.programa = QStringLiteral("ZVMonitor");
+    opciones.registro = carpeta + u"/Registro"_s;
+    opciones.region = u"es_ES"_s;
+    opciones.programa = u"ZVMonitor"_s;
     Servicios servicios(opciones, reloj);
     OperacionMortal operacion(puntos);
-    ClientePasarela pasarela(servicios.log, servicios.textos, &operacion);
+    GatewayClient pasarela(servicios.log, servicios.textos, &operacion);
     DeviceMortal cliente(pasarela, puntos);
     const Importes importes(servicios.formato, [&] { return cliente.Multiplier(); });
     OperadorMortal dialogos(puntos);
-    test::ProcesosFalsos procesos;
+    test::FakeProcessList procesos;
     test::ShellFalsa shell(procesos);
     test::VentanaFalsa ventana;
     Monitor monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell});
     monitor.PonerVentana(ventana);
-    monitor.motor.PonerGancho([&](const Sentencia&) { puntos.Pasar(); });
+    monitor.motor.PonerGancho([&](const Statement&) { puntos.Pasar(); });
     if (!monitor.Cargar()) {
         return EXIT_FAILURE;
     }

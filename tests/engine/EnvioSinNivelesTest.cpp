@@ -1,11 +1,14 @@
 // Sending while the device's levels cannot be read, as after a lost link, or make no sense: the
 // balance is too small, the books are written all the same, and the reason of the end stays.
-#include "BancoMotor.h"
+#include "BancoEngine.h"
+#include "config/Modo.h"
 #include "engine/Envio.h"
+#include "platform/StringLiterals.h"
+#include "till/ResultadoEnvio.h"
 
 namespace zv::test {
 
-class EnvioSinNivelesTest : public BancoMotor {
+class EnvioSinNivelesTest : public BancoEngine {
   protected:
     EnvioSinNivelesTest() : sujeto(entorno) {}
 
@@ -14,24 +17,21 @@ class EnvioSinNivelesTest : public BancoMotor {
         ConectarCon(10000);
     }
 
-    int Enviar(qint32 idZV) {
-        return sujeto.EnviarOperacion(QStringLiteral("ENVIARCOLA"), cliente, idZV);
-    }
+    int Enviar(qint32 idZV) { return sujeto.EnviarOperacion(u"ENVIARCOLA"_s, cliente, idZV); }
     // The link goes within the charge: from there on no level can be read.
     FinGuion EnlacePerdido(qint16 codigo = 1) {
-        return FinGuion::Error(codigo, QStringLiteral("Enlace perdido")).Durante([this] {
+        return FinGuion::Error(codigo, u"Enlace perdido"_s).Durante([this] {
             for (const qint32 tipo : {2, 3, 4}) {
-                cliente.FallarNiveles(tipo, 1, QStringLiteral("Sin conexión"));
+                cliente.FallarNiveles(tipo, 1, u"Sin conexión"_s);
             }
         });
     }
     void EsperaAnulada(DialogosGuion::Accion mientras = {}) {
-        dialogos.EsperaMensaje(QStringLiteral("Operación anulada"), QStringLiteral("Sin conexión"),
-                               resultado::kAceptar, 0, std::move(mientras));
+        dialogos.EsperaMensaje(u"Operación anulada"_s, u"Sin conexión"_s, resultado::kAceptar, 0,
+                               std::move(mientras));
     }
     QString SaldoExit() const {
-        return registro.LeerValor(QStringLiteral("Zorvex\\ZVMonitor"), QStringLiteral("Saldo_Exit"),
-                                  QString());
+        return registro.LeerValor(u"Zorvex\\ZVMonitor"_s, u"Saldo_Exit"_s, QString());
     }
 
     Envio sujeto;
@@ -40,32 +40,31 @@ class EnvioSinNivelesTest : public BancoMotor {
 TEST_F(EnvioSinNivelesTest, ALostLinkIsFiledWithItsMoneyAndWithoutABalance) {
     const qint32 id = PonerFila(1250);
     cliente.EsperaCharge(1250, 1000, 0, EnlacePerdido());
-    EsperaAnulada([this] { EXPECT_EQ(Activo(), QStringLiteral("1")); });
+    EsperaAnulada([this] { EXPECT_EQ(Activo(), u"1"_s); });
 
     EXPECT_EQ(Enviar(id), envio::kError);
 
     ASSERT_EQ(Cola().size(), 1U);
-    EXPECT_EQ(Cola().front().LeerCurrency(QStringLiteral("creditoError")), Currency(1000));
+    EXPECT_EQ(Cola().front().LeerCurrency(u"creditoError"_s), Currency(1000));
     const auto filas = Procesados();
     ASSERT_EQ(filas.size(), 1U);
-    const Fila& f = filas.front();
-    EXPECT_EQ(f.LeerTexto(QStringLiteral("estado")), QStringLiteral("ERROR"));
-    EXPECT_EQ(f.LeerCurrency(QStringLiteral("importeVenta")), Currency(1250));
-    EXPECT_EQ(f.LeerCurrency(QStringLiteral("cobrado")), Currency(1000));
-    EXPECT_EQ(f.LeerCurrency(QStringLiteral("saldoZV")), Currency(0));
+    const Row& f = filas.front();
+    EXPECT_EQ(f.LeerTexto(u"estado"_s), u"ERROR"_s);
+    EXPECT_EQ(f.LeerCurrency(u"importeVenta"_s), Currency(1250));
+    EXPECT_EQ(f.LeerCurrency(u"cobrado"_s), Currency(1000));
+    EXPECT_EQ(f.LeerCurrency(u"saldoZV"_s), Currency(0));
     // The code is that of the charge; the text is read after the balance.
-    EXPECT_EQ(f.LeerTexto(QStringLiteral("error")), QStringLiteral("1 - Sin conexión"));
+    EXPECT_EQ(f.LeerTexto(u"error"_s), u"1 - Sin conexión"_s);
     EXPECT_EQ(motor.Nivel(), 0);
-    EXPECT_EQ(Activo(), QStringLiteral("0"));
-    EXPECT_EQ(log.lineas, (QStringList{QStringLiteral("ENVIARZV_INICIO_CHARGE: 1250"),
-                                       QStringLiteral("ENVIARZV2_1_BEGINTRANS"),
-                                       QStringLiteral("EDIT_COLA_CREDITO_1_OK"),
-                                       QStringLiteral("ZVCHARGE_ENVIARZV2_1_ERROR_1: "
-                                                      "VALUEINCENTS=1250 PAIDINVALUE=1000 "
-                                                      "PAIDOUTVALUE=0"),
-                                       QStringLiteral("ADDPROC_OK_1_ENVIARCOLA_ERRORZV"),
-                                       QStringLiteral(">>> Error en Zorvex: 1 - Sin conexión"),
-                                       QStringLiteral("ENVIARZV2_1_COMMIT")}));
+    EXPECT_EQ(Activo(), u"0"_s);
+    EXPECT_EQ(log.lineas,
+              (QStringList{u"ENVIARZV_INICIO_CHARGE: 1250"_s, u"ENVIARZV2_1_BEGINTRANS"_s,
+                           u"EDIT_COLA_CREDITO_1_OK"_s,
+                           u"ZVCHARGE_ENVIARZV2_1_ERROR_1: "
+                           "VALUEINCENTS=1250 PAIDINVALUE=1000 "
+                           "PAIDOUTVALUE=0"_s,
+                           u"ADDPROC_OK_1_ENVIARCOLA_ERRORZV"_s,
+                           u">>> Error en Zorvex: 1 - Sin conexión"_s, u"ENVIARZV2_1_COMMIT"_s}));
 }
 
 TEST_F(EnvioSinNivelesTest, TheCodeOfAnErrorOutlivesTheLevelsThatFailAfterIt) {
@@ -73,8 +72,7 @@ TEST_F(EnvioSinNivelesTest, TheCodeOfAnErrorOutlivesTheLevelsThatFailAfterIt) {
     cliente.EsperaCharge(1250, 0, 0, EnlacePerdido(33));
     EsperaAnulada();
     EXPECT_EQ(Enviar(id), envio::kError);
-    EXPECT_EQ(Procesados().front().LeerTexto(QStringLiteral("error")),
-              QStringLiteral("33 - Sin conexión"));
+    EXPECT_EQ(Procesados().front().LeerTexto(u"error"_s), u"33 - Sin conexión"_s);
 }
 
 TEST_F(EnvioSinNivelesTest, ACancelStaysACancel) {
@@ -88,7 +86,7 @@ TEST_F(EnvioSinNivelesTest, ACancelStaysACancel) {
     pulso.ProcesarCola();
     EXPECT_EQ(entorno.ResultadoEnvio, envio::kCancelado);
     EXPECT_EQ(Procesados().size(), 1U);
-    EXPECT_EQ(Procesados().front().LeerTexto(QStringLiteral("estado")), QStringLiteral("CANCEL"));
+    EXPECT_EQ(Procesados().front().LeerTexto(u"estado"_s), u"CANCEL"_s);
     EXPECT_TRUE(supervision.Conectado()); // nothing but an operation finds a lost link
 }
 
@@ -102,21 +100,21 @@ TEST_F(EnvioSinNivelesTest, ASaleThatWasPaidIsFiledThoughItsBalanceCannotBeRead)
     EXPECT_TRUE(Cola().empty());
     const auto filas = Procesados();
     ASSERT_EQ(filas.size(), 1U);
-    EXPECT_EQ(filas.front().LeerTexto(QStringLiteral("estado")), QStringLiteral("OK"));
-    EXPECT_EQ(filas.front().LeerCurrency(QStringLiteral("cobrado")), Currency(1250));
-    EXPECT_EQ(filas.front().LeerCurrency(QStringLiteral("saldoZV")), Currency(0));
+    EXPECT_EQ(filas.front().LeerTexto(u"estado"_s), u"OK"_s);
+    EXPECT_EQ(filas.front().LeerCurrency(u"cobrado"_s), Currency(1250));
+    EXPECT_EQ(filas.front().LeerCurrency(u"saldoZV"_s), Currency(0));
 }
 
 TEST_F(EnvioSinNivelesTest, LevelListsOfUnequalLengthAreToldAndTheSaleIsFiled) {
     const qint32 id = PonerFila(1250);
     cliente.EsperaCharge(1250, 1250, 0, FinGuion::Ok().Durante([this] {
-        cliente.PonerNiveles(2, QStringLiteral("100,200"), QStringLiteral("5"));
+        cliente.PonerNiveles(2, u"100,200"_s, u"5"_s);
     }));
-    dialogos.EsperaCaja(QStringLiteral("Error al recuperar el saldo del Zorvex: 9 - El subíndice "
-                                       "está fuera del intervalo"));
+    dialogos.EsperaCaja(u"Error al recuperar el saldo del Zorvex: 9 - El subíndice "
+                        "está fuera del intervalo"_s);
     EXPECT_EQ(Enviar(id), envio::kBien);
     EXPECT_TRUE(Cola().empty());
-    EXPECT_EQ(Procesados().front().LeerCurrency(QStringLiteral("saldoZV")), Currency(0));
+    EXPECT_EQ(Procesados().front().LeerCurrency(u"saldoZV"_s), Currency(0));
     EXPECT_EQ(motor.Nivel(), 0);
 }
 
@@ -135,27 +133,26 @@ TEST_F(EnvioSinNivelesTest, ALinkThatStaysLostIsToldAtEachStepAndTheRowWaits) {
     EsperaAnulada(); // balance of the record
     EsperaAnulada(); // balance before the disconnection
     cliente.EsperaDisconnect();
-    cliente.EsperaConnect(FinGuion::Error(1, QStringLiteral("No responde")));
-    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"),
-                           testing::Truly([](const QString& texto) {
-                               return texto.endsWith(QStringLiteral("1: No responde"));
+    cliente.EsperaConnect(FinGuion::Error(1, u"No responde"_s));
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, testing::Truly([](const QString& texto) {
+                               return texto.endsWith(u"1: No responde"_s);
                            }));
-    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"), QStringLiteral("1 - No responde"));
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"1 - No responde"_s);
 
     pulso.ProcesarCola();
 
     EXPECT_FALSE(supervision.Conectado());
     EXPECT_EQ(configuracio->Modo, modo::kManual);
-    EXPECT_EQ(Cola().front().LeerCurrency(QStringLiteral("creditoError")), Currency(1000));
+    EXPECT_EQ(Cola().front().LeerCurrency(u"creditoError"_s), Currency(1000));
     EXPECT_EQ(Procesados().size(), 1U);
     EXPECT_TRUE(controles.Estado().ShapeCritico);
     // Too small a balance has been stored: the next connection tells the operator.
-    EXPECT_EQ(SaldoExit(), QStringLiteral("0"));
+    EXPECT_EQ(SaldoExit(), u"0"_s);
     cliente.PonerTotal(11000);
     cliente.EsperaConnect();
-    dialogos.EsperaMensaje(QStringLiteral("Inicialización"), testing::_);
+    dialogos.EsperaMensaje(u"Inicialización"_s, testing::_);
     supervision.Conectar();
-    EXPECT_EQ(SaldoExit(), QStringLiteral("11000"));
+    EXPECT_EQ(SaldoExit(), u"11000"_s);
 }
 
 TEST_F(EnvioSinNivelesTest, ALinkThatComesBackSendsTheRestAfterTheQuestion) {
@@ -165,14 +162,14 @@ TEST_F(EnvioSinNivelesTest, ALinkThatComesBackSendsTheRestAfterTheQuestion) {
     EsperaAnulada();
     cliente.EsperaDisconnect();
     cliente.EsperaConnect(FinGuion::Ok().Durante([this] { cliente.PonerTotal(11000); }));
-    dialogos.EsperaMensaje(QStringLiteral("Inicialización"), testing::_);
-    dialogos.EsperaMensaje(QStringLiteral("Confirmación de Operación Parcial"), testing::_,
+    dialogos.EsperaMensaje(u"Inicialización"_s, testing::_);
+    dialogos.EsperaMensaje(u"Confirmación de Operación Parcial"_s, testing::_,
                            resultado::kReintentar, 5);
     cliente.EsperaCharge(250, 250, 0);
     pulso.ProcesarCola();
     EXPECT_TRUE(Cola().empty());
     EXPECT_EQ(Procesados().size(), 2U);
-    EXPECT_EQ(Procesados().back().LeerCurrency(QStringLiteral("importeVenta")), Currency(250));
+    EXPECT_EQ(Procesados().back().LeerCurrency(u"importeVenta"_s), Currency(250));
     EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
 }
 

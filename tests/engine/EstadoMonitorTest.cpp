@@ -1,9 +1,12 @@
 // What the main screen says: counters, state line, buttons, modes and paging.
-#include "BancoMotor.h"
+#include "BancoEngine.h"
+#include "config/Modo.h"
+#include "platform/StringLiterals.h"
+#include "till/ResultadoEnvio.h"
 
 namespace zv::test {
 
-class EstadoMonitorTest : public BancoMotor {
+class EstadoMonitorTest : public BancoEngine {
   protected:
     const EstadoControles& C() const { return controles.Estado(); }
     void PonerFilas(int cuantas) {
@@ -15,14 +18,14 @@ class EstadoMonitorTest : public BancoMotor {
 };
 
 TEST_F(EstadoMonitorTest, StartsWithTheWordsOfTheStart) {
-    EXPECT_EQ(C().lbContador, QStringLiteral("Comprobando operaciones pendientes..."));
-    EXPECT_EQ(C().lbEstado, QStringLiteral("Inicializando..."));
+    EXPECT_EQ(C().lbContador, u"Comprobando operaciones pendientes..."_s);
+    EXPECT_EQ(C().lbEstado, u"Inicializando..."_s);
 }
 
 TEST_F(EstadoMonitorTest, AnEmptyQueueHasNoPages) {
     estado.RellenarGrid();
     estado.ActualizarEstado(true);
-    EXPECT_EQ(C().lbContador, QStringLiteral("0 cobros"));
+    EXPECT_EQ(C().lbContador, u"0 cobros"_s);
     EXPECT_FALSE(C().btnArriba);
     EXPECT_FALSE(C().btnAbajo);
     EXPECT_EQ(C().lbEstado, QString());
@@ -34,7 +37,7 @@ TEST_F(EstadoMonitorTest, ChargesAndRefundsAreCountedApart) {
     PonerFila(-100);
     estado.RellenarGrid();
     estado.ActualizarEstado(true);
-    EXPECT_EQ(C().lbContador, QStringLiteral("2 cobros / 1 abonos"));
+    EXPECT_EQ(C().lbContador, u"2 cobros / 1 abonos"_s);
 }
 
 TEST_F(EstadoMonitorTest, ACancelWithOtherRowsStaysInManual) {
@@ -43,7 +46,7 @@ TEST_F(EstadoMonitorTest, ACancelWithOtherRowsStaysInManual) {
     estado.PonerUltimaCuenta(2);
     entorno.ResultadoEnvio = envio::kCancelado;
     estado.ActualizarEstado(true);
-    EXPECT_EQ(C().lbEstado, QStringLiteral("Última operación cancelada. Cambiado a modo MANUAL"));
+    EXPECT_EQ(C().lbEstado, u"Última operación cancelada. Cambiado a modo MANUAL"_s);
     EXPECT_EQ(configuracio->Modo, modo::kManual);
     EXPECT_EQ(entorno.ResultadoEnvio, envio::kCancelado);
 }
@@ -53,7 +56,7 @@ TEST_F(EstadoMonitorTest, ACancelInAModeThatWasNotAutoStaysInManual) {
     configuracio->ModoAnterior = modo::kSemi;
     entorno.ResultadoEnvio = envio::kCancelado;
     estado.ActualizarEstado(true);
-    EXPECT_EQ(C().lbEstado, QStringLiteral("Última operación cancelada. Cambiado a modo MANUAL"));
+    EXPECT_EQ(C().lbEstado, u"Última operación cancelada. Cambiado a modo MANUAL"_s);
     EXPECT_EQ(configuracio->Modo, modo::kManual);
 }
 
@@ -62,8 +65,7 @@ TEST_F(EstadoMonitorTest, ACancelWithAnEmptyQueueReturnsToAuto) {
     configuracio->ModoAnterior = modo::kAuto;
     entorno.ResultadoEnvio = envio::kCancelado;
     estado.ActualizarEstado(true);
-    EXPECT_EQ(C().lbEstado,
-              QStringLiteral("Última operación cancelada. Cambiado a modo AUTOMATICO"));
+    EXPECT_EQ(C().lbEstado, u"Última operación cancelada. Cambiado a modo AUTOMATICO"_s);
     EXPECT_EQ(configuracio->Modo, modo::kAuto);
     EXPECT_EQ(configuracio->ModoAnterior, modo::kManual);
     EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
@@ -72,10 +74,10 @@ TEST_F(EstadoMonitorTest, ACancelWithAnEmptyQueueReturnsToAuto) {
 
 TEST_F(EstadoMonitorTest, ADeviceErrorIsShownOnceWithItsWords) {
     entorno.ResultadoEnvio = envio::kError;
-    cliente.PonerError(12, QStringLiteral("Sin cambio"));
-    dialogos.EsperaMensaje(QStringLiteral("Error de Zorvex"), QStringLiteral("12 - Sin cambio"));
+    cliente.PonerError(12, u"Sin cambio"_s);
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"12 - Sin cambio"_s);
     estado.ActualizarEstado(true);
-    EXPECT_EQ(C().lbEstado, QStringLiteral("Error 12 - Sin cambio. Consulte con su técnico"));
+    EXPECT_EQ(C().lbEstado, u"Error 12 - Sin cambio. Consulte con su técnico"_s);
     EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
     estado.ActualizarEstado(true);
     EXPECT_EQ(C().lbEstado, QString());
@@ -84,7 +86,7 @@ TEST_F(EstadoMonitorTest, ADeviceErrorIsShownOnceWithItsWords) {
 TEST_F(EstadoMonitorTest, AnErrorWithoutACodeAsksNothingAndStands) {
     entorno.ResultadoEnvio = envio::kError;
     estado.ActualizarEstado(true);
-    EXPECT_EQ(C().lbEstado, QStringLiteral("Error de Zorvex. Consulte con su técnico"));
+    EXPECT_EQ(C().lbEstado, u"Error de Zorvex. Consulte con su técnico"_s);
     EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
 }
 
@@ -143,7 +145,7 @@ TEST_F(EstadoMonitorTest, OnlyManualReturnsByTheFile) {
 }
 
 TEST_F(EstadoMonitorTest, TheWordsComeFromTheLanguageFileEvenTheModes) {
-    QFile fichero(carpeta.filePath(QStringLiteral("RWLang.ini")));
+    QFile fichero(carpeta.filePath(u"RWLang.ini"_s));
     ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
     fichero.write("[COMMON]\r\ncobros=charges\r\nabonos=refunds\r\noperacionCancelada=stopped\r\n"
                   "operacionCancelada2=stopped, auto\r\nerrorDeZorvex=Fault\r\n"
@@ -154,21 +156,21 @@ TEST_F(EstadoMonitorTest, TheWordsComeFromTheLanguageFileEvenTheModes) {
     estado.PonerUltimaCuenta(1);
     entorno.ResultadoEnvio = envio::kCancelado;
     estado.ActualizarEstado(true);
-    EXPECT_EQ(C().lbContador, QStringLiteral("0 charges / 1 refunds"));
-    EXPECT_EQ(C().lbEstado, QStringLiteral("stopped"));
+    EXPECT_EQ(C().lbContador, u"0 charges / 1 refunds"_s);
+    EXPECT_EQ(C().lbEstado, u"stopped"_s);
     configuracio->ModoAnterior = modo::kAuto;
     estado.PonerUltimaCuenta(0);
     estado.ActualizarEstado(true);
-    EXPECT_EQ(C().lbEstado, QStringLiteral("stopped, auto"));
+    EXPECT_EQ(C().lbEstado, u"stopped, auto"_s);
     entorno.ResultadoEnvio = envio::kError;
     estado.ActualizarEstado(true);
-    EXPECT_EQ(C().lbEstado, QStringLiteral("see the technician"));
-    cliente.PonerError(12, QStringLiteral("Sin cambio"));
-    dialogos.EsperaMensaje(QStringLiteral("Fault"), QStringLiteral("12 - Sin cambio"));
+    EXPECT_EQ(C().lbEstado, u"see the technician"_s);
+    cliente.PonerError(12, u"Sin cambio"_s);
+    dialogos.EsperaMensaje(u"Fault"_s, u"12 - Sin cambio"_s);
     estado.ActualizarEstado(true);
-    EXPECT_EQ(C().lbEstado, QStringLiteral("see the technician"));
+    EXPECT_EQ(C().lbEstado, u"see the technician"_s);
     estado.PulsarModo(2);
-    EXPECT_EQ(configuracio->Modo, QStringLiteral("HALF"));
+    EXPECT_EQ(configuracio->Modo, u"HALF"_s);
     EXPECT_EQ(C().btnModo, (std::array<bool, 3>{false, false, false}));
 }
 
@@ -263,8 +265,8 @@ TEST_F(EstadoMonitorTest, KeysMoveTheTopRowByOne) {
 }
 
 TEST_F(EstadoMonitorTest, AFailedRefillIsShownAndNotRaised) {
-    motor.PonerGancho([](const Sentencia&) { throw ErrorEjecucion(10, QStringLiteral("roto")); });
-    dialogos.EsperaMensaje(QString(), QStringLiteral("Error nº 10 - roto"));
+    motor.PonerGancho([](const Statement&) { throw ErrorEjecucion(10, u"roto"_s); });
+    dialogos.EsperaMensaje(QString(), u"Error nº 10 - roto"_s);
     estado.RellenarGrid();
     motor.PonerGancho({});
     EXPECT_FALSE(C().punteroEspera);
@@ -282,7 +284,7 @@ TEST_F(EstadoMonitorTest, AFooterButtonBracketsItsOperation) {
     botones.boton_Click(2);
     EXPECT_EQ(veces, 1);
     EXPECT_TRUE(C().framePie);
-    EXPECT_EQ(C().lbContador, QStringLiteral("0 cobros"));
+    EXPECT_EQ(C().lbContador, u"0 cobros"_s);
 }
 
 TEST_F(EstadoMonitorTest, ADisabledOrUnusedButtonDoesNothing) {

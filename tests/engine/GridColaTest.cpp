@@ -1,23 +1,21 @@
 // Contents and layout of the queue grid.
-#include "BancoMotor.h"
+#include "BancoEngine.h"
+#include "platform/StringLiterals.h"
 #include "store/dades.h"
 #include "support/GanchoFallos.h"
 
 namespace zv::test {
 
-class GridColaTest : public BancoMotor {};
+class GridColaTest : public BancoEngine {};
 
 TEST_F(GridColaTest, HasElevenTitledColumns) {
     QStringList titulos;
     for (int i = 0; i < kColumnasGrid; ++i) {
         titulos << grid.Titulo(i);
     }
-    EXPECT_EQ(titulos, (QStringList{QStringLiteral("Anular"), QStringLiteral("IdCola"),
-                                    QStringLiteral("Fecha Venta"), QStringLiteral("Id. Venta"),
-                                    QStringLiteral("Id. Venta 2"), QStringLiteral("Id. Caja"),
-                                    QStringLiteral("Terminal"), QStringLiteral("Vendedor"),
-                                    QStringLiteral("Forma Pago"), QStringLiteral("Importe"),
-                                    QStringLiteral("Enviar")}));
+    EXPECT_EQ(titulos, (QStringList{u"Anular"_s, u"IdCola"_s, u"Fecha Venta"_s, u"Id. Venta"_s,
+                                    u"Id. Venta 2"_s, u"Id. Caja"_s, u"Terminal"_s, u"Vendedor"_s,
+                                    u"Forma Pago"_s, u"Importe"_s, u"Enviar"_s}));
 }
 
 TEST_F(GridColaTest, ShowsARowInItsColumns) {
@@ -28,11 +26,9 @@ TEST_F(GridColaTest, ShowsARowInItsColumns) {
     for (int i = 0; i < kColumnasGrid; ++i) {
         celdas << grid.Texto(1, i);
     }
-    EXPECT_EQ(celdas,
-              (QStringList{QString(), QString::number(id), QStringLiteral("14/03/26 10:20:30"),
-                           QStringLiteral("T1"), QStringLiteral("L2"), QStringLiteral("3"),
-                           QStringLiteral("TPV1"), QStringLiteral("Ana"),
-                           QStringLiteral("EFECTIVO"), QStringLiteral("1.250,00 €"), QString()}));
+    EXPECT_EQ(celdas, (QStringList{QString(), QString::number(id), u"14/03/26 10:20:30"_s, u"T1"_s,
+                                   u"L2"_s, u"3"_s, u"TPV1"_s, u"Ana"_s, u"EFECTIVO"_s,
+                                   u"1.250,00 €"_s, QString()}));
     EXPECT_FALSE(grid.Linea(1).abono);
     EXPECT_FALSE(grid.Linea(1).manual);
     EXPECT_EQ(grid.FilaActual(), 1);
@@ -42,18 +38,18 @@ TEST_F(GridColaTest, ShowsARowInItsColumns) {
 TEST_F(GridColaTest, DropsTheTimeWhenAsked) {
     PonerFila(100);
     grid.Rellenar(motor, true);
-    EXPECT_EQ(grid.Texto(1, 2), QStringLiteral("14/03/26"));
+    EXPECT_EQ(grid.Texto(1, 2), u"14/03/26"_s);
 }
 
 TEST_F(GridColaTest, MarksCreditRefundAndManualRows) {
     const qint32 credito = PonerFila(1000);
     PonerCredito(credito, 400);
     PonerFila(-500);
-    PonerFila(100, QStringLiteral("M"), true);
+    PonerFila(100, u"M"_s, true);
     grid.Rellenar(motor, false);
-    EXPECT_EQ(grid.Texto(1, 9), QStringLiteral("! >>> 10,00 €"));
+    EXPECT_EQ(grid.Texto(1, 9), u"! >>> 10,00 €"_s);
     EXPECT_TRUE(grid.Linea(1).credito);
-    EXPECT_EQ(grid.Texto(2, 9), QStringLiteral("-5,00 €"));
+    EXPECT_EQ(grid.Texto(2, 9), u"-5,00 €"_s);
     EXPECT_TRUE(grid.Linea(2).abono);
     EXPECT_TRUE(grid.Linea(3).manual);
     EXPECT_EQ(grid.Abonos(), 1);
@@ -63,16 +59,16 @@ TEST_F(GridColaTest, ANullCreditIsNotMarked) {
     const qint32 id = PonerFila(1000);
     PonerCredito(id, QVariant());
     grid.Rellenar(motor, false);
-    EXPECT_EQ(grid.Texto(1, 9), QStringLiteral("10,00 €"));
+    EXPECT_EQ(grid.Texto(1, 9), u"10,00 €"_s);
 }
 
 TEST_F(GridColaTest, ARowOfNullsShowsEmptyCells) {
-    motor.Ejecutar(QStringLiteral("INSERT INTO cola (manual) VALUES (0)"));
+    motor.Ejecutar(u"INSERT INTO cola (manual) VALUES (0)"_s);
     grid.Rellenar(motor, false);
     for (const int columna : {2, 3, 4, 5, 6, 7, 8}) {
         EXPECT_EQ(grid.Texto(1, columna), QString()) << columna;
     }
-    EXPECT_EQ(grid.Texto(1, 9), QStringLiteral("0,00 €"));
+    EXPECT_EQ(grid.Texto(1, 9), u"0,00 €"_s);
 }
 
 TEST_F(GridColaTest, AnAmountThatCannotBeShownLeavesItsCellEmpty) {
@@ -80,7 +76,7 @@ TEST_F(GridColaTest, AnAmountThatCannotBeShownLeavesItsCellEmpty) {
     PonerFila(100);
     grid.Rellenar(motor, false);
     EXPECT_EQ(grid.Texto(1, 9), QString());
-    EXPECT_EQ(grid.Texto(2, 9), QStringLiteral("1,00 €"));
+    EXPECT_EQ(grid.Texto(2, 9), u"1,00 €"_s);
     cliente.PonerMultiplier(0);
     grid.Rellenar(motor, false);
     EXPECT_EQ(grid.Texto(2, 9), QString());
@@ -97,7 +93,7 @@ TEST_F(GridColaTest, RowsComeInQueueOrder) {
 }
 
 TEST_F(GridColaTest, TitlesComeFromTheLanguageFileOnceAtTheStart) {
-    QFile fichero(carpeta.filePath(QStringLiteral("RWLang.ini")));
+    QFile fichero(carpeta.filePath(u"RWLang.ini"_s));
     ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
     fichero.write("[COMMON]\r\nanular=a\r\nfechaVenta=b\r\nidVenta=c\r\ncaja2=d\r\nterminal=e\r\n"
                   "vendedor=f\r\nformapago=g\r\nimporte2=h\r\nenviar=i\r\n");
@@ -108,14 +104,14 @@ TEST_F(GridColaTest, TitlesComeFromTheLanguageFileOnceAtTheStart) {
     for (int i = 0; i < kColumnasGrid; ++i) {
         titulos << grid.Titulo(i);
     }
-    EXPECT_EQ(titulos.join(QLatin1Char('|')), QStringLiteral("a|IdCola|b|c|c 2|Id. d|e|f|g|h|i"));
+    EXPECT_EQ(titulos.join(QLatin1Char('|')), u"a|IdCola|b|c|c 2|Id. d|e|f|g|h|i"_s);
 }
 
 TEST_F(GridColaTest, ACreditMarksTheWholeAmountOfARefundToo) {
     const qint32 id = PonerFila(-1000);
     PonerCredito(id, -400);
     grid.Rellenar(motor, false);
-    EXPECT_EQ(grid.Texto(1, 9), QStringLiteral("! >>> -10,00 €"));
+    EXPECT_EQ(grid.Texto(1, 9), u"! >>> -10,00 €"_s);
     EXPECT_TRUE(grid.Linea(1).abono);
 }
 
@@ -194,92 +190,91 @@ class GridColaAltasTest : public GridColaTest {
         }
         return filas.join(u' ');
     }
-    std::unique_ptr<MotorBD> OtroMotor() const {
-        auto otro = std::make_unique<MotorSQLite>();
-        otro->Abrir(
-            CadenaConexion(QStringLiteral("MDB"), {}, RutaBaseDatos(carpeta.path()), {}, {}));
+    std::unique_ptr<DatabaseEngine> OtroMotor() const {
+        auto otro = std::make_unique<SqliteEngine>();
+        otro->Abrir(CadenaConexion(u"MDB"_s, {}, RutaBaseDatos(carpeta.path()), {}, {}));
         return otro;
     }
     dades datos{motor, reloj};
 };
 
 TEST_F(GridColaAltasTest, RowsAddedByTheProgramJoinThoseThatStand) {
-    Alta(QStringLiteral("A"));
-    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 €"));
+    Alta(u"A"_s);
+    EXPECT_EQ(Rellena(), u"A=1,00 €"_s);
     EXPECT_EQ(grid.FilasConservadas(), 0);
     grid.PonerFilaSuperior(1);
     grid.PonerFilaActual(0);
-    Alta(QStringLiteral("B"), -250);
-    Alta(QStringLiteral("C"));
-    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 € B=-2,50 € C=1,00 €"));
+    Alta(u"B"_s, -250);
+    Alta(u"C"_s);
+    EXPECT_EQ(Rellena(), u"A=1,00 € B=-2,50 € C=1,00 €"_s);
     EXPECT_EQ(grid.FilasConservadas(), 1);
     EXPECT_EQ(grid.Abonos(), 1);
     EXPECT_EQ(grid.FilaActual(), 1);
-    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 € B=-2,50 € C=1,00 €"));
+    EXPECT_EQ(Rellena(), u"A=1,00 € B=-2,50 € C=1,00 €"_s);
     EXPECT_EQ(grid.FilasConservadas(), 3);
     EXPECT_EQ(grid.Abonos(), 1);
 }
 
 TEST_F(GridColaAltasTest, AnyOtherChangeReadsAllAgain) {
-    Alta(QStringLiteral("A"));
+    Alta(u"A"_s);
     Rellena();
-    Alta(QStringLiteral("B"));
-    motor.Ejecutar(QStringLiteral("UPDATE cola SET importe=300 WHERE id1='A'"));
-    EXPECT_EQ(Rellena(), QStringLiteral("A=3,00 € B=1,00 €"));
-    motor.Ejecutar(QStringLiteral("UPDATE cola SET importe=-300 WHERE id1='A'"));
-    Rellena();
-    EXPECT_EQ(grid.Abonos(), 1);
-    motor.Ejecutar(QStringLiteral("UPDATE cola SET importe=-400 WHERE id1='A'"));
+    Alta(u"B"_s);
+    motor.Ejecutar(u"UPDATE cola SET importe=300 WHERE id1='A'"_s);
+    EXPECT_EQ(Rellena(), u"A=3,00 € B=1,00 €"_s);
+    motor.Ejecutar(u"UPDATE cola SET importe=-300 WHERE id1='A'"_s);
     Rellena();
     EXPECT_EQ(grid.Abonos(), 1);
-    Alta(QStringLiteral("C"));
+    motor.Ejecutar(u"UPDATE cola SET importe=-400 WHERE id1='A'"_s);
+    Rellena();
+    EXPECT_EQ(grid.Abonos(), 1);
+    Alta(u"C"_s);
     const auto otro = OtroMotor();
-    otro->Ejecutar(QStringLiteral("UPDATE cola SET importe=400 WHERE id1='A'"));
-    EXPECT_EQ(Rellena(), QStringLiteral("A=4,00 € B=1,00 € C=1,00 €"));
-    otro->Ejecutar(QStringLiteral("DELETE FROM cola WHERE id1='B'"));
-    EXPECT_EQ(Rellena(), QStringLiteral("A=4,00 € C=1,00 €"));
-    const auto tabla = motor.AbrirTabla(QStringLiteral("cola"));
+    otro->Ejecutar(u"UPDATE cola SET importe=400 WHERE id1='A'"_s);
+    EXPECT_EQ(Rellena(), u"A=4,00 € B=1,00 € C=1,00 €"_s);
+    otro->Ejecutar(u"DELETE FROM cola WHERE id1='B'"_s);
+    EXPECT_EQ(Rellena(), u"A=4,00 € C=1,00 €"_s);
+    const auto tabla = motor.AbrirTabla(u"cola"_s);
     ASSERT_TRUE(tabla->Buscar(1));
-    tabla->Poner(QStringLiteral("importe"), 500);
+    tabla->Poner(u"importe"_s, 500);
     tabla->Actualizar();
-    EXPECT_EQ(Rellena(), QStringLiteral("A=5,00 € C=1,00 €"));
+    EXPECT_EQ(Rellena(), u"A=5,00 € C=1,00 €"_s);
     tabla->Borrar();
-    EXPECT_EQ(Rellena(), QStringLiteral("C=1,00 €"));
+    EXPECT_EQ(Rellena(), u"C=1,00 €"_s);
 }
 
 TEST_F(GridColaAltasTest, ARowThatIsRolledBackGoesAgain) {
-    Alta(QStringLiteral("A"));
+    Alta(u"A"_s);
     Rellena();
     motor.Comenzar();
-    Alta(QStringLiteral("B"));
-    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 € B=1,00 €"));
+    Alta(u"B"_s);
+    EXPECT_EQ(Rellena(), u"A=1,00 € B=1,00 €"_s);
     motor.Deshacer();
-    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 €"));
+    EXPECT_EQ(Rellena(), u"A=1,00 €"_s);
 }
 
 TEST_F(GridColaAltasTest, AnotherDateFormOrMultiplierReadsAllAgain) {
-    Alta(QStringLiteral("A"));
+    Alta(u"A"_s);
     Rellena(false);
-    EXPECT_EQ(grid.Texto(1, 2), QStringLiteral("14/03/26 18:04:11"));
+    EXPECT_EQ(grid.Texto(1, 2), u"14/03/26 18:04:11"_s);
     Rellena(true);
-    EXPECT_EQ(grid.Texto(1, 2), QStringLiteral("14/03/26"));
+    EXPECT_EQ(grid.Texto(1, 2), u"14/03/26"_s);
     cliente.PonerMultiplier(10);
-    EXPECT_EQ(Rellena(true), QStringLiteral("A=10,00 €"));
+    EXPECT_EQ(Rellena(true), u"A=10,00 €"_s);
 }
 
 TEST_F(GridColaAltasTest, AfterAFailureAllIsReadAgain) {
-    Alta(QStringLiteral("A"));
+    Alta(u"A"_s);
     Rellena();
     {
         GanchoFallos fallos(motor);
-        fallos.Falla(Sentencia::Clase::Lectura, QStringLiteral("FROM cola"), 1);
+        fallos.Falla(Statement::Kind::Lectura, u"FROM cola"_s, 1);
         int avisos = 0;
         grid.AlRellenar([&] { ++avisos; });
         EXPECT_THROW(grid.Rellenar(motor, false), ErrorEjecucion);
         EXPECT_EQ(avisos, 1); // the screen shows how far it got
         grid.AlRellenar({});
     }
-    EXPECT_EQ(Rellena(), QStringLiteral("A=1,00 €"));
+    EXPECT_EQ(Rellena(), u"A=1,00 €"_s);
     EXPECT_EQ(grid.FilasConservadas(), 0);
 }
 

@@ -3,12 +3,13 @@
 
 #include "config/ConfiguracioGlobal.h"
 #include "fastlink/ServidorFast.h"
+#include "platform/StringLiterals.h"
 #include "support/BaseDeDatosTemporal.h"
 #include "support/CarpetaTemporal.h"
 #include "support/Esperas.h"
+#include "support/FixedClock.h"
 #include "support/GanchoFallos.h"
 #include "support/ImprimeQt.h"
-#include "support/RelojFijo.h"
 
 #include <QTcpSocket>
 
@@ -21,7 +22,7 @@ class BancoFast : public testing::Test {
     BancoFast() {
         datos.Inicialitza();
         configuracio->zvFastActive = true;
-        configuracio->ZVFastPort = QStringLiteral("0");
+        configuracio->ZVFastPort = u"0"_s;
     }
 
     std::unique_ptr<QTcpSocket> Conectar() { return Conectar(servidor.WS().Puerto()); }
@@ -49,15 +50,15 @@ class BancoFast : public testing::Test {
     }
 
     BaseDeDatosTemporal base;
-    MotorBD& motor = base.Motor();
-    RelojFijo reloj;
+    DatabaseEngine& motor = base.Database();
+    FixedClock reloj;
     dades datos{motor, reloj};
     LogMemoria log;
     DialogosGuion dialogos;
     CarpetaTemporal carpeta;
     ModuloIni ini{log, dialogos};
-    Registro registro{carpeta.Ruta(QStringLiteral("Registro"))};
-    FormatoRegional formato{QStringLiteral("es_ES")};
+    RegistryTree registro{carpeta.Ruta(u"Registro"_s)};
+    FormatoRegional formato{u"es_ES"_s};
     ConfiguracioGlobal configuracio{
         std::make_unique<Configuracio>(ini, registro, carpeta.Ruta(), formato)};
     dades* visibles = &datos;

@@ -1,5 +1,6 @@
 // The server with real sockets: opening, indices, one receive event one message, the pump.
 #include "fastlink/BancoFast.h"
+#include "platform/StringLiterals.h"
 
 #include <QHash>
 
@@ -30,11 +31,11 @@ TEST_F(ServidorFastTest, APortThatIsNoPortIsTheCallersFailure) {
         }
         return 0;
     };
-    EXPECT_EQ(fallo(QStringLiteral("puerto")), 13);
+    EXPECT_EQ(fallo(u"puerto"_s), 13);
     EXPECT_EQ(fallo(QString()), 13);
-    EXPECT_EQ(fallo(QStringLiteral("99999999999")), 6);
-    EXPECT_EQ(fallo(QStringLiteral("65536")), 380);
-    EXPECT_EQ(fallo(QStringLiteral("-1")), 380);
+    EXPECT_EQ(fallo(u"99999999999"_s), 6);
+    EXPECT_EQ(fallo(u"65536"_s), 380);
+    EXPECT_EQ(fallo(u"-1"_s), 380);
     EXPECT_FALSE(servidor.WS().Escuchando());
 
     QTcpServer otro;
@@ -47,10 +48,8 @@ TEST_F(ServidorFastTest, AnswersWithoutATerminatorAndLogsBothWays) {
     const auto cliente = Conectar();
     EXPECT_EQ(Pregunta(*cliente, "C|T0001|1250|A|3|TPV1|ANA|EFECTIVO"), QByteArray("OK|Added"));
     EXPECT_EQ(Pregunta(*cliente, "S|T0001"), QByteArray("OK|PENDING"));
-    EXPECT_EQ(log.lineasFast,
-              (QStringList{QStringLiteral("R: C|T0001|1250|A|3|TPV1|ANA|EFECTIVO"),
-                           QStringLiteral("E: OK|Added"), QStringLiteral("R: S|T0001"),
-                           QStringLiteral("E: OK|PENDING")}));
+    EXPECT_EQ(log.lineasFast, (QStringList{u"R: C|T0001|1250|A|3|TPV1|ANA|EFECTIVO"_s,
+                                           u"E: OK|Added"_s, u"R: S|T0001"_s, u"E: OK|PENDING"_s}));
     EXPECT_EQ(log.lineas, QStringList());
     EXPECT_EQ(preparados, 2);
 }
@@ -61,9 +60,9 @@ TEST_F(ServidorFastTest, TextIsInTheSingleByteCodePage) {
     EXPECT_EQ(Pregunta(*cliente, "C|Ca\xF1"
                                  "a\x80|5"),
               QByteArray("OK|Added"));
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola"), QStringLiteral("id1='Caña€'")), 1);
-    EXPECT_EQ(log.lineasFast.at(0), QStringLiteral("R: C|Caña€|5"));
-    motor.Ejecutar(QStringLiteral("INSERT INTO procesados (id1,id2,estado) VALUES ('E','','Añ')"));
+    EXPECT_EQ(base.Cuenta(u"cola"_s, u"id1='Caña€'"_s), 1);
+    EXPECT_EQ(log.lineasFast.at(0), u"R: C|Caña€|5"_s);
+    motor.Ejecutar(u"INSERT INTO procesados (id1,id2,estado) VALUES ('E','','Añ')"_s);
     EXPECT_EQ(Pregunta(*cliente, "S|E"), QByteArray("OK|A\xF1"));
 }
 
@@ -72,7 +71,7 @@ TEST_F(ServidorFastTest, ATextWithoutABarIsLoggedAndDropped) {
     const auto cliente = Conectar();
     cliente->write("HELLO");
     ASSERT_TRUE(Esperar([&] { return !log.lineasFast.isEmpty(); }));
-    EXPECT_EQ(log.lineasFast, QStringList{QStringLiteral("R: HELLO")});
+    EXPECT_EQ(log.lineasFast, QStringList{u"R: HELLO"_s});
     EXPECT_EQ(servidor.MensajesEnCola(), 0u);
     EXPECT_FALSE(servidor.TmrActivo());
     EXPECT_EQ(Pregunta(*cliente, "S|X"), QByteArray("NOK|Not found"));
@@ -84,21 +83,20 @@ TEST_F(ServidorFastTest, TwoMessagesInOnePieceAreOne) {
     // The second command becomes further fields of the first.
     EXPECT_EQ(Pregunta(*cliente, "C|A|5S|A"), QByteArray("NOK|Amount too big"));
     EXPECT_EQ(Pregunta(*cliente, "C|B|5|S|7"), QByteArray("OK|Added"));
-    EXPECT_EQ(
-        base.Cuenta(QStringLiteral("cola"), QStringLiteral("id1='B' AND id2='S' AND idcaja=7")), 1);
+    EXPECT_EQ(base.Cuenta(u"cola"_s, u"id1='B' AND id2='S' AND idcaja=7"_s), 1);
 }
 
 TEST_F(ServidorFastTest, AMessageInTwoPiecesIsTwo) {
     servidor.AbrirFast();
     const auto cliente = Conectar();
     cliente->write("C|A");
-    ASSERT_TRUE(Esperar([&] { return log.lineasFast.contains(QStringLiteral("R: C|A")); }));
+    ASSERT_TRUE(Esperar([&] { return log.lineasFast.contains(u"R: C|A"_s); }));
     cliente->write("BC1");
-    ASSERT_TRUE(Esperar([&] { return log.lineasFast.contains(QStringLiteral("R: BC1")); }));
+    ASSERT_TRUE(Esperar([&] { return log.lineasFast.contains(u"R: BC1"_s); }));
     ASSERT_TRUE(Esperar([&] { return cliente->bytesAvailable() > 0; }));
     EXPECT_EQ(cliente->readAll(), QByteArray("OK|Added"));
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola"), QStringLiteral("id1='A'")), 1);
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola")), 1);
+    EXPECT_EQ(base.Cuenta(u"cola"_s, u"id1='A'"_s), 1);
+    EXPECT_EQ(base.Cuenta(u"cola"_s), 1);
 }
 
 TEST_F(ServidorFastTest, ManyPacketsAndManyFieldsLoseNothing) {
@@ -110,13 +108,13 @@ TEST_F(ServidorFastTest, ManyPacketsAndManyFieldsLoseNothing) {
     ASSERT_TRUE(Esperar([&] {
         qsizetype letras = 0;
         for (const QString& linea : std::as_const(log.lineasFast)) {
-            letras += linea.startsWith(QStringLiteral("R: ")) ? linea.size() - 3 : 0;
+            letras += linea.startsWith(u"R: "_s) ? linea.size() - 3 : 0;
         }
         return letras == mega.size();
     }));
     ASSERT_TRUE(Esperar([&] { return cliente->bytesAvailable() > 0; }));
     EXPECT_EQ(cliente->readAll(), QByteArray("OK|Added"));
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola"), QStringLiteral("id1='MEGA'")), 1);
+    EXPECT_EQ(base.Cuenta(u"cola"_s, u"id1='MEGA'"_s), 1);
     EXPECT_EQ(Pregunta(*cliente, "C|CAMPOS|5" + QByteArray(10000, '|')), QByteArray("OK|Added"));
 }
 
@@ -141,7 +139,7 @@ TEST_F(ServidorFastTest, EveryByteInEveryFieldIsAnswered) {
         const QByteArray orden = Pregunta(*cliente, campo + "|K" + QByteArray::number(byte));
         EXPECT_TRUE(orden.startsWith("NOK|") || orden.startsWith("OK|")) << byte;
     }
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola"), QStringLiteral("id1 LIKE 'I%'")), altas);
+    EXPECT_EQ(base.Cuenta(u"cola"_s, u"id1 LIKE 'I%'"_s), altas);
 }
 
 TEST_F(ServidorFastTest, ANewConnectionTakesTheLowestClosedIndex) {
@@ -199,7 +197,7 @@ TEST_F(ServidorFastTest, OneTickAnswersOneMessageAndTheTimerEndsOnAnEmptyQueue) 
     uno->write("S|A");
     ASSERT_TRUE(EsperaEnCola(3));
     EXPECT_TRUE(servidor.TmrActivo());
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola")), 0);
+    EXPECT_EQ(base.Cuenta(u"cola"_s), 0);
 
     esperar = false;
     for (std::size_t quedan = 3; quedan > 0; --quedan) {
@@ -207,12 +205,11 @@ TEST_F(ServidorFastTest, OneTickAnswersOneMessageAndTheTimerEndsOnAnEmptyQueue) 
         servidor.Tick();
     }
     EXPECT_EQ(log.lineasFast.mid(3),
-              (QStringList{QStringLiteral("E: OK|Added"), QStringLiteral("E: OK|Added"),
-                           QStringLiteral("E: OK|PENDING")}));
+              (QStringList{u"E: OK|Added"_s, u"E: OK|Added"_s, u"E: OK|PENDING"_s}));
     EXPECT_TRUE(servidor.TmrActivo());
     servidor.Tick();
     EXPECT_FALSE(servidor.TmrActivo());
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola"), QStringLiteral("idZV=1 AND id1='A'")), 1);
+    EXPECT_EQ(base.Cuenta(u"cola"_s, u"idZV=1 AND id1='A'"_s), 1);
 }
 
 TEST_F(ServidorFastTest, MessagesWaitWhileThereIsNoStore) {
@@ -239,8 +236,8 @@ TEST_F(ServidorFastTest, AClientThatHasGoneGetsItsRowAndNoAnswer) {
     ASSERT_TRUE(EsperaCerrado(1));
     esperar = false;
     servidor.Tick();
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola"), QStringLiteral("id1='A'")), 1);
-    EXPECT_EQ(log.lineasFast, QStringList{QStringLiteral("R: C|A|1")});
+    EXPECT_EQ(base.Cuenta(u"cola"_s, u"id1='A'"_s), 1);
+    EXPECT_EQ(log.lineasFast, QStringList{u"R: C|A|1"_s});
 }
 
 TEST_F(ServidorFastTest, AnAnswerIsNotForANewcomerOnTheSameIndex) {
@@ -257,8 +254,8 @@ TEST_F(ServidorFastTest, AnAnswerIsNotForANewcomerOnTheSameIndex) {
     ASSERT_TRUE(EsperaConectado(1));
     esperar = false;
     servidor.Tick();
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola"), QStringLiteral("id1='A'")), 1);
-    EXPECT_EQ(log.lineasFast, QStringList{QStringLiteral("R: C|A|1")});
+    EXPECT_EQ(base.Cuenta(u"cola"_s, u"id1='A'"_s), 1);
+    EXPECT_EQ(log.lineasFast, QStringList{u"R: C|A|1"_s});
     EXPECT_EQ(Pregunta(*otro, "S|A"), QByteArray("OK|PENDING"));
 }
 
@@ -270,7 +267,7 @@ TEST_F(ServidorFastTest, WhatAClientSendsWithItsFarewellIsAMessage) {
         cliente->disconnectFromHost();
         ASSERT_TRUE(Esperar([&] { return cliente->state() == QAbstractSocket::UnconnectedState; }));
     }
-    EXPECT_TRUE(Esperar([&] { return base.Cuenta(QStringLiteral("cola")) == 20; }));
+    EXPECT_TRUE(Esperar([&] { return base.Cuenta(u"cola"_s) == 20; }));
 }
 
 TEST_F(ServidorFastTest, AFailedInsertionIsToldToThatClientAndTheNext) {
@@ -278,12 +275,12 @@ TEST_F(ServidorFastTest, AFailedInsertionIsToldToThatClientAndTheNext) {
     const auto cliente = Conectar();
     {
         GanchoFallos fallos(motor);
-        fallos.Falla(Sentencia::Clase::Escritura, QStringLiteral("INSERT INTO"), 1);
+        fallos.Falla(Statement::Kind::Escritura, u"INSERT INTO"_s, 1);
         EXPECT_EQ(Pregunta(*cliente, "C|A|1"), QByteArray("NOK|Failed"));
     }
     EXPECT_EQ(Pregunta(*cliente, "C|B|1"), QByteArray("NOK|Failed"));
     EXPECT_EQ(log.lineas, QStringList());
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola")), 0);
+    EXPECT_EQ(base.Cuenta(u"cola"_s), 0);
 }
 
 TEST_F(ServidorFastTest, ALookUpThatTheDatabaseRefusesIsToldAndLogged) {
@@ -291,12 +288,11 @@ TEST_F(ServidorFastTest, ALookUpThatTheDatabaseRefusesIsToldAndLogged) {
     const auto cliente = Conectar();
     {
         GanchoFallos fallos(motor);
-        fallos.Falla(Sentencia::Clase::Lectura, QStringLiteral("FROM Procesados"), 3);
+        fallos.Falla(Statement::Kind::Lectura, u"FROM Procesados"_s, 3);
         EXPECT_EQ(Pregunta(*cliente, "S|A"), QByteArray("NOK|Failed"));
         EXPECT_EQ(Pregunta(*cliente, "C|A|1"), QByteArray("NOK|Failed"));
         EXPECT_EQ(log.Toma(),
-                  QStringList(2, QStringLiteral(
-                                     ">>> Error nº 5 en el enlace ZVFast - database is locked")));
+                  QStringList(2, u">>> Error nº 5 en el enlace ZVFast - database is locked"_s));
         // Nor does a log that cannot be written matter.
         log.fallosPendientes = 1;
         EXPECT_EQ(Pregunta(*cliente, "S|A"), QByteArray("NOK|Failed"));
@@ -309,9 +305,9 @@ TEST_F(ServidorFastTest, AnOpenTransactionCoversTheRow) {
     const auto cliente = Conectar();
     motor.Comenzar();
     EXPECT_EQ(Pregunta(*cliente, "C|A|1"), QByteArray("OK|Added"));
-    EXPECT_EQ(base.Otro()->Consultar(QStringLiteral("SELECT * FROM cola")).size(), 0u);
+    EXPECT_EQ(base.Otro()->Consultar(u"SELECT * FROM cola"_s).size(), 0u);
     motor.Confirmar();
-    EXPECT_EQ(base.Otro()->Consultar(QStringLiteral("SELECT * FROM cola")).size(), 1u);
+    EXPECT_EQ(base.Otro()->Consultar(u"SELECT * FROM cola"_s).size(), 1u);
 }
 
 TEST_F(ServidorFastTest, FiftyClientsKeepTheirOrderAndLoseNothing) {
@@ -343,12 +339,12 @@ TEST_F(ServidorFastTest, FiftyClientsKeepTheirOrderAndLoseNothing) {
     }
     ASSERT_TRUE(Esperar([&] { return terminados == kClientes; }, 20000));
     QHash<QString, int> ultimo;
-    for (const Fila& fila : motor.Consultar(QStringLiteral("SELECT id1 FROM cola ORDER BY idZV"))) {
+    for (const Row& fila : motor.Consultar(u"SELECT id1 FROM cola ORDER BY idZV"_s)) {
         const QStringList partes = fila.LeerTexto(0).split(u'-');
         EXPECT_EQ(partes.at(1).toInt(), ultimo.value(partes.at(0), -1) + 1);
         ultimo[partes.at(0)] = partes.at(1).toInt();
     }
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola")), kClientes * kVueltas);
+    EXPECT_EQ(base.Cuenta(u"cola"_s), kClientes * kVueltas);
 }
 
 } // namespace

@@ -6,11 +6,12 @@
 #include "fastlink/RespuestaFast.h"
 #include "fuzz/Fuzz.h"
 #include "platform/CodePage.h"
+#include "platform/StringLiterals.h"
 #include "store/ConexionBD.h"
 #include "store/Esquema.h"
-#include "store/MotorSQLite.h"
+#include "store/sqlite/SqliteEngine.h"
+#include "support/FixedClock.h"
 #include "support/LogMemoria.h"
-#include "support/RelojFijo.h"
 
 #include <QCoreApplication>
 #include <QTemporaryDir>
@@ -143,9 +144,8 @@ void MirarNumero(const QString& campo, std::optional<qint32> valor,
 
 const FormatoRegional& Formato(char cual) {
     static const std::array<FormatoRegional, 6> formatos = {
-        FormatoRegional(QStringLiteral("es_ES")), FormatoRegional(QStringLiteral("en_US")),
-        FormatoRegional(QStringLiteral("de_CH")), FormatoRegional(QStringLiteral("fr_FR")),
-        FormatoRegional(QStringLiteral("hi_IN")), FormatoRegional(QStringLiteral("pt_PT"))};
+        FormatoRegional(u"es_ES"_s), FormatoRegional(u"en_US"_s), FormatoRegional(u"de_CH"_s),
+        FormatoRegional(u"fr_FR"_s), FormatoRegional(u"hi_IN"_s), FormatoRegional(u"pt_PT"_s)};
     return formatos[static_cast<std::uint8_t>(cual) % formatos.size()];
 }
 
@@ -155,18 +155,17 @@ struct Almacen {
         DialogosMudos dialogos;
         test::LogMemoria log;
         const Textos textos(carpeta.path());
-        MotorSQLite catalogo;
+        SqliteEngine catalogo;
         CrearBaseDatos(catalogo, carpeta.path(), log, dialogos, textos);
-        const QString cadena =
-            CadenaConexion(QStringLiteral("MDB"), {}, RutaBaseDatos(carpeta.path()), {}, {});
+        const QString cadena = CadenaConexion(u"MDB"_s, {}, RutaBaseDatos(carpeta.path()), {}, {});
         motor.Abrir(cadena);
         ajeno.Abrir(cadena);
     }
 
     QTemporaryDir carpeta;
     // Nobody waits for a lock.
-    MotorSQLite motor{{std::chrono::milliseconds(0)}};
-    MotorSQLite ajeno{{std::chrono::milliseconds(0)}};
+    SqliteEngine motor{{std::chrono::milliseconds(0)}};
+    SqliteEngine ajeno{{std::chrono::milliseconds(0)}};
 };
 
 class Mostrador {
@@ -174,10 +173,10 @@ class Mostrador {
     Mostrador(Almacen& almacen, const FormatoRegional& formato)
         : motor_(almacen.motor), ajeno_(almacen.ajeno), formato_(formato) {
         NuevasDades();
-        motor_.PonerGancho([this](const Sentencia& s) {
+        motor_.PonerGancho([this](const Statement& s) {
             if (contestando_ && faltan_ > 0 && --faltan_ == 0) {
-                fallo_ = s.clase;
-                throw ErrorEjecucion(kFalloPedido, QStringLiteral("fallo pedido"));
+                fallo_ = s.kind;
+                throw ErrorEjecucion(kFalloPedido, u"fallo pedido"_s);
             }
         });
     }
@@ -190,8 +189,8 @@ class Mostrador {
             ajeno_.Deshacer();
         }
         datos_.reset();
-        motor_.Ejecutar(QStringLiteral("DELETE FROM cola"));
-        motor_.Ejecutar(QStringLiteral("DELETE FROM procesados"));
+        motor_.Ejecutar(u"DELETE FROM cola"_s);
+        motor_.Ejecutar(u"DELETE FROM procesados"_s);
     }
     Mostrador(const Mostrador&) = delete;
     Mostrador& operator=(const Mostrador&) = delete;
@@ -220,7 +219,7 @@ class Mostrador {
                 ajeno_.Deshacer();
             } else if (libre) {
                 ajeno_.Comenzar();
-                ajeno_.Ejecutar(QStringLiteral("UPDATE cola SET idcaja=9 WHERE idZV<0"));
+                ajeno_.Ejecutar(u"UPDATE cola SET idcaja=9 WHERE idZV<0"_s);
             }
             break;
         case '(':
@@ -260,7 +259,7 @@ class Mostrador {
         atascada_ = false;
     }
     void PonerAjena(const QString& id1) {
-        ajeno_.Ejecutar(QStringLiteral("INSERT INTO cola (id1) VALUES (?)"), {id1});
+        ajeno_.Ejecutar(u"INSERT INTO cola (id1) VALUES (?)"_s, {id1});
         Venta venta;
         venta.id1 = id1;
         venta.ajena = true;
@@ -268,12 +267,10 @@ class Mostrador {
     }
     void Archivar(const QString& estado, bool fuera) {
         const QString id1 = libros_.cola.front().id1;
-        ajeno_.Ejecutar(QStringLiteral("INSERT INTO procesados (id1,estado) VALUES (?,?)"),
-                        {id1, estado});
+        ajeno_.Ejecutar(u"INSERT INTO procesados (id1,estado) VALUES (?,?)"_s, {id1, estado});
         libros_.procesados.push_back({id1, estado});
         if (fuera) {
-            ajeno_.Ejecutar(
-                QStringLiteral("DELETE FROM cola WHERE idZV=(SELECT min(idZV) FROM cola)"));
+            ajeno_.Ejecutar(u"DELETE FROM cola WHERE idZV=(SELECT min(idZV) FROM cola)"_s);
             libros_.cola.erase(libros_.cola.begin());
         }
     }
@@ -323,42 +320,41 @@ class Mostrador {
 
     // "NOT FOUND", "PENDING" or a record's state.
     QString Estado(const QString& id1) const {
-        QString estado = QStringLiteral("NOT FOUND");
+        QString estado = u"NOT FOUND"_s;
         for (const Registrada& r : libros_.procesados) {
             estado = MismoId(r.id1, id1) ? r.estado : estado;
         }
         const bool enCola = std::any_of(libros_.cola.begin(), libros_.cola.end(),
                                         [&](const Venta& v) { return MismoId(v.id1, id1); });
-        return enCola && estado != QStringLiteral("OK") ? QStringLiteral("PENDING") : estado;
+        return enCola && estado != u"OK"_s ? u"PENDING"_s : estado;
     }
 
     // What must be answered when no statement fails; a charge that is added joins the model.
     QString Prevista(const Missatge& m, const Esperado& e) {
         const QString estado = Estado(e.venta.id1);
-        const bool conocida = estado != QStringLiteral("NOT FOUND");
+        const bool conocida = estado != u"NOT FOUND"_s;
         if (e.comanda == "C" || e.comanda == "c") {
             if (m.ImporteError) {
-                return QStringLiteral("NOK|Amount too big");
+                return u"NOK|Amount too big"_s;
             }
             if (e.venta.id1.isEmpty()) {
-                return QStringLiteral("NOK|Invalid ID");
+                return u"NOK|Invalid ID"_s;
             }
             if (conocida) {
-                return QStringLiteral("NOK|Already exists");
+                return u"NOK|Already exists"_s;
             }
             if (atascada_ || ajeno_.Nivel() > 0) {
                 atascada_ = true;
-                return QStringLiteral("NOK|Failed");
+                return u"NOK|Failed"_s;
             }
             libros_.cola.push_back(e.venta);
-            return QStringLiteral("OK|Added");
+            return u"OK|Added"_s;
         }
         if (e.comanda == "S" || e.comanda == "s") {
-            return e.venta.id1.isEmpty() || (!conocida && e.comanda == "S")
-                       ? QStringLiteral("NOK|Not found")
-                       : QStringLiteral("OK|") + estado;
+            return e.venta.id1.isEmpty() || (!conocida && e.comanda == "S") ? u"NOK|Not found"_s
+                                                                            : u"OK|"_s + estado;
         }
-        return QStringLiteral("NOK|Unknown command");
+        return u"NOK|Unknown command"_s;
     }
 
     void Contestar(const Missatge& m, const Esperado& e) {
@@ -378,20 +374,20 @@ class Mostrador {
         }
         // Either a look-up, and the caller is told, or the insertion, and the client is.
         libros_ = previos;
-        atascada_ = atascadaAntes || *fallo_ == Sentencia::Clase::Escritura ||
-                    *fallo_ == Sentencia::Clase::Comenzar;
-        Exige(numero == kFalloPedido || (numero == 0 && respuesta == QStringLiteral("NOK|Failed") &&
+        atascada_ = atascadaAntes || *fallo_ == Statement::Kind::Escritura ||
+                    *fallo_ == Statement::Kind::Comenzar;
+        Exige(numero == kFalloPedido || (numero == 0 && respuesta == u"NOK|Failed"_s &&
                                          (e.comanda == "C" || e.comanda == "c")),
               "a statement that fails is told");
     }
 
     void MirarLibros() {
-        const std::vector<Fila> filas = motor_.Consultar(
-            QStringLiteral("SELECT id1,id2,importe,idcaja,terminal,vendedor,formapago,fecha,"
-                           "creditoError,manual,idZV FROM cola ORDER BY idZV"));
+        const std::vector<Row> filas =
+            motor_.Consultar(u"SELECT id1,id2,importe,idcaja,terminal,vendedor,formapago,fecha,"
+                             "creditoError,manual,idZV FROM cola ORDER BY idZV"_s);
         Exige(filas.size() == libros_.cola.size(), "the queue has the rows that were added");
         for (std::size_t i = 0; i < filas.size(); ++i) {
-            const Fila& f = filas[i];
+            const Row& f = filas[i];
             const Venta& v = libros_.cola[i];
             const Venta leida{f.LeerTexto(0), f.LeerTexto(1), f.LeerCurrency(2).AEntero32(),
                               f.LeerLong(3),  f.LeerTexto(4), f.LeerTexto(5),
@@ -404,23 +400,22 @@ class Mostrador {
             Exige(v.ajena || (f.LeerFecha(7) == reloj_.Ahora() && f.LeerCurrency(8).EsCero()),
                   "a row has the present time and no credit");
         }
-        Exige(
-            motor_.Consultar(QStringLiteral("SELECT count(*) FROM procesados")).at(0).LeerLong(0) ==
-                static_cast<qint32>(libros_.procesados.size()),
-            "records stay");
+        Exige(motor_.Consultar(u"SELECT count(*) FROM procesados"_s).at(0).LeerLong(0) ==
+                  static_cast<qint32>(libros_.procesados.size()),
+              "records stay");
     }
 
-    MotorSQLite& motor_;
-    MotorSQLite& ajeno_;
+    SqliteEngine& motor_;
+    SqliteEngine& ajeno_;
     const FormatoRegional& formato_;
-    test::RelojFijo reloj_;
+    test::FixedClock reloj_;
     std::unique_ptr<dades> datos_;
     Libros libros_;
     Libros antes_;          // as they stood when the transaction began
     bool atascada_ = false; // an insertion has failed: no more until the service is made anew
     bool contestando_ = false;
     int faltan_ = 0; // statements until one fails; 0 for never
-    std::optional<Sentencia::Clase> fallo_;
+    std::optional<Statement::Kind> fallo_;
 };
 
 void UnaEntrada(const QByteArray& bytes) {

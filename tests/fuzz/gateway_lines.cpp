@@ -1,10 +1,11 @@
 // Whatever a gateway may say. Input: a first line of calls, then what the gateway does
 // (PasarelaBytes.h). A first line that begins with "#" has the readers of lines and messages tried
 // alone on the rest: cut in chunks of its length, they must say the same as on the whole.
-#include "device/ClientePasarela.h"
+#include "device/gateway/GatewayClient.h"
 #include "fuzz/Fuzz.h"
 #include "fuzz/PasarelaBytes.h"
 #include "fuzz/RelojVirtual.h"
+#include "platform/StringLiterals.h"
 #include "support/LogMemoria.h"
 
 #include <QAbstractEventDispatcher>
@@ -18,7 +19,7 @@ namespace {
 
 QList<QByteArray> Lineas(const QByteArray& bytes, qsizetype paso) {
     QList<QByteArray> lineas;
-    CortadorLineas cortador;
+    LineSplitter cortador;
     for (qsizetype i = 0; i < bytes.size(); i += paso) {
         cortador.Anadir(bytes.mid(i, paso));
         while (const auto linea = cortador.Siguiente()) {
@@ -30,7 +31,7 @@ QList<QByteArray> Lineas(const QByteArray& bytes, qsizetype paso) {
 }
 
 void MirarMensaje(const QByteArray& linea) {
-    const std::optional<MensajeRpc> mensaje = DescodificarRpc(linea);
+    const std::optional<RpcMessage> mensaje = DescodificarRpc(linea);
     if (!mensaje) {
         return;
     }
@@ -83,7 +84,7 @@ class VentanaBytes final : public VentanaOperacion {
             }
         };
     }
-    void Abrir(ClaseOperacion /*clase*/, qint32 importe, std::function<void()> cancelar) override {
+    void Abrir(OperationKind /*kind*/, qint32 importe, std::function<void()> cancelar) override {
         Exige(!abierta && importe >= 0, "one window, an amount without sign");
         abierta = true;
         cancelar_ = std::move(cancelar);
@@ -129,7 +130,7 @@ class Mostrador {
                                              "every call ends by itself");
                                        QAbstractEventDispatcher::instance()->wakeUp();
                                    });
-        cliente_.Address(QStringLiteral("127.0.0.1"));
+        cliente_.Address(u"127.0.0.1"_s);
     }
 
     void Llamar(char letra) {
@@ -214,9 +215,9 @@ class Mostrador {
 
     PasarelaBytes& pasarela_;
     test::LogMemoria log_;
-    Textos textos_{QStringLiteral("/nonexistent")};
+    Textos textos_{u"/nonexistent"_s};
     VentanaBytes ventana_{pasarela_};
-    ClientePasarela cliente_{
+    GatewayClient cliente_{
         log_, textos_, &ventana_, {}, [this] { return pasarela_.NuevoSocket(); }};
     QObject contexto_;
     QMetaObject::Connection enlace_;

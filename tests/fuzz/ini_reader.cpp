@@ -4,9 +4,10 @@
 #include "config/ModuloIni.h"
 #include "fuzz/Fuzz.h"
 #include "platform/CodePage.h"
-#include "platform/DocumentoIni.h"
-#include "platform/LineasIni.h"
-#include "platform/PerfilPrivado.h"
+#include "platform/IniDocument.h"
+#include "platform/IniLines.h"
+#include "platform/PrivateProfile.h"
+#include "platform/StringLiterals.h"
 #include "support/LogMemoria.h"
 
 #include <QTemporaryDir>
@@ -25,15 +26,15 @@ struct Valor {
 // Every value in reach, the first of like names, by the lines themselves.
 QList<Valor> Valores(const QByteArray& bytes) {
     QList<Valor> valores;
-    const DocumentoIni documento = DocumentoIni::Analizar(bytes);
-    LineasIni lineas(bytes);
+    const IniDocument documento = IniDocument::Analizar(bytes);
+    IniLines lineas(bytes);
     std::optional<QString> seccion;
     while (const auto linea = lineas.Siguiente()) {
         const QString texto = lineas.Texto(*linea);
         const EntradaIni entrada = AnalizarLineaIni(texto);
-        if (entrada.clase == EntradaIni::Clase::Seccion) {
+        if (entrada.kind == EntradaIni::Kind::Seccion) {
             seccion = entrada.nombre.toString();
-        } else if (entrada.clase == EntradaIni::Clase::Clave && seccion) {
+        } else if (entrada.kind == EntradaIni::Kind::Clave && seccion) {
             const QString clave = entrada.nombre.toString();
             const auto valor = documento.Valor(*seccion, clave);
             if (valor) { // a key of a second section of one name may be out of reach
@@ -45,7 +46,7 @@ QList<Valor> Valores(const QByteArray& bytes) {
 }
 
 void MirarLineas(const QByteArray& bytes) {
-    LineasIni lineas(bytes);
+    IniLines lineas(bytes);
     qsizetype sitio = lineas.Principio();
     while (const auto linea = lineas.Siguiente()) {
         Exige(linea->inicio == sitio && linea->inicio <= linea->fin &&
@@ -73,10 +74,10 @@ QString Guardado(const QString& valor) {
 
 // The same in the encoding of the file.
 QString EnFichero(const QByteArray& antes, const QString& valor) {
-    switch (LineasIni(antes).Clase()) {
-    case LineasIni::Codificacion::CodePage:
+    switch (IniLines(antes).Encoding()) {
+    case IniLines::Codificacion::CodePage:
         return DeCodePage(ACodePage(valor));
-    case LineasIni::Codificacion::Utf8:
+    case IniLines::Codificacion::Utf8:
         // Not at the beginning, where a decoder would take a character for the mark.
         return QString::fromUtf8((u'x' + valor).toUtf8()).mid(1);
     default:
@@ -108,7 +109,7 @@ void MirarEscritura(const QString& ruta, const QByteArray& antes, const QStringL
     Exige(Leer(ruta) == despues || Guardado(campos[2]) != esperado,
           "writing the same again changes nothing");
 
-    const DocumentoIni documento = DocumentoIni::Analizar(despues);
+    const IniDocument documento = IniDocument::Analizar(despues);
     Exige(documento.Valor(seccion, clave) == esperado, "both readers agree on what was written");
     for (const Valor& valor : Valores(antes)) {
         const bool este =
@@ -117,10 +118,10 @@ void MirarEscritura(const QString& ruta, const QByteArray& antes, const QStringL
               "other values survive");
     }
     // In wide text any byte may be half of a character.
-    const LineasIni::Codificacion clase = LineasIni(antes).Clase();
-    const bool ancha =
-        clase == LineasIni::Codificacion::Utf16Le || clase == LineasIni::Codificacion::Utf16Be;
-    if (!ancha && clase == LineasIni(despues).Clase()) {
+    const IniLines::Codificacion codificacion = IniLines(antes).Encoding();
+    const bool ancha = codificacion == IniLines::Codificacion::Utf16Le ||
+                       codificacion == IniLines::Codificacion::Utf16Be;
+    if (!ancha && codificacion == IniLines(despues).Encoding()) {
         const auto distinto =
             std::mismatch(antes.cbegin(), antes.cend(), despues.cbegin(), despues.cend());
         const qsizetype delante = distinto.first - antes.cbegin();
@@ -138,8 +139,8 @@ void MirarAjustes(const QString& carpeta, const QString& ruta, bool guardar) {
     test::LogMemoria log;
     DialogosMudos dialogos;
     const ModuloIni ini(log, dialogos);
-    Registro registro(carpeta + QStringLiteral("/Registro"));
-    const FormatoRegional formato(QStringLiteral("es_ES"));
+    RegistryTree registro(carpeta + u"/Registro"_s);
+    const FormatoRegional formato(u"es_ES"_s);
     Configuracio primera(ini, registro, carpeta, formato);
     bool existe = false;
     const int numero = Numero([&] { primera.LeerCfgIni(ruta, existe); });
@@ -171,7 +172,7 @@ void MirarAjustes(const QString& carpeta, const QString& ruta, bool guardar) {
 
 void UnaEntrada(Entrada entrada) {
     static const QTemporaryDir carpeta;
-    const QString ruta = carpeta.filePath(QStringLiteral("ZVMonitor.ini"));
+    const QString ruta = carpeta.filePath(u"ZVMonitor.ini"_s);
     const QStringList campos = entrada.Campos(3);
     const QByteArray bytes = entrada.Resto();
 
@@ -183,7 +184,7 @@ void UnaEntrada(Entrada entrada) {
         Exige(perfil::Leer(ruta, valor.seccion, valor.clave) == valor.texto,
               "both readers agree on a value");
     }
-    const DocumentoIni documento = DocumentoIni::Analizar(bytes);
+    const IniDocument documento = IniDocument::Analizar(bytes);
     Exige(perfil::Leer(ruta, campos[0], campos[1]) == documento.Valor(campos[0], campos[1]),
           "both readers agree on a name");
     // Without a section to write to it is the settings that are loaded, and saved if a key is

@@ -1,8 +1,9 @@
 // A language file of any bytes: what a look-up answers holds to the rules of the texts. Input:
 // "section|key|default", then the file.
 #include "fuzz/Fuzz.h"
-#include "platform/DocumentoIni.h"
-#include "platform/LineasIni.h"
+#include "platform/IniDocument.h"
+#include "platform/IniLines.h"
+#include "platform/StringLiterals.h"
 #include "ui/Textos.h"
 
 #include <QTemporaryDir>
@@ -43,10 +44,10 @@ void UnaEntrada(Entrada entrada) {
     static const QTemporaryDir carpeta;
     const QStringList campos = entrada.Campos(3);
     const QByteArray bytes = entrada.Resto();
-    Poner(carpeta.filePath(QStringLiteral("RWLang.ini")), bytes);
+    Poner(carpeta.filePath(u"RWLang.ini"_s), bytes);
 
     const Textos textos(carpeta.path());
-    const DocumentoIni documento = DocumentoIni::Analizar(bytes);
+    const IniDocument documento = IniDocument::Analizar(bytes);
     const auto mirar = [&](const QString& seccion, const QString& clave) {
         QString texto = textos.TextoIdioma(seccion, clave, campos[2]);
         const auto valor = documento.Valor(seccion, clave);
@@ -58,17 +59,17 @@ void UnaEntrada(Entrada entrada) {
         return texto;
     };
     mirar(campos[0], campos[1]);
-    Exige(textos.Traduce(campos[1], campos[2]) == mirar(QStringLiteral("COMMON"), campos[1]),
+    Exige(textos.Traduce(campos[1], campos[2]) == mirar(u"COMMON"_s, campos[1]),
           "section COMMON is the one of code");
-    LineasIni lineas(bytes);
+    IniLines lineas(bytes);
     QString seccion;
     int buscados = 0;
     while (const auto linea = lineas.Siguiente()) {
         const QString texto = lineas.Texto(*linea);
         const EntradaIni dicho = AnalizarLineaIni(texto);
-        if (dicho.clase == EntradaIni::Clase::Seccion) {
+        if (dicho.kind == EntradaIni::Kind::Seccion) {
             seccion = dicho.nombre.toString();
-        } else if (dicho.clase == EntradaIni::Clase::Clave && buscados++ < kBuscados) {
+        } else if (dicho.kind == EntradaIni::Kind::Clave && buscados++ < kBuscados) {
             mirar(seccion, dicho.nombre.toString());
         }
     }

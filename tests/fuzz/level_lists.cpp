@@ -3,7 +3,8 @@
 // balances of the registry, then a text to be read as a number.
 #include "device/SupervisionConexion.h"
 #include "fuzz/Fuzz.h"
-#include "platform/Conversiones.h"
+#include "platform/Conversions.h"
+#include "platform/StringLiterals.h"
 #include "support/LogMemoria.h"
 
 #include <QTemporaryDir>
@@ -16,9 +17,9 @@
 namespace zv::fuzz {
 namespace {
 
-const QString kClave = QStringLiteral("Zorvex\\ZVMonitor");
-const QString kSaldoExit = QStringLiteral("Saldo_Exit");
-const QString kSaldoInicial = QStringLiteral("Saldo_Inicial");
+const QString kClave = u"Zorvex\\ZVMonitor"_s;
+const QString kSaldoExit = u"Saldo_Exit"_s;
+const QString kSaldoInicial = u"Saldo_Inicial"_s;
 
 struct Niveles {
     bool bien = true;
@@ -30,7 +31,7 @@ struct Niveles {
 class ClienteListas final : public DeviceClient {
   public:
     qint16 ErrorCode() const override { return codigo; }
-    QString ErrorMessage() const override { return QStringLiteral("fallo"); }
+    QString ErrorMessage() const override { return u"fallo"_s; }
     void Address(const QString& /*direccion*/) override {}
     void Connect(bool& result) override { result = true; }
     void Disconnect() override {}
@@ -116,7 +117,7 @@ void MirarSaldos(SupervisionConexion& supervision, ClienteListas& cliente,
     const auto cajon = sumas(3);
     for (qint32 tipo = -1; tipo <= 7; ++tipo) {
         dialogos.cajas.clear();
-        const Currency saldo = supervision.SaldoPorTipo(QStringLiteral("FUZZ"), tipo);
+        const Currency saldo = supervision.SaldoPorTipo(u"FUZZ"_s, tipo);
         const bool conReciclador = tipo >= 0 && tipo <= 3;
         const bool conCajon = tipo == 0 || (tipo >= 4 && tipo <= 6);
         const bool sentido = (!conReciclador || reciclador) && (!conCajon || cajon);
@@ -177,10 +178,9 @@ void MirarNumero(const FormatoRegional& formato, const QString& texto) {
 
 const FormatoRegional& Formato(const QString& cual) {
     static const std::array<FormatoRegional, 8> formatos = {
-        FormatoRegional(QStringLiteral("es_ES")), FormatoRegional(QStringLiteral("en_US")),
-        FormatoRegional(QStringLiteral("de_CH")), FormatoRegional(QStringLiteral("fr_FR")),
-        FormatoRegional(QStringLiteral("ja_JP")), FormatoRegional(QStringLiteral("ar_EG")),
-        FormatoRegional(QStringLiteral("hi_IN")), FormatoRegional(QStringLiteral("pt_PT"))};
+        FormatoRegional(u"es_ES"_s), FormatoRegional(u"en_US"_s), FormatoRegional(u"de_CH"_s),
+        FormatoRegional(u"fr_FR"_s), FormatoRegional(u"ja_JP"_s), FormatoRegional(u"ar_EG"_s),
+        FormatoRegional(u"hi_IN"_s), FormatoRegional(u"pt_PT"_s)};
     return formatos[cual.isEmpty() ? 0 : cual.front().unicode() % formatos.size()];
 }
 
@@ -195,7 +195,7 @@ void UnaEntrada(Entrada entrada) {
         const QStringList listas = entrada.Campos(2);
         cliente.listas[clase] = {!cabeza[1].contains(QChar(u'0' + clase)), listas[0], listas[1]};
     }
-    Registro registro(carpeta.path());
+    RegistryTree registro(carpeta.path());
     registro.GuardarValor(kClave, kSaldoExit, entrada.Texto(), Guardado::Pasajero);
     registro.GuardarValor(kClave, kSaldoInicial, entrada.Texto(), Guardado::Pasajero);
 
@@ -227,7 +227,7 @@ void UnaEntrada(Entrada entrada) {
     const QString guardado = registro.LeerValor(kClave, kSaldoExit, QString());
     Exige(guardado == supervision.SaldoExit().ATexto(), "the balance stored is the one held");
     supervision.Cortar();
-    Exige(supervision.SaldoPorTipo(QStringLiteral("FUZZ"), 0).EsCero(), "no device, no balance");
+    Exige(supervision.SaldoPorTipo(u"FUZZ"_s, 0).EsCero(), "no device, no balance");
 
     MirarNumero(formato, QString::fromUtf8(entrada.Resto()));
 }

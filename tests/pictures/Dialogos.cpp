@@ -2,6 +2,7 @@
 // screen_pictures APPLICATION-FOLDER OUTPUT-FOLDER. The language file is the application folder's.
 #include "device/screens/frmOperacion.h"
 #include "platform/FormatoRegional.h"
+#include "platform/StringLiterals.h"
 #include "ui/Importes.h"
 #include "ui/Textos.h"
 #include "ui/screens/DialogosPantalla.h"
@@ -35,7 +36,7 @@ class Fotografo {
         // Twice: the second turn draws what the first has laid out.
         QApplication::processEvents();
         QApplication::processEvents();
-        const QString fichero = salida_ + QLatin1Char('/') + nombre + QStringLiteral(".png");
+        const QString fichero = salida_ + QLatin1Char('/') + nombre + u".png"_s;
         bien_ = ventana.grab().save(fichero) && bien_;
         std::puts(qPrintable(fichero));
     }
@@ -64,14 +65,14 @@ class Fotografo {
     }
 
     void Mensajes() {
-        const QString salto = QStringLiteral("\r\n");
+        const QString salto = u"\r\n"_s;
         Mensaje("message-one", {}, T("sinConexion", "No hay conexión con Zorvex"));
         Mensaje("message-accept-cancel", T("cerrar0", "Cerrar aplicativo"),
                 T("cerrar1", "¿Desea cerrar ZVMonitor?"), 1);
         Mensaje("message-yes-no", T("descuadreDetectado", "Descuadre detectado"),
                 T("descuadreDetectado2",
                   "Se ha detectado un descuadre entre el último saldo de Zorvex y el actual de: ") +
-                    QStringLiteral("12,50 €") + salto + salto +
+                    u"12,50 €"_s + salto + salto +
                     T("descuadreDetectado3", "¿Desea hacer un apunte de cuadre?"),
                 4);
         Mensaje("message-retry", T("errorDeZorvex", "Error de Zorvex"),
@@ -80,22 +81,21 @@ class Fotografo {
                 T("retireElCambio", "RETIRE EL CAMBIO DE") + salto +
                     T("retireElCambio2", " LA OPERACION ANTERIOR") + salto + salto +
                     T("retireElCambio3", "Pulse 'Aceptar' para continuar con el ABONO") + salto +
-                    salto + T("importe", "Importe: ") + QStringLiteral("8,00 €"));
+                    salto + T("importe", "Importe: ") + u"8,00 €"_s);
         Mensaje("message-balance", T("inicializacion", "Inicialización"),
                 T("inicializacion2", "El saldo de Zorvex ha variado desde la última vez que se "
                                      "ejecutó la aplicación: ") +
                     salto + T("ultimoSaldoRegistrado", "Último Saldo Registrado: ") +
-                    QStringLiteral("427,60 €") + salto + T("saldoActual", "Saldo Actual: ") +
-                    QStringLiteral("415,10 €"));
+                    u"427,60 €"_s + salto + T("saldoActual", "Saldo Actual: ") + u"415,10 €"_s);
         Mensaje("message-long", T("errorDeInicio", "Error al iniciar la aplicación"),
-                QStringLiteral("Error nº 53 - ") +
-                    QStringLiteral("/usr/local/share/zvmonitor/tienda/central/datos/").repeated(4) +
-                    salto + T("errorConfiguracion4", "¿Desea continuar?"));
+                u"Error nº 53 - "_s +
+                    u"/usr/local/share/zvmonitor/tienda/central/datos/"_s.repeated(4) + salto +
+                    T("errorConfiguracion4", "¿Desea continuar?"));
         Mensaje("message-endless", T("atencion", "¡Atención!"),
                 (T("errorDeConfiguracion3", "Revise el fichero LOG de la aplicación") + salto)
                     .repeated(60),
                 1);
-        AlAbrir(QStringLiteral("plain-box"), [&] {
+        AlAbrir(u"plain-box"_s, [&] {
             dialogos_.CajaSimple(
                 T("errorAlProcesarOperacion",
                   "Error al procesar la operación, consulte con el técnico de Zorvex"));
@@ -103,13 +103,13 @@ class Fotografo {
     }
 
     void Preguntas() {
-        AlAbrir(QStringLiteral("text"), [&] {
+        AlAbrir(u"text"_s, [&] {
             dialogos_.PedirTexto(T("anularMovimiento", "Anular movimiento"),
                                  T("introduzcaCausa", "Introduzca la causa de la anulación"),
-                                 QStringLiteral("El cliente no lleva dinero"));
+                                 u"El cliente no lleva dinero"_s);
         });
         for (const bool sinImporte : {false, true}) {
-            AlAbrir(sinImporte ? QStringLiteral("cash-no-amount") : QStringLiteral("cash"), [&] {
+            AlAbrir(sinImporte ? u"cash-no-amount"_s : u"cash"_s, [&] {
                 bool cancelado = false;
                 dialogos_.PedirImporte(T("cobroManual2", "Cobro manual"),
                                        T("introduzcaImporte", "Introduzca el importe"),
@@ -117,43 +117,42 @@ class Fotografo {
             });
         }
         frmImpresio impresio(textos_);
-        AlAbrir(QStringLiteral("printouts"), [&] { impresio.exec(); });
+        AlAbrir(u"printouts"_s, [&] { impresio.exec(); });
     }
 
-    void Operacion(const char* nombre, ClaseOperacion clase, qint32 importe, qint32 entrado,
+    void Operacion(const char* nombre, OperationKind kind, qint32 importe, qint32 entrado,
                    qint32 salido) {
-        operacion_.Abrir(clase, importe, [] {});
+        operacion_.Abrir(kind, importe, [] {});
         operacion_.Progreso(entrado, salido);
         Guardar(operacion_, QString::fromLatin1(nombre));
     }
 
     void Operaciones() {
-        Operacion("operation-charge", ClaseOperacion::Cobro, 1250, 500, 0);
-        operacion_.Aviso(
-            textos_.TextoForm(QStringLiteral("frmOperacion"), QStringLiteral("Reconectando"),
-                              QStringLiteral("Recuperando la comunicación con Zorvex…")));
-        Guardar(operacion_, QStringLiteral("operation-charge-reconnecting"));
+        Operacion("operation-charge", OperationKind::Cobro, 1250, 500, 0);
+        operacion_.Aviso(textos_.TextoForm(u"frmOperacion"_s, u"Reconectando"_s,
+                                           u"Recuperando la comunicación con Zorvex…"_s));
+        Guardar(operacion_, u"operation-charge-reconnecting"_s);
         operacion_.Aviso({});
         operacion_.reject();
-        Guardar(operacion_, QStringLiteral("operation-charge-cancelling"));
-        Operacion("operation-charge-paid", ClaseOperacion::Cobro, 1250, 2000, 750);
-        Operacion("operation-charge-huge", ClaseOperacion::Cobro, 2147483647, 0, 0);
-        Operacion("operation-refund", ClaseOperacion::Abono, 800, 0, 500);
-        Operacion("operation-change", ClaseOperacion::Cambio, 0, 5000, 2000);
-        Operacion("operation-float", ClaseOperacion::MeterCambio, 0, 12000, 0);
-        Operacion("operation-pay-out", ClaseOperacion::Pago, 3000, 0, 1000);
-        Operacion("operation-close", ClaseOperacion::ControlCajones, 0, 0, 0);
-        Operacion("operation-empty", ClaseOperacion::VaciadoCajon, 0, 0, 0);
-        operacion_.Abrir(ClaseOperacion::Pendiente, 0, {});
-        Guardar(operacion_, QStringLiteral("operation-pending"));
+        Guardar(operacion_, u"operation-charge-cancelling"_s);
+        Operacion("operation-charge-paid", OperationKind::Cobro, 1250, 2000, 750);
+        Operacion("operation-charge-huge", OperationKind::Cobro, 2147483647, 0, 0);
+        Operacion("operation-refund", OperationKind::Abono, 800, 0, 500);
+        Operacion("operation-change", OperationKind::Cambio, 0, 5000, 2000);
+        Operacion("operation-float", OperationKind::MeterCambio, 0, 12000, 0);
+        Operacion("operation-pay-out", OperationKind::Pago, 3000, 0, 1000);
+        Operacion("operation-close", OperationKind::ControlCajones, 0, 0, 0);
+        Operacion("operation-empty", OperationKind::VaciadoCajon, 0, 0, 0);
+        operacion_.Abrir(OperationKind::Pendiente, 0, {});
+        Guardar(operacion_, u"operation-pending"_s);
         operacion_.Cerrar();
     }
 
     Textos textos_;
     QString salida_;
     bool bien_ = true;
-    Importes importes_{FormatoRegional(QStringLiteral("es_ES")), [] { return quint8{100}; }};
-    DialogosPantalla dialogos_{QStringLiteral("ZVMonitor"), textos_, importes_};
+    Importes importes_{FormatoRegional(u"es_ES"_s), [] { return quint8{100}; }};
+    DialogosPantalla dialogos_{u"ZVMonitor"_s, textos_, importes_};
     frmOperacion operacion_{textos_, importes_};
 };
 

@@ -1,6 +1,7 @@
 // Currency: range, rounding and text.
 #include "platform/Currency.h"
 
+#include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 #include "support/NumeroError.h"
 
@@ -57,7 +58,7 @@ TEST(Currency, ArithmeticNeverWraps) {
     EXPECT_EQ(NumeroError([&] { -minimo; }), 6);
     EXPECT_EQ(NumeroError([&] { minimo.Absoluto(); }), 6);
     EXPECT_EQ(NumeroError([] { Currency::DeEntero(922337203685478); }), 6);
-    EXPECT_EQ(Currency::DeEntero(922337203685477).ATexto(), QStringLiteral("922337203685477"));
+    EXPECT_EQ(Currency::DeEntero(922337203685477).ATexto(), u"922337203685477"_s);
     EXPECT_EQ((Currency(5) - Currency(7)).AEntero32(), -2);
     EXPECT_EQ(Currency(-7).Absoluto(), Currency(7));
 }
@@ -70,12 +71,12 @@ TEST(Currency, AFailedSumLeavesTheValue) {
 }
 
 TEST(Currency, PlainTextHasAPointAndNoTrailingZeros) {
-    EXPECT_EQ(Currency(1250).ATexto(), QStringLiteral("1250"));
-    EXPECT_EQ(Currency::DeDiezmilesimas(-5000).ATexto(), QStringLiteral("-0.5"));
-    EXPECT_EQ(Currency::DeDiezmilesimas(10001).ATexto(), QStringLiteral("1.0001"));
-    EXPECT_EQ(Currency().ATexto(), QStringLiteral("0"));
+    EXPECT_EQ(Currency(1250).ATexto(), u"1250"_s);
+    EXPECT_EQ(Currency::DeDiezmilesimas(-5000).ATexto(), u"-0.5"_s);
+    EXPECT_EQ(Currency::DeDiezmilesimas(10001).ATexto(), u"1.0001"_s);
+    EXPECT_EQ(Currency().ATexto(), u"0"_s);
     EXPECT_EQ(Currency::DeDiezmilesimas(std::numeric_limits<qint64>::min()).ATexto(),
-              QStringLiteral("-922337203685477.5808"));
+              u"-922337203685477.5808"_s);
 }
 
 TEST(Currency, AsADoubleIsTheNearestOne) {

@@ -1,7 +1,8 @@
 // Run-time failures and the machine's clock.
 #include "platform/ErrorEjecucion.h"
 
-#include "platform/Reloj.h"
+#include "platform/Clock.h"
+#include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 
 #include <gtest/gtest.h>
@@ -10,9 +11,9 @@ namespace zv {
 namespace {
 
 TEST(ErrorEjecucion, CarriesNumberAndDescription) {
-    const ErrorEjecucion error(91, QStringLiteral("Variable no establecida ñ"));
+    const ErrorEjecucion error(91, u"Variable no establecida ñ"_s);
     EXPECT_EQ(error.Numero(), 91);
-    EXPECT_EQ(error.Descripcion(), QStringLiteral("Variable no establecida ñ"));
+    EXPECT_EQ(error.Descripcion(), u"Variable no establecida ñ"_s);
     EXPECT_STREQ(error.what(), "91 - Variable no establecida ñ");
 }
 
@@ -21,15 +22,14 @@ TEST(ErrorEjecucion, ThePlatformsFailuresHaveTheirNumbers) {
     EXPECT_EQ(errores::FueraDeIntervalo().Numero(), 9);
     EXPECT_EQ(errores::DivisionPorCero().Numero(), 11);
     EXPECT_EQ(errores::TipoNoCoincide().Numero(), 13);
-    const ErrorEjecucion archivo =
-        errores::ErrorDeArchivo(QStringLiteral("/a/b.ini"), QStringLiteral("es una carpeta"));
+    const ErrorEjecucion archivo = errores::ErrorDeArchivo(u"/a/b.ini"_s, u"es una carpeta"_s);
     EXPECT_EQ(archivo.Numero(), 75);
-    EXPECT_TRUE(archivo.Descripcion().contains(QStringLiteral("/a/b.ini")));
-    EXPECT_TRUE(archivo.Descripcion().contains(QStringLiteral("es una carpeta")));
+    EXPECT_TRUE(archivo.Descripcion().contains(u"/a/b.ini"_s));
+    EXPECT_TRUE(archivo.Descripcion().contains(u"es una carpeta"_s));
 }
 
-TEST(RelojSistema, TellsLocalTimeAndTicksThatNeverGoBack) {
-    const RelojSistema reloj;
+TEST(SystemClock, TellsLocalTimeAndTicksThatNeverGoBack) {
+    const SystemClock reloj;
     EXPECT_EQ(reloj.Ahora().timeSpec(), Qt::LocalTime);
     EXPECT_LT(std::abs(reloj.Ahora().msecsTo(QDateTime::currentDateTime())), 60000);
     qint64 anterior = reloj.Ticks();

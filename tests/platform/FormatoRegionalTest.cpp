@@ -1,6 +1,7 @@
 // Regional amounts and numbers, written and read.
 #include "platform/FormatoRegional.h"
 
+#include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 #include "support/NumeroError.h"
 
@@ -27,40 +28,38 @@ class FormatoEspañol : public testing::Test {
     int FalloCurrency(const char* texto) const {
         return NumeroError([&] { LeeCurrency(texto); });
     }
-    const FormatoRegional es{QStringLiteral("es_ES")};
+    const FormatoRegional es{u"es_ES"_s};
 };
 
 TEST_F(FormatoEspañol, PartsThousandsFromOneThousandOn) {
-    EXPECT_EQ(Escribe(0), QStringLiteral("0,00 €"));
-    EXPECT_EQ(Escribe(9999900), QStringLiteral("999,99 €"));
-    EXPECT_EQ(Escribe(10000000), QStringLiteral("1.000,00 €"));
-    EXPECT_EQ(Escribe(12345000), QStringLiteral("1.234,50 €"));
-    EXPECT_EQ(Escribe(12345678900000), QStringLiteral("1.234.567.890,00 €"));
+    EXPECT_EQ(Escribe(0), u"0,00 €"_s);
+    EXPECT_EQ(Escribe(9999900), u"999,99 €"_s);
+    EXPECT_EQ(Escribe(10000000), u"1.000,00 €"_s);
+    EXPECT_EQ(Escribe(12345000), u"1.234,50 €"_s);
+    EXPECT_EQ(Escribe(12345678900000), u"1.234.567.890,00 €"_s);
 }
 
 TEST_F(FormatoEspañol, NegativesCarryAMinusInFront) {
-    EXPECT_EQ(Escribe(-12345000), QStringLiteral("-1.234,50 €"));
-    EXPECT_EQ(Escribe(-100), QStringLiteral("-0,01 €"));
+    EXPECT_EQ(Escribe(-12345000), u"-1.234,50 €"_s);
+    EXPECT_EQ(Escribe(-100), u"-0,01 €"_s);
 }
 
 TEST_F(FormatoEspañol, RoundsToCentsHalvesAwayFromZero) {
-    EXPECT_EQ(Escribe(1250), QStringLiteral("0,13 €"));
-    EXPECT_EQ(Escribe(1249), QStringLiteral("0,12 €"));
-    EXPECT_EQ(Escribe(-1250), QStringLiteral("-0,13 €"));
-    EXPECT_EQ(Escribe(9999950), QStringLiteral("1.000,00 €"));
-    EXPECT_EQ(Escribe(-49), QStringLiteral("0,00 €"));
+    EXPECT_EQ(Escribe(1250), u"0,13 €"_s);
+    EXPECT_EQ(Escribe(1249), u"0,12 €"_s);
+    EXPECT_EQ(Escribe(-1250), u"-0,13 €"_s);
+    EXPECT_EQ(Escribe(9999950), u"1.000,00 €"_s);
+    EXPECT_EQ(Escribe(-49), u"0,00 €"_s);
 }
 
 TEST_F(FormatoEspañol, WritesTheEndsOfTheRange) {
-    EXPECT_EQ(Escribe(std::numeric_limits<qint64>::max()),
-              QStringLiteral("922.337.203.685.477,58 €"));
-    EXPECT_EQ(Escribe(std::numeric_limits<qint64>::min()),
-              QStringLiteral("-922.337.203.685.477,58 €"));
+    EXPECT_EQ(Escribe(std::numeric_limits<qint64>::max()), u"922.337.203.685.477,58 €"_s);
+    EXPECT_EQ(Escribe(std::numeric_limits<qint64>::min()), u"-922.337.203.685.477,58 €"_s);
 }
 
 TEST_F(FormatoEspañol, WritesADoubleLikeItsCurrency) {
-    EXPECT_EQ(es.FormatoCurrency(12.5), QStringLiteral("12,50 €"));
-    EXPECT_EQ(es.FormatoCurrency(-1234.5), QStringLiteral("-1.234,50 €"));
+    EXPECT_EQ(es.FormatoCurrency(12.5), u"12,50 €"_s);
+    EXPECT_EQ(es.FormatoCurrency(-1234.5), u"-1.234,50 €"_s);
     EXPECT_EQ(NumeroError([this] { es.FormatoCurrency(1e16); }), 6);
 }
 
@@ -128,7 +127,7 @@ TEST_F(FormatoEspañol, ReadsNumbersOfAnyUsualSizeAndNothingEndless) {
     EXPECT_EQ(Lee("179769313486231570814527423731704356798e0"),
               179769313486231570814527423731704356798e0);
     EXPECT_EQ(es.LeerNumero(QString(10000, u'9')), std::nullopt);
-    EXPECT_EQ(es.LeerNumero(QStringLiteral("1e") + QString(400, u'9')), std::nullopt);
+    EXPECT_EQ(es.LeerNumero(u"1e"_s + QString(400, u'9')), std::nullopt);
 }
 
 TEST_F(FormatoEspañol, CurrencyIsExactBeyondTheBitsOfADouble) {
@@ -206,26 +205,23 @@ TEST(FormatoRegional, WritesOtherRegionsAsTheyDo) {
     const auto escribe = [&](const char* region) {
         return FormatoRegional(QString::fromLatin1(region)).FormatoCurrency(valor);
     };
-    EXPECT_EQ(escribe("en_US"), QStringLiteral("$1,234.50"));
-    EXPECT_EQ(escribe("en_GB"), QStringLiteral("£1,234.50"));
-    EXPECT_EQ(escribe("de_DE"), QStringLiteral("1.234,50 €"));
-    EXPECT_EQ(escribe("fr_FR"), QStringLiteral("1 234,50 €"));
-    EXPECT_EQ(escribe("pt_PT"), QStringLiteral("1 234,50 €"));
-    EXPECT_EQ(FormatoRegional(QStringLiteral("en_IN")).FormatoCurrency(Currency(1234567)),
-              QStringLiteral("₹12,34,567.00"));
+    EXPECT_EQ(escribe("en_US"), u"$1,234.50"_s);
+    EXPECT_EQ(escribe("en_GB"), u"£1,234.50"_s);
+    EXPECT_EQ(escribe("de_DE"), u"1.234,50 €"_s);
+    EXPECT_EQ(escribe("fr_FR"), u"1 234,50 €"_s);
+    EXPECT_EQ(escribe("pt_PT"), u"1 234,50 €"_s);
+    EXPECT_EQ(FormatoRegional(u"en_IN"_s).FormatoCurrency(Currency(1234567)), u"₹12,34,567.00"_s);
 }
 
 TEST(FormatoRegional, AnUnknownRegionIsSpain) {
-    EXPECT_EQ(FormatoRegional(QStringLiteral("C")).FormatoCurrency(Currency(1000)),
-              QStringLiteral("1.000,00 €"));
-    EXPECT_EQ(FormatoRegional(QString()).FormatoCurrency(Currency(1000)),
-              QStringLiteral("1.000,00 €"));
+    EXPECT_EQ(FormatoRegional(u"C"_s).FormatoCurrency(Currency(1000)), u"1.000,00 €"_s);
+    EXPECT_EQ(FormatoRegional(QString()).FormatoCurrency(Currency(1000)), u"1.000,00 €"_s);
 }
 
 TEST(FormatoRegional, ApostropheMarksAreReadInBothForms) {
-    const FormatoRegional suiza(QStringLiteral("de_CH"));
-    EXPECT_EQ(suiza.LeerNumero(QStringLiteral("1'234.50")), 1234.5);
-    EXPECT_EQ(suiza.LeerNumero(QStringLiteral("1’234.50 CHF")), 1234.5);
+    const FormatoRegional suiza(u"de_CH"_s);
+    EXPECT_EQ(suiza.LeerNumero(u"1'234.50"_s), 1234.5);
+    EXPECT_EQ(suiza.LeerNumero(u"1’234.50 CHF"_s), 1234.5);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Programs killed in the middle of saving: what they leave is the old text or the new one.
-#include "platform/PerfilPrivado.h"
-#include "platform/Registro.h"
+#include "platform/PrivateProfile.h"
+#include "platform/RegistryTree.h"
+#include "platform/StringLiterals.h"
 #include "support/CarpetaTemporal.h"
 #include "support/ImprimeQt.h"
 
@@ -70,13 +71,10 @@ TEST(GuardadoInterrumpido, LeavesTheOldOrTheNewIniFile) {
     const QByteArray despues = "\r\n[B]\r\ny=1\r\n";
     std::mt19937 azar(1); // NOLINT(bugprone-random-generator-seed): repeatable
     for (int vuelta = 0; vuelta < kVueltas; ++vuelta) {
-        const QString ruta = carpeta.Pon(QStringLiteral("ZVMonitor.ini"), antes + "0:" + despues);
+        const QString ruta = carpeta.Pon(u"ZVMonitor.ini"_s, antes + "0:" + despues);
         const int ultimo = GuardarHastaMorir(
-            [&](int i) {
-                perfil::Escribir(ruta, QStringLiteral("A"), QStringLiteral("k"), Relleno(i));
-            },
-            azar);
-        const QByteArray bytes = carpeta.Lee(QStringLiteral("ZVMonitor.ini"));
+            [&](int i) { perfil::Escribir(ruta, u"A"_s, u"k"_s, Relleno(i)); }, azar);
+        const QByteArray bytes = carpeta.Lee(u"ZVMonitor.ini"_s);
         const bool esUltimo = bytes == antes + Relleno(ultimo).toLatin1() + despues;
         const bool esSiguiente = bytes == antes + Relleno(ultimo + 1).toLatin1() + despues;
         ASSERT_TRUE(esUltimo || esSiguiente)
@@ -89,11 +87,11 @@ TEST(GuardadoInterrumpido, LeavesTheOldOrTheNewIniFile) {
 TEST(GuardadoInterrumpido, LeavesTheOldOrTheNewRegistryValue) {
     const CarpetaTemporal carpeta;
     std::mt19937 azar(2); // NOLINT(bugprone-random-generator-seed): repeatable
-    const QString clave = QStringLiteral("Zorvex\\ZVMonitor");
-    const QString valor = QStringLiteral("Saldo_Exit");
+    const QString clave = u"Zorvex\\ZVMonitor"_s;
+    const QString valor = u"Saldo_Exit"_s;
     for (int vuelta = 0; vuelta < kVueltas; ++vuelta) {
-        Registro registro(carpeta.Ruta());
-        registro.GuardarValor(clave, valor, QStringLiteral("0:"));
+        RegistryTree registro(carpeta.Ruta());
+        registro.GuardarValor(clave, valor, u"0:"_s);
         const int ultimo = GuardarHastaMorir(
             [&](int i) { registro.GuardarValor(clave, valor, Relleno(i)); }, azar);
         const QString leido = registro.LeerValor(clave, valor, {});

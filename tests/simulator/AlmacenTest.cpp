@@ -1,5 +1,6 @@
 // The durable store: what is committed comes back, and what is wrong is told.
 #include "Banco.h"
+#include "platform/StringLiterals.h"
 #include "simulator/Simulador.h"
 
 #include <QDir>
@@ -13,7 +14,7 @@ namespace {
 
 class AlmacenEnDisco : public testing::Test {
   protected:
-    QString Fichero() const { return carpeta.filePath(QStringLiteral("dinero.json")); }
+    QString Fichero() const { return carpeta.filePath(u"dinero.json"_s); }
     void Escribir(const QByteArray& texto) const {
         QFile fichero(Fichero());
         ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
@@ -31,16 +32,16 @@ class AlmacenEnDisco : public testing::Test {
 TEST_F(AlmacenEnDisco, GivesBackAllThatWasCommitted) {
     Estado estado = EstadoInicial();
     estado.retirado.at(3) = 2;
-    estado.abierta = Pedir(Metodo::Cajones, 15, 1000, QStringLiteral("abierta"));
+    estado.abierta = Pedir(Metodo::Cajones, 15, 1000, u"abierta"_s);
     estado.abierta->acabada = true;
     estado.abierta->codigo = 31;
-    estado.abierta->mensaje = QStringLiteral("Cajón");
+    estado.abierta->mensaje = u"Cajón"_s;
     estado.abierta->entrado = 1;
     estado.abierta->salido = 2;
     estado.abierta->monedasCajon = 3;
     estado.abierta->billetesCajon = 4;
     estado.abierta->resta = 5;
-    Operacion vieja = Pedir(Metodo::Vaciado, 1, 0, QStringLiteral("vieja"));
+    Operacion vieja = Pedir(Metodo::Vaciado, 1, 0, u"vieja"_s);
     vieja.acabada = vieja.ok = true;
     vieja.vaciado = 6;
     estado.recientes = {vieja};
@@ -56,11 +57,11 @@ TEST_F(AlmacenEnDisco, GivesBackAllThatWasCommitted) {
     EXPECT_EQ(leido.abierta->AJson(), estado.abierta->AJson());
     ASSERT_EQ(leido.recientes.size(), 1U);
     EXPECT_EQ(leido.recientes[0].Estado(), vieja.Estado());
-    EXPECT_FALSE(QFile::exists(Fichero() + QStringLiteral(".tmp")));
+    EXPECT_FALSE(QFile::exists(Fichero() + u".tmp"_s));
 }
 
 TEST_F(AlmacenEnDisco, IsMadeWithTheFloatAtTheFirstStartAndKeptAfterwards) {
-    const QString dentro = carpeta.filePath(QStringLiteral("a/b"));
+    const QString dentro = carpeta.filePath(u"a/b"_s);
     Estado primero;
     {
         Almacen almacen(dentro);
@@ -79,7 +80,7 @@ TEST_F(AlmacenEnDisco, BelongsToOneProcessAtATime) {
     ASSERT_TRUE(uno.Abrir(error));
     Almacen otro(carpeta.path());
     EXPECT_FALSE(otro.Abrir(error));
-    EXPECT_EQ(error, QStringLiteral("otro simulador usa la carpeta ") + carpeta.path());
+    EXPECT_EQ(error, u"otro simulador usa la carpeta "_s + carpeta.path());
 }
 
 TEST_F(AlmacenEnDisco, ThatIsDamagedIsToldAndLeftAsItIs) {
@@ -105,7 +106,7 @@ TEST_F(AlmacenEnDisco, ThatIsDamagedIsToldAndLeftAsItIs) {
         Estado estado;
         Almacen almacen(carpeta.path());
         EXPECT_FALSE(AbrirDinero(almacen, estado, error)) << malo.toStdString();
-        EXPECT_EQ(error, QStringLiteral("el fichero del dinero está dañado: ") + Fichero());
+        EXPECT_EQ(error, u"el fichero del dinero está dañado: "_s + Fichero());
         EXPECT_EQ(Texto(), malo);
     }
 }
@@ -115,19 +116,19 @@ TEST_F(AlmacenEnDisco, ThatCannotBeWrittenKeepsTheStateBefore) {
     ASSERT_TRUE(almacen.Guardar(EstadoInicial(), error));
     const QByteArray antes = Texto();
     // A folder in the place of the temporary file: no rights are needed to make it fail.
-    ASSERT_TRUE(QDir(carpeta.path()).mkdir(QStringLiteral("dinero.json.tmp")));
+    ASSERT_TRUE(QDir(carpeta.path()).mkdir(u"dinero.json.tmp"_s));
     Estado otro = EstadoInicial();
     otro.inventario = {};
     EXPECT_FALSE(almacen.Guardar(otro, error));
-    EXPECT_TRUE(error.startsWith(QStringLiteral("no se puede escribir "))) << error.toStdString();
+    EXPECT_TRUE(error.startsWith(u"no se puede escribir "_s)) << error.toStdString();
     EXPECT_EQ(Texto(), antes);
 }
 
 TEST_F(AlmacenEnDisco, NeedsAFolderThatCanBeMade) {
     Escribir("{}");
-    Almacen almacen(Fichero() + QStringLiteral("/dentro"));
+    Almacen almacen(Fichero() + u"/dentro"_s);
     EXPECT_FALSE(almacen.Abrir(error));
-    EXPECT_TRUE(error.startsWith(QStringLiteral("no se puede crear la carpeta ")));
+    EXPECT_TRUE(error.startsWith(u"no se puede crear la carpeta "_s));
 }
 
 TEST_F(AlmacenEnDisco, TellsItsTotalAlsoWhileASimulatorRunsOnIt) {

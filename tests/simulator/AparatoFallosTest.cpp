@@ -1,5 +1,6 @@
 // What each fault of the device does to an operation.
 #include "Banco.h"
+#include "platform/StringLiterals.h"
 
 #include <gtest/gtest.h>
 
@@ -8,17 +9,17 @@ namespace {
 
 TEST(FalloError, EndsTheChargeBeforeItTakesAnything) {
     Banco b;
-    b.Empezar(Pedir(Metodo::Cobro, 1250), QStringLiteral("cobro:error=5"));
+    b.Empezar(Pedir(Metodo::Cobro, 1250), u"cobro:error=5"_s);
     EXPECT_FALSE(b.Fin().ok);
     EXPECT_EQ(b.Fin().codigo, 5);
-    EXPECT_EQ(b.Fin().mensaje, QStringLiteral("Fallo del equipo"));
+    EXPECT_EQ(b.Fin().mensaje, u"Fallo del equipo"_s);
     EXPECT_EQ(b.Fin().entrado, 0);
 }
 
 TEST(FalloParcial, EndsTheChargeAfterItsFirstPieceAndKeepsIt) {
     Banco b;
     const qint64 antes = b.Saldo();
-    b.Empezar(Pedir(Metodo::Cobro, 1250), QStringLiteral("cobro:parcial=40"));
+    b.Empezar(Pedir(Metodo::Cobro, 1250), u"cobro:parcial=40"_s);
     b.Meter({1000});
     EXPECT_EQ(b.Fin().codigo, 40);
     EXPECT_EQ(b.Fin().entrado, 1000);
@@ -29,14 +30,14 @@ TEST(FalloParcial, EndsTheChargeAfterItsFirstPieceAndKeepsIt) {
 
 TEST(FalloParcial, GivesHalfOfAPayment) {
     Banco b;
-    b.Empezar(Pedir(Metodo::Pago, 1500), QStringLiteral("pago:parcial=40"), Punto::Pago);
+    b.Empezar(Pedir(Metodo::Pago, 1500), u"pago:parcial=40"_s, Punto::Pago);
     EXPECT_EQ(b.Fin().codigo, 40);
     EXPECT_EQ(b.Fin().salido, 500);
 }
 
 TEST(FalloAtasco, LeavesPartOfTheChangeInside) {
     Banco b;
-    b.Empezar(Pedir(Metodo::Cobro, 500), QStringLiteral("cobro:atasco"));
+    b.Empezar(Pedir(Metodo::Cobro, 500), u"cobro:atasco"_s);
     b.Meter({2000}); // 1000 and 500 are due
     EXPECT_EQ(b.Fin().codigo, kAtasco);
     EXPECT_EQ(b.Fin().entrado, 2000);
@@ -45,7 +46,7 @@ TEST(FalloAtasco, LeavesPartOfTheChangeInside) {
 
 TEST(FalloAtasco, FailsAChargePaidExactlyWithTheMoneyInside) {
     Banco b;
-    b.Empezar(Pedir(Metodo::Cobro, 500), QStringLiteral("cobro:atasco"));
+    b.Empezar(Pedir(Metodo::Cobro, 500), u"cobro:atasco"_s);
     b.Meter({500});
     EXPECT_EQ(b.Fin().codigo, kAtasco);
     EXPECT_EQ(b.Fin().entrado, 500);
@@ -54,9 +55,9 @@ TEST(FalloAtasco, FailsAChargePaidExactlyWithTheMoneyInside) {
 
 TEST(FalloAtasco, LeavesPartOfWhatACancelWouldGiveBack) {
     Banco b;
-    b.Empezar(Pedir(Metodo::Cobro, 500), QStringLiteral("cobro:atasco"));
+    b.Empezar(Pedir(Metodo::Cobro, 500), u"cobro:atasco"_s);
     b.Meter({100, 100});
-    b.aparato.Cancelar(QStringLiteral("op"));
+    b.aparato.Cancelar(u"op"_s);
     b.Correr();
     EXPECT_EQ(b.Fin().codigo, kAtasco);
     EXPECT_EQ(b.Fin().salido, 100);
@@ -64,7 +65,7 @@ TEST(FalloAtasco, LeavesPartOfWhatACancelWouldGiveBack) {
 
 TEST(FalloAtasco, FailsTheFloatWithTheMoneyInside) {
     Banco b;
-    b.Empezar(Pedir(Metodo::Ingreso), QStringLiteral("ingreso:atasco"), Punto::Ingreso);
+    b.Empezar(Pedir(Metodo::Ingreso), u"ingreso:atasco"_s, Punto::Ingreso);
     b.Meter({500});
     b.aparato.Terminar();
     b.Correr();
@@ -76,7 +77,7 @@ TEST(FalloAtasco, MovesHalfOfAClose) {
     Inventario hay = Inventario::Inicial();
     hay.reciclador.at(*Indice(200)) = 40;
     Banco b(EstadoCon(hay));
-    b.Empezar(Pedir(Metodo::Cajones, 7), QStringLiteral("cierre:atasco"), Punto::Cierre);
+    b.Empezar(Pedir(Metodo::Cajones, 7), u"cierre:atasco"_s, Punto::Cierre);
     EXPECT_EQ(b.Fin().codigo, kAtasco);
     EXPECT_EQ(b.Fin().monedasCajon, 5 * 200);
     EXPECT_EQ(b.EnCajon(200), 5);
@@ -87,11 +88,10 @@ TEST(FalloAtasco, EmptiesNoBoxAndReconcilesNothing) {
     hay.cajon.at(*Indice(200)) = 4;
     Banco b(EstadoCon(hay));
     b.aparato.RetirarAMano(Cajon::Monedas);
-    b.Empezar(Pedir(Metodo::Vaciado, 0), QStringLiteral("vaciado:atasco"), Punto::Vaciado);
+    b.Empezar(Pedir(Metodo::Vaciado, 0), u"vaciado:atasco"_s, Punto::Vaciado);
     EXPECT_EQ(b.Fin().codigo, kAtasco);
-    b.aparato.Acusar(QStringLiteral("op"));
-    b.Empezar(Pedir(Metodo::Cajones, 0, 0, QStringLiteral("op2")),
-              QStringLiteral("cuadre:parcial=9"), Punto::Cuadre);
+    b.aparato.Acusar(u"op"_s);
+    b.Empezar(Pedir(Metodo::Cajones, 0, 0, u"op2"_s), u"cuadre:parcial=9"_s, Punto::Cuadre);
     EXPECT_EQ(b.Fin().codigo, 9);
     EXPECT_EQ(b.Saldo(), hay.Saldo());
 }
@@ -99,7 +99,7 @@ TEST(FalloAtasco, EmptiesNoBoxAndReconcilesNothing) {
 TEST(FalloCancelar, GivesTheFirstPieceBack) {
     Banco b;
     const qint64 antes = b.Saldo();
-    b.Empezar(Pedir(Metodo::Cobro, 500), QStringLiteral("cobro:cancelar"));
+    b.Empezar(Pedir(Metodo::Cobro, 500), u"cobro:cancelar"_s);
     b.Meter({500});
     EXPECT_FALSE(b.Fin().ok);
     EXPECT_EQ(b.Fin().codigo, 0);
@@ -110,7 +110,7 @@ TEST(FalloCancelar, GivesTheFirstPieceBack) {
 
 TEST(FalloCancelar, EndsAPaymentBeforeItBegins) {
     Banco b;
-    b.Empezar(Pedir(Metodo::Pago, 500), QStringLiteral("pago:cancelar"), Punto::Pago);
+    b.Empezar(Pedir(Metodo::Pago, 500), u"pago:cancelar"_s, Punto::Pago);
     EXPECT_FALSE(b.Fin().ok);
     EXPECT_EQ(b.Fin().codigo, 0);
     EXPECT_EQ(b.Fin().salido, 0);
@@ -123,8 +123,8 @@ TEST(FalloRetirar, LetsTheReconcilingRunFindTheBoxesTaken) {
     for (const auto& [cajon, monedas, billetes] :
          {std::tuple{"monedas", 800, 0}, {"billetes", 0, 10000}, {"todo", 800, 10000}}) {
         Banco b(EstadoCon(hay));
-        b.Empezar(Pedir(Metodo::Cajones, 0),
-                  QStringLiteral("cuadre:retirar=") + QLatin1String(cajon), Punto::Cuadre);
+        b.Empezar(Pedir(Metodo::Cajones, 0), u"cuadre:retirar="_s + QLatin1String(cajon),
+                  Punto::Cuadre);
         EXPECT_TRUE(b.Fin().ok);
         EXPECT_EQ(b.Fin().monedasCajon, monedas);
         EXPECT_EQ(b.Fin().billetesCajon, billetes);
@@ -134,9 +134,9 @@ TEST(FalloRetirar, LetsTheReconcilingRunFindTheBoxesTaken) {
 
 TEST(Fallos, StrikeOneOperationOnly) {
     Banco b;
-    b.Empezar(Pedir(Metodo::Pago, 500), QStringLiteral("pago:error=5"), Punto::Pago);
-    b.aparato.Acusar(QStringLiteral("op"));
-    b.Empezar(Pedir(Metodo::Pago, 500, 0, QStringLiteral("op2")));
+    b.Empezar(Pedir(Metodo::Pago, 500), u"pago:error=5"_s, Punto::Pago);
+    b.aparato.Acusar(u"op"_s);
+    b.Empezar(Pedir(Metodo::Pago, 500, 0, u"op2"_s));
     EXPECT_TRUE(b.Fin().ok);
 }
 

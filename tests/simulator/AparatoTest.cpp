@@ -1,5 +1,6 @@
 // The operations of the device, from start to end, without faults.
 #include "Banco.h"
+#include "platform/StringLiterals.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,8 +12,9 @@ using testing::ElementsAre;
 
 Inventario SoloCon(std::initializer_list<std::pair<qint32, int>> piezas) {
     Inventario hay;
-    for (const auto& [valor, cuantas] : piezas)
+    for (const auto& [valor, cuantas] : piezas) {
         hay.reciclador.at(*Indice(valor)) = cuantas;
+    }
     return hay;
 }
 
@@ -59,7 +61,7 @@ TEST(Cobro, WithoutExactChangeGivesTheMoneyBackAndFailsWith27) {
     b.Meter({1000, 500});
     EXPECT_FALSE(b.Fin().ok);
     EXPECT_EQ(b.Fin().codigo, kCobroSinCambio);
-    EXPECT_EQ(b.Fin().mensaje, QStringLiteral("No hay cambio para el cobro"));
+    EXPECT_EQ(b.Fin().mensaje, u"No hay cambio para el cobro"_s);
     EXPECT_EQ(b.Fin().entrado, 1500);
     EXPECT_EQ(b.Fin().salido, 1500);
     EXPECT_EQ(b.Saldo(), 500);
@@ -87,7 +89,7 @@ TEST(Cobro, NegativeWithoutThePiecesFailsWith4) {
     b.Empezar(Pedir(Metodo::Cobro, -300));
     EXPECT_EQ(b.Fin().codigo, kSinCambioExacto);
     EXPECT_EQ(b.Fin().salido, 0);
-    b.aparato.Acusar(QStringLiteral("op"));
+    b.aparato.Acusar(u"op"_s);
     b.Empezar(Pedir(Metodo::Cobro, std::numeric_limits<qint32>::min()));
     EXPECT_EQ(b.Fin().codigo, kSinCambioExacto);
 }
@@ -97,12 +99,12 @@ TEST(Cobro, CancelledGivesBackWhatWasPutInPieceByPiece) {
     const Inventario antes = b.aparato.Ver().inventario;
     b.Empezar(Pedir(Metodo::Cobro, 30000));
     b.Meter({20000, 100, 2000});
-    b.aparato.Cancelar(QStringLiteral("op"));
+    b.aparato.Cancelar(u"op"_s);
     EXPECT_TRUE(b.fines.empty()); // the end comes in a later step
     b.Correr();
     EXPECT_FALSE(b.Fin().ok);
     EXPECT_EQ(b.Fin().codigo, 0);
-    EXPECT_EQ(b.Fin().mensaje, QStringLiteral("Cancelado"));
+    EXPECT_EQ(b.Fin().mensaje, u"Cancelado"_s);
     EXPECT_EQ(b.Fin().entrado, 22100);
     EXPECT_EQ(b.Fin().salido, 22100);
     EXPECT_EQ(b.aparato.Ver().inventario.reciclador, antes.reciclador);
@@ -112,7 +114,7 @@ TEST(Cobro, CancelledGivesBackWhatWasPutInPieceByPiece) {
 TEST(Cobro, CancelledBeforeAnythingWentInMovesNothing) {
     Banco b;
     b.Empezar(Pedir(Metodo::Cobro, 500));
-    b.aparato.Cancelar(QStringLiteral("op"));
+    b.aparato.Cancelar(u"op"_s);
     b.Correr();
     EXPECT_FALSE(b.Fin().ok);
     EXPECT_EQ(b.Fin().codigo, 0);
@@ -124,7 +126,7 @@ TEST(Cobro, CancelIsTooLateOnceTheChangeComesOut) {
     Banco b;
     b.Empezar(Pedir(Metodo::Cobro, 1250));
     b.aparato.Meter(2000);
-    b.aparato.Cancelar(QStringLiteral("op"));
+    b.aparato.Cancelar(u"op"_s);
     b.Correr();
     EXPECT_TRUE(b.Fin().ok);
     EXPECT_EQ(b.Fin().salido, 750);
@@ -133,7 +135,7 @@ TEST(Cobro, CancelIsTooLateOnceTheChangeComesOut) {
 TEST(Cobro, CancelOfAnotherOperationChangesNothing) {
     Banco b;
     b.Empezar(Pedir(Metodo::Cobro, 500));
-    b.aparato.Cancelar(QStringLiteral("otra"));
+    b.aparato.Cancelar(u"otra"_s);
     b.Correr();
     EXPECT_TRUE(b.aparato.Admite());
 }
@@ -155,7 +157,7 @@ TEST(Cobro, WithoutRoomReturnsThePieceAndGivesUpWith31) {
     b.Empezar(Pedir(Metodo::Cobro, 15000));
     b.Meter({100});
     EXPECT_FALSE(b.aparato.Meter(10000));
-    EXPECT_TRUE(b.sucesos.contains(QStringLiteral("rechaza 10000")));
+    EXPECT_TRUE(b.sucesos.contains(u"rechaza 10000"_s));
     EXPECT_TRUE(b.aparato.Admite()); // other pieces would still do
     b.aparato.Rendirse();
     b.Correr();
@@ -187,7 +189,7 @@ TEST(Pago, NeverTakesFromTheBoxes) {
     Banco b(EstadoCon(hay));
     b.Empezar(Pedir(Metodo::Pago, 500));
     EXPECT_EQ(b.Fin().codigo, kSinCambioExacto);
-    EXPECT_EQ(b.Fin().mensaje, QStringLiteral("No hay piezas para el importe exacto"));
+    EXPECT_EQ(b.Fin().mensaje, u"No hay piezas para el importe exacto"_s);
     EXPECT_EQ(b.Saldo(), 2500);
 }
 
@@ -243,7 +245,7 @@ TEST(Ingreso, CancelledGivesTheMoneyBack) {
     const qint64 antes = b.Saldo();
     b.Empezar(Pedir(Metodo::Ingreso));
     b.Meter({5000});
-    b.aparato.Cancelar(QStringLiteral("op"));
+    b.aparato.Cancelar(u"op"_s);
     b.Correr();
     EXPECT_FALSE(b.Fin().ok);
     EXPECT_EQ(b.Fin().entrado, 5000);
@@ -338,8 +340,8 @@ TEST(Cuadre, TellsWhatAHandTookOutOfTheBoxes) {
     EXPECT_EQ(b.Fin().monedasCajon, 0);
     EXPECT_EQ(b.Fin().billetesCajon, 10000);
     EXPECT_EQ(b.Saldo(), hay.Saldo() - 10000);
-    b.aparato.Acusar(QStringLiteral("op"));
-    b.Empezar(Pedir(Metodo::Cajones, 0, 0, QStringLiteral("op2")));
+    b.aparato.Acusar(u"op"_s);
+    b.Empezar(Pedir(Metodo::Cajones, 0, 0, u"op2"_s));
     EXPECT_EQ(b.Fin().billetesCajon, 0); // told once
 }
 
@@ -350,8 +352,8 @@ TEST(Cuadre, CountsOnlyThePiecesOfTheTakenBox) {
     b.aparato.RetirarAMano(Cajon::Billetes);
     b.Empezar(Pedir(Metodo::Cobro, 10000));
     b.Meter({10000}); // into the box that hangs there now
-    b.aparato.Acusar(QStringLiteral("op"));
-    b.Empezar(Pedir(Metodo::Cajones, 0, 0, QStringLiteral("op2")));
+    b.aparato.Acusar(u"op"_s);
+    b.Empezar(Pedir(Metodo::Cajones, 0, 0, u"op2"_s));
     EXPECT_EQ(b.Fin().billetesCajon, 20000);
     EXPECT_EQ(b.EnCajon(10000), 1);
 }
@@ -374,8 +376,8 @@ TEST(Vaciado, EmptiesOneBoxAndTellsItsValue) {
     EXPECT_TRUE(b.Fin().ok);
     EXPECT_EQ(b.Fin().vaciado, 800);
     EXPECT_EQ(Total(b.aparato.Ver().inventario.cajon), 10000);
-    b.aparato.Acusar(QStringLiteral("op"));
-    b.Empezar(Pedir(Metodo::Vaciado, 1, 0, QStringLiteral("op2")));
+    b.aparato.Acusar(u"op"_s);
+    b.Empezar(Pedir(Metodo::Vaciado, 1, 0, u"op2"_s));
     EXPECT_EQ(b.Fin().vaciado, 10000);
 }
 
@@ -386,8 +388,8 @@ TEST(Vaciado, OfABoxTakenByHandLeavesNothingToReconcile) {
     b.aparato.RetirarAMano(Cajon::Monedas);
     b.Empezar(Pedir(Metodo::Vaciado, 0));
     EXPECT_EQ(b.Fin().vaciado, 800);
-    b.aparato.Acusar(QStringLiteral("op"));
-    b.Empezar(Pedir(Metodo::Cajones, 0, 0, QStringLiteral("op2")));
+    b.aparato.Acusar(u"op"_s);
+    b.Empezar(Pedir(Metodo::Cajones, 0, 0, u"op2"_s));
     EXPECT_EQ(b.Fin().monedasCajon, 0);
     EXPECT_EQ(b.EnCajon(200), 0);
 }
@@ -395,16 +397,16 @@ TEST(Vaciado, OfABoxTakenByHandLeavesNothingToReconcile) {
 TEST(Aparato, RefusesASecondOperationUntilTheFirstIsAcknowledged) {
     Banco b;
     b.Empezar(Pedir(Metodo::Pago, 100));
-    EXPECT_FALSE(b.aparato.Empezar(Pedir(Metodo::Pago, 100, 0, QStringLiteral("op2")), {}));
-    b.aparato.Acusar(QStringLiteral("op"));
+    EXPECT_FALSE(b.aparato.Empezar(Pedir(Metodo::Pago, 100, 0, u"op2"_s), {}));
+    b.aparato.Acusar(u"op"_s);
     EXPECT_EQ(b.aparato.Abierta(), nullptr);
-    EXPECT_TRUE(b.aparato.Empezar(Pedir(Metodo::Pago, 100, 0, QStringLiteral("op2")), {}));
+    EXPECT_TRUE(b.aparato.Empezar(Pedir(Metodo::Pago, 100, 0, u"op2"_s), {}));
 }
 
 TEST(Aparato, DoesNotForgetAnOperationThatRuns) {
     Banco b;
     b.Empezar(Pedir(Metodo::Cobro, 100));
-    b.aparato.Acusar(QStringLiteral("op"));
+    b.aparato.Acusar(u"op"_s);
     EXPECT_TRUE(b.aparato.EnMarcha());
 }
 
@@ -415,9 +417,9 @@ TEST(Aparato, RemembersTheLastAcknowledgedOperations) {
         b.Empezar(Pedir(Metodo::Pago, 1, 0, opId));
         b.aparato.Acusar(opId);
     }
-    EXPECT_TRUE(b.aparato.Conocida(QStringLiteral("19")));
-    EXPECT_TRUE(b.aparato.Conocida(QStringLiteral("4")));
-    EXPECT_FALSE(b.aparato.Conocida(QStringLiteral("3")));
+    EXPECT_TRUE(b.aparato.Conocida(u"19"_s));
+    EXPECT_TRUE(b.aparato.Conocida(u"4"_s));
+    EXPECT_FALSE(b.aparato.Conocida(u"3"_s));
 }
 
 TEST(Aparato, CommitsOncePerPiece) {
@@ -453,7 +455,7 @@ TEST(Aparato, StopsWithoutATellingWhenTheStoreFails) {
     EXPECT_FALSE(b.aparato.Meter(1000));
     EXPECT_EQ(b.Saldo(), antes);
     EXPECT_TRUE(b.progresos.empty());
-    EXPECT_EQ(b.roturas, QStringList{QStringLiteral("disco lleno")});
+    EXPECT_EQ(b.roturas, QStringList{u"disco lleno"_s});
     EXPECT_FALSE(b.aparato.Meter(1000)); // and for good
     EXPECT_EQ(b.roturas.size(), 1);
 }
@@ -462,14 +464,14 @@ TEST(Aparato, WritesItsTrace) {
     Banco b;
     b.Empezar(Pedir(Metodo::Cobro, 1250));
     b.Meter({2000});
-    b.aparato.Acusar(QStringLiteral("op"));
+    b.aparato.Acusar(u"op"_s);
     ASSERT_EQ(b.sucesos.size(), 6);
-    EXPECT_TRUE(b.sucesos.at(0).startsWith(QStringLiteral("inicio charge.start 1250 ")));
-    EXPECT_EQ(b.sucesos.at(1), QStringLiteral("entra 2000"));
-    EXPECT_EQ(b.sucesos.at(2), QStringLiteral("sale 250"));
-    EXPECT_EQ(b.sucesos.at(3), QStringLiteral("sale 500"));
-    EXPECT_EQ(b.sucesos.at(4), QStringLiteral("fin ok 2000 750"));
-    EXPECT_EQ(b.sucesos.at(5), QStringLiteral("acuse op"));
+    EXPECT_TRUE(b.sucesos.at(0).startsWith(u"inicio charge.start 1250 "_s));
+    EXPECT_EQ(b.sucesos.at(1), u"entra 2000"_s);
+    EXPECT_EQ(b.sucesos.at(2), u"sale 250"_s);
+    EXPECT_EQ(b.sucesos.at(3), u"sale 500"_s);
+    EXPECT_EQ(b.sucesos.at(4), u"fin ok 2000 750"_s);
+    EXPECT_EQ(b.sucesos.at(5), u"acuse op"_s);
 }
 
 TEST(Aparato, ShowsTheLevelsOfEachKind) {

@@ -1,6 +1,7 @@
 // A device on a store in memory, with everything it tells written down.
 #pragma once
 
+#include "platform/StringLiterals.h"
 #include "simulator/Aparato.h"
 
 #include <QStringList>
@@ -13,11 +14,11 @@ namespace zv::simulador {
 // Keeps the last state that was committed; refuses from `fallaDesde` commits on.
 class AlmacenMemoria final : public Almacen {
   public:
-    AlmacenMemoria() : Almacen(QStringLiteral("/nowhere")) {}
+    AlmacenMemoria() : Almacen(u"/nowhere"_s) {}
 
     bool Guardar(const Estado& estado, QString& error) override {
         if (fallaDesde >= 0 && guardados >= fallaDesde) {
-            error = QStringLiteral("disco lleno");
+            error = u"disco lleno"_s;
             return false;
         }
         ++guardados;
@@ -32,7 +33,7 @@ class AlmacenMemoria final : public Almacen {
 
 inline Estado EstadoCon(const Inventario& inventario) {
     Estado estado;
-    estado.storeId = QStringLiteral("prueba");
+    estado.storeId = u"prueba"_s;
     estado.inventario = inventario;
     return estado;
 }
@@ -42,7 +43,7 @@ inline Estado EstadoInicial() {
 }
 
 inline Operacion Pedir(Metodo metodo, qint32 valor = 0, qint32 dejar = 0,
-                       const QString& opId = QStringLiteral("op")) {
+                       const QString& opId = u"op"_s) {
     Operacion op;
     op.opId = opId;
     op.metodo = metodo;
@@ -81,8 +82,9 @@ class Banco {
         Correr();
     }
     void Correr() {
-        while (aparato.TienePaso())
+        while (aparato.TienePaso()) {
             aparato.Paso();
+        }
     }
     // Puts pieces in, taking the device's steps in between.
     void Meter(std::initializer_list<qint32> piezas) {

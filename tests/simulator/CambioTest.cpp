@@ -15,15 +15,17 @@ namespace {
 
 Mezcla Con(std::initializer_list<std::pair<qint32, int>> piezas) {
     Mezcla mezcla{};
-    for (const auto& [valor, cuantas] : piezas)
+    for (const auto& [valor, cuantas] : piezas) {
         mezcla.at(*Indice(valor)) = cuantas;
+    }
     return mezcla;
 }
 
 bool Cabe(const Mezcla& mezcla, const Mezcla& disponible) {
     for (std::size_t i = 0; i < kCuantas; ++i) {
-        if (mezcla.at(i) < 0 || mezcla.at(i) > disponible.at(i))
+        if (mezcla.at(i) < 0 || mezcla.at(i) > disponible.at(i)) {
             return false;
+        }
     }
     return true;
 }
@@ -36,8 +38,9 @@ std::vector<bool> Sumas(const Mezcla& disponible) {
         const auto valor = static_cast<std::size_t>(kDenominaciones.at(i).valor);
         for (int n = 0; n < disponible.at(i); ++n) {
             for (std::size_t s = sumas.size(); s-- > valor;) {
-                if (sumas[s - valor])
+                if (sumas[s - valor]) {
                     sumas[s] = true;
+                }
             }
         }
     }
@@ -46,18 +49,22 @@ std::vector<bool> Sumas(const Mezcla& disponible) {
 
 // The fewest pieces for a sum, by trying all mixtures; -1 when there is none.
 int PiezasPorFuerza(qint64 importe, const Mezcla& disponible, std::size_t indice = 0) {
-    if (importe == 0)
+    if (importe == 0) {
         return 0;
-    if (indice == kCuantas)
+    }
+    if (indice == kCuantas) {
         return -1;
+    }
     int mejor = -1;
     for (int n = 0; n <= disponible.at(indice); ++n) {
         const qint64 resto = importe - qint64{n} * kDenominaciones.at(indice).valor;
-        if (resto < 0)
+        if (resto < 0) {
             break;
+        }
         const int demas = PiezasPorFuerza(resto, disponible, indice + 1);
-        if (demas >= 0 && (mejor < 0 || n + demas < mejor))
+        if (demas >= 0 && (mejor < 0 || n + demas < mejor)) {
             mejor = n + demas;
+        }
     }
     return mejor;
 }
@@ -73,8 +80,9 @@ bool GreedyLlega(qint64 importe, const Mezcla& disponible) {
 Mezcla AlAzar(std::mt19937& azar, int hasta) {
     std::uniform_int_distribution<int> piezas(0, hasta);
     Mezcla mezcla{};
-    for (std::size_t i = 0; i < kCuantas; ++i)
+    for (std::size_t i = 0; i < kCuantas; ++i) {
         mezcla.at(i) = kDenominaciones.at(i).recicla ? piezas(azar) : 0;
+    }
     return mezcla;
 }
 
@@ -129,8 +137,9 @@ TEST(Cambio, FindsEveryChangeThatExistsOnTwentyThousandRandomAmounts) {
                 n % 2 == 0 ? Preferencia::MenosPiezas : Preferencia::CuidarNiveles;
             const auto cambio = CambioExacto(importe, hay, preferencia);
             ASSERT_EQ(cambio.has_value(), existe) << importe;
-            if (!cambio)
+            if (!cambio) {
                 continue;
+            }
             ++existen;
             greedyFalla += GreedyLlega(importe, hay) ? 0 : 1;
             ASSERT_EQ(Total(*cambio), importe);
@@ -161,8 +170,9 @@ TEST(CambioMasCercano, IsTheLargestSumThatDoesNotExceedTheAmount) {
         std::uniform_int_distribution<qint64> importes(0, Total(hay) + 5);
         const qint64 importe = importes(azar);
         auto s = std::min(static_cast<std::size_t>(importe), sumas.size() - 1);
-        while (!sumas[s])
+        while (!sumas[s]) {
             --s;
+        }
         const Mezcla piezas = CambioMasCercano(importe, hay, Preferencia::MenosPiezas);
         EXPECT_EQ(Total(piezas), static_cast<qint64>(s)) << importe;
         EXPECT_TRUE(Cabe(piezas, hay));
@@ -181,8 +191,9 @@ TEST(CambioMasCercano, BelowZeroIsNothing) {
 
 TEST(Cambio, OfAFullDeviceTakesMilliseconds) {
     Mezcla lleno{};
-    for (std::size_t i = 0; i < kCuantas; ++i)
+    for (std::size_t i = 0; i < kCuantas; ++i) {
         lleno.at(i) = kDenominaciones.at(i).capacidad;
+    }
     constexpr int kVeces = 20;
     qint64 mejor = std::numeric_limits<qint64>::max();
     for (int n = 0; n < kVeces; ++n) {

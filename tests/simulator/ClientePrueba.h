@@ -1,6 +1,7 @@
 // A client of the gateway for tests: sends requests, keeps all that comes.
 #pragma once
 
+#include "platform/StringLiterals.h"
 #include "support/Esperas.h"
 
 #include <QHostAddress>
@@ -35,10 +36,10 @@ class ClientePrueba {
     // Sends a request without waiting; answers its id.
     int Pedir(const QString& metodo, QJsonObject params = {}) {
         const int id = ++ultimoId_;
-        const QJsonObject peticion{{QStringLiteral("jsonrpc"), QStringLiteral("2.0")},
-                                   {QStringLiteral("id"), id},
-                                   {QStringLiteral("method"), metodo},
-                                   {QStringLiteral("params"), std::move(params)}};
+        const QJsonObject peticion{{u"jsonrpc"_s, u"2.0"_s},
+                                   {u"id"_s, id},
+                                   {u"method"_s, metodo},
+                                   {u"params"_s, std::move(params)}};
         Crudo(QJsonDocument(peticion).toJson(QJsonDocument::Compact) + '\n');
         return id;
     }
@@ -48,29 +49,26 @@ class ClientePrueba {
         Esperar([&] {
             Leer();
             for (const QJsonObject& uno : mensajes) {
-                if (uno.contains(QStringLiteral("id")) && uno.value(QStringLiteral("id")) == id)
+                if (uno.contains(u"id"_s) && uno.value(u"id"_s) == id) {
                     hallada = uno;
+                }
             }
             return !hallada.isEmpty() || socket.state() == QAbstractSocket::UnconnectedState;
         });
         return hallada;
     }
     QJsonObject Resultado(const QString& metodo, QJsonObject params = {}) {
-        return Respuesta(Pedir(metodo, std::move(params)))
-            .value(QStringLiteral("result"))
-            .toObject();
+        return Respuesta(Pedir(metodo, std::move(params))).value(u"result"_s).toObject();
     }
     int Error(const QString& metodo, QJsonObject params = {}) {
         return Respuesta(Pedir(metodo, std::move(params)))
-            .value(QStringLiteral("error"))
+            .value(u"error"_s)
             .toObject()
-            .value(QStringLiteral("code"))
+            .value(u"code"_s)
             .toInt();
     }
     QJsonObject Saludar() {
-        return Resultado(QStringLiteral("session.hello"),
-                         {{QStringLiteral("protocol"), 1},
-                          {QStringLiteral("client"), QStringLiteral("prueba")}});
+        return Resultado(u"session.hello"_s, {{u"protocol"_s, 1}, {u"client"_s, u"prueba"_s}});
     }
 
     // The states that the notifications of a kind have brought so far.
@@ -78,8 +76,9 @@ class ClientePrueba {
         Leer();
         std::vector<QJsonObject> avisos;
         for (const QJsonObject& uno : mensajes) {
-            if (uno.value(QStringLiteral("method")).toString() == metodo)
-                avisos.push_back(uno.value(QStringLiteral("params")).toObject());
+            if (uno.value(u"method"_s).toString() == metodo) {
+                avisos.push_back(uno.value(u"params"_s).toObject());
+            }
         }
         return avisos;
     }
@@ -88,7 +87,7 @@ class ClientePrueba {
     }
     // The state of op.result; empty when it does not come.
     QJsonObject Fin() {
-        const QString metodo = QStringLiteral("op.result");
+        const QString metodo = u"op.result"_s;
         return EsperarAviso(metodo) ? Avisos(metodo).back() : QJsonObject();
     }
 
@@ -101,10 +100,11 @@ class ClientePrueba {
         pendiente_ += socket.readAll();
         for (qsizetype fin = pendiente_.indexOf('\n'); fin >= 0; fin = pendiente_.indexOf('\n')) {
             const QJsonDocument linea = QJsonDocument::fromJson(pendiente_.left(fin));
-            if (linea.isObject())
+            if (linea.isObject()) {
                 mensajes.push_back(linea.object());
-            else
+            } else {
                 ++rarezas;
+            }
             pendiente_.remove(0, fin + 1);
         }
     }

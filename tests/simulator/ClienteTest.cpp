@@ -1,5 +1,6 @@
 // The scripted customers, and the motor that lets them act.
 #include "Banco.h"
+#include "platform/StringLiterals.h"
 #include "simulator/Motor.h"
 
 #include <gtest/gtest.h>
@@ -16,8 +17,9 @@ Operacion Cobrando(qint32 valor, qint32 entrado) {
 // Beats until nobody has anything to do; answers how many it took.
 int Agotar(Motor& motor) {
     int pulsos = 0;
-    while (motor.Pulso() && pulsos < 1000)
+    while (motor.Pulso() && pulsos < 1000) {
         ++pulsos;
+    }
     return pulsos;
 }
 
@@ -41,8 +43,8 @@ TEST(ClienteManual, DoesNothing) {
 }
 
 TEST(Cliente, IsKnownByItsName) {
-    EXPECT_EQ(GuionDeNombre(QStringLiteral("redondeo")), Guion::Redondeo);
-    EXPECT_FALSE(GuionDeNombre(QStringLiteral("generoso")));
+    EXPECT_EQ(GuionDeNombre(u"redondeo"_s), Guion::Redondeo);
+    EXPECT_FALSE(GuionDeNombre(u"generoso"_s));
 }
 
 TEST(Motor, BringsAChargeToItsEndWithTheExactCustomer) {
@@ -76,8 +78,8 @@ TEST(Motor, ChangesANoteAndAddsFloat) {
         EXPECT_TRUE(b.Fin().ok);
         EXPECT_EQ(b.Fin().entrado, cambiado);
         EXPECT_EQ(b.Fin().salido, cambiado);
-        b.aparato.Acusar(QStringLiteral("op"));
-        b.aparato.Empezar(Pedir(Metodo::Ingreso, 0, 0, QStringLiteral("op2")), {});
+        b.aparato.Acusar(u"op"_s);
+        b.aparato.Empezar(Pedir(Metodo::Ingreso, 0, 0, u"op2"_s), {});
         Agotar(motor);
         EXPECT_TRUE(b.Fin().ok);
         EXPECT_EQ(b.Fin().entrado, ingresado);

@@ -1,6 +1,8 @@
 // The language of the fault scripts.
 #include "simulator/Fallos.h"
 
+#include "platform/StringLiterals.h"
+
 #include <gtest/gtest.h>
 
 namespace zv::simulador {
@@ -28,7 +30,7 @@ TEST(Fallos, ARuleWithoutACountStrikesEachTime) {
         ASSERT_EQ(acciones.size(), 1U);
         EXPECT_EQ(acciones[0].tipo, TipoFallo::Error);
         EXPECT_EQ(acciones[0].valor, 5);
-        EXPECT_EQ(acciones[0].regla, QStringLiteral("cobro:error=5"));
+        EXPECT_EQ(acciones[0].regla, u"cobro:error=5"_s);
     }
 }
 
@@ -80,7 +82,7 @@ TEST(Fallos, AddedLaterCountFromThen) {
     Fallos fallos;
     fallos.Toca(Punto::Cobro);
     QString error;
-    ASSERT_TRUE(fallos.Añadir(QStringLiteral("cobro#1:atasco"), error));
+    ASSERT_TRUE(fallos.Añadir(u"cobro#1:atasco"_s, error));
     EXPECT_EQ(fallos.Toca(Punto::Cobro).size(), 1U);
 }
 
@@ -88,44 +90,37 @@ TEST(Fallos, ListsTheRulesThatMayStillStrike) {
     Fallos fallos = Con("cobro#1:atasco,pago:mudo,cobro#2+:mudo");
     EXPECT_EQ(fallos.Pendientes().size(), 3);
     fallos.Toca(Punto::Cobro);
-    EXPECT_EQ(fallos.Pendientes(),
-              (QStringList{QStringLiteral("pago:mudo"), QStringLiteral("cobro#2+:mudo")}));
+    EXPECT_EQ(fallos.Pendientes(), (QStringList{u"pago:mudo"_s, u"cobro#2+:mudo"_s}));
     fallos.Borrar();
     EXPECT_TRUE(fallos.Pendientes().isEmpty());
 }
 
 TEST(Fallos, AWrongRuleIsToldInPlainWordsAndAddsNothing) {
-    EXPECT_EQ(ErrorDe("cobro"),
-              QStringLiteral("fallo \"cobro\": la forma es punto[#n]:acción[=valor]"));
-    EXPECT_EQ(ErrorDe("venta:atasco"),
-              QStringLiteral("fallo \"venta:atasco\": no hay ningún punto \"venta\""));
+    EXPECT_EQ(ErrorDe("cobro"), u"fallo \"cobro\": la forma es punto[#n]:acción[=valor]"_s);
+    EXPECT_EQ(ErrorDe("venta:atasco"), u"fallo \"venta:atasco\": no hay ningún punto \"venta\""_s);
     EXPECT_EQ(ErrorDe("cobro:explotar"),
-              QStringLiteral("fallo \"cobro:explotar\": no hay ninguna acción \"explotar\""));
-    EXPECT_EQ(ErrorDe("cobro#0:atasco"),
-              QStringLiteral("fallo \"cobro#0:atasco\": la cuenta empieza en 1"));
+              u"fallo \"cobro:explotar\": no hay ninguna acción \"explotar\""_s);
+    EXPECT_EQ(ErrorDe("cobro#0:atasco"), u"fallo \"cobro#0:atasco\": la cuenta empieza en 1"_s);
     EXPECT_EQ(ErrorDe("cobro:atasco,cobro:error=1"),
-              QStringLiteral("fallo \"cobro:error=1\": el código va de 2 a 32767"));
+              u"fallo \"cobro:error=1\": el código va de 2 a 32767"_s);
     EXPECT_EQ(ErrorDe("cobro:error=32768"),
-              QStringLiteral("fallo \"cobro:error=32768\": el código va de 2 a 32767"));
-    EXPECT_EQ(ErrorDe("cobro:error"),
-              QStringLiteral("fallo \"cobro:error\": el código va de 2 a 32767"));
+              u"fallo \"cobro:error=32768\": el código va de 2 a 32767"_s);
+    EXPECT_EQ(ErrorDe("cobro:error"), u"fallo \"cobro:error\": el código va de 2 a 32767"_s);
     EXPECT_EQ(ErrorDe("cobro:lento=0"),
-              QStringLiteral("fallo \"cobro:lento=0\": los milisegundos van de 1 a 600000"));
-    EXPECT_EQ(ErrorDe("cobro:atasco=3"),
-              QStringLiteral("fallo \"cobro:atasco=3\": no lleva valor"));
-    EXPECT_EQ(
-        ErrorDe("cobro:cortar=nunca"),
-        QStringLiteral("fallo \"cobro:cortar=nunca\": el momento es antes, durante o despues"));
+              u"fallo \"cobro:lento=0\": los milisegundos van de 1 a 600000"_s);
+    EXPECT_EQ(ErrorDe("cobro:atasco=3"), u"fallo \"cobro:atasco=3\": no lleva valor"_s);
+    EXPECT_EQ(ErrorDe("cobro:cortar=nunca"),
+              u"fallo \"cobro:cortar=nunca\": el momento es antes, durante o despues"_s);
     EXPECT_EQ(ErrorDe("cuadre:retirar=oro"),
-              QStringLiteral("fallo \"cuadre:retirar=oro\": el cajón es monedas, billetes o todo"));
+              u"fallo \"cuadre:retirar=oro\": el cajón es monedas, billetes o todo"_s);
     EXPECT_EQ(ErrorDe("niveles:descuadre=x"),
-              QStringLiteral("fallo \"niveles:descuadre=x\": el descuadre va de -100000 a 100000"));
+              u"fallo \"niveles:descuadre=x\": el descuadre va de -100000 a 100000"_s);
     EXPECT_EQ(ErrorDe("cobro:rechazar"),
-              QStringLiteral("fallo \"cobro:rechazar\": \"rechazar\" no vale en \"cobro\""));
+              u"fallo \"cobro:rechazar\": \"rechazar\" no vale en \"cobro\""_s);
     EXPECT_EQ(ErrorDe("niveles:atasco"),
-              QStringLiteral("fallo \"niveles:atasco\": \"atasco\" no vale en \"niveles\""));
+              u"fallo \"niveles:atasco\": \"atasco\" no vale en \"niveles\""_s);
     EXPECT_EQ(ErrorDe("cierre:retirar=todo"),
-              QStringLiteral("fallo \"cierre:retirar=todo\": \"retirar\" no vale en \"cierre\""));
+              u"fallo \"cierre:retirar=todo\": \"retirar\" no vale en \"cierre\""_s);
 }
 
 } // namespace

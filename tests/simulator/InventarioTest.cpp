@@ -1,6 +1,8 @@
 // Where pieces go, the levels, and the boxes.
 #include "simulator/Inventario.h"
 
+#include "platform/StringLiterals.h"
+
 #include <gtest/gtest.h>
 
 namespace zv::simulador {
@@ -26,17 +28,18 @@ TEST(Dinero, MixturesComeBackFromJson) {
 }
 
 TEST(Dinero, JsonWithAStrangePieceOrCountIsRefused) {
-    EXPECT_FALSE(MezclaDeJson({{QStringLiteral("300"), 1}}));
-    EXPECT_FALSE(MezclaDeJson({{QStringLiteral("200"), -1}}));
-    EXPECT_FALSE(MezclaDeJson({{QStringLiteral("200"), 1.5}}));
-    EXPECT_FALSE(MezclaDeJson({{QStringLiteral("200"), QStringLiteral("4")}}));
+    EXPECT_FALSE(MezclaDeJson({{u"300"_s, 1}}));
+    EXPECT_FALSE(MezclaDeJson({{u"200"_s, -1}}));
+    EXPECT_FALSE(MezclaDeJson({{u"200"_s, 1.5}}));
+    EXPECT_FALSE(MezclaDeJson({{u"200"_s, u"4"_s}}));
 }
 
 TEST(Inventario, ANewDeviceHoldsItsFloatWithAllLevelsNormal) {
     const Inventario nuevo = Inventario::Inicial();
     EXPECT_EQ(nuevo.Saldo(), 20 * 388 + 10 * 3500);
-    for (std::size_t i = 0; i < kCuantas; ++i)
+    for (std::size_t i = 0; i < kCuantas; ++i) {
         EXPECT_EQ(nuevo.EstadoDe(i, kCajones), 0) << kDenominaciones.at(i).valor;
+    }
 }
 
 TEST(Inventario, RecyclesUpToTheTargetAndThenFillsTheBox) {

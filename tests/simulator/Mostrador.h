@@ -3,6 +3,7 @@
 
 #include "Banco.h"
 #include "ClientePrueba.h"
+#include "platform/StringLiterals.h"
 #include "simulator/Motor.h"
 #include "simulator/Servidor.h"
 
@@ -27,11 +28,11 @@ class Mostrador {
 };
 
 inline QJsonObject Cobro(const QString& opId, int valor) {
-    return {{QStringLiteral("opId"), opId}, {QStringLiteral("value"), valor}};
+    return {{u"opId"_s, opId}, {u"value"_s, valor}};
 }
 
 inline QJsonObject ConOpId(const QString& opId) {
-    return {{QStringLiteral("opId"), opId}};
+    return {{u"opId"_s, opId}};
 }
 
 } // namespace zv::simulador

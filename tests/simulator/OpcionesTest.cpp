@@ -1,6 +1,8 @@
 // The command line: defaults, and wrong options told in plain words.
 #include "simulator/Opciones.h"
 
+#include "platform/StringLiterals.h"
+
 #include <gtest/gtest.h>
 
 namespace zv::simulador {
@@ -20,7 +22,7 @@ QString ErrorDe(const QStringList& argumentos, bool hayVentana = true) {
     return error;
 }
 
-const QString kSinVentana = QStringLiteral("--sin-ventana");
+const QString kSinVentana = u"--sin-ventana"_s;
 
 TEST(Opciones, HaveTheirDefaults) {
     const Opciones o = Leidas({});
@@ -33,62 +35,55 @@ TEST(Opciones, HaveTheirDefaults) {
     EXPECT_EQ(o.cajones.billetes, 2000);
     EXPECT_TRUE(o.fallos.Vacio());
     EXPECT_TRUE(o.traza.isEmpty());
-    EXPECT_TRUE(o.carpeta.endsWith(QStringLiteral("/ZVSimulador")));
+    EXPECT_TRUE(o.carpeta.endsWith(u"/ZVSimulador"_s));
 }
 
 TEST(Opciones, WithoutAWindowRunFaster) {
     EXPECT_EQ(Leidas({kSinVentana}).ritmo, 2);
-    EXPECT_EQ(Leidas({kSinVentana, QStringLiteral("--ritmo"), QStringLiteral("0")}).ritmo, 0);
+    EXPECT_EQ(Leidas({kSinVentana, u"--ritmo"_s, u"0"_s}).ritmo, 0);
 }
 
 TEST(Opciones, AreRead) {
-    const Opciones o = Leidas({QStringLiteral("--puerto=0"), QStringLiteral("--carpeta=/x"),
-                               QStringLiteral("--cliente"), QStringLiteral("exacto"),
-                               QStringLiteral("--fallo=cobro:atasco"), QStringLiteral("--saldo"),
-                               QStringLiteral("--cajones=7"), QStringLiteral("--traza=/t")});
+    const Opciones o =
+        Leidas({u"--puerto=0"_s, u"--carpeta=/x"_s, u"--cliente"_s, u"exacto"_s,
+                u"--fallo=cobro:atasco"_s, u"--saldo"_s, u"--cajones=7"_s, u"--traza=/t"_s});
     EXPECT_EQ(o.puerto, 0);
-    EXPECT_EQ(o.carpeta, QStringLiteral("/x"));
+    EXPECT_EQ(o.carpeta, u"/x"_s);
     EXPECT_EQ(o.guion, Guion::Exacto);
     EXPECT_FALSE(o.fallos.Vacio());
     EXPECT_TRUE(o.saldo);
     EXPECT_EQ(o.cajones.monedas, 7);
     EXPECT_EQ(o.cajones.billetes, 7);
-    EXPECT_EQ(o.traza, QStringLiteral("/t"));
+    EXPECT_EQ(o.traza, u"/t"_s);
 }
 
 TEST(Opciones, HelpAndVersionAreTextsToPrint) {
-    const QString ayuda = Leidas({QStringLiteral("--help")}).aviso;
+    const QString ayuda = Leidas({u"--help"_s}).aviso;
     for (const char* opcion : {"--puerto", "--carpeta", "--sin-ventana", "--cliente", "--ritmo",
-                               "--fallo", "--cajones", "--traza", "--saldo"})
+                               "--fallo", "--cajones", "--traza", "--saldo"}) {
         EXPECT_TRUE(ayuda.contains(QLatin1String(opcion))) << opcion;
-    EXPECT_TRUE(
-        Leidas({QStringLiteral("--version")}).aviso.startsWith(QStringLiteral("ZVSimulador ")));
+    }
+    EXPECT_TRUE(Leidas({u"--version"_s}).aviso.startsWith(u"ZVSimulador "_s));
 }
 
 TEST(Opciones, ThatAreWrongAreToldInPlainWords) {
-    EXPECT_EQ(ErrorDe({QStringLiteral("--puerto=70000")}),
-              QStringLiteral("--puerto va de 0 a 65535, no \"70000\""));
-    EXPECT_EQ(ErrorDe({QStringLiteral("--puerto=-1")}),
-              QStringLiteral("--puerto va de 0 a 65535, no \"-1\""));
-    EXPECT_EQ(ErrorDe({QStringLiteral("--ritmo=x")}),
-              QStringLiteral("--ritmo va de 0 a 60000, no \"x\""));
-    EXPECT_EQ(ErrorDe({QStringLiteral("--cajones=0")}),
-              QStringLiteral("--cajones va de 1 a 100000, no \"0\""));
-    EXPECT_EQ(ErrorDe({QStringLiteral("--cliente=rico")}),
-              QStringLiteral("--cliente es exacto, redondeo o manual, no \"rico\""));
-    EXPECT_EQ(ErrorDe({QStringLiteral("--fallo=x")}),
-              QStringLiteral("fallo \"x\": la forma es punto[#n]:acción[=valor]"));
-    EXPECT_EQ(ErrorDe({QStringLiteral("suelto")}), QStringLiteral("sobra \"suelto\""));
-    EXPECT_FALSE(ErrorDe({QStringLiteral("--direccion=0.0.0.0")}).isEmpty());
+    EXPECT_EQ(ErrorDe({u"--puerto=70000"_s}), u"--puerto va de 0 a 65535, no \"70000\""_s);
+    EXPECT_EQ(ErrorDe({u"--puerto=-1"_s}), u"--puerto va de 0 a 65535, no \"-1\""_s);
+    EXPECT_EQ(ErrorDe({u"--ritmo=x"_s}), u"--ritmo va de 0 a 60000, no \"x\""_s);
+    EXPECT_EQ(ErrorDe({u"--cajones=0"_s}), u"--cajones va de 1 a 100000, no \"0\""_s);
+    EXPECT_EQ(ErrorDe({u"--cliente=rico"_s}),
+              u"--cliente es exacto, redondeo o manual, no \"rico\""_s);
+    EXPECT_EQ(ErrorDe({u"--fallo=x"_s}), u"fallo \"x\": la forma es punto[#n]:acción[=valor]"_s);
+    EXPECT_EQ(ErrorDe({u"suelto"_s}), u"sobra \"suelto\""_s);
+    EXPECT_FALSE(ErrorDe({u"--direccion=0.0.0.0"_s}).isEmpty());
 }
 
 TEST(Opciones, OfABuildWithoutScreensWantNoWindow) {
-    EXPECT_EQ(ErrorDe({}, false),
-              QStringLiteral("este programa se ha hecho sin pantallas: use --sin-ventana"));
+    EXPECT_EQ(ErrorDe({}, false), u"este programa se ha hecho sin pantallas: use --sin-ventana"_s);
     Opciones opciones;
     QString error;
     EXPECT_TRUE(LeerOpciones({kSinVentana}, false, opciones, error));
-    EXPECT_TRUE(LeerOpciones({QStringLiteral("--saldo")}, false, opciones, error));
+    EXPECT_TRUE(LeerOpciones({u"--saldo"_s}, false, opciones, error));
 }
 
 } // namespace

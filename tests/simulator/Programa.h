@@ -1,6 +1,7 @@
 // The real program as a child, on a free port.
 #pragma once
 
+#include "platform/StringLiterals.h"
 #include "support/Esperas.h"
 
 #include <QCoreApplication>
@@ -18,21 +19,19 @@ class Programa {
     Programa(const Programa&) = delete;
     Programa& operator=(const Programa&) = delete;
 
-    static QString Ruta() {
-        return QCoreApplication::applicationDirPath() + QStringLiteral("/ZVSimulador");
-    }
+    static QString Ruta() { return QCoreApplication::applicationDirPath() + u"/ZVSimulador"_s; }
 
     // Without a window, on a free port; false when it does not come to listen.
     bool Arrancar(const QString& carpeta, const QStringList& demas = {}) {
         proceso.start(Ruta(),
-                      QStringList{QStringLiteral("--puerto=0"), QStringLiteral("--sin-ventana"),
-                                  QStringLiteral("--carpeta=") + carpeta} +
+                      QStringList{u"--puerto=0"_s, u"--sin-ventana"_s, u"--carpeta="_s + carpeta} +
                           demas);
         return Esperar([this] {
                    salida += proceso.readAllStandardOutput();
                    const qsizetype fin = salida.indexOf('\n');
-                   if (fin < 0)
+                   if (fin < 0) {
                        return proceso.state() == QProcess::NotRunning;
+                   }
                    puerto = salida.left(fin).mid(salida.lastIndexOf(':', fin) + 1).toUShort();
                    return true;
                }) &&
@@ -53,8 +52,9 @@ class Programa {
     }
     // As kill -9.
     void Matar() {
-        if (proceso.state() == QProcess::NotRunning)
+        if (proceso.state() == QProcess::NotRunning) {
             return;
+        }
         proceso.kill();
         proceso.waitForFinished();
     }

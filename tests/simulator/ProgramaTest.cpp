@@ -3,6 +3,7 @@
 
 #include "ClientePrueba.h"
 #include "Mostrador.h"
+#include "platform/StringLiterals.h"
 #include "simulator/Simulador.h"
 
 #include <QFile>
@@ -25,14 +26,14 @@ qint64 SaldoDe(const QString& carpeta) {
 TEST(Programa, PrintsItsPortAndItsTraceAndEndsCleanlyOnSigterm) {
     const QTemporaryDir carpeta;
     Programa p;
-    ASSERT_TRUE(p.Arrancar(carpeta.path(), {QStringLiteral("--cliente=redondeo")}));
+    ASSERT_TRUE(p.Arrancar(carpeta.path(), {u"--cliente=redondeo"_s}));
     EXPECT_TRUE(p.salida.startsWith("escuchando en 127.0.0.1:" + QByteArray::number(p.puerto)));
     {
         ClientePrueba c(p.puerto);
         c.Saludar();
-        c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
-        EXPECT_EQ(c.Fin().value(QStringLiteral("paidOut")).toInt(), 750);
-        c.Resultado(QStringLiteral("op.ack"), ConOpId(QStringLiteral("a")));
+        c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250));
+        EXPECT_EQ(c.Fin().value(u"paidOut"_s).toInt(), 750);
+        c.Resultado(u"op.ack"_s, ConOpId(u"a"_s));
     }
     ASSERT_TRUE(Esperar([&] {
         p.salida += p.proceso.readAllStandardOutput();
@@ -62,7 +63,7 @@ TEST(Programa, StampsTheStartWithTheClockInNanoseconds) {
     ClientePrueba c(p.puerto);
     c.Saludar();
     const qint64 antes = QDateTime::currentMSecsSinceEpoch();
-    c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250));
     const qint64 despues = QDateTime::currentMSecsSinceEpoch();
     ASSERT_TRUE(Esperar([&] {
         p.salida += p.proceso.readAllStandardOutput();
@@ -77,9 +78,9 @@ TEST(Programa, StampsTheStartWithTheClockInNanoseconds) {
 
 TEST(Programa, WritesItsTraceToAFileWhenTold) {
     const QTemporaryDir carpeta;
-    const QString traza = carpeta.filePath(QStringLiteral("traza"));
+    const QString traza = carpeta.filePath(u"traza"_s);
     Programa p;
-    ASSERT_TRUE(p.Arrancar(carpeta.path(), {QStringLiteral("--traza=") + traza}));
+    ASSERT_TRUE(p.Arrancar(carpeta.path(), {u"--traza="_s + traza}));
     ClientePrueba c(p.puerto);
     c.Saludar();
     QFile fichero(traza);
@@ -91,14 +92,13 @@ TEST(Programa, WritesItsTraceToAFileWhenTold) {
 TEST(Programa, PrintsItsTotalAndEnds) {
     const QTemporaryDir carpeta;
     Programa p;
-    EXPECT_EQ(p.Correr({QStringLiteral("--saldo"), QStringLiteral("--carpeta=") + carpeta.path()}),
-              0);
+    EXPECT_EQ(p.Correr({u"--saldo"_s, u"--carpeta="_s + carpeta.path()}), 0);
     EXPECT_EQ(p.salida, "42760\n");
 }
 
 TEST(Programa, EndsWithTwoOnAWrongCommandLine) {
     Programa p;
-    EXPECT_EQ(p.Correr({QStringLiteral("--sin-ventana"), QStringLiteral("--fallo=cobro:nada")}), 2);
+    EXPECT_EQ(p.Correr({u"--sin-ventana"_s, u"--fallo=cobro:nada"_s}), 2);
     EXPECT_EQ(p.errores, "ZVSimulador: fallo \"cobro:nada\": no hay ninguna acción \"nada\"\n");
     EXPECT_TRUE(p.salida.isEmpty());
 }
@@ -108,33 +108,31 @@ TEST(Programa, EndsWithOneWhenItCannotRun) {
     QTcpServer ocupado;
     ASSERT_TRUE(ocupado.listen(QHostAddress::LocalHost));
     const QString puerto = QString::number(ocupado.serverPort());
-    const QStringList comunes{QStringLiteral("--sin-ventana"),
-                              QStringLiteral("--carpeta=") + carpeta.path(),
-                              QStringLiteral("--puerto=") + puerto};
+    const QStringList comunes{u"--sin-ventana"_s, u"--carpeta="_s + carpeta.path(),
+                              u"--puerto="_s + puerto};
     Programa enElPuerto;
     EXPECT_EQ(enElPuerto.Correr(comunes), 1);
     EXPECT_EQ(QString::fromUtf8(enElPuerto.errores),
-              QStringLiteral("ZVSimulador: el puerto %1 está ocupado\n").arg(puerto));
+              u"ZVSimulador: el puerto %1 está ocupado\n"_s.arg(puerto));
 
-    QFile dinero(carpeta.filePath(QStringLiteral("dinero.json")));
+    QFile dinero(carpeta.filePath(u"dinero.json"_s));
     ASSERT_TRUE(dinero.open(QIODevice::WriteOnly | QIODevice::Truncate));
     dinero.write("{");
     dinero.close();
     Programa conDinero;
     EXPECT_EQ(conDinero.Correr(comunes), 1);
     EXPECT_EQ(QString::fromUtf8(conDinero.errores),
-              QStringLiteral("ZVSimulador: el fichero del dinero está dañado: %1\n")
-                  .arg(dinero.fileName()));
+              u"ZVSimulador: el fichero del dinero está dañado: %1\n"_s.arg(dinero.fileName()));
 }
 
 TEST(Programa, WhoseMoneyCannotBeWrittenAnyMoreEndsWithOne) {
     const QTemporaryDir carpeta;
     Programa p;
-    ASSERT_TRUE(p.Arrancar(carpeta.path(), {QStringLiteral("--cliente=exacto")}));
-    ASSERT_TRUE(QDir(carpeta.path()).mkdir(QStringLiteral("dinero.json.tmp")));
+    ASSERT_TRUE(p.Arrancar(carpeta.path(), {u"--cliente=exacto"_s}));
+    ASSERT_TRUE(QDir(carpeta.path()).mkdir(u"dinero.json.tmp"_s));
     ClientePrueba c(p.puerto);
     c.Saludar();
-    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250)), -32603);
+    EXPECT_EQ(c.Error(u"charge.start"_s, Cobro(u"a"_s, 1250)), -32603);
     ASSERT_TRUE(p.Terminado());
     EXPECT_EQ(p.proceso.exitCode(), 1);
     EXPECT_TRUE(p.errores.startsWith("ZVSimulador: no se puede escribir "));
@@ -144,21 +142,21 @@ TEST(Programa, WhoseMoneyCannotBeWrittenAnyMoreEndsWithOne) {
 TEST(Programa, KilledByAFaultComesBackWithTheOperationEnded) {
     const QTemporaryDir carpeta;
     Programa p;
-    ASSERT_TRUE(p.Arrancar(carpeta.path(), {QStringLiteral("--cliente=redondeo"),
-                                            QStringLiteral("--fallo=cobro:matar=durante")}));
+    ASSERT_TRUE(
+        p.Arrancar(carpeta.path(), {u"--cliente=redondeo"_s, u"--fallo=cobro:matar=durante"_s}));
     ClientePrueba c(p.puerto);
     c.Saludar();
-    c.Pedir(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    c.Pedir(u"charge.start"_s, Cobro(u"a"_s, 1250));
     ASSERT_TRUE(p.Terminado());
     EXPECT_EQ(p.proceso.exitStatus(), QProcess::CrashExit);
     Programa q;
     ASSERT_TRUE(q.Arrancar(carpeta.path()));
     ClientePrueba d(q.puerto);
-    const QJsonObject op = d.Saludar().value(QStringLiteral("openOp")).toObject();
-    EXPECT_EQ(op.value(QStringLiteral("state")).toString(), QStringLiteral("done"));
-    EXPECT_EQ(op.value(QStringLiteral("errorCode")).toInt(), kReinicio);
-    EXPECT_EQ(op.value(QStringLiteral("paidIn")).toInt(), 2000);
-    EXPECT_EQ(op.value(QStringLiteral("paidOut")).toInt(), 0);
+    const QJsonObject op = d.Saludar().value(u"openOp"_s).toObject();
+    EXPECT_EQ(op.value(u"state"_s).toString(), u"done"_s);
+    EXPECT_EQ(op.value(u"errorCode"_s).toInt(), kReinicio);
+    EXPECT_EQ(op.value(u"paidIn"_s).toInt(), 2000);
+    EXPECT_EQ(op.value(u"paidOut"_s).toInt(), 0);
     EXPECT_EQ(SaldoDe(carpeta.path()), 42760 + 2000);
 }
 
@@ -176,55 +174,52 @@ TEST(Durabilidad, NoKillLosesOrMakesMoney) {
     int conDinero = 0;
     for (int ronda = 0; ronda < 30; ++ronda) {
         const QString opId = QString::number(ronda);
-        const QString guion =
-            ronda % 2 == 0 ? QStringLiteral("exacto") : QStringLiteral("redondeo");
+        const QString guion = ronda % 2 == 0 ? u"exacto"_s : u"redondeo"_s;
         qint32 dichoEntrado = 0;
         qint32 dichoSalido = 0;
         {
             Programa p;
-            ASSERT_TRUE(p.Arrancar(carpeta.path(), {QStringLiteral("--cliente=") + guion,
-                                                    QStringLiteral("--ritmo=1")}));
+            ASSERT_TRUE(p.Arrancar(carpeta.path(), {u"--cliente="_s + guion, u"--ritmo=1"_s}));
             ClientePrueba c(p.puerto);
             c.Saludar();
-            c.Pedir(QStringLiteral("charge.start"), Cobro(opId, importes(azar)));
+            c.Pedir(u"charge.start"_s, Cobro(opId, importes(azar)));
             const auto cuantos = static_cast<std::size_t>(avisos(azar));
             Esperar([&] {
-                return c.Avisos(QStringLiteral("op.progress")).size() >= cuantos ||
-                       !c.Avisos(QStringLiteral("op.result")).empty();
+                return c.Avisos(u"op.progress"_s).size() >= cuantos ||
+                       !c.Avisos(u"op.result"_s).empty();
             });
             p.Matar();
             EXPECT_TRUE(c.Cerrado());
-            for (const QString& metodo :
-                 {QStringLiteral("op.progress"), QStringLiteral("op.result")}) {
+            for (const QString& metodo : {u"op.progress"_s, u"op.result"_s}) {
                 for (const QJsonObject& aviso : c.Avisos(metodo)) {
-                    dichoEntrado = aviso.value(QStringLiteral("paidIn")).toInt();
-                    dichoSalido = aviso.value(QStringLiteral("paidOut")).toInt();
+                    dichoEntrado = aviso.value(u"paidIn"_s).toInt();
+                    dichoSalido = aviso.value(u"paidOut"_s).toInt();
                 }
             }
         }
         Programa p;
         ASSERT_TRUE(p.Arrancar(carpeta.path()));
         ClientePrueba c(p.puerto);
-        const QJsonValue abierta = c.Saludar().value(QStringLiteral("openOp"));
+        const QJsonValue abierta = c.Saludar().value(u"openOp"_s);
         const QJsonObject op = abierta.toObject();
-        const int entrado = op.value(QStringLiteral("paidIn")).toInt();
-        const int salido = op.value(QStringLiteral("paidOut")).toInt();
+        const int entrado = op.value(u"paidIn"_s).toInt();
+        const int salido = op.value(u"paidOut"_s).toInt();
         EXPECT_GE(entrado, dichoEntrado);
         EXPECT_GE(salido, dichoSalido);
         const qint64 ahora = SaldoDe(carpeta.path());
         EXPECT_EQ(ahora, saldo + entrado - salido) << "round " << ronda;
         saldo = ahora;
         if (op.isEmpty()) { // killed before the start was stored
-            EXPECT_EQ(c.Error(QStringLiteral("op.status"), ConOpId(opId)), -32011);
+            EXPECT_EQ(c.Error(u"op.status"_s, ConOpId(opId)), -32011);
             continue;
         }
-        EXPECT_EQ(op.value(QStringLiteral("state")).toString(), QStringLiteral("done"));
-        const bool cortada = op.value(QStringLiteral("errorCode")).toInt() == kReinicio;
+        EXPECT_EQ(op.value(u"state"_s).toString(), u"done"_s);
+        const bool cortada = op.value(u"errorCode"_s).toInt() == kReinicio;
         enMarcha += cortada ? 1 : 0;
         conDinero += cortada && entrado > 0 ? 1 : 0;
         // The same start again moves nothing.
-        EXPECT_EQ(c.Resultado(QStringLiteral("charge.start"), Cobro(opId, 5)), op);
-        c.Resultado(QStringLiteral("op.ack"), ConOpId(opId));
+        EXPECT_EQ(c.Resultado(u"charge.start"_s, Cobro(opId, 5)), op);
+        c.Resultado(u"op.ack"_s, ConOpId(opId));
         EXPECT_EQ(SaldoDe(carpeta.path()), saldo);
     }
     // The kills did strike in the middle.

@@ -1,5 +1,6 @@
 // The gateway protocol over a real socket.
 #include "Mostrador.h"
+#include "platform/StringLiterals.h"
 
 #include <QJsonArray>
 
@@ -21,30 +22,30 @@ TEST(Saludo, TellsTheDevice) {
     ClientePrueba c(m.servidor.Puerto());
     const QJsonObject hola = c.Saludar();
     EXPECT_EQ(Entero(hola, "protocol"), 1);
-    EXPECT_EQ(Texto(hola, "device"), QStringLiteral("ZVSimulador"));
-    EXPECT_EQ(Texto(hola, "storeId"), QStringLiteral("prueba"));
-    EXPECT_EQ(Texto(hola, "currency"), QStringLiteral("EUR"));
+    EXPECT_EQ(Texto(hola, "device"), u"ZVSimulador"_s);
+    EXPECT_EQ(Texto(hola, "storeId"), u"prueba"_s);
+    EXPECT_EQ(Texto(hola, "currency"), u"EUR"_s);
     EXPECT_EQ(Entero(hola, "decimals"), 2);
     EXPECT_EQ(Entero(hola, "multiplier"), 100);
-    EXPECT_TRUE(hola.contains(QStringLiteral("openOp")));
-    EXPECT_TRUE(hola.value(QStringLiteral("openOp")).isNull());
+    EXPECT_TRUE(hola.contains(u"openOp"_s));
+    EXPECT_TRUE(hola.value(u"openOp"_s).isNull());
 }
 
 TEST(Saludo, ComesFirst) {
     Mostrador m;
     ClientePrueba c(m.servidor.Puerto());
-    EXPECT_EQ(c.Error(QStringLiteral("ping")), -32002);
-    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 100)), -32002);
-    EXPECT_EQ(c.Error(QStringLiteral("no.such")), -32002);
+    EXPECT_EQ(c.Error(u"ping"_s), -32002);
+    EXPECT_EQ(c.Error(u"charge.start"_s, Cobro(u"a"_s, 100)), -32002);
+    EXPECT_EQ(c.Error(u"no.such"_s), -32002);
     EXPECT_EQ(m.banco.aparato.Abierta(), nullptr);
 }
 
 TEST(Saludo, OfAnotherVersionIsRefusedAndCountsAsNone) {
     Mostrador m;
     ClientePrueba c(m.servidor.Puerto());
-    EXPECT_EQ(c.Error(QStringLiteral("session.hello"), {{QStringLiteral("protocol"), 2}}), -32003);
-    EXPECT_EQ(c.Error(QStringLiteral("session.hello")), -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("ping")), -32002);
+    EXPECT_EQ(c.Error(u"session.hello"_s, {{u"protocol"_s, 2}}), -32003);
+    EXPECT_EQ(c.Error(u"session.hello"_s), -32602);
+    EXPECT_EQ(c.Error(u"ping"_s), -32002);
 }
 
 TEST(Saludo, MayBeRepeated) {
@@ -57,55 +58,42 @@ TEST(Peticiones, AreAnsweredWithTheirErrors) {
     Mostrador m;
     ClientePrueba c(m.servidor.Puerto());
     c.Saludar();
-    EXPECT_EQ(c.Error(QStringLiteral("no.such")), -32601);
-    EXPECT_EQ(c.Error(QStringLiteral("op.status")), -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("op.status"), ConOpId(QStringLiteral("x"))), -32011);
-    EXPECT_EQ(c.Error(QStringLiteral("op.cancel"), ConOpId(QStringLiteral("x"))), -32011);
-    EXPECT_EQ(c.Respuesta(c.Pedir(QStringLiteral("op.ack"), ConOpId(QStringLiteral("x"))))
-                  .value(QStringLiteral("result")),
+    EXPECT_EQ(c.Error(u"no.such"_s), -32601);
+    EXPECT_EQ(c.Error(u"op.status"_s), -32602);
+    EXPECT_EQ(c.Error(u"op.status"_s, ConOpId(u"x"_s)), -32011);
+    EXPECT_EQ(c.Error(u"op.cancel"_s, ConOpId(u"x"_s)), -32011);
+    EXPECT_EQ(c.Respuesta(c.Pedir(u"op.ack"_s, ConOpId(u"x"_s))).value(u"result"_s),
               QJsonValue(QJsonObject()));
-    EXPECT_EQ(c.Respuesta(c.Pedir(QStringLiteral("ping"))).value(QStringLiteral("result")),
-              QJsonValue(QJsonObject()));
+    EXPECT_EQ(c.Respuesta(c.Pedir(u"ping"_s)).value(u"result"_s), QJsonValue(QJsonObject()));
 }
 
 TEST(Peticiones, WithWrongParamsStartNothing) {
     Mostrador m;
     ClientePrueba c(m.servidor.Puerto());
     c.Saludar();
-    const QString opId = QStringLiteral("opId");
-    const QString value = QStringLiteral("value");
-    const QString mode = QStringLiteral("mode");
-    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), {{value, 1}}), -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), Cobro(QString(), 1)), -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), Cobro(QString(65, u'x'), 1)), -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), {{opId, QStringLiteral("a")}}), -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("charge.start"), {{opId, QStringLiteral("a")}, {value, 1.5}}),
-              -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("charge.start"),
-                      {{opId, QStringLiteral("a")}, {value, 2147483648.0}}),
-              -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("charge.start"),
-                      {{opId, QStringLiteral("a")}, {value, QStringLiteral("12")}}),
-              -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), 0)), -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), -5)), -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("cashBox.control"), {{opId, QStringLiteral("a")}, {mode, 3}}),
-              -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("cashBox.control"), {{opId, QStringLiteral("a")}, {mode, 15}}),
-              -32602);
+    const QString opId = u"opId"_s;
+    const QString value = u"value"_s;
+    const QString mode = u"mode"_s;
+    EXPECT_EQ(c.Error(u"charge.start"_s, {{value, 1}}), -32602);
+    EXPECT_EQ(c.Error(u"charge.start"_s, Cobro(QString(), 1)), -32602);
+    EXPECT_EQ(c.Error(u"charge.start"_s, Cobro(QString(65, u'x'), 1)), -32602);
+    EXPECT_EQ(c.Error(u"charge.start"_s, {{opId, u"a"_s}}), -32602);
+    EXPECT_EQ(c.Error(u"charge.start"_s, {{opId, u"a"_s}, {value, 1.5}}), -32602);
+    EXPECT_EQ(c.Error(u"charge.start"_s, {{opId, u"a"_s}, {value, 2147483648.0}}), -32602);
+    EXPECT_EQ(c.Error(u"charge.start"_s, {{opId, u"a"_s}, {value, u"12"_s}}), -32602);
+    EXPECT_EQ(c.Error(u"pay.start"_s, Cobro(u"a"_s, 0)), -32602);
+    EXPECT_EQ(c.Error(u"pay.start"_s, Cobro(u"a"_s, -5)), -32602);
+    EXPECT_EQ(c.Error(u"cashBox.control"_s, {{opId, u"a"_s}, {mode, 3}}), -32602);
+    EXPECT_EQ(c.Error(u"cashBox.control"_s, {{opId, u"a"_s}, {mode, 15}}), -32602);
     EXPECT_EQ(
-        c.Error(QStringLiteral("cashBox.control"),
-                {{opId, QStringLiteral("a")}, {mode, 15}, {QStringLiteral("remainingChange"), -1}}),
+        c.Error(u"cashBox.control"_s, {{opId, u"a"_s}, {mode, 15}, {u"remainingChange"_s, -1}}),
         -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("box.empty"),
-                      {{opId, QStringLiteral("a")}, {QStringLiteral("device"), 2}}),
-              -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("levels.get"), {{QStringLiteral("type"), 5}}), -32602);
-    EXPECT_EQ(c.Error(QStringLiteral("levels.get")), -32602);
+    EXPECT_EQ(c.Error(u"box.empty"_s, {{opId, u"a"_s}, {u"device"_s, 2}}), -32602);
+    EXPECT_EQ(c.Error(u"levels.get"_s, {{u"type"_s, 5}}), -32602);
+    EXPECT_EQ(c.Error(u"levels.get"_s), -32602);
     EXPECT_EQ(m.banco.aparato.Abierta(), nullptr);
-    EXPECT_EQ(
-        Texto(c.Resultado(QStringLiteral("charge.start"), Cobro(QString(64, u'x'), 1)), "state"),
-        QStringLiteral("running"));
+    EXPECT_EQ(Texto(c.Resultado(u"charge.start"_s, Cobro(QString(64, u'x'), 1)), "state"),
+              u"running"_s);
 }
 
 TEST(Lineas, ThatAreNoRequestGetAnErrorAndTheConnectionGoesOn) {
@@ -115,18 +103,14 @@ TEST(Lineas, ThatAreNoRequestGetAnErrorAndTheConnectionGoesOn) {
     c.Crudo("{\"jsonrpc\":\"2.0\",\"id\":7}\n{\"id\":8,\"method\":\"ping\"}\n"
             "{\"jsonrpc\":\"2.0\",\"id\":{},\"method\":\"ping\"}\n");
     const auto codigo = [&](const QJsonValue& id) {
-        return c.Respuesta(id)
-            .value(QStringLiteral("error"))
-            .toObject()
-            .value(QStringLiteral("code"))
-            .toInt();
+        return c.Respuesta(id).value(u"error"_s).toObject().value(u"code"_s).toInt();
     };
     EXPECT_EQ(codigo(7), -32600);
     EXPECT_EQ(codigo(8), -32600);
     EXPECT_EQ(codigo(QJsonValue::Null), -32600);
     EXPECT_FALSE(c.Saludar().isEmpty());
     c.Crudo("{\"jsonrpc\":\"2.0\",\"id\":\"x\",\"method\":\"ping\",\"params\":[1]}\n");
-    EXPECT_EQ(codigo(QStringLiteral("x")), -32602);
+    EXPECT_EQ(codigo(u"x"_s), -32602);
 }
 
 TEST(Lineas, ThatAreNoObjectCloseTheConnection) {
@@ -137,7 +121,7 @@ TEST(Lineas, ThatAreNoObjectCloseTheConnection) {
         c.Crudo(linea);
         EXPECT_TRUE(c.Cerrado()) << linea;
         ASSERT_EQ(c.mensajes.size(), 1U);
-        EXPECT_EQ(Entero(c.mensajes[0].value(QStringLiteral("error")).toObject(), "code"), -32700);
+        EXPECT_EQ(Entero(c.mensajes[0].value(u"error"_s).toObject(), "code"), -32700);
     }
 }
 
@@ -170,7 +154,7 @@ TEST(Lineas, WithoutAnIdAreNotAnswered) {
     c.Saludar();
     c.Crudo("{\"jsonrpc\":\"2.0\",\"method\":\"charge.start\",\"params\":{\"opId\":\"a\","
             "\"value\":100}}\n");
-    c.Resultado(QStringLiteral("ping"));
+    c.Resultado(u"ping"_s);
     EXPECT_EQ(c.mensajes.size(), 2U); // hello and ping
     EXPECT_EQ(m.banco.aparato.Abierta(), nullptr);
 }
@@ -179,28 +163,26 @@ TEST(Operacion, TellsItsStartItsProgressAndItsEndInThatOrder) {
     Mostrador m;
     ClientePrueba c(m.servidor.Puerto());
     c.Saludar();
-    const QJsonObject inicio =
-        c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
-    EXPECT_EQ(Texto(inicio, "opId"), QStringLiteral("a"));
-    EXPECT_EQ(Texto(inicio, "method"), QStringLiteral("charge.start"));
-    EXPECT_EQ(Texto(inicio, "state"), QStringLiteral("running"));
+    const QJsonObject inicio = c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250));
+    EXPECT_EQ(Texto(inicio, "opId"), u"a"_s);
+    EXPECT_EQ(Texto(inicio, "method"), u"charge.start"_s);
+    EXPECT_EQ(Texto(inicio, "state"), u"running"_s);
     EXPECT_EQ(Entero(inicio, "paidIn"), 0);
     EXPECT_EQ(Entero(inicio, "paidOut"), 0);
     const QJsonObject fin = c.Fin();
-    EXPECT_EQ(Texto(fin, "state"), QStringLiteral("done"));
-    EXPECT_TRUE(fin.value(QStringLiteral("ok")).toBool());
+    EXPECT_EQ(Texto(fin, "state"), u"done"_s);
+    EXPECT_TRUE(fin.value(u"ok"_s).toBool());
     EXPECT_EQ(Entero(fin, "errorCode"), 0);
     EXPECT_EQ(Texto(fin, "errorMessage"), QString());
     EXPECT_EQ(Entero(fin, "paidIn"), 2000);
     EXPECT_EQ(Entero(fin, "paidOut"), 750);
-    const auto progreso = c.Avisos(QStringLiteral("op.progress"));
+    const auto progreso = c.Avisos(u"op.progress"_s);
     ASSERT_EQ(progreso.size(), 3U);
     EXPECT_EQ(Entero(progreso[0], "paidIn"), 2000);
     EXPECT_EQ(Entero(progreso[0], "paidOut"), 0);
     EXPECT_EQ(Entero(progreso[2], "paidOut"), 750);
-    EXPECT_EQ(Texto(progreso[2], "state"), QStringLiteral("running"));
-    EXPECT_EQ(c.mensajes.back().value(QStringLiteral("method")).toString(),
-              QStringLiteral("op.result"));
+    EXPECT_EQ(Texto(progreso[2], "state"), u"running"_s);
+    EXPECT_EQ(c.mensajes.back().value(u"method"_s).toString(), u"op.result"_s);
     EXPECT_TRUE(m.banco.durables);
 }
 
@@ -210,17 +192,15 @@ TEST(Operacion, OfTheBoxesTellsItsOwnMembers) {
     Mostrador m(Guion::Manual, {}, {}, EstadoCon(hay));
     ClientePrueba c(m.servidor.Puerto());
     c.Saludar();
-    c.Resultado(QStringLiteral("cashBox.control"), {{QStringLiteral("opId"), QStringLiteral("a")},
-                                                    {QStringLiteral("mode"), 7},
-                                                    {QStringLiteral("remainingChange"), 0}});
+    c.Resultado(u"cashBox.control"_s,
+                {{u"opId"_s, u"a"_s}, {u"mode"_s, 7}, {u"remainingChange"_s, 0}});
     const QJsonObject cierre = c.Fin();
     EXPECT_EQ(Entero(cierre, "coinsValueInCB"), 1000);
     EXPECT_EQ(Entero(cierre, "notesValueInCB"), 0);
     EXPECT_EQ(Entero(cierre, "remainingChange"), hay.Saldo() - 1000);
-    c.Resultado(QStringLiteral("op.ack"), ConOpId(QStringLiteral("a")));
-    c.Resultado(QStringLiteral("box.empty"),
-                {{QStringLiteral("opId"), QStringLiteral("b")}, {QStringLiteral("device"), 0}});
-    ASSERT_TRUE(c.EsperarAviso(QStringLiteral("op.result"), 2));
+    c.Resultado(u"op.ack"_s, ConOpId(u"a"_s));
+    c.Resultado(u"box.empty"_s, {{u"opId"_s, u"b"_s}, {u"device"_s, 0}});
+    ASSERT_TRUE(c.EsperarAviso(u"op.result"_s, 2));
     EXPECT_EQ(Entero(c.Fin(), "value"), 1000);
 }
 
@@ -229,92 +209,84 @@ TEST(Operacion, WithTheSameOpIdNeverMovesMoneyTwice) {
     ClientePrueba c(m.servidor.Puerto());
     c.Saludar();
     const qint64 antes = m.banco.Saldo();
-    c.Resultado(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), 500));
+    c.Resultado(u"pay.start"_s, Cobro(u"a"_s, 500));
     const QJsonObject fin = c.Fin();
     // Done, with other params, even wrong ones, and by another method.
-    EXPECT_EQ(c.Resultado(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), 500)), fin);
-    EXPECT_EQ(c.Resultado(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), -1)), fin);
-    EXPECT_EQ(c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 900)), fin);
-    c.Resultado(QStringLiteral("op.ack"), ConOpId(QStringLiteral("a")));
-    EXPECT_EQ(c.Resultado(QStringLiteral("pay.start"), Cobro(QStringLiteral("a"), 500)), fin);
+    EXPECT_EQ(c.Resultado(u"pay.start"_s, Cobro(u"a"_s, 500)), fin);
+    EXPECT_EQ(c.Resultado(u"pay.start"_s, Cobro(u"a"_s, -1)), fin);
+    EXPECT_EQ(c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 900)), fin);
+    c.Resultado(u"op.ack"_s, ConOpId(u"a"_s));
+    EXPECT_EQ(c.Resultado(u"pay.start"_s, Cobro(u"a"_s, 500)), fin);
     EXPECT_EQ(m.banco.Saldo(), antes - 500);
-    EXPECT_EQ(c.Avisos(QStringLiteral("op.result")).size(), 1U);
+    EXPECT_EQ(c.Avisos(u"op.result"_s).size(), 1U);
 }
 
 TEST(Operacion, WithTheSameOpIdAnswersTheRunningState) {
     Mostrador m(Guion::Manual);
     ClientePrueba c(m.servidor.Puerto());
     c.Saludar();
-    c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250));
     ASSERT_TRUE(Esperar([&] { return m.banco.aparato.Admite(); }));
     m.banco.aparato.Meter(1000);
-    EXPECT_EQ(Entero(c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250)),
-                     "paidIn"),
-              1000);
+    EXPECT_EQ(Entero(c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250)), "paidIn"), 1000);
 }
 
 TEST(Operacion, IsTheOnlyOneUntilItIsAcknowledged) {
     Mostrador m(Guion::Manual);
     ClientePrueba c(m.servidor.Puerto());
     c.Saludar();
-    EXPECT_TRUE(
-        c.Respuesta(c.Pedir(QStringLiteral("op.last"))).value(QStringLiteral("result")).isNull());
-    c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
-    EXPECT_EQ(c.Error(QStringLiteral("pay.start"), Cobro(QStringLiteral("b"), 100)), -32010);
-    c.Resultado(QStringLiteral("op.ack"),
-                ConOpId(QStringLiteral("a"))); // it runs: nothing is forgotten
-    EXPECT_EQ(Texto(c.Resultado(QStringLiteral("op.last")), "opId"), QStringLiteral("a"));
-    c.Resultado(QStringLiteral("op.cancel"), ConOpId(QStringLiteral("a")));
+    EXPECT_TRUE(c.Respuesta(c.Pedir(u"op.last"_s)).value(u"result"_s).isNull());
+    c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250));
+    EXPECT_EQ(c.Error(u"pay.start"_s, Cobro(u"b"_s, 100)), -32010);
+    c.Resultado(u"op.ack"_s,
+                ConOpId(u"a"_s)); // it runs: nothing is forgotten
+    EXPECT_EQ(Texto(c.Resultado(u"op.last"_s), "opId"), u"a"_s);
+    c.Resultado(u"op.cancel"_s, ConOpId(u"a"_s));
     c.Fin();
-    EXPECT_EQ(c.Error(QStringLiteral("pay.start"), Cobro(QStringLiteral("b"), 100)), -32010);
-    EXPECT_EQ(Texto(c.Resultado(QStringLiteral("op.last")), "state"), QStringLiteral("done"));
-    c.Pedir(QStringLiteral("op.ack"),
-            ConOpId(QStringLiteral("a"))); // the next start does not wait for its answer
-    EXPECT_EQ(
-        Texto(c.Resultado(QStringLiteral("pay.start"), Cobro(QStringLiteral("b"), 100)), "opId"),
-        QStringLiteral("b"));
+    EXPECT_EQ(c.Error(u"pay.start"_s, Cobro(u"b"_s, 100)), -32010);
+    EXPECT_EQ(Texto(c.Resultado(u"op.last"_s), "state"), u"done"_s);
+    c.Pedir(u"op.ack"_s,
+            ConOpId(u"a"_s)); // the next start does not wait for its answer
+    EXPECT_EQ(Texto(c.Resultado(u"pay.start"_s, Cobro(u"b"_s, 100)), "opId"), u"b"_s);
 }
 
 TEST(Operacion, CancelledAnswersItsStateAndEndsSoonAfter) {
     Mostrador m(Guion::Manual);
     ClientePrueba c(m.servidor.Puerto());
     c.Saludar();
-    c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250));
     ASSERT_TRUE(Esperar([&] { return m.banco.aparato.Admite(); }));
     m.banco.aparato.Meter(500);
-    const QJsonObject entonces =
-        c.Resultado(QStringLiteral("op.cancel"), ConOpId(QStringLiteral("a")));
-    EXPECT_EQ(Texto(entonces, "state"), QStringLiteral("running"));
+    const QJsonObject entonces = c.Resultado(u"op.cancel"_s, ConOpId(u"a"_s));
+    EXPECT_EQ(Texto(entonces, "state"), u"running"_s);
     EXPECT_EQ(Entero(entonces, "paidIn"), 500);
     const QJsonObject fin = c.Fin();
-    EXPECT_FALSE(fin.value(QStringLiteral("ok")).toBool(true));
+    EXPECT_FALSE(fin.value(u"ok"_s).toBool(true));
     EXPECT_EQ(Entero(fin, "errorCode"), 0);
     EXPECT_EQ(Entero(fin, "paidIn"), 500);
     EXPECT_EQ(Entero(fin, "paidOut"), 500);
-    EXPECT_EQ(c.Resultado(QStringLiteral("op.cancel"), ConOpId(QStringLiteral("a"))),
+    EXPECT_EQ(c.Resultado(u"op.cancel"_s, ConOpId(u"a"_s)),
               fin); // changes nothing any more
-    EXPECT_EQ(c.Resultado(QStringLiteral("op.status"), ConOpId(QStringLiteral("a"))), fin);
+    EXPECT_EQ(c.Resultado(u"op.status"_s, ConOpId(u"a"_s)), fin);
 }
 
 TEST(Niveles, AreOneForEachDenominationAscending) {
     Mostrador m(Guion::Manual);
     ClientePrueba c(m.servidor.Puerto());
     c.Saludar();
-    c.Resultado(QStringLiteral("charge.start"),
-                Cobro(QStringLiteral("a"), 100)); // answered also while something runs
+    c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 100)); // answered also while something runs
     for (const int tipo : {2, 3, 4}) {
-        const QJsonObject niveles =
-            c.Resultado(QStringLiteral("levels.get"), {{QStringLiteral("type"), tipo}});
-        const QJsonArray noms = niveles.value(QStringLiteral("noms")).toArray();
-        const QJsonArray levels = niveles.value(QStringLiteral("levels")).toArray();
+        const QJsonObject niveles = c.Resultado(u"levels.get"_s, {{u"type"_s, tipo}});
+        const QJsonArray noms = niveles.value(u"noms"_s).toArray();
+        const QJsonArray levels = niveles.value(u"levels"_s).toArray();
         ASSERT_EQ(noms.size(), 14);
         ASSERT_EQ(levels.size(), 14);
-        for (qsizetype i = 1; i < noms.size(); ++i)
+        for (qsizetype i = 1; i < noms.size(); ++i) {
             EXPECT_LT(noms.at(i - 1).toInt(), noms.at(i).toInt());
+        }
         EXPECT_EQ(levels.at(0).toInt(), tipo == 2 ? 20 : 0);
     }
-    EXPECT_EQ(c.Respuesta(c.Pedir(QStringLiteral("device.configuration")))
-                  .value(QStringLiteral("result")),
+    EXPECT_EQ(c.Respuesta(c.Pedir(u"device.configuration"_s)).value(u"result"_s),
               QJsonValue(QJsonObject()));
 }
 
@@ -325,7 +297,7 @@ TEST(Conexion, ANewOneTakesThePlaceOfTheOld) {
     ClientePrueba nueva(m.servidor.Puerto());
     EXPECT_FALSE(nueva.Saludar().isEmpty());
     EXPECT_TRUE(vieja.Cerrado());
-    EXPECT_FALSE(nueva.Resultado(QStringLiteral("op.last")).contains(QStringLiteral("x")));
+    EXPECT_FALSE(nueva.Resultado(u"op.last"_s).contains(u"x"_s));
     EXPECT_EQ(nueva.socket.state(), QAbstractSocket::ConnectedState);
 }
 
@@ -334,16 +306,16 @@ TEST(Conexion, ThatDropsLetsTheOperationGoOnAndIsPickedUpAgain) {
     {
         ClientePrueba c(m.servidor.Puerto());
         c.Saludar();
-        c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+        c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250));
     }
     ASSERT_TRUE(Esperar([&] { return !m.servidor.HayCliente(); }));
     m.banco.aparato.Meter(1000);
     ClientePrueba c(m.servidor.Puerto());
-    const QJsonObject abierta = c.Saludar().value(QStringLiteral("openOp")).toObject();
-    EXPECT_EQ(Texto(abierta, "opId"), QStringLiteral("a"));
-    EXPECT_EQ(Texto(abierta, "state"), QStringLiteral("running"));
+    const QJsonObject abierta = c.Saludar().value(u"openOp"_s).toObject();
+    EXPECT_EQ(Texto(abierta, "opId"), u"a"_s);
+    EXPECT_EQ(Texto(abierta, "state"), u"running"_s);
     EXPECT_EQ(Entero(abierta, "paidIn"), 1000);
-    EXPECT_EQ(c.Resultado(QStringLiteral("op.status"), ConOpId(QStringLiteral("a"))), abierta);
+    EXPECT_EQ(c.Resultado(u"op.status"_s, ConOpId(u"a"_s)), abierta);
     m.banco.aparato.Meter(200);
     m.banco.aparato.Meter(50);
     EXPECT_EQ(Entero(c.Fin(), "paidIn"), 1250);
@@ -354,14 +326,14 @@ TEST(Conexion, HearsNothingBeforeItsHello) {
     {
         ClientePrueba c(m.servidor.Puerto());
         c.Saludar();
-        c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1000));
+        c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1000));
     }
     ClientePrueba c(m.servidor.Puerto());
-    c.Error(QStringLiteral("ping"));
+    c.Error(u"ping"_s);
     m.banco.Meter({1000});
-    const QJsonObject abierta = c.Saludar().value(QStringLiteral("openOp")).toObject();
-    EXPECT_EQ(Texto(abierta, "state"), QStringLiteral("done"));
-    EXPECT_TRUE(c.Avisos(QStringLiteral("op.result")).empty());
+    const QJsonObject abierta = c.Saludar().value(u"openOp"_s).toObject();
+    EXPECT_EQ(Texto(abierta, "state"), u"done"_s);
+    EXPECT_TRUE(c.Avisos(u"op.result"_s).empty());
 }
 
 TEST(Ausencia, CancelsTheOperationAndKeepsItsResult) {
@@ -369,7 +341,7 @@ TEST(Ausencia, CancelsTheOperationAndKeepsItsResult) {
     {
         ClientePrueba c(m.servidor.Puerto());
         c.Saludar();
-        c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+        c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250));
         ASSERT_TRUE(Esperar([&] { return m.banco.aparato.Admite(); }));
         m.banco.aparato.Meter(1000);
         // With its client there it waits as long as it takes: far longer than the limit.
@@ -378,9 +350,9 @@ TEST(Ausencia, CancelsTheOperationAndKeepsItsResult) {
     ASSERT_TRUE(Esperar([&] { return !m.banco.fines.empty(); }));
     EXPECT_TRUE(m.banco.aparato.Abierta()->acabada);
     ClientePrueba c(m.servidor.Puerto());
-    const QJsonObject abierta = c.Saludar().value(QStringLiteral("openOp")).toObject();
+    const QJsonObject abierta = c.Saludar().value(u"openOp"_s).toObject();
     EXPECT_EQ(Entero(abierta, "errorCode"), 0);
-    EXPECT_FALSE(abierta.value(QStringLiteral("ok")).toBool(true));
+    EXPECT_FALSE(abierta.value(u"ok"_s).toBool(true));
     EXPECT_EQ(Entero(abierta, "paidOut"), 1000);
 }
 
@@ -389,10 +361,10 @@ TEST(Ausencia, EndsWithTheHelloNotWithTheConnectionAlone) {
     {
         ClientePrueba c(m.servidor.Puerto());
         c.Saludar();
-        c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+        c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250));
     }
     ClientePrueba c(m.servidor.Puerto());
-    EXPECT_EQ(c.Error(QStringLiteral("ping")), -32002);
+    EXPECT_EQ(c.Error(u"ping"_s), -32002);
     m.banco.aparato.Meter(100); // what moves meanwhile does not count as a client either
     EXPECT_TRUE(Esperar([&] { return !m.banco.fines.empty(); }));
 }
@@ -407,7 +379,7 @@ TEST(Silencio, DropsAClientThatIsGoneWhileAnOperationRuns) {
     ClientePrueba c(m.servidor.Puerto());
     c.Saludar();
     EXPECT_FALSE(Esperar([&] { return !m.servidor.HayCliente(); }, 150)); // idle: it may be silent
-    c.Resultado(QStringLiteral("charge.start"), Cobro(QStringLiteral("a"), 1250));
+    c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250));
     EXPECT_TRUE(c.Cerrado());
 }
 
@@ -418,7 +390,7 @@ TEST(Servidor, TellsInPlainWordsThatThePortIsTaken) {
     Servidor tercero(uno.banco.aparato, uno.fallos, {}, [] {});
     QString error;
     EXPECT_FALSE(tercero.Escuchar(otro.servidor.Puerto(), error));
-    EXPECT_EQ(error, QStringLiteral("el puerto %1 está ocupado").arg(otro.servidor.Puerto()));
+    EXPECT_EQ(error, u"el puerto %1 está ocupado"_s.arg(otro.servidor.Puerto()));
 }
 
 } // namespace

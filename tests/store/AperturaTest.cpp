@@ -1,5 +1,6 @@
 // Opening and creating the file: what is taken, what is refused, and that a refused file keeps
 // every byte.
+#include "platform/StringLiterals.h"
 #include "support/BaseDeDatosTemporal.h"
 #include "support/CarpetaTemporal.h"
 #include "support/ImprimeQt.h"
@@ -21,26 +22,26 @@ using test::SinPrivilegios;
 using testing::HasSubstr;
 
 QString Cadena(const QString& ruta) {
-    return CadenaConexion(QStringLiteral("MDB"), {}, ruta, {}, {});
+    return CadenaConexion(u"MDB"_s, {}, ruta, {}, {});
 }
 
 class AperturaTest : public testing::Test {
   protected:
     // Opens a file with these bytes; what is refused must stay as it was, with nothing beside it.
     ErrorEjecucion Rechazo(const QByteArray& bytes) {
-        carpeta.Pon(QStringLiteral("a.mdb"), bytes);
-        const QDateTime antes = QFileInfo(carpeta.Ruta(QStringLiteral("a.mdb"))).lastModified();
+        carpeta.Pon(u"a.mdb"_s, bytes);
+        const QDateTime antes = QFileInfo(carpeta.Ruta(u"a.mdb"_s)).lastModified();
         std::optional<ErrorEjecucion> fallo;
         try {
-            MotorSQLite motor;
-            motor.Abrir(Cadena(carpeta.Ruta(QStringLiteral("a.mdb"))));
+            SqliteEngine motor;
+            motor.Abrir(Cadena(carpeta.Ruta(u"a.mdb"_s)));
             ADD_FAILURE() << "opened";
         } catch (const ErrorEjecucion& e) {
             fallo = e;
         }
-        EXPECT_TRUE(carpeta.Lee(QStringLiteral("a.mdb")) == bytes);
-        EXPECT_TRUE(QFileInfo(carpeta.Ruta(QStringLiteral("a.mdb"))).lastModified() == antes);
-        EXPECT_EQ(carpeta.Entradas(), QStringList{QStringLiteral("a.mdb")});
+        EXPECT_TRUE(carpeta.Lee(u"a.mdb"_s) == bytes);
+        EXPECT_TRUE(QFileInfo(carpeta.Ruta(u"a.mdb"_s)).lastModified() == antes);
+        EXPECT_EQ(carpeta.Entradas(), QStringList{u"a.mdb"_s});
         return fallo.value_or(ErrorEjecucion(0, {}));
     }
 
@@ -69,62 +70,60 @@ TEST_F(AperturaTest, GarbageIsNoDatabase) {
 }
 
 TEST_F(AperturaTest, AZeroByteFileIsANewDatabase) {
-    carpeta.Pon(QStringLiteral("a.mdb"), {});
-    MotorSQLite motor;
-    motor.Abrir(Cadena(carpeta.Ruta(QStringLiteral("a.mdb"))));
+    carpeta.Pon(u"a.mdb"_s, {});
+    SqliteEngine motor;
+    motor.Abrir(Cadena(carpeta.Ruta(u"a.mdb"_s)));
     EXPECT_TRUE(motor.Tablas().isEmpty());
-    motor.Ejecutar(QStringLiteral("CREATE TABLE t (a)"));
-    EXPECT_EQ(motor.Tablas(), QStringList{QStringLiteral("t")});
+    motor.Ejecutar(u"CREATE TABLE t (a)"_s);
+    EXPECT_EQ(motor.Tablas(), QStringList{u"t"_s});
 }
 
 TEST_F(AperturaTest, OpeningNeverCreatesAFile) {
-    MotorSQLite motor;
-    EXPECT_EQ(NumeroError([&] { motor.Abrir(Cadena(carpeta.Ruta(QStringLiteral("no.mdb")))); }),
-              14);
+    SqliteEngine motor;
+    EXPECT_EQ(NumeroError([&] { motor.Abrir(Cadena(carpeta.Ruta(u"no.mdb"_s))); }), 14);
     EXPECT_FALSE(motor.Abierta());
-    EXPECT_FALSE(carpeta.Esta(QStringLiteral("no.mdb")));
+    EXPECT_FALSE(carpeta.Esta(u"no.mdb"_s));
     EXPECT_NE(NumeroError([&] { motor.Abrir(Cadena(carpeta.Ruta())); }), 0); // a folder
 }
 
 TEST_F(AperturaTest, CreatingRefusesAFileThatStandsThere) {
-    carpeta.Pon(QStringLiteral("a.mdb"), "mine");
-    MotorSQLite motor;
-    EXPECT_EQ(NumeroError([&] { motor.Crear(Cadena(carpeta.Ruta(QStringLiteral("a.mdb")))); }), 75);
-    EXPECT_EQ(carpeta.Lee(QStringLiteral("a.mdb")), QByteArray("mine"));
+    carpeta.Pon(u"a.mdb"_s, "mine");
+    SqliteEngine motor;
+    EXPECT_EQ(NumeroError([&] { motor.Crear(Cadena(carpeta.Ruta(u"a.mdb"_s))); }), 75);
+    EXPECT_EQ(carpeta.Lee(u"a.mdb"_s), QByteArray("mine"));
 }
 
 TEST_F(AperturaTest, ATextWithoutAFileIsRefused) {
-    MotorSQLite motor;
-    EXPECT_EQ(NumeroError([&] { motor.Abrir(QStringLiteral("Provider=x;")); }), 1);
+    SqliteEngine motor;
+    EXPECT_EQ(NumeroError([&] { motor.Abrir(u"Provider=x;"_s); }), 1);
 }
 
 TEST_F(AperturaTest, StrangeCharactersInThePathAreItsOwn) {
-    const QString nombre = QStringLiteral("caja #1; 100% ¿ñ? & co.mdb");
-    MotorSQLite motor;
+    const QString nombre = u"caja #1; 100% ¿ñ? & co.mdb"_s;
+    SqliteEngine motor;
     motor.Crear(Cadena(carpeta.Ruta(nombre)));
-    motor.Ejecutar(QStringLiteral("CREATE TABLE t (a)"));
+    motor.Ejecutar(u"CREATE TABLE t (a)"_s);
     motor.Cerrar();
     EXPECT_EQ(carpeta.Entradas(), QStringList{nombre});
     motor.Abrir(Cadena(carpeta.Ruta(nombre)));
-    EXPECT_EQ(motor.Tablas(), QStringList{QStringLiteral("t")});
+    EXPECT_EQ(motor.Tablas(), QStringList{u"t"_s});
 }
 
 TEST_F(AperturaTest, AReadOnlyFileIsRefusedBeforeMoneyIsTaken) {
     BaseDeDatosTemporal base;
-    base.Motor().Cerrar();
+    base.Database().Cerrar();
     ASSERT_TRUE(QFile::setPermissions(base.Ruta(), QFile::ReadOwner | QFile::ReadUser |
                                                        QFile::ReadGroup | QFile::ReadOther));
     ASSERT_TRUE(QFile::setPermissions(base.Carpeta(), QFile::Permissions(0x7777)));
     const SinPrivilegios nadie;
-    EXPECT_EQ(NumeroError([&] { base.Motor().Abrir(base.Cadena()); }), 8);
-    EXPECT_FALSE(base.Motor().Abierta());
+    EXPECT_EQ(NumeroError([&] { base.Database().Abrir(base.Cadena()); }), 8);
+    EXPECT_FALSE(base.Database().Abierta());
 }
 
 TEST_F(AperturaTest, TheFileIsKeptInWalModeWithFullSynchronisation) {
     BaseDeDatosTemporal base;
-    EXPECT_EQ(base.Motor().Consultar(QStringLiteral("PRAGMA journal_mode")).at(0).LeerTexto(0),
-              QStringLiteral("wal"));
-    EXPECT_EQ(base.Motor().Consultar(QStringLiteral("PRAGMA synchronous")).at(0).LeerLong(0), 2);
+    EXPECT_EQ(base.Database().Consultar(u"PRAGMA journal_mode"_s).at(0).LeerTexto(0), u"wal"_s);
+    EXPECT_EQ(base.Database().Consultar(u"PRAGMA synchronous"_s).at(0).LeerLong(0), 2);
 }
 
 TEST_F(AperturaTest, LookingAtAnOpenFileKeepsTheLocksOfItsOtherConnections) {
@@ -132,52 +131,48 @@ TEST_F(AperturaTest, LookingAtAnOpenFileKeepsTheLocksOfItsOtherConnections) {
     // time did that, a third program that leaves would think itself the last one and take the
     // journal away.
     BaseDeDatosTemporal base;
-    base.Motor().Ejecutar(QStringLiteral("INSERT INTO cola (importe) VALUES (1)"));
+    base.Database().Ejecutar(u"INSERT INTO cola (importe) VALUES (1)"_s);
     {
-        const std::unique_ptr<MotorSQLite> segundo = base.Otro();
-        EXPECT_EQ(segundo->Consultar(QStringLiteral("SELECT * FROM cola")).size(), 1u);
+        const std::unique_ptr<SqliteEngine> segundo = base.Otro();
+        EXPECT_EQ(segundo->Consultar(u"SELECT * FROM cola"_s).size(), 1u);
     }
     QProcess tercero;
-    tercero.start(QStringLiteral("sqlite3"),
-                  {base.Ruta(), QStringLiteral("SELECT count(*) FROM cola")});
+    tercero.start(u"sqlite3"_s, {base.Ruta(), u"SELECT count(*) FROM cola"_s});
     ASSERT_TRUE(tercero.waitForFinished());
     ASSERT_EQ(tercero.readAllStandardOutput().trimmed(), QByteArray("1"));
-    EXPECT_TRUE(QFile::exists(base.Ruta() + QStringLiteral("-wal")));
-    base.Motor().Ejecutar(QStringLiteral("INSERT INTO cola (importe) VALUES (2)"));
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola")), 2);
+    EXPECT_TRUE(QFile::exists(base.Ruta() + u"-wal"_s));
+    base.Database().Ejecutar(u"INSERT INTO cola (importe) VALUES (2)"_s);
+    EXPECT_EQ(base.Cuenta(u"cola"_s), 2);
 }
 
 TEST_F(AperturaTest, EveryCallOnAClosedEngineRaises3704) {
-    MotorSQLite motor;
+    SqliteEngine motor;
     EXPECT_FALSE(motor.Abierta());
-    EXPECT_EQ(NumeroError([&] { motor.Consultar(QStringLiteral("SELECT 1")); }), 3704);
-    EXPECT_EQ(NumeroError([&] { motor.Ejecutar(QStringLiteral("DELETE FROM cola")); }), 3704);
+    EXPECT_EQ(NumeroError([&] { motor.Consultar(u"SELECT 1"_s); }), 3704);
+    EXPECT_EQ(NumeroError([&] { motor.Ejecutar(u"DELETE FROM cola"_s); }), 3704);
     EXPECT_EQ(NumeroError([&] { motor.Tablas(); }), 3704);
-    EXPECT_EQ(NumeroError([&] { motor.AbrirTabla(QStringLiteral("cola")); }), 3704);
+    EXPECT_EQ(NumeroError([&] { motor.AbrirTabla(u"cola"_s); }), 3704);
     EXPECT_EQ(NumeroError([&] { motor.Comenzar(); }), 3704);
-    EXPECT_EQ(NumeroError([&] { motor.MarcaCambios(); }), 3704);
+    EXPECT_EQ(NumeroError([&] { motor.ChangeStamp(); }), 3704);
     motor.Cerrar();
 }
 
 TEST_F(AperturaTest, ClosingDropsWhatWasNotCommitted) {
     BaseDeDatosTemporal base;
-    base.Motor().Comenzar();
-    base.Motor().Ejecutar(QStringLiteral("INSERT INTO cola (importe) VALUES (1)"));
-    base.Motor().Cerrar();
-    EXPECT_EQ(base.Motor().Nivel(), 0);
-    base.Motor().Abrir(base.Cadena());
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola")), 0);
+    base.Database().Comenzar();
+    base.Database().Ejecutar(u"INSERT INTO cola (importe) VALUES (1)"_s);
+    base.Database().Cerrar();
+    EXPECT_EQ(base.Database().Nivel(), 0);
+    base.Database().Abrir(base.Cadena());
+    EXPECT_EQ(base.Cuenta(u"cola"_s), 0);
 }
 
 TEST(RutaDeCadenaTest, TheFileIsTheDataSource) {
-    EXPECT_EQ(RutaDeCadena(QStringLiteral("Provider=x;Data Source=/a/b.mdb;")),
-              QStringLiteral("/a/b.mdb"));
-    EXPECT_EQ(RutaDeCadena(QStringLiteral("data source=/a/b.mdb")), QStringLiteral("/a/b.mdb"));
-    EXPECT_EQ(RutaDeCadena(QStringLiteral("Data Source=/a;b/c.mdb;User Id=u;Password=p;")),
-              QStringLiteral("/a;b/c.mdb"));
-    EXPECT_EQ(RutaDeCadena(QStringLiteral("Data Source=/c.mdb;Jet OLEDB:Database Password=p;")),
-              QStringLiteral("/c.mdb"));
-    EXPECT_EQ(RutaDeCadena(QStringLiteral("DSN=x;")), QString());
+    EXPECT_EQ(RutaDeCadena(u"Provider=x;Data Source=/a/b.mdb;"_s), u"/a/b.mdb"_s);
+    EXPECT_EQ(RutaDeCadena(u"data source=/a/b.mdb"_s), u"/a/b.mdb"_s);
+    EXPECT_EQ(RutaDeCadena(u"Data Source=/a;b/c.mdb;User Id=u;Password=p;"_s), u"/a;b/c.mdb"_s);
+    EXPECT_EQ(RutaDeCadena(u"Data Source=/c.mdb;Jet OLEDB:Database Password=p;"_s), u"/c.mdb"_s);
+    EXPECT_EQ(RutaDeCadena(u"DSN=x;"_s), QString());
 }
 
 } // namespace

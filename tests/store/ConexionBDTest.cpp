@@ -1,6 +1,7 @@
 // Connection texts, and the opening of the one connection.
 #include "store/ConexionBD.h"
 
+#include "platform/StringLiterals.h"
 #include "support/BaseDeDatosTemporal.h"
 #include "support/CarpetaTemporal.h"
 #include "support/GanchoFallos.h"
@@ -91,9 +92,8 @@ INSTANTIATE_TEST_SUITE_P(
 class ConexionBDTest : public testing::Test {
   protected:
     void EsperaFracaso() {
-        dialogos.EsperaMensaje(
-            QStringLiteral("Error de configuración"),
-            QStringLiteral("Error al crear el fichero MDB, el archivo ya esta en uso"));
+        dialogos.EsperaMensaje(u"Error de configuración"_s,
+                               u"Error al crear el fichero MDB, el archivo ya esta en uso"_s);
     }
     void CrearFichero() { CrearBaseDatos(catalogo, carpeta.Ruta(), log, dialogos, textos); }
 
@@ -101,8 +101,8 @@ class ConexionBDTest : public testing::Test {
     LogMemoria log;
     DialogosGuion dialogos;
     Textos textos{carpeta.Ruta()};
-    MotorSQLite catalogo;
-    MotorSQLite motor;
+    SqliteEngine catalogo;
+    SqliteEngine motor;
     ConexionBD conexion{motor, carpeta.Ruta(), log, dialogos, textos};
 };
 
@@ -130,53 +130,49 @@ TEST_F(ConexionBDTest, WithTheFileRemovedWhileOpenItIsStillOpen) {
 }
 
 TEST_F(ConexionBDTest, AMissingFileIsToldAndLogged) {
-    dialogos.EsperaMensaje(QStringLiteral("Error de configuración"),
-                           QStringLiteral("No se encuentra la base de datos de ZVMonitor"));
+    dialogos.EsperaMensaje(u"Error de configuración"_s,
+                           u"No se encuentra la base de datos de ZVMonitor"_s);
     EXPECT_FALSE(conexion.ConectarBD());
-    EXPECT_EQ(log.lineas, QStringList{QStringLiteral(
-                              "No se encuentra el fichero de configuración de la aplicación")});
-    EXPECT_FALSE(carpeta.Esta(QStringLiteral("ZVMonito2.mdb")));
+    EXPECT_EQ(log.lineas,
+              QStringList{u"No se encuentra el fichero de configuración de la aplicación"_s});
+    EXPECT_FALSE(carpeta.Esta(u"ZVMonito2.mdb"_s));
     EXPECT_FALSE(motor.Abierta());
 }
 
 TEST_F(ConexionBDTest, AFailureToOpenIsToldAndLoggedWithTheConnectionText) {
     CrearFichero();
     GanchoFallos gancho(motor);
-    gancho.Falla(Sentencia::Clase::Abrir, {}, 1, {5, QStringLiteral("database is locked")});
+    gancho.Falla(Statement::Kind::Abrir, {}, 1, {5, u"database is locked"_s});
     EsperaFracaso();
     EXPECT_FALSE(conexion.ConectarBD());
-    EXPECT_EQ(log.lineas,
-              QStringList{QStringLiteral("ERROR_5 - database is locked: "
-                                         "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=%1;")
-                              .arg(conexion.RutaFichero())});
+    EXPECT_EQ(log.lineas, QStringList{u"ERROR_5 - database is locked: "
+                                      "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=%1;"_s.arg(
+                                          conexion.RutaFichero())});
     EXPECT_TRUE(conexion.ConectarBD());
 }
 
 TEST_F(ConexionBDTest, ForAFileThatIsNoDatabaseTheLogSaysWhatItIs) {
-    carpeta.Pon(QStringLiteral("ZVMonito2.mdb"),
+    carpeta.Pon(u"ZVMonito2.mdb"_s,
                 QByteArray("\x00\x01\x00\x00Standard ACE DB\x00", 20) + QByteArray(4076, 'x'));
     EsperaFracaso();
     EXPECT_FALSE(conexion.ConectarBD());
     ASSERT_EQ(log.lineas.size(), 1);
-    EXPECT_TRUE(log.lineas[0].startsWith(QStringLiteral("ERROR_26 - el fichero ")));
-    EXPECT_TRUE(log.lineas[0].contains(QStringLiteral("Access (Standard ACE DB)")));
+    EXPECT_TRUE(log.lineas[0].startsWith(u"ERROR_26 - el fichero "_s));
+    EXPECT_TRUE(log.lineas[0].contains(u"Access (Standard ACE DB)"_s));
 }
 
 TEST_F(ConexionBDTest, AnUnforeseenFailureIsLoggedAndAnswersNo) {
     log.fallosPendientes = 1;
-    dialogos.EsperaMensaje(testing::_,
-                           QStringLiteral("No se encuentra la base de datos de ZVMonitor"));
+    dialogos.EsperaMensaje(testing::_, u"No se encuentra la base de datos de ZVMonitor"_s);
     EXPECT_FALSE(conexion.ConectarBD());
-    EXPECT_EQ(log.lineas, QStringList{QStringLiteral(
-                              ">>> Error conectarBDZV 75 - Error de acceso a la ruta o al "
-                              "archivo: ")});
+    EXPECT_EQ(log.lineas, QStringList{u">>> Error conectarBDZV 75 - Error de acceso a la ruta o al "
+                                      "archivo: "_s});
 }
 
 TEST_F(ConexionBDTest, TheMessageIsTranslated) {
-    carpeta.Pon(QStringLiteral("RWLang.ini"),
-                "[COMMON]\r\nerrorDeConfiguracion=Setup\r\nerrorMDB=In use\r\n");
-    carpeta.Pon(QStringLiteral("ZVMonito2.mdb"), "x");
-    dialogos.EsperaMensaje(QStringLiteral("Setup"), QStringLiteral("In use"));
+    carpeta.Pon(u"RWLang.ini"_s, "[COMMON]\r\nerrorDeConfiguracion=Setup\r\nerrorMDB=In use\r\n");
+    carpeta.Pon(u"ZVMonito2.mdb"_s, "x");
+    dialogos.EsperaMensaje(u"Setup"_s, u"In use"_s);
     EXPECT_FALSE(conexion.ConectarBD());
 }
 

@@ -1,6 +1,7 @@
 // How a copied row gives its values, whatever an older or foreign file holds in them.
 #include "platform/ErrorEjecucion.h"
-#include "store/MotorBD.h"
+#include "platform/StringLiterals.h"
+#include "store/DatabaseEngine.h"
 #include "support/ImprimeQt.h"
 #include "support/NumeroError.h"
 
@@ -11,13 +12,13 @@ namespace {
 
 using test::NumeroError;
 
-Fila Con(const QVariant& valor) {
-    return {std::make_shared<const QStringList>(QStringList{QStringLiteral("idZV")}), {valor}};
+Row Con(const QVariant& valor) {
+    return {std::make_shared<const QStringList>(QStringList{u"idZV"_s}), {valor}};
 }
 
 TEST(FilaTest, ColumnsAreFoundWithoutRegardToCase) {
-    EXPECT_EQ(Con(7).LeerLong(QStringLiteral("IDzv")), 7);
-    EXPECT_EQ(NumeroError([] { Con(7).LeerLong(QStringLiteral("idCierre")); }), 9);
+    EXPECT_EQ(Con(7).LeerLong(u"IDzv"_s), 7);
+    EXPECT_EQ(NumeroError([] { Con(7).LeerLong(u"idCierre"_s); }), 9);
 }
 
 TEST(FilaTest, AnIndexBeyondTheColumnsRaises9) {
@@ -27,7 +28,7 @@ TEST(FilaTest, AnIndexBeyondTheColumnsRaises9) {
 }
 
 TEST(FilaTest, NullHasAValueOfEachKind) {
-    const Fila fila = Con(QVariant());
+    const Row fila = Con(QVariant());
     EXPECT_TRUE(fila.EsNulo(0));
     EXPECT_EQ(fila.LeerLong(0), 0);
     EXPECT_EQ(fila.LeerLong(0, -1), -1);
@@ -68,17 +69,17 @@ TEST(FilaTest, AnyNumberButZeroIsTrue) {
 }
 
 TEST(FilaTest, NumbersReadAsText) {
-    EXPECT_EQ(Con(42LL).LeerTexto(0), QStringLiteral("42"));
-    EXPECT_EQ(Con(0.5).LeerTexto(0), QStringLiteral("0.5"));
+    EXPECT_EQ(Con(42LL).LeerTexto(0), u"42"_s);
+    EXPECT_EQ(Con(0.5).LeerTexto(0), u"0.5"_s);
 }
 
 TEST(FilaTest, AValueOfAnotherKindRaises13) {
-    const Fila texto = Con(QStringLiteral("doce"));
+    const Row texto = Con(u"doce"_s);
     EXPECT_EQ(NumeroError([&] { texto.LeerLong(0); }), 13);
     EXPECT_EQ(NumeroError([&] { texto.LeerCurrency(0); }), 13);
     EXPECT_EQ(NumeroError([&] { texto.LeerBooleano(0); }), 13);
     EXPECT_EQ(NumeroError([&] { texto.LeerFecha(0); }), 13);
-    const Fila bytes = Con(QByteArray("\x00\xff", 2));
+    const Row bytes = Con(QByteArray("\x00\xff", 2));
     EXPECT_EQ(NumeroError([&] { bytes.LeerLong(0); }), 13);
     EXPECT_EQ(NumeroError([&] { bytes.LeerCurrency(0); }), 13);
     EXPECT_EQ(NumeroError([&] { bytes.LeerTexto(0); }), 13);
@@ -88,16 +89,14 @@ TEST(FilaTest, AValueOfAnotherKindRaises13) {
 
 TEST(FilaTest, DatesReadInEveryIsoForm) {
     const QDateTime completa(QDate(2026, 3, 14), QTime(18, 4, 11));
-    EXPECT_EQ(Con(QStringLiteral("2026-03-14 18:04:11")).LeerFecha(0), completa);
-    EXPECT_EQ(Con(QStringLiteral("2026-03-14T18:04:11")).LeerFecha(0), completa);
-    EXPECT_EQ(Con(QStringLiteral("2026-03-14 18:04")).LeerFecha(0), completa.addSecs(-11));
-    EXPECT_EQ(Con(QStringLiteral("2026-03-14")).LeerFecha(0),
-              QDateTime(QDate(2026, 3, 14), QTime(0, 0)));
-    EXPECT_EQ(Con(QStringLiteral("2026-03-14 18:04:11.250")).LeerFecha(0), completa.addMSecs(250));
-    EXPECT_EQ(Con(QStringLiteral("2026-03-14 18:04:11.5")).LeerFecha(0), completa.addMSecs(500));
-    EXPECT_EQ(Con(QStringLiteral("2026-03-14T18:04:11.2509999")).LeerFecha(0),
-              completa.addMSecs(250));
-    EXPECT_EQ(Con(QStringLiteral("2026-03-14T18:04:11Z")).LeerFecha(0),
+    EXPECT_EQ(Con(u"2026-03-14 18:04:11"_s).LeerFecha(0), completa);
+    EXPECT_EQ(Con(u"2026-03-14T18:04:11"_s).LeerFecha(0), completa);
+    EXPECT_EQ(Con(u"2026-03-14 18:04"_s).LeerFecha(0), completa.addSecs(-11));
+    EXPECT_EQ(Con(u"2026-03-14"_s).LeerFecha(0), QDateTime(QDate(2026, 3, 14), QTime(0, 0)));
+    EXPECT_EQ(Con(u"2026-03-14 18:04:11.250"_s).LeerFecha(0), completa.addMSecs(250));
+    EXPECT_EQ(Con(u"2026-03-14 18:04:11.5"_s).LeerFecha(0), completa.addMSecs(500));
+    EXPECT_EQ(Con(u"2026-03-14T18:04:11.2509999"_s).LeerFecha(0), completa.addMSecs(250));
+    EXPECT_EQ(Con(u"2026-03-14T18:04:11Z"_s).LeerFecha(0),
               QDateTime(QDate(2026, 3, 14), QTime(18, 4, 11), Qt::UTC).toLocalTime());
 }
 

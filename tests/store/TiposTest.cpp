@@ -1,5 +1,6 @@
 // What other programs may and may not write: the limits of the column types, the same for an SQL
 // shell, an ODBC client or the program itself.
+#include "platform/StringLiterals.h"
 #include "support/BaseDeDatosTemporal.h"
 #include "support/ImprimeQt.h"
 #include "support/NumeroError.h"
@@ -18,32 +19,29 @@ class TiposTest : public testing::Test {
   protected:
     int Insertar(const char* columna, const char* valor) {
         return NumeroError([&] {
-            otro->Ejecutar(QStringLiteral("INSERT INTO cola (%1) VALUES (%2)")
-                               .arg(QLatin1String(columna), QString::fromUtf8(valor)));
+            otro->Ejecutar(u"INSERT INTO cola (%1) VALUES (%2)"_s.arg(QLatin1String(columna),
+                                                                      QString::fromUtf8(valor)));
         });
     }
     int InsertarValor(const char* columna, const QVariant& valor) {
         return NumeroError([&] {
-            otro->Ejecutar(
-                QStringLiteral("INSERT INTO cola (%1) VALUES (?)").arg(QLatin1String(columna)),
-                {valor});
+            otro->Ejecutar(u"INSERT INTO cola (%1) VALUES (?)"_s.arg(QLatin1String(columna)),
+                           {valor});
         });
     }
-    Fila Ultima() {
-        return base.Motor()
-            .Consultar(QStringLiteral("SELECT TOP 1 * FROM cola ORDER BY idZV DESC"))
-            .at(0);
+    Row Ultima() {
+        return base.Database().Consultar(u"SELECT TOP 1 * FROM cola ORDER BY idZV DESC"_s).at(0);
     }
 
     BaseDeDatosTemporal base;
-    std::unique_ptr<MotorSQLite> otro = base.Otro();
+    std::unique_ptr<SqliteEngine> otro = base.Otro();
 };
 
 TEST_F(TiposTest, ALongHas32Bits) {
     EXPECT_EQ(Insertar("idcaja", "2147483647"), 0);
     EXPECT_EQ(Insertar("idcaja", "-2147483648"), 0);
     EXPECT_EQ(Insertar("idcaja", "' 12 '"), 0); // a number in a text is one
-    EXPECT_EQ(Ultima().LeerLong(QStringLiteral("idcaja")), 12);
+    EXPECT_EQ(Ultima().LeerLong(u"idcaja"_s), 12);
     EXPECT_EQ(Insertar("idcaja", "2147483648"), kRestriccion);
     EXPECT_EQ(Insertar("idcaja", "-2147483649"), kRestriccion);
     EXPECT_EQ(Insertar("idcaja", "1.5"), kRestriccion);
@@ -60,12 +58,11 @@ TEST_F(TiposTest, AKeyHas32BitsToo) {
 TEST_F(TiposTest, CurrencyIsANumberWithinItsRange) {
     EXPECT_EQ(Insertar("importe", "1250"), 0);
     EXPECT_EQ(Insertar("importe", "9000000000"), 0);
-    EXPECT_EQ(Ultima().LeerCurrency(QStringLiteral("importe")), Currency::DeEntero(9000000000LL));
+    EXPECT_EQ(Ultima().LeerCurrency(u"importe"_s), Currency::DeEntero(9000000000LL));
     EXPECT_EQ(Insertar("importe", "-12.3456"), 0);
-    EXPECT_EQ(Ultima().LeerCurrency(QStringLiteral("importe")), Currency::DeDiezmilesimas(-123456));
+    EXPECT_EQ(Ultima().LeerCurrency(u"importe"_s), Currency::DeDiezmilesimas(-123456));
     EXPECT_EQ(Insertar("importe", "'1250.5'"), 0);
-    EXPECT_EQ(Ultima().LeerCurrency(QStringLiteral("importe")),
-              Currency::DeDiezmilesimas(12505000));
+    EXPECT_EQ(Ultima().LeerCurrency(u"importe"_s), Currency::DeDiezmilesimas(12505000));
     EXPECT_EQ(Insertar("importe", "1e15"), kRestriccion);
     EXPECT_EQ(Insertar("importe", "-922337203685478"), kRestriccion);
     EXPECT_EQ(Insertar("importe", "'mucho'"), kRestriccion);
@@ -78,12 +75,11 @@ TEST_F(TiposTest, ADateIsIsoTextOrANumberOfDays) {
     for (const char* valor :
          {"'2026-03-14 18:04:11'", "'2026-03-14T18:04:11'", "datetime('2026-03-14 18:04:11')"}) {
         EXPECT_EQ(Insertar("fecha", valor), 0) << valor;
-        EXPECT_EQ(Ultima().LeerFecha(QStringLiteral("fecha")), fecha) << valor;
+        EXPECT_EQ(Ultima().LeerFecha(u"fecha"_s), fecha) << valor;
     }
     EXPECT_EQ(Insertar("fecha", "'2026-03-14'"), 0);
     EXPECT_EQ(Insertar("fecha", "46095.5"), 0);
-    EXPECT_EQ(Ultima().LeerFecha(QStringLiteral("fecha")),
-              QDateTime(QDate(2026, 3, 14), QTime(12, 0)));
+    EXPECT_EQ(Ultima().LeerFecha(u"fecha"_s), QDateTime(QDate(2026, 3, 14), QTime(12, 0)));
     EXPECT_EQ(Insertar("fecha", "NULL"), 0);
     for (const char* valor :
          {"'14/03/2026'", "'hoy'", "''", "'2026-02-30 10:00:00'", "'12:00'", "3000000", "x'00'",
@@ -99,7 +95,7 @@ TEST_F(TiposTest, EveryDateThatIsTakenCanBeRead) {
          {"'2026-03-14 18:04:11.5'", "'2026-03-14 18:04'", "'2026-03-14 18:04:11.9999999'",
           "'0001-01-01'", "'9999-12-31 23:59:59'", "-657434", "2958465.9", "0"}) {
         if (Insertar("fecha", valor) == 0) {
-            EXPECT_TRUE(Ultima().LeerFecha(QStringLiteral("fecha")).isValid()) << valor;
+            EXPECT_TRUE(Ultima().LeerFecha(u"fecha"_s).isValid()) << valor;
         } else {
             ADD_FAILURE() << valor;
         }
@@ -108,54 +104,53 @@ TEST_F(TiposTest, EveryDateThatIsTakenCanBeRead) {
 
 TEST_F(TiposTest, DatesAreWrittenAsLocalIsoText) {
     EXPECT_EQ(InsertarValor("fecha", QDateTime(QDate(2026, 3, 4), QTime(8, 4, 1, 999))), 0);
-    EXPECT_EQ(Ultima().LeerTexto(QStringLiteral("fecha")), QStringLiteral("2026-03-04 08:04:01"));
+    EXPECT_EQ(Ultima().LeerTexto(u"fecha"_s), u"2026-03-04 08:04:01"_s);
     EXPECT_EQ(InsertarValor("fecha", QDateTime()), 0);
-    EXPECT_TRUE(Ultima().EsNulo(QStringLiteral("fecha")));
+    EXPECT_TRUE(Ultima().EsNulo(u"fecha"_s));
     EXPECT_EQ(InsertarValor("fecha", QDate(2026, 3, 4)), 0);
-    EXPECT_EQ(Ultima().LeerFecha(QStringLiteral("fecha")),
-              QDateTime(QDate(2026, 3, 4), QTime(0, 0)));
+    EXPECT_EQ(Ultima().LeerFecha(u"fecha"_s), QDateTime(QDate(2026, 3, 4), QTime(0, 0)));
 }
 
 TEST_F(TiposTest, TextIsMeasuredInCharacters) {
     const QString cuatroBytes = QString::fromUcs4(U"\U0001F4B6").repeated(50);
     EXPECT_EQ(InsertarValor("id1", cuatroBytes), 0);
-    EXPECT_EQ(Ultima().LeerTexto(QStringLiteral("id1")), cuatroBytes);
+    EXPECT_EQ(Ultima().LeerTexto(u"id1"_s), cuatroBytes);
     EXPECT_EQ(InsertarValor("id1", QString(cuatroBytes + u'x')), kRestriccion);
     EXPECT_EQ(InsertarValor("id1", QString(51, u'ñ')), kRestriccion);
     EXPECT_EQ(InsertarValor("id1", QByteArray("bytes")), kRestriccion);
     EXPECT_EQ(Insertar("id1", "12345"), 0); // a number becomes its text
-    EXPECT_EQ(Ultima().LeerTexto(QStringLiteral("id1")), QStringLiteral("12345"));
+    EXPECT_EQ(Ultima().LeerTexto(u"id1"_s), u"12345"_s);
 }
 
 TEST_F(TiposTest, AYesNoIsNeverNull) {
     EXPECT_EQ(Insertar("importe", "1"), 0);
-    EXPECT_FALSE(Ultima().EsNulo(QStringLiteral("manual")));
-    EXPECT_FALSE(Ultima().LeerBooleano(QStringLiteral("manual")));
+    EXPECT_FALSE(Ultima().EsNulo(u"manual"_s));
+    EXPECT_FALSE(Ultima().LeerBooleano(u"manual"_s));
     EXPECT_EQ(Insertar("manual", "NULL"), 0);
-    EXPECT_FALSE(Ultima().EsNulo(QStringLiteral("manual")));
+    EXPECT_FALSE(Ultima().EsNulo(u"manual"_s));
     for (const char* si : {"1", "-1", "true"}) {
         EXPECT_EQ(Insertar("manual", si), 0);
-        EXPECT_TRUE(Ultima().LeerBooleano(QStringLiteral("manual"))) << si;
+        EXPECT_TRUE(Ultima().LeerBooleano(u"manual"_s)) << si;
     }
     EXPECT_EQ(Insertar("manual", "'si'"), kRestriccion);
 }
 
 TEST_F(TiposTest, EveryOtherColumnOfTheQueueMayBeNull) {
     ASSERT_EQ(Insertar("idZV", "NULL"), 0);
-    const Fila fila = Ultima();
-    EXPECT_EQ(fila.LeerLong(QStringLiteral("idZV")), 1);
+    const Row fila = Ultima();
+    EXPECT_EQ(fila.LeerLong(u"idZV"_s), 1);
     for (const QString& columna : fila.Columnas()) {
         const bool siempre = columna == QLatin1String("idZV") || columna == QLatin1String("manual");
         EXPECT_EQ(fila.EsNulo(columna), !siempre) << columna.toStdString();
     }
-    EXPECT_EQ(fila.LeerTexto(QStringLiteral("id1")), QString());
-    EXPECT_EQ(fila.LeerCurrency(QStringLiteral("creditoError")), Currency(0));
+    EXPECT_EQ(fila.LeerTexto(u"id1"_s), QString());
+    EXPECT_EQ(fila.LeerCurrency(u"creditoError"_s), Currency(0));
 }
 
 TEST_F(TiposTest, ValuesOfTheWrongKindInAForeignFileAreFailuresAndNotCrashes) {
-    otro->Ejecutar(QStringLiteral("CREATE TABLE ajena (idZV, importe, fecha)"));
-    otro->Ejecutar(QStringLiteral("INSERT INTO ajena VALUES ('x', x'00', 9e99)"));
-    const Fila fila = base.Motor().Consultar(QStringLiteral("SELECT * FROM ajena")).at(0);
+    otro->Ejecutar(u"CREATE TABLE ajena (idZV, importe, fecha)"_s);
+    otro->Ejecutar(u"INSERT INTO ajena VALUES ('x', x'00', 9e99)"_s);
+    const Row fila = base.Database().Consultar(u"SELECT * FROM ajena"_s).at(0);
     EXPECT_EQ(NumeroError([&] { fila.LeerLong(0); }), 13);
     EXPECT_EQ(NumeroError([&] { fila.LeerCurrency(1); }), 13);
     EXPECT_EQ(NumeroError([&] { fila.LeerFecha(2); }), 6);

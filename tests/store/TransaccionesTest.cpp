@@ -1,5 +1,6 @@
 // Transaction levels: the lazy begin, nesting, and what stands after each way in which a begin, a
 // write, a commit or a rollback can fail.
+#include "platform/StringLiterals.h"
 #include "support/BaseDeDatosTemporal.h"
 #include "support/GanchoFallos.h"
 #include "support/ImprimeQt.h"
@@ -13,50 +14,48 @@ namespace {
 using test::BaseDeDatosTemporal;
 using test::GanchoFallos;
 using test::NumeroError;
-using Clase = Sentencia::Clase;
+using Kind = Statement::Kind;
 
 class TransaccionesTest : public testing::Test {
   protected:
-    static void Insertar(MotorBD& motor, int importe) {
-        motor.Ejecutar(QStringLiteral("INSERT INTO cola (importe) VALUES (?)"), {importe});
+    static void Insertar(DatabaseEngine& motor, int importe) {
+        motor.Ejecutar(u"INSERT INTO cola (importe) VALUES (?)"_s, {importe});
     }
     void Insertar(int importe) { Insertar(motor, importe); }
     // Amounts that another program sees.
     QString Guardado() {
         QStringList importes;
-        for (const Fila& fila :
-             otro->Consultar(QStringLiteral("SELECT importe FROM cola ORDER BY importe"))) {
+        for (const Row& fila : otro->Consultar(u"SELECT importe FROM cola ORDER BY importe"_s)) {
             importes.append(fila.LeerTexto(0));
         }
         return importes.join(QLatin1Char(','));
     }
     // Nothing more fits into the file.
     void LlenarDisco() {
-        const qint32 paginas =
-            motor.Consultar(QStringLiteral("PRAGMA page_count")).at(0).LeerLong(0);
-        motor.Consultar(QStringLiteral("PRAGMA max_page_count=%1").arg(paginas));
+        const qint32 paginas = motor.Consultar(u"PRAGMA page_count"_s).at(0).LeerLong(0);
+        motor.Consultar(u"PRAGMA max_page_count=%1"_s.arg(paginas));
     }
     void InsertarMucho() {
         for (int i = 0; i < 1000; ++i) {
-            motor.Ejecutar(QStringLiteral("INSERT INTO cola (id1,id2) VALUES (?,?)"),
+            motor.Ejecutar(u"INSERT INTO cola (id1,id2) VALUES (?,?)"_s,
                            {QString(50, u'x'), QString(50, u'y')});
         }
     }
 
     BaseDeDatosTemporal base;
-    MotorBD& motor = base.Motor();
-    std::unique_ptr<MotorSQLite> otro = base.Otro();
+    DatabaseEngine& motor = base.Database();
+    std::unique_ptr<SqliteEngine> otro = base.Otro();
 };
 
 TEST_F(TransaccionesTest, AnOpenLevelThatHasNotWrittenLocksNobodyOut) {
     motor.Comenzar();
-    motor.Consultar(QStringLiteral("SELECT * FROM cola"));
+    motor.Consultar(u"SELECT * FROM cola"_s);
     Insertar(*otro, 1);
-    EXPECT_EQ(Guardado(), QStringLiteral("1"));
+    EXPECT_EQ(Guardado(), u"1"_s);
     // Nor is it held to an old view: its first write works on what stands now.
     Insertar(2);
     motor.Confirmar();
-    EXPECT_EQ(Guardado(), QStringLiteral("1,2"));
+    EXPECT_EQ(Guardado(), u"1,2"_s);
 }
 
 TEST_F(TransaccionesTest, TheFirstWriteTakesTheLock) {
@@ -66,7 +65,7 @@ TEST_F(TransaccionesTest, TheFirstWriteTakesTheLock) {
     EXPECT_EQ(Guardado(), QString());
     motor.Confirmar();
     Insertar(*otro, 2);
-    EXPECT_EQ(Guardado(), QStringLiteral("1,2"));
+    EXPECT_EQ(Guardado(), u"1,2"_s);
 }
 
 TEST_F(TransaccionesTest, ALockOfAnotherProgramFailsTheWriteAndTheLevelStays) {
@@ -78,7 +77,7 @@ TEST_F(TransaccionesTest, ALockOfAnotherProgramFailsTheWriteAndTheLevelStays) {
     otro->Confirmar();
     Insertar(3);
     motor.Confirmar();
-    EXPECT_EQ(Guardado(), QStringLiteral("1,3"));
+    EXPECT_EQ(Guardado(), u"1,3"_s);
 }
 
 TEST_F(TransaccionesTest, ACommitClosesTheInnermostLevelOnly) {
@@ -92,7 +91,7 @@ TEST_F(TransaccionesTest, ACommitClosesTheInnermostLevelOnly) {
     EXPECT_EQ(Guardado(), QString());
     motor.Confirmar();
     EXPECT_EQ(motor.Nivel(), 0);
-    EXPECT_EQ(Guardado(), QStringLiteral("1,2"));
+    EXPECT_EQ(Guardado(), u"1,2"_s);
 }
 
 TEST_F(TransaccionesTest, ARollbackUndoesTheInnermostLevelOnly) {
@@ -103,7 +102,7 @@ TEST_F(TransaccionesTest, ARollbackUndoesTheInnermostLevelOnly) {
     motor.Deshacer();
     Insertar(3);
     motor.Confirmar();
-    EXPECT_EQ(Guardado(), QStringLiteral("1,3"));
+    EXPECT_EQ(Guardado(), u"1,3"_s);
 }
 
 TEST_F(TransaccionesTest, AnOuterRollbackUndoesCommittedInnerLevels) {
@@ -125,7 +124,7 @@ TEST_F(TransaccionesTest, AnInnerLevelThatWritesFirstCanBeUndoneAlone) {
     Insertar(2);
     motor.Confirmar();
     motor.Confirmar();
-    EXPECT_EQ(Guardado(), QStringLiteral("2"));
+    EXPECT_EQ(Guardado(), u"2"_s);
 }
 
 TEST_F(TransaccionesTest, LevelsWithoutAWriteIssueNothing) {
@@ -135,12 +134,12 @@ TEST_F(TransaccionesTest, LevelsWithoutAWriteIssueNothing) {
     motor.Deshacer();
     motor.Confirmar();
     ASSERT_EQ(gancho.vistas.size(), 4u);
-    for (const Sentencia& s : gancho.vistas) {
+    for (const Statement& s : gancho.vistas) {
         EXPECT_EQ(s.sql, QString());
     }
-    EXPECT_EQ(gancho.vistas[0].clase, Clase::Comenzar);
-    EXPECT_EQ(gancho.vistas[2].clase, Clase::Deshacer);
-    EXPECT_EQ(gancho.vistas[3].clase, Clase::Confirmar);
+    EXPECT_EQ(gancho.vistas[0].kind, Kind::Comenzar);
+    EXPECT_EQ(gancho.vistas[2].kind, Kind::Deshacer);
+    EXPECT_EQ(gancho.vistas[3].kind, Kind::Confirmar);
 }
 
 TEST_F(TransaccionesTest, EveryStatementPassesTheHookFirst) {
@@ -152,13 +151,12 @@ TEST_F(TransaccionesTest, EveryStatementPassesTheHookFirst) {
     motor.Confirmar();
     motor.Confirmar();
     QStringList vistas;
-    for (const Sentencia& s : gancho.vistas) {
+    for (const Statement& s : gancho.vistas) {
         vistas.append(s.sql.section(QLatin1Char(' '), 0, 1));
     }
-    EXPECT_EQ(vistas, QStringList({QString(), QStringLiteral("BEGIN IMMEDIATE"),
-                                   QStringLiteral("INSERT INTO"), QString(),
-                                   QStringLiteral("SAVEPOINT zv2"), QStringLiteral("INSERT INTO"),
-                                   QStringLiteral("RELEASE zv2"), QStringLiteral("COMMIT")}));
+    EXPECT_EQ(vistas,
+              QStringList({QString(), u"BEGIN IMMEDIATE"_s, u"INSERT INTO"_s, QString(),
+                           u"SAVEPOINT zv2"_s, u"INSERT INTO"_s, u"RELEASE zv2"_s, u"COMMIT"_s}));
 }
 
 TEST_F(TransaccionesTest, EndingALevelThatIsNotOpenFails) {
@@ -169,7 +167,7 @@ TEST_F(TransaccionesTest, EndingALevelThatIsNotOpenFails) {
 
 TEST_F(TransaccionesTest, AFailedBeginOpensNoLevel) {
     GanchoFallos gancho(motor);
-    gancho.Falla(Clase::Comenzar, {}, 1);
+    gancho.Falla(Kind::Comenzar, {}, 1);
     EXPECT_EQ(NumeroError([&] { motor.Comenzar(); }), 5);
     EXPECT_EQ(motor.Nivel(), 0);
     motor.Comenzar();
@@ -178,7 +176,7 @@ TEST_F(TransaccionesTest, AFailedBeginOpensNoLevel) {
 
 TEST_F(TransaccionesTest, AFailedLockFailsTheWriteWhichMayBeRepeated) {
     GanchoFallos gancho(motor);
-    gancho.Falla(Clase::Comenzar, QStringLiteral("SAVEPOINT"), 1);
+    gancho.Falla(Kind::Comenzar, u"SAVEPOINT"_s, 1);
     motor.Comenzar();
     motor.Comenzar();
     EXPECT_EQ(NumeroError([&] { Insertar(1); }), 5);
@@ -187,26 +185,25 @@ TEST_F(TransaccionesTest, AFailedLockFailsTheWriteWhichMayBeRepeated) {
     motor.Deshacer();
     Insertar(3);
     motor.Confirmar();
-    EXPECT_EQ(Guardado(), QStringLiteral("3"));
+    EXPECT_EQ(Guardado(), u"3"_s);
 }
 
 TEST_F(TransaccionesTest, AFailedCommitRollsBackEndsTheLevelAndIsRaised) {
     GanchoFallos gancho(motor);
-    gancho.Falla(Clase::Confirmar, QStringLiteral("COMMIT"), 1,
-                 {13, QStringLiteral("database or disk is full")});
+    gancho.Falla(Kind::Confirmar, u"COMMIT"_s, 1, {13, u"database or disk is full"_s});
     motor.Comenzar();
     Insertar(1);
     EXPECT_EQ(NumeroError([&] { motor.Confirmar(); }), 13);
     EXPECT_EQ(motor.Nivel(), 0);
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola")), 0);
+    EXPECT_EQ(base.Cuenta(u"cola"_s), 0);
     Insertar(*otro, 2); // no lock was left behind
     Insertar(3);
-    EXPECT_EQ(Guardado(), QStringLiteral("2,3"));
+    EXPECT_EQ(Guardado(), u"2,3"_s);
 }
 
 TEST_F(TransaccionesTest, AFailedInnerCommitUndoesThatLevelOnly) {
     GanchoFallos gancho(motor);
-    gancho.Falla(Clase::Confirmar, QStringLiteral("RELEASE"), 1);
+    gancho.Falla(Kind::Confirmar, u"RELEASE"_s, 1);
     motor.Comenzar();
     Insertar(1);
     motor.Comenzar();
@@ -214,12 +211,12 @@ TEST_F(TransaccionesTest, AFailedInnerCommitUndoesThatLevelOnly) {
     EXPECT_EQ(NumeroError([&] { motor.Confirmar(); }), 5);
     EXPECT_EQ(motor.Nivel(), 1);
     motor.Confirmar();
-    EXPECT_EQ(Guardado(), QStringLiteral("1"));
+    EXPECT_EQ(Guardado(), u"1"_s);
 }
 
 TEST_F(TransaccionesTest, ACommitThatHadNothingToWriteCanFailToo) {
     GanchoFallos gancho(motor);
-    gancho.Falla(Clase::Confirmar, {}, 1);
+    gancho.Falla(Kind::Confirmar, {}, 1);
     motor.Comenzar();
     EXPECT_EQ(NumeroError([&] { motor.Confirmar(); }), 5);
     EXPECT_EQ(motor.Nivel(), 0);
@@ -227,13 +224,13 @@ TEST_F(TransaccionesTest, ACommitThatHadNothingToWriteCanFailToo) {
 
 TEST_F(TransaccionesTest, AFailedRollbackIsRaisedAndLeavesNothingBehind) {
     GanchoFallos gancho(motor);
-    gancho.Falla(Clase::Deshacer, {}, 1);
+    gancho.Falla(Kind::Deshacer, {}, 1);
     motor.Comenzar();
     Insertar(1);
     EXPECT_EQ(NumeroError([&] { motor.Deshacer(); }), 5);
     EXPECT_EQ(motor.Nivel(), 0);
     Insertar(*otro, 2);
-    EXPECT_EQ(Guardado(), QStringLiteral("2"));
+    EXPECT_EQ(Guardado(), u"2"_s);
 }
 
 TEST_F(TransaccionesTest, AFullDiskFailsTheWriteOrTheCommitAndStoresNothing) {
@@ -248,9 +245,9 @@ TEST_F(TransaccionesTest, AFullDiskFailsTheWriteOrTheCommitAndStoresNothing) {
         motor.Deshacer();
     }
     EXPECT_EQ(Guardado(), QString());
-    motor.Consultar(QStringLiteral("PRAGMA max_page_count=1000000"));
+    motor.Consultar(u"PRAGMA max_page_count=1000000"_s);
     Insertar(1);
-    EXPECT_EQ(Guardado(), QStringLiteral("1"));
+    EXPECT_EQ(Guardado(), u"1"_s);
 }
 
 // SQLite may roll a whole transaction back by itself; a hook does it here at the moment of choice.
@@ -258,13 +255,12 @@ class DeshechaPorElMotorTest : public TransaccionesTest {
   protected:
     // The next write finds its transaction gone, and fails for it.
     void Perder() {
-        motor.Ejecutar(QStringLiteral("CREATE TEMP TABLE disparo (a)"));
-        motor.Ejecutar(QStringLiteral("CREATE TEMP TRIGGER t BEFORE INSERT ON disparo BEGIN SELECT "
-                                      "RAISE(ROLLBACK, 'gone'); END"));
+        motor.Ejecutar(u"CREATE TEMP TABLE disparo (a)"_s);
+        motor.Ejecutar(u"CREATE TEMP TRIGGER t BEFORE INSERT ON disparo BEGIN SELECT "
+                       "RAISE(ROLLBACK, 'gone'); END"_s);
     }
     int Disparar() {
-        return NumeroError(
-            [&] { motor.Ejecutar(QStringLiteral("INSERT INTO disparo VALUES (1)")); });
+        return NumeroError([&] { motor.Ejecutar(u"INSERT INTO disparo VALUES (1)"_s); });
     }
 };
 
@@ -280,7 +276,7 @@ TEST_F(DeshechaPorElMotorTest, NothingMayBeWrittenUntilTheCallerHasRolledBack) {
     EXPECT_EQ(motor.Nivel(), 0);
     EXPECT_EQ(Guardado(), QString());
     Insertar(3);
-    EXPECT_EQ(Guardado(), QStringLiteral("3"));
+    EXPECT_EQ(Guardado(), u"3"_s);
 }
 
 TEST_F(DeshechaPorElMotorTest, EveryLevelIsGone) {
@@ -301,17 +297,16 @@ TEST_F(DeshechaPorElMotorTest, EveryLevelIsGone) {
     motor.Comenzar();
     Insertar(5);
     motor.Confirmar();
-    EXPECT_EQ(Guardado(), QStringLiteral("5"));
+    EXPECT_EQ(Guardado(), u"5"_s);
 }
 
 TEST_F(DeshechaPorElMotorTest, AStatementThatFailsAloneLosesNothing) {
     motor.Comenzar();
     Insertar(1);
-    EXPECT_EQ(NumeroError([&] { motor.Ejecutar(QStringLiteral("INSERT INTO nada VALUES (1)")); }),
-              1);
+    EXPECT_EQ(NumeroError([&] { motor.Ejecutar(u"INSERT INTO nada VALUES (1)"_s); }), 1);
     Insertar(2);
     motor.Confirmar();
-    EXPECT_EQ(Guardado(), QStringLiteral("1,2"));
+    EXPECT_EQ(Guardado(), u"1,2"_s);
 }
 
 class FicheroPerdidoTest : public TransaccionesTest {
@@ -325,7 +320,7 @@ TEST_F(FicheroPerdidoTest, NothingIsWrittenIntoADeletedFile) {
     motor.Comenzar();
     EXPECT_EQ(NumeroError([&] { Insertar(1); }), 1032);
     motor.Deshacer();
-    EXPECT_EQ(base.Cuenta(QStringLiteral("cola")), 0);
+    EXPECT_EQ(base.Cuenta(u"cola"_s), 0);
 }
 
 TEST_F(FicheroPerdidoTest, AFileDeletedBeforeTheCommitFailsIt) {
@@ -337,45 +332,45 @@ TEST_F(FicheroPerdidoTest, AFileDeletedBeforeTheCommitFailsIt) {
 }
 
 TEST_F(FicheroPerdidoTest, AReplacedFileIsNotTheOpenedOne) {
-    ASSERT_TRUE(QFile::rename(base.Ruta(), base.Ruta() + QStringLiteral(".old")));
-    ASSERT_TRUE(QFile::copy(base.Ruta() + QStringLiteral(".old"), base.Ruta()));
+    ASSERT_TRUE(QFile::rename(base.Ruta(), base.Ruta() + u".old"_s));
+    ASSERT_TRUE(QFile::copy(base.Ruta() + u".old"_s, base.Ruta()));
     EXPECT_EQ(NumeroError([&] { Insertar(1); }), 1032);
     ASSERT_TRUE(QFile::remove(base.Ruta()));
-    ASSERT_TRUE(QFile::rename(base.Ruta() + QStringLiteral(".old"), base.Ruta()));
+    ASSERT_TRUE(QFile::rename(base.Ruta() + u".old"_s, base.Ruta()));
     Insertar(2); // back again
 }
 
 TEST_F(FicheroPerdidoTest, ReadingAndTheMarkGoOn) {
     Insertar(1);
     Borrar();
-    EXPECT_EQ(motor.MarcaCambios(), motor.MarcaCambios());
-    EXPECT_EQ(motor.Consultar(QStringLiteral("SELECT * FROM cola")).size(), 1u);
+    EXPECT_EQ(motor.ChangeStamp(), motor.ChangeStamp());
+    EXPECT_EQ(motor.Consultar(u"SELECT * FROM cola"_s).size(), 1u);
     EXPECT_TRUE(motor.Abierta());
 }
 
-class MarcaCambiosTest : public TransaccionesTest {
+class ChangeStampTest : public TransaccionesTest {
   protected:
     template <class F>
     bool Cambia(F&& hacer) {
-        const quint64 antes = motor.MarcaCambios();
+        const quint64 antes = motor.ChangeStamp();
         hacer();
-        return motor.MarcaCambios() != antes;
+        return motor.ChangeStamp() != antes;
     }
 };
 
-TEST_F(MarcaCambiosTest, StaysWhileNothingIsWritten) {
+TEST_F(ChangeStampTest, StaysWhileNothingIsWritten) {
     EXPECT_FALSE(Cambia([] {}));
-    EXPECT_FALSE(Cambia([&] { motor.Consultar(QStringLiteral("SELECT * FROM cola")); }));
-    EXPECT_FALSE(Cambia([&] { otro->Consultar(QStringLiteral("SELECT * FROM cola")); }));
+    EXPECT_FALSE(Cambia([&] { motor.Consultar(u"SELECT * FROM cola"_s); }));
+    EXPECT_FALSE(Cambia([&] { otro->Consultar(u"SELECT * FROM cola"_s); }));
 }
 
-TEST_F(MarcaCambiosTest, ChangesWithEveryWriteOfOursOrOfOthers) {
+TEST_F(ChangeStampTest, ChangesWithEveryWriteOfOursOrOfOthers) {
     EXPECT_TRUE(Cambia([&] { Insertar(1); }));
     EXPECT_TRUE(Cambia([&] { Insertar(*otro, 2); }));
-    EXPECT_TRUE(Cambia([&] { otro->Ejecutar(QStringLiteral("DELETE FROM cola")); }));
+    EXPECT_TRUE(Cambia([&] { otro->Ejecutar(u"DELETE FROM cola"_s); }));
 }
 
-TEST_F(MarcaCambiosTest, ChangesWithWritesCommitsAndRollbacksOfATransaction) {
+TEST_F(ChangeStampTest, ChangesWithWritesCommitsAndRollbacksOfATransaction) {
     motor.Comenzar();
     EXPECT_TRUE(Cambia([&] { Insertar(1); }));
     EXPECT_TRUE(Cambia([&] { motor.Deshacer(); }));
@@ -384,16 +379,16 @@ TEST_F(MarcaCambiosTest, ChangesWithWritesCommitsAndRollbacksOfATransaction) {
     EXPECT_TRUE(Cambia([&] { motor.Confirmar(); }));
 }
 
-TEST_F(MarcaCambiosTest, TellsRowsThatARecordSetAddsFromAllOtherChanges) {
+TEST_F(ChangeStampTest, TellsRowsThatARecordSetAddsFromAllOtherChanges) {
     const auto salvoAltas = [&](const std::function<void()>& hacer) {
-        const quint64 antes = motor.MarcaSalvoAltas();
+        const quint64 antes = motor.ChangeStampExceptAdded();
         EXPECT_TRUE(Cambia(hacer));
-        return motor.MarcaSalvoAltas() != antes;
+        return motor.ChangeStampExceptAdded() != antes;
     };
-    const auto tabla = motor.AbrirTabla(QStringLiteral("cola"));
+    const auto tabla = motor.AbrirTabla(u"cola"_s);
     const auto alta = [&] {
         tabla->Nuevo();
-        tabla->Poner(QStringLiteral("importe"), 1);
+        tabla->Poner(u"importe"_s, 1);
         tabla->Actualizar();
     };
     EXPECT_FALSE(salvoAltas(alta));
@@ -404,7 +399,7 @@ TEST_F(MarcaCambiosTest, TellsRowsThatARecordSetAddsFromAllOtherChanges) {
     }));
     EXPECT_TRUE(salvoAltas([&] {
         ASSERT_TRUE(tabla->Buscar(1));
-        tabla->Poner(QStringLiteral("importe"), 2);
+        tabla->Poner(u"importe"_s, 2);
         tabla->Actualizar();
     }));
     EXPECT_TRUE(salvoAltas([&] { tabla->Borrar(); }));
@@ -416,7 +411,7 @@ TEST_F(MarcaCambiosTest, TellsRowsThatARecordSetAddsFromAllOtherChanges) {
     EXPECT_TRUE(salvoAltas([&] { motor.Deshacer(); }));
 }
 
-TEST_F(MarcaCambiosTest, ChangesWhenTheFileIsOpenedAnew) {
+TEST_F(ChangeStampTest, ChangesWhenTheFileIsOpenedAnew) {
     EXPECT_TRUE(Cambia([&] {
         motor.Cerrar();
         motor.Abrir(base.Cadena());

@@ -25,8 +25,9 @@ class AlAbrir {
   private:
     void Hacer() {
         const QPointer<QDialog> dialogo = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        if (!dialogo)
+        if (!dialogo) {
             return;
+        }
         hecho_ = true;
         accion_(*dialogo);
         if (dialogo && dialogo->isVisible()) {

@@ -2,9 +2,10 @@
 // on it. Everything goes when the test ends.
 #pragma once
 
+#include "platform/StringLiterals.h"
 #include "store/ConexionBD.h"
 #include "store/Esquema.h"
-#include "store/MotorSQLite.h"
+#include "store/sqlite/SqliteEngine.h"
 #include "support/DialogosGuion.h"
 #include "support/LogMemoria.h"
 #include "ui/Textos.h"
@@ -23,28 +24,26 @@ class BaseDeDatosTemporal {
         DialogosGuion dialogos;
         LogMemoria log;
         const Textos textos(carpeta_.path());
-        MotorSQLite catalogo({espera});
+        SqliteEngine catalogo({espera});
         CrearBaseDatos(catalogo, carpeta_.path(), log, dialogos, textos);
         motor_.Abrir(Cadena());
     }
 
     QString Carpeta() const { return carpeta_.path(); }
     QString Ruta() const { return RutaBaseDatos(carpeta_.path()); }
-    QString Cadena() const { return CadenaConexion(QStringLiteral("MDB"), {}, Ruta(), {}, {}); }
-    MotorSQLite& Motor() { return motor_; }
+    QString Cadena() const { return CadenaConexion(u"MDB"_s, {}, Ruta(), {}, {}); }
+    SqliteEngine& Database() { return motor_; }
 
     // Another program on the same file, with an engine of its own.
-    std::unique_ptr<MotorSQLite> Otro() const {
-        auto otro = std::make_unique<MotorSQLite>(OpcionesSQLite{std::chrono::milliseconds(0)});
+    std::unique_ptr<SqliteEngine> Otro() const {
+        auto otro = std::make_unique<SqliteEngine>(SqliteOptions{std::chrono::milliseconds(0)});
         otro->Abrir(Cadena());
         return otro;
     }
 
     // Number of rows, as SQL counts them.
-    qint32 Cuenta(const QString& tabla, const QString& condicion = QStringLiteral("1=1")) {
-        return motor_
-            .Consultar(QStringLiteral("SELECT count(*) FROM ") + tabla + QStringLiteral(" WHERE ") +
-                       condicion)
+    qint32 Cuenta(const QString& tabla, const QString& condicion = u"1=1"_s) {
+        return motor_.Consultar(u"SELECT count(*) FROM "_s + tabla + u" WHERE "_s + condicion)
             .at(0)
             .LeerLong(0);
     }
@@ -52,13 +51,12 @@ class BaseDeDatosTemporal {
   private:
     // In memory where the system offers it: the schema's many commits need no real disk here.
     static QString Plantilla() {
-        const QString memoria = QStringLiteral("/dev/shm");
-        return (QFileInfo(memoria).isWritable() ? memoria : QDir::tempPath()) +
-               QStringLiteral("/zv-XXXXXX");
+        const QString memoria = u"/dev/shm"_s;
+        return (QFileInfo(memoria).isWritable() ? memoria : QDir::tempPath()) + u"/zv-XXXXXX"_s;
     }
 
     QTemporaryDir carpeta_{Plantilla()};
-    MotorSQLite motor_;
+    SqliteEngine motor_;
 };
 
 } // namespace zv::test

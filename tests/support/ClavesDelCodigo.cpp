@@ -1,6 +1,8 @@
 // Reading of calls in sources: no parser of the language, but strings, brackets and comments.
 #include "support/ClavesDelCodigo.h"
 
+#include "platform/StringLiterals.h"
+
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
@@ -28,10 +30,9 @@ const std::array kSinClaves{QLatin1String("ui/Textos.cpp"),
                             QLatin1String("ui/screens/Traduccion.cpp")};
 
 QString SinComentarios(const QString& fuente) {
-    static const QRegularExpression comentario(
-        QStringLiteral(R"re(("(?:[^"\\\n]|\\.)*")|//[^\n]*|/\*.*?\*/)re"),
-        QRegularExpression::DotMatchesEverythingOption);
-    return QString(fuente).replace(comentario, QStringLiteral("\\1"));
+    static const QRegularExpression comentario(uR"re(("(?:[^"\\\n]|\\.)*")|//[^\n]*|/\*.*?\*/)re"_s,
+                                               QRegularExpression::DotMatchesEverythingOption);
+    return QString(fuente).replace(comentario, u"\\1"_s);
 }
 
 // The arguments of the call whose bracket opens at desde, as they stand.
@@ -72,8 +73,8 @@ struct Literal {
 };
 
 std::optional<Literal> LeerLiteral(const QString& argumento) {
-    static const QRegularExpression literal(QStringLiteral(
-        R"re(^(?:QStringLiteral\(\s*|QLatin1String\(\s*|u)?"((?:[^"\\]|\\.)*)"\s*\)?(.*)$)re"));
+    static const QRegularExpression literal(
+        uR"re(^(?:QStringLiteral\(\s*|QLatin1String\(\s*|u)?"((?:[^"\\]|\\.)*)"\s*\)?(.*)$)re"_s);
     const auto hallado = literal.match(argumento);
     if (!hallado.hasMatch()) {
         return std::nullopt;
@@ -89,14 +90,13 @@ QString Carpeta(const QString& ruta) {
 // short forms that files make for themselves.
 std::optional<Funcion> FormaCorta(const QString& ruta, const QString& fuente, qsizetype sitio,
                                   const QString& seccion, const QString& clave) {
-    static const QRegularExpression nombre(QStringLiteral(R"re((\w+)\)*$)re"));
+    static const QRegularExpression nombre(uR"re((\w+)\)*$)re"_s);
     const auto parametro = nombre.match(clave);
     if (!parametro.hasMatch()) {
         return std::nullopt;
     }
     const QRegularExpression declarado(
-        QStringLiteral(
-            R"re((?:(\w+)\s*=\s*\[[^\]]*\]\s*|((?:\w+::)?\w+))\(([^(){};]*\b(?:const char\w*\s*\*|const QString\s*&|QString)\s*%1\b))re")
+        uR"re((?:(\w+)\s*=\s*\[[^\]]*\]\s*|((?:\w+::)?\w+))\(([^(){};]*\b(?:const char\w*\s*\*|const QString\s*&|QString)\s*%1\b))re"_s
             .arg(parametro.captured(1)));
     std::optional<Funcion> hallada;
     for (auto i = declarado.globalMatch(fuente); i.hasNext();) {
@@ -105,8 +105,8 @@ std::optional<Funcion> FormaCorta(const QString& ruta, const QString& fuente, qs
             break;
         }
         const bool lambda = !m.captured(1).isEmpty();
-        hallada = Funcion{lambda ? m.captured(1) : m.captured(2).section(QStringLiteral("::"), -1),
-                          seccion, static_cast<int>(m.captured(3).count(QLatin1Char(','))),
+        hallada = Funcion{lambda ? m.captured(1) : m.captured(2).section(u"::"_s, -1), seccion,
+                          static_cast<int>(m.captured(3).count(QLatin1Char(','))),
                           lambda ? ruta : Carpeta(ruta)};
     }
     return hallada;
@@ -115,8 +115,8 @@ std::optional<Funcion> FormaCorta(const QString& ruta, const QString& fuente, qs
 class Lector {
   public:
     explicit Lector(const QString& carpeta) {
-        QDirIterator ficheros(carpeta, {QStringLiteral("*.cpp"), QStringLiteral("*.h")},
-                              QDir::Files, QDirIterator::Subdirectories);
+        QDirIterator ficheros(carpeta, {u"*.cpp"_s, u"*.h"_s}, QDir::Files,
+                              QDirIterator::Subdirectories);
         while (ficheros.hasNext()) {
             QFile fichero(ficheros.next());
             const QString ruta = QDir(carpeta).relativeFilePath(fichero.fileName());
@@ -142,7 +142,7 @@ class Lector {
 
   private:
     void LeerLlamadas(const QString& ruta, const QString& fuente, const Funcion& funcion) {
-        const QRegularExpression llamada(QStringLiteral(R"(\b%1\()").arg(funcion.nombre));
+        const QRegularExpression llamada(uR"(\b%1\()"_s.arg(funcion.nombre));
         for (auto i = llamada.globalMatch(fuente); i.hasNext();) {
             const auto hallada = i.next();
             const QStringList argumentos = Argumentos(fuente, hallada.capturedEnd() - 1);
@@ -163,8 +163,8 @@ class Lector {
             }
             const auto forma = FormaCorta(ruta, fuente, hallada.capturedStart(), seccion, clave);
             if (seccion.isEmpty() || !forma) {
-                todo.ilegibles << ruta + QStringLiteral(": ") + funcion.nombre + QLatin1Char('(') +
-                                      argumentos.join(QStringLiteral(", "));
+                todo.ilegibles << ruta + u": "_s + funcion.nombre + QLatin1Char('(') +
+                                      argumentos.join(u", "_s);
             } else if (std::find(funciones_.begin(), funciones_.end(), *forma) ==
                        funciones_.end()) {
                 funciones_.push_back(*forma);
@@ -173,9 +173,9 @@ class Lector {
     }
 
     std::map<QString, QString> fuentes_;
-    std::vector<Funcion> funciones_{{QStringLiteral("Traduce"), QStringLiteral("COMMON"), 0, {}},
-                                    {QStringLiteral("TextoIdioma"), std::nullopt, 1, {}},
-                                    {QStringLiteral("TextoForm"), std::nullopt, 1, {}}};
+    std::vector<Funcion> funciones_{{u"Traduce"_s, u"COMMON"_s, 0, {}},
+                                    {u"TextoIdioma"_s, std::nullopt, 1, {}},
+                                    {u"TextoForm"_s, std::nullopt, 1, {}}};
 };
 
 } // namespace

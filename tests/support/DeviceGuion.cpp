@@ -1,6 +1,8 @@
 // The queue of the scripted DeviceClient.
 #include "support/DeviceGuion.h"
 
+#include "platform/StringLiterals.h"
+
 #include <gtest/gtest.h>
 
 namespace zv {
@@ -8,15 +10,15 @@ namespace zv {
 namespace {
 
 QString Texto(const char* operacion) {
-    return QString::fromLatin1(operacion) + QStringLiteral("()");
+    return QString::fromLatin1(operacion) + u"()"_s;
 }
 
 QString Texto(const char* operacion, qint32 valor) {
-    return QString::fromLatin1(operacion) + QStringLiteral("(%1)").arg(valor);
+    return QString::fromLatin1(operacion) + u"(%1)"_s.arg(valor);
 }
 
 QString Texto(const char* operacion, qint32 valor, qint32 otro) {
-    return QString::fromLatin1(operacion) + QStringLiteral("(%1, %2)").arg(valor).arg(otro);
+    return QString::fromLatin1(operacion) + u"(%1, %2)"_s.arg(valor).arg(otro);
 }
 
 } // namespace
@@ -85,9 +87,9 @@ void DeviceGuion::FallarNiveles(qint32 levelType, qint16 codigo, const QString& 
 }
 
 void DeviceGuion::PonerTotal(qint32 total) {
-    PonerNiveles(2, QStringLiteral("1"), QString::number(total));
-    PonerNiveles(3, QStringLiteral("1"), QStringLiteral("0"));
-    PonerNiveles(4, QStringLiteral("1"), QStringLiteral("0"));
+    PonerNiveles(2, u"1"_s, QString::number(total));
+    PonerNiveles(3, u"1"_s, u"0"_s);
+    PonerNiveles(4, u"1"_s, u"0"_s);
 }
 
 void DeviceGuion::PonerError(qint16 codigo, const QString& mensaje) {
@@ -108,7 +110,7 @@ DeviceGuion::Llamada DeviceGuion::Tomar(const QString& texto) {
         ADD_FAILURE() << "the device was asked for " << texto.toStdString() << ", expected was "
                       << (cola_.empty() ? "nothing" : cola_.front().texto.toStdString());
         errorCode_ = 999;
-        errorMessage_ = QStringLiteral("unexpected call");
+        errorMessage_ = u"unexpected call"_s;
         return {texto, FinGuion::Error(999, errorMessage_), 0, 0, 0, {}, {}};
     }
     Llamada llamada = std::move(cola_.front());
@@ -125,7 +127,7 @@ DeviceGuion::Llamada DeviceGuion::Tomar(const QString& texto) {
 }
 
 void DeviceGuion::Address(const QString& direccion) {
-    Anotar(QStringLiteral("Address(%1)").arg(direccion));
+    Anotar(u"Address(%1)"_s.arg(direccion));
 }
 
 void DeviceGuion::SessionFlag(bool valor) {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "device/DeviceClient.h"
+#include "platform/StringLiterals.h"
 
 #include <QMap>
 #include <QStringList>
@@ -27,7 +28,7 @@ struct FinGuion {
         return {false, codigo, mensaje, {}};
     }
     static FinGuion Cancelado() { return {false, 0, {}, {}}; }
-    static FinGuion EnlacePerdido() { return {false, 1, QStringLiteral("Enlace perdido"), {}}; }
+    static FinGuion EnlacePerdido() { return {false, 1, u"Enlace perdido"_s, {}}; }
     FinGuion Durante(std::function<void()> accion) const {
         FinGuion copia = *this;
         copia.durante = std::move(accion);

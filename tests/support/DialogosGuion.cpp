@@ -1,6 +1,7 @@
 // The script of the dialogs: matching of what is asked against what waits.
 #include "support/DialogosGuion.h"
 
+#include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 
 #include <optional>
@@ -13,15 +14,15 @@ DialogosGuion::~DialogosGuion() {
     }
 }
 
-const char* DialogosGuion::Nombre(Clase clase) {
-    switch (clase) {
-    case Clase::Mensaje:
+const char* DialogosGuion::Nombre(Kind kind) {
+    switch (kind) {
+    case Kind::Mensaje:
         return "Mensaje";
-    case Clase::Texto:
+    case Kind::Texto:
         return "Texto";
-    case Clase::Importe:
+    case Kind::Importe:
         return "Importe";
-    case Clase::Caja:
+    case Kind::Caja:
         return "Caja";
     }
     return "";
@@ -29,7 +30,7 @@ const char* DialogosGuion::Nombre(Clase clase) {
 
 std::string DialogosGuion::Describe(const Paso& paso) {
     std::ostringstream salida;
-    salida << Nombre(paso.clase) << " with a title that ";
+    salida << Nombre(paso.kind) << " with a title that ";
     paso.titulo.DescribeTo(&salida);
     salida << " and a text that ";
     paso.texto.DescribeTo(&salida);
@@ -41,7 +42,7 @@ std::string DialogosGuion::Describe(const Paso& paso) {
 
 void DialogosGuion::EsperaMensaje(TextoEsperado titulo, TextoEsperado texto, int respuesta,
                                   int estilo, Accion mientras) {
-    guion_.push_back({Clase::Mensaje,
+    guion_.push_back({Kind::Mensaje,
                       std::move(titulo),
                       std::move(texto),
                       testing::_,
@@ -55,7 +56,7 @@ void DialogosGuion::EsperaMensaje(TextoEsperado titulo, TextoEsperado texto, int
 
 void DialogosGuion::EsperaTexto(TextoEsperado titulo, TextoEsperado texto, const QString& respuesta,
                                 TextoEsperado porDefecto, Accion mientras) {
-    guion_.push_back({Clase::Texto,
+    guion_.push_back({Kind::Texto,
                       std::move(titulo),
                       std::move(texto),
                       std::move(porDefecto),
@@ -69,7 +70,7 @@ void DialogosGuion::EsperaTexto(TextoEsperado titulo, TextoEsperado texto, const
 
 void DialogosGuion::EsperaImporte(TextoEsperado titulo, TextoEsperado prompt, Currency respuesta,
                                   bool cancelado, Accion mientras) {
-    guion_.push_back({Clase::Importe,
+    guion_.push_back({Kind::Importe,
                       std::move(titulo),
                       std::move(prompt),
                       testing::_,
@@ -82,7 +83,7 @@ void DialogosGuion::EsperaImporte(TextoEsperado titulo, TextoEsperado prompt, Cu
 }
 
 void DialogosGuion::EsperaCaja(TextoEsperado texto, Accion mientras) {
-    guion_.push_back({Clase::Caja,
+    guion_.push_back({Kind::Caja,
                       testing::_,
                       std::move(texto),
                       testing::_,
@@ -94,12 +95,11 @@ void DialogosGuion::EsperaCaja(TextoEsperado texto, Accion mientras) {
                       std::move(mientras)});
 }
 
-std::optional<DialogosGuion::Paso> DialogosGuion::Siguiente(Clase clase, const QString& titulo,
+std::optional<DialogosGuion::Paso> DialogosGuion::Siguiente(Kind kind, const QString& titulo,
                                                             const QString& texto, int estilo,
                                                             const QString& porDefecto) {
     const QString llamada =
-        QStringLiteral("%1|%2|%3|%4")
-            .arg(QLatin1String(Nombre(clase)), titulo, texto, QString::number(estilo));
+        u"%1|%2|%3|%4"_s.arg(QLatin1String(Nombre(kind)), titulo, texto, QString::number(estilo));
     llamadas_ << llamada;
     if (guion_.empty()) {
         ADD_FAILURE() << "unexpected dialog: " << llamada.toStdString();
@@ -107,7 +107,7 @@ std::optional<DialogosGuion::Paso> DialogosGuion::Siguiente(Clase clase, const Q
     }
     // A wrong question leaves the script as it is, so that each mistake is told once.
     const Paso& paso = guion_.front();
-    if (paso.clase != clase || !paso.titulo.Matches(titulo) || !paso.texto.Matches(texto) ||
+    if (paso.kind != kind || !paso.titulo.Matches(titulo) || !paso.texto.Matches(texto) ||
         !paso.porDefecto.Matches(porDefecto) || (paso.estilo >= 0 && paso.estilo != estilo)) {
         ADD_FAILURE() << "dialog " << llamada.toStdString() << "\nwhere the script has "
                       << Describe(paso);
@@ -122,7 +122,7 @@ std::optional<DialogosGuion::Paso> DialogosGuion::Siguiente(Clase clase, const Q
 }
 
 int DialogosGuion::MostrarMensaje(const QString& titulo, const QString& texto, int estilo) {
-    const auto paso = Siguiente(Clase::Mensaje, titulo, texto, estilo, {});
+    const auto paso = Siguiente(Kind::Mensaje, titulo, texto, estilo, {});
     if (paso) {
         return paso->boton;
     }
@@ -134,7 +134,7 @@ int DialogosGuion::MostrarMensaje(const QString& titulo, const QString& texto, i
 
 QString DialogosGuion::PedirTexto(const QString& titulo, const QString& texto,
                                   const QString& porDefecto) {
-    const auto paso = Siguiente(Clase::Texto, titulo, texto, 0, porDefecto);
+    const auto paso = Siguiente(Kind::Texto, titulo, texto, 0, porDefecto);
     return paso ? paso->respuesta : QString();
 }
 
@@ -142,13 +142,13 @@ Currency DialogosGuion::PedirImporte(const QString& titulo, const QString& promp
                                      Currency porDefecto, bool sinImporte, bool& cancelado) {
     ultimoImporte_ = porDefecto;
     ultimoSinImporte_ = sinImporte;
-    const auto paso = Siguiente(Clase::Importe, titulo, prompt, sinImporte ? 1 : 0, {});
+    const auto paso = Siguiente(Kind::Importe, titulo, prompt, sinImporte ? 1 : 0, {});
     cancelado = paso ? paso->cancelado : true;
     return paso ? paso->importe : Currency();
 }
 
 void DialogosGuion::CajaSimple(const QString& texto) {
-    Siguiente(Clase::Caja, {}, texto, 0, {});
+    Siguiente(Kind::Caja, {}, texto, 0, {});
 }
 
 } // namespace zv::test

@@ -54,9 +54,9 @@ class DialogosGuion final : public Dialogos {
     void CajaSimple(const QString& texto) override;
 
   private:
-    enum class Clase { Mensaje, Texto, Importe, Caja };
+    enum class Kind { Mensaje, Texto, Importe, Caja };
     struct Paso {
-        Clase clase;
+        Kind kind;
         TextoEsperado titulo;
         TextoEsperado texto;
         TextoEsperado porDefecto;
@@ -69,9 +69,9 @@ class DialogosGuion final : public Dialogos {
     };
 
     // The step for this call when it is the one that waits; otherwise fails the test.
-    std::optional<Paso> Siguiente(Clase clase, const QString& titulo, const QString& texto,
+    std::optional<Paso> Siguiente(Kind kind, const QString& titulo, const QString& texto,
                                   int estilo, const QString& porDefecto);
-    static const char* Nombre(Clase clase);
+    static const char* Nombre(Kind kind);
     static std::string Describe(const Paso& paso);
 
     std::deque<Paso> guion_;

@@ -15,8 +15,9 @@ bool Esperar(Condicion listo, int topeMs = 10'000) {
     QTimer despertador; // so that waiting for events ends also when there are none
     despertador.start(10);
     while (!listo()) {
-        if (tope.hasExpired())
+        if (tope.hasExpired()) {
             return false;
+        }
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     return true;

@@ -3,7 +3,8 @@
 #pragma once
 
 #include "platform/ErrorEjecucion.h"
-#include "store/MotorBD.h"
+#include "platform/StringLiterals.h"
+#include "store/DatabaseEngine.h"
 
 #include <vector>
 
@@ -11,17 +12,17 @@ namespace zv::test {
 
 class GanchoFallos {
   public:
-    explicit GanchoFallos(MotorBD& motor) : motor_(motor) {
-        motor_.PonerGancho([this](const Sentencia& s) { Mirar(s); });
+    explicit GanchoFallos(DatabaseEngine& motor) : motor_(motor) {
+        motor_.PonerGancho([this](const Statement& s) { Mirar(s); });
     }
     ~GanchoFallos() { motor_.PonerGancho({}); }
     GanchoFallos(const GanchoFallos&) = delete;
     GanchoFallos& operator=(const GanchoFallos&) = delete;
 
     // The next so many statements of that kind whose text holds contiene raise the failure.
-    void Falla(Sentencia::Clase clase, const QString& contiene, int veces,
-               ErrorEjecucion fallo = {5, QStringLiteral("database is locked")}) {
-        fallos_.push_back({clase, contiene, veces, std::move(fallo)});
+    void Falla(Statement::Kind kind, const QString& contiene, int veces,
+               ErrorEjecucion fallo = {5, u"database is locked"_s}) {
+        fallos_.push_back({kind, contiene, veces, std::move(fallo)});
     }
 
     // Failures that were asked for and have not come.
@@ -32,37 +33,37 @@ class GanchoFallos {
         }
         return n;
     }
-    int Cuenta(Sentencia::Clase clase, const QString& contiene) const {
+    int Cuenta(Statement::Kind kind, const QString& contiene) const {
         int n = 0;
-        for (const Sentencia& s : vistas) {
-            n += Casa(s, clase, contiene) ? 1 : 0;
+        for (const Statement& s : vistas) {
+            n += Casa(s, kind, contiene) ? 1 : 0;
         }
         return n;
     }
 
-    std::vector<Sentencia> vistas;
+    std::vector<Statement> vistas;
 
   private:
     struct Fallo {
-        Sentencia::Clase clase;
+        Statement::Kind kind;
         QString contiene;
         int veces;
         ErrorEjecucion fallo;
     };
-    static bool Casa(const Sentencia& s, Sentencia::Clase clase, const QString& contiene) {
-        return s.clase == clase && s.sql.contains(contiene, Qt::CaseInsensitive);
+    static bool Casa(const Statement& s, Statement::Kind kind, const QString& contiene) {
+        return s.kind == kind && s.sql.contains(contiene, Qt::CaseInsensitive);
     }
-    void Mirar(const Sentencia& s) {
+    void Mirar(const Statement& s) {
         vistas.push_back(s);
         for (Fallo& f : fallos_) {
-            if (f.veces > 0 && Casa(s, f.clase, f.contiene)) {
+            if (f.veces > 0 && Casa(s, f.kind, f.contiene)) {
                 --f.veces;
                 throw ErrorEjecucion(f.fallo);
             }
         }
     }
 
-    MotorBD& motor_;
+    DatabaseEngine& motor_;
     std::vector<Fallo> fallos_;
 };
 

@@ -1,7 +1,8 @@
 // The English language file that comes with the program.
 #pragma once
 
-#include "platform/DocumentoIni.h"
+#include "platform/IniDocument.h"
+#include "platform/StringLiterals.h"
 
 #include <QFile>
 
@@ -12,20 +13,20 @@ namespace zv::test {
 class IdiomaIngles {
   public:
     IdiomaIngles() {
-        QFile fichero(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../packaging/RWLang.en.ini"));
+        QFile fichero(QString::fromUtf8(QT_TESTCASE_SOURCEDIR "/../packaging/RWLang.en.ini"));
         EXPECT_TRUE(fichero.open(QIODevice::ReadOnly)) << fichero.fileName().toStdString();
         bytes = fichero.readAll();
-        documento = DocumentoIni::Analizar(bytes);
+        documento = IniDocument::Analizar(bytes);
     }
     // As the language file of an application folder.
     void PonerEn(const QString& carpeta) const {
-        QFile copia(carpeta + QStringLiteral("/RWLang.ini"));
+        QFile copia(carpeta + u"/RWLang.ini"_s);
         ASSERT_TRUE(copia.open(QIODevice::WriteOnly)) << copia.fileName().toStdString();
         copia.write(bytes);
     }
 
     QByteArray bytes;
-    DocumentoIni documento;
+    IniDocument documento;
 };
 
 } // namespace zv::test

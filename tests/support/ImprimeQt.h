@@ -16,6 +16,6 @@ inline void PrintTo(const QByteArray& bytes, std::ostream* salida) {
     *salida << '"' << bytes.toPercentEncoding(" |:;,./\\()[]=+áéíóúñ").toStdString() << '"';
 }
 inline void PrintTo(const QStringList& lista, std::ostream* salida) {
-    *salida << "[\n  " << lista.join(QStringLiteral("\n  ")).toStdString() << "\n]";
+    *salida << "[\n  " << lista.join(QLatin1String("\n  ")).toStdString() << "\n]";
 }
 QT_END_NAMESPACE

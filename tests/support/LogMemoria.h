@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 #include "ui/Log.h"
 
 #include <QStringList>
@@ -35,7 +36,7 @@ class LogMemoria final : public Log {
     QStringList lineasFast;
     // The next so many lines raise this failure and are lost.
     int fallosPendientes = 0;
-    ErrorEjecucion fallo{75, QStringLiteral("Error de acceso a la ruta o al archivo")};
+    ErrorEjecucion fallo{75, u"Error de acceso a la ruta o al archivo"_s};
 };
 
 } // namespace zv::test

@@ -2,6 +2,7 @@
 // whatever an operator reads, or hears read aloud, must have changed.
 #pragma once
 
+#include "platform/StringLiterals.h"
 #include "support/IdiomaIngles.h"
 
 #include <QAbstractButton>
@@ -14,7 +15,7 @@
 namespace zv::test {
 
 inline bool TieneLetras(const QString& texto) {
-    return texto.contains(QRegularExpression(QStringLiteral("\\p{L}")));
+    return texto.contains(QRegularExpression(u"\\p{L}"_s));
 }
 
 // Caption of a label or a button; nothing for other controls.

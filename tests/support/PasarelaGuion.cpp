@@ -1,6 +1,8 @@
 // The scripted gateway of the tests.
 #include "support/PasarelaGuion.h"
 
+#include "platform/StringLiterals.h"
+
 #include <QDeadlineTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -16,12 +18,12 @@ namespace {
 constexpr int kPaciencia = 5000; // ms
 
 QByteArray Linea(QJsonObject objeto) {
-    objeto.insert(QStringLiteral("jsonrpc"), QStringLiteral("2.0"));
+    objeto.insert(u"jsonrpc"_s, u"2.0"_s);
     return QJsonDocument(objeto).toJson(QJsonDocument::Compact) + '\n';
 }
 
 QString Metodo(const QJsonObject& peticion) {
-    return peticion.value(QStringLiteral("method")).toString();
+    return peticion.value(u"method"_s).toString();
 }
 
 } // namespace
@@ -32,22 +34,20 @@ void EnlaceGuion::Crudo(const QByteArray& bytes) {
 }
 
 void EnlaceGuion::Contestar(const QJsonObject& peticion, const QJsonValue& resultado) {
-    Crudo(Linea({{QStringLiteral("id"), peticion.value(QStringLiteral("id"))},
-                 {QStringLiteral("result"), resultado}}));
+    Crudo(Linea({{u"id"_s, peticion.value(u"id"_s)}, {u"result"_s, resultado}}));
 }
 
 void EnlaceGuion::Rechazar(const QJsonObject& peticion, int codigo, const QString& mensaje,
                            const QJsonObject& datos) {
-    QJsonObject error{{QStringLiteral("code"), codigo}, {QStringLiteral("message"), mensaje}};
+    QJsonObject error{{u"code"_s, codigo}, {u"message"_s, mensaje}};
     if (!datos.isEmpty()) {
-        error.insert(QStringLiteral("data"), datos);
+        error.insert(u"data"_s, datos);
     }
-    Crudo(Linea({{QStringLiteral("id"), peticion.value(QStringLiteral("id"))},
-                 {QStringLiteral("error"), error}}));
+    Crudo(Linea({{u"id"_s, peticion.value(u"id"_s)}, {u"error"_s, error}}));
 }
 
 void EnlaceGuion::Notificar(const QString& metodo, const QJsonObject& params) {
-    Crudo(Linea({{QStringLiteral("method"), metodo}, {QStringLiteral("params"), params}}));
+    Crudo(Linea({{u"method"_s, metodo}, {u"params"_s, params}}));
 }
 
 void EnlaceGuion::Cortar() {
@@ -56,13 +56,13 @@ void EnlaceGuion::Cortar() {
 }
 
 PasarelaGuion::PasarelaGuion() : contexto_(std::make_unique<QObject>()) {
-    saludo_ = {{QStringLiteral("protocol"), 1},
-               {QStringLiteral("device"), QStringLiteral("Guion")},
-               {QStringLiteral("storeId"), QStringLiteral("almacen-1")},
-               {QStringLiteral("currency"), QStringLiteral("EUR")},
-               {QStringLiteral("decimals"), 2},
-               {QStringLiteral("multiplier"), 100},
-               {QStringLiteral("openOp"), QJsonValue::Null}};
+    saludo_ = {{u"protocol"_s, 1},
+               {u"device"_s, u"Guion"_s},
+               {u"storeId"_s, u"almacen-1"_s},
+               {u"currency"_s, u"EUR"_s},
+               {u"decimals"_s, 2},
+               {u"multiplier"_s, 100},
+               {u"openOp"_s, QJsonValue::Null}};
     contexto_->moveToThread(&hilo_);
     hilo_.start();
     Encender();
@@ -88,7 +88,7 @@ void PasarelaGuion::EnHilo(const std::function<void()>& accion) {
 }
 
 QString PasarelaGuion::Direccion() const {
-    return QStringLiteral("127.0.0.1:%1").arg(puerto_);
+    return u"127.0.0.1:%1"_s.arg(puerto_);
 }
 
 void PasarelaGuion::Al(const QString& metodo, Reaccion reaccion) {
@@ -226,13 +226,13 @@ void PasarelaGuion::Defecto(EnlaceGuion& enlace, const QJsonObject& peticion) {
         }
         enlace.Contestar(peticion, saludo);
     } else if (metodo == QLatin1String("op.status") || metodo == QLatin1String("op.cancel")) {
-        enlace.Rechazar(peticion, -32011, QStringLiteral("operación desconocida"));
+        enlace.Rechazar(peticion, -32011, u"operación desconocida"_s);
     } else if (metodo == QLatin1String("levels.get")) {
-        enlace.Contestar(peticion, QJsonObject{{QStringLiteral("noms"), QJsonArray{100, 200, 500}},
-                                               {QStringLiteral("levels"), QJsonArray{3, 2, 1}}});
+        enlace.Contestar(peticion, QJsonObject{{u"noms"_s, QJsonArray{100, 200, 500}},
+                                               {u"levels"_s, QJsonArray{3, 2, 1}}});
     } else if (!opId.isEmpty() && metodo != QLatin1String("op.ack")) {
         enlace.Contestar(peticion, EnMarcha(opId, metodo, 0, 0));
-        enlace.Notificar(QStringLiteral("op.result"), Hecha(opId, metodo, 0, 0));
+        enlace.Notificar(u"op.result"_s, Hecha(opId, metodo, 0, 0));
     } else {
         enlace.Contestar(peticion, QJsonObject{});
     }
@@ -281,37 +281,34 @@ int PasarelaGuion::Conexiones() const {
 
 QJsonObject PasarelaGuion::EnMarcha(const QString& opId, const QString& metodo, qint64 paidIn,
                                     qint64 paidOut) {
-    return {{QStringLiteral("opId"), opId},
-            {QStringLiteral("method"), metodo},
-            {QStringLiteral("state"), QStringLiteral("running")},
-            {QStringLiteral("paidIn"), paidIn},
-            {QStringLiteral("paidOut"), paidOut}};
+    return {{u"opId"_s, opId},
+            {u"method"_s, metodo},
+            {u"state"_s, u"running"_s},
+            {u"paidIn"_s, paidIn},
+            {u"paidOut"_s, paidOut}};
 }
 
 QJsonObject PasarelaGuion::Hecha(const QString& opId, const QString& metodo, qint64 paidIn,
                                  qint64 paidOut) {
     QJsonObject estado = EnMarcha(opId, metodo, paidIn, paidOut);
-    estado.insert(QStringLiteral("state"), QStringLiteral("done"));
-    estado.insert(QStringLiteral("ok"), true);
-    estado.insert(QStringLiteral("errorCode"), 0);
-    estado.insert(QStringLiteral("errorMessage"), QString());
+    estado.insert(u"state"_s, u"done"_s);
+    estado.insert(u"ok"_s, true);
+    estado.insert(u"errorCode"_s, 0);
+    estado.insert(u"errorMessage"_s, QString());
     return estado;
 }
 
 QJsonObject PasarelaGuion::Fallida(const QString& opId, const QString& metodo, int codigo,
                                    const QString& mensaje, qint64 paidIn, qint64 paidOut) {
     QJsonObject estado = Hecha(opId, metodo, paidIn, paidOut);
-    estado.insert(QStringLiteral("ok"), false);
-    estado.insert(QStringLiteral("errorCode"), codigo);
-    estado.insert(QStringLiteral("errorMessage"), mensaje);
+    estado.insert(u"ok"_s, false);
+    estado.insert(u"errorCode"_s, codigo);
+    estado.insert(u"errorMessage"_s, mensaje);
     return estado;
 }
 
 QString PasarelaGuion::OpId(const QJsonObject& peticion) {
-    return peticion.value(QStringLiteral("params"))
-        .toObject()
-        .value(QStringLiteral("opId"))
-        .toString();
+    return peticion.value(u"params"_s).toObject().value(u"opId"_s).toString();
 }
 
 } // namespace zv

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/VentanaPrincipal.h"
+#include "platform/StringLiterals.h"
 
 #include <QStringList>
 
@@ -14,14 +15,14 @@ class VentanaFalsa final : public VentanaPrincipal {
     int WindowState() const override { return estado; }
     void PonerWindowState(int nuevo) override {
         estado = nuevo;
-        Anotar(QStringLiteral("estado ") + QString::number(nuevo));
+        Anotar(u"estado "_s + QString::number(nuevo));
     }
-    void TraerAlFrente() override { Anotar(QStringLiteral("al frente")); }
-    void Traducir() override { Anotar(QStringLiteral("traducir")); }
-    void PonerIcono() override { Anotar(QStringLiteral("icono")); }
-    void PrepararGrid() override { Anotar(QStringLiteral("columnas")); }
+    void TraerAlFrente() override { Anotar(u"al frente"_s); }
+    void Traducir() override { Anotar(u"traducir"_s); }
+    void PonerIcono() override { Anotar(u"icono"_s); }
+    void PrepararGrid() override { Anotar(u"columnas"_s); }
     void PonerVersion(const QString& caption) override { Anotar(caption); }
-    void Mostrar() override { Anotar(QStringLiteral("mostrar")); }
+    void Mostrar() override { Anotar(u"mostrar"_s); }
 
     int estado = ventana::kNormal;
     QStringList llamadas;

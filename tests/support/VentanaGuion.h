@@ -2,6 +2,7 @@
 #pragma once
 
 #include "device/VentanaOperacion.h"
+#include "platform/StringLiterals.h"
 
 #include <QStringList>
 
@@ -9,30 +10,29 @@ namespace zv {
 
 class VentanaGuion final : public VentanaOperacion {
   public:
-    void Abrir(ClaseOperacion clase, qint32 importe, std::function<void()> cancelar) override {
-        lineas << QStringLiteral("abrir %1 %2%3")
-                      .arg(static_cast<int>(clase))
+    void Abrir(OperationKind kind, qint32 importe, std::function<void()> cancelar) override {
+        lineas << u"abrir %1 %2%3"_s.arg(static_cast<int>(kind))
                       .arg(importe)
-                      .arg(cancelar ? QString() : QStringLiteral(" sin cancelar"));
+                      .arg(cancelar ? QString() : u" sin cancelar"_s);
         cancelar_ = std::move(cancelar);
         if (alAbrir) {
             alAbrir();
         }
     }
     void Progreso(qint32 paidIn, qint32 paidOut) override {
-        lineas << QStringLiteral("progreso %1 %2").arg(paidIn).arg(paidOut);
+        lineas << u"progreso %1 %2"_s.arg(paidIn).arg(paidOut);
         if (alProgresar) {
             alProgresar();
         }
     }
     void Aviso(const QString& texto) override {
-        lineas << QStringLiteral("aviso ") + texto;
+        lineas << u"aviso "_s + texto;
         if (alAvisar) {
             alAvisar();
         }
     }
     void Cerrar() override {
-        lineas << QStringLiteral("cerrar");
+        lineas << u"cerrar"_s;
         cancelar_ = {};
     }
     void Cancelar() const { cancelar_(); }

@@ -1,4 +1,5 @@
 // The English language file that comes with the program holds every key that the code asks for.
+#include "platform/StringLiterals.h"
 #include "support/ClavesDelCodigo.h"
 #include "support/IdiomaIngles.h"
 
@@ -50,12 +51,12 @@ class IdiomaClavesTest : public testing::Test {
 
     IdiomaIngles idioma_;
     ClavesDelCodigo codigo_ =
-        ClavesDelCodigo::Leer(QStringLiteral(QT_TESTCASE_SOURCEDIR "/../src"));
+        ClavesDelCodigo::Leer(QString::fromUtf8(QT_TESTCASE_SOURCEDIR "/../src"));
 };
 
 TEST_F(IdiomaClavesTest, EveryKnownKeyHasItsText) {
     for (const QString& clave : QString::fromUtf8(kClaves).split(QLatin1Char(' '))) {
-        EXPECT_TRUE(Tiene(QStringLiteral("COMMON"), clave)) << clave.toStdString();
+        EXPECT_TRUE(Tiene(u"COMMON"_s, clave)) << clave.toStdString();
     }
 }
 
@@ -69,8 +70,7 @@ TEST_F(IdiomaClavesTest, EveryKeyOfTheSourcesHasItsText) {
 
 TEST_F(IdiomaClavesTest, KeysMadeAtRunTimeAreThoseOfTheModes) {
     ASSERT_EQ(codigo_.comienzos.size(), 1U);
-    EXPECT_EQ(codigo_.comienzos.begin()->first,
-              std::pair(QStringLiteral("COMMON"), QStringLiteral("btnModo_")));
+    EXPECT_EQ(codigo_.comienzos.begin()->first, std::pair(u"COMMON"_s, u"btnModo_"_s));
 }
 
 // A key that goes through a variable or a helper of its own must be taught to ClavesDelCodigo.
@@ -84,25 +84,22 @@ TEST_F(IdiomaClavesTest, TheReadingFindsWhatIsKnownToBeThere) {
     for (const auto& [clave, fichero] : codigo_.claves) {
         ++cuenta[clave.first];
     }
-    EXPECT_GE(cuenta[QStringLiteral("COMMON")], 50);
-    EXPECT_GE(cuenta[QStringLiteral("frmOperacion")], 24);
+    EXPECT_GE(cuenta[u"COMMON"_s], 50);
+    EXPECT_GE(cuenta[u"frmOperacion"_s], 24);
     // One of each way in which sources ask.
     for (const char* clave :
          {"cerrar1", "primerUso", "iniciando", "retireElCambio3", "importe2", "pasarelaOtroAlmacen",
           "operacionCancelada2", "boton_0", "errorDeConfiguracion3"}) {
-        EXPECT_EQ(codigo_.claves.count({QStringLiteral("COMMON"), QString::fromLatin1(clave)}), 1U)
-            << clave;
+        EXPECT_EQ(codigo_.claves.count({u"COMMON"_s, QString::fromLatin1(clave)}), 1U) << clave;
     }
-    EXPECT_EQ(
-        codigo_.claves.count({QStringLiteral("frmZVMonitor"), QStringLiteral("ShapeCritico")}), 1U);
-    EXPECT_EQ(codigo_.claves.count({QStringLiteral("GEN"), QStringLiteral("FrmCaption")}), 1U);
+    EXPECT_EQ(codigo_.claves.count({u"frmZVMonitor"_s, u"ShapeCritico"_s}), 1U);
+    EXPECT_EQ(codigo_.claves.count({u"GEN"_s, u"FrmCaption"_s}), 1U);
 }
 
 TEST_F(IdiomaClavesTest, LeavesTheNamesOfTheModesAlone) {
     const char* const modos[] = {"AUTO", "MANUAL", "SEMI"};
     for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(idioma_.documento.Valor(QStringLiteral("COMMON"),
-                                          QStringLiteral("btnModo_") + QString::number(i)),
+        EXPECT_EQ(idioma_.documento.Valor(u"COMMON"_s, u"btnModo_"_s + QString::number(i)),
                   QString::fromLatin1(modos[i]));
     }
 }
@@ -110,7 +107,7 @@ TEST_F(IdiomaClavesTest, LeavesTheNamesOfTheModesAlone) {
 TEST_F(IdiomaClavesTest, NoLineIsLongerThanTheProgramReadsAndNoKeyStandsTwice) {
     QStringList vistas;
     QString seccion;
-    const auto lineas = QString::fromUtf8(idioma_.bytes).split(QStringLiteral("\r\n"));
+    const auto lineas = QString::fromUtf8(idioma_.bytes).split(u"\r\n"_s);
     for (const QString& linea : lineas) {
         EXPECT_LE(linea.section(QLatin1Char('='), 1).size(), 256) << linea.toStdString();
         if (linea.startsWith(QLatin1Char('['))) {

@@ -2,6 +2,7 @@
 #include "ui/Importes.h"
 
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 
 #include <gtest/gtest.h>
@@ -10,38 +11,36 @@
 namespace zv::test {
 namespace {
 
-Importes Con(quint8 multiplicador, const QString& region = QStringLiteral("es_ES")) {
+Importes Con(quint8 multiplicador, const QString& region = u"es_ES"_s) {
     return {FormatoRegional(region), [multiplicador] { return multiplicador; }};
 }
 
 TEST(ImportesTest, DividesMinorUnitsByTheMultiplierInTheRegionsFormat) {
-    EXPECT_EQ(Con(100).FormatoImporte(qint32{123450}), QStringLiteral("1.234,50 €"));
-    EXPECT_EQ(Con(100).FormatoImporte(qint32{0}), QStringLiteral("0,00 €"));
-    EXPECT_EQ(Con(100).FormatoImporte(qint32{-5}), QStringLiteral("-0,05 €"));
-    EXPECT_EQ(Con(10).FormatoImporte(qint32{125}), QStringLiteral("12,50 €"));
-    EXPECT_EQ(Con(1).FormatoImporte(qint32{7}), QStringLiteral("7,00 €"));
+    EXPECT_EQ(Con(100).FormatoImporte(qint32{123450}), u"1.234,50 €"_s);
+    EXPECT_EQ(Con(100).FormatoImporte(qint32{0}), u"0,00 €"_s);
+    EXPECT_EQ(Con(100).FormatoImporte(qint32{-5}), u"-0,05 €"_s);
+    EXPECT_EQ(Con(10).FormatoImporte(qint32{125}), u"12,50 €"_s);
+    EXPECT_EQ(Con(1).FormatoImporte(qint32{7}), u"7,00 €"_s);
 }
 
 TEST(ImportesTest, HoldsTheWholeRangeOf32Bits) {
-    EXPECT_EQ(Con(1).FormatoImporte(std::numeric_limits<qint32>::max()),
-              QStringLiteral("2.147.483.647,00 €"));
-    EXPECT_EQ(Con(100).FormatoImporte(std::numeric_limits<qint32>::min()),
-              QStringLiteral("-21.474.836,48 €"));
+    EXPECT_EQ(Con(1).FormatoImporte(std::numeric_limits<qint32>::max()), u"2.147.483.647,00 €"_s);
+    EXPECT_EQ(Con(100).FormatoImporte(std::numeric_limits<qint32>::min()), u"-21.474.836,48 €"_s);
 }
 
 TEST(ImportesTest, QuotientIsRoundedToFourDecimalsBeforeTheFormat) {
     // 1049 / 210 = 4.995238...: four decimals give 4.9952, the format 5,00.
-    EXPECT_EQ(Con(210).FormatoImporte(qint32{1049}), QStringLiteral("5,00 €"));
-    EXPECT_EQ(Con(3).FormatoImporte(qint32{1}), QStringLiteral("0,33 €"));
+    EXPECT_EQ(Con(210).FormatoImporte(qint32{1049}), u"5,00 €"_s);
+    EXPECT_EQ(Con(3).FormatoImporte(qint32{1}), u"0,33 €"_s);
 }
 
 TEST(ImportesTest, AsksTheDeviceForTheMultiplierEachTime) {
     quint8 multiplicador = 100;
-    const Importes importes(FormatoRegional(QStringLiteral("es_ES")),
+    const Importes importes(FormatoRegional(u"es_ES"_s),
                             [&multiplicador] { return multiplicador; });
-    EXPECT_EQ(importes.FormatoImporte(qint32{500}), QStringLiteral("5,00 €"));
+    EXPECT_EQ(importes.FormatoImporte(qint32{500}), u"5,00 €"_s);
     multiplicador = 10;
-    EXPECT_EQ(importes.FormatoImporte(qint32{500}), QStringLiteral("50,00 €"));
+    EXPECT_EQ(importes.FormatoImporte(qint32{500}), u"50,00 €"_s);
 }
 
 TEST(ImportesTest, MultiplierOfZeroRaisesADivisionFailure) {
@@ -64,11 +63,11 @@ TEST(ImportesTest, CurrencyBeyond32BitsOverflows) {
 }
 
 TEST(QuitaEuroTest, RemovesEveryEuroSignInPlaceAndReturnsTheText) {
-    QString texto = QStringLiteral("€1.234,50 €€");
-    EXPECT_EQ(QuitaEuro(texto), QStringLiteral("1.234,50 "));
-    EXPECT_EQ(texto, QStringLiteral("1.234,50 "));
-    QString sin = QStringLiteral("12,00");
-    EXPECT_EQ(QuitaEuro(sin), QStringLiteral("12,00"));
+    QString texto = u"€1.234,50 €€"_s;
+    EXPECT_EQ(QuitaEuro(texto), u"1.234,50 "_s);
+    EXPECT_EQ(texto, u"1.234,50 "_s);
+    QString sin = u"12,00"_s;
+    EXPECT_EQ(QuitaEuro(sin), u"12,00"_s);
 }
 
 } // namespace

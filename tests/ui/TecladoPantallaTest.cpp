@@ -1,6 +1,7 @@
 // Which on-screen keyboard is started.
 #include "ui/TecladoPantalla.h"
 
+#include "platform/StringLiterals.h"
 #include "support/CarpetaTemporal.h"
 #include "support/ImprimeQt.h"
 
@@ -23,16 +24,16 @@ TEST(TecladoPantallaTest, NoneOnTheMachineIsNoFailure) {
 TEST(TecladoPantallaTest, AKeyboardThatIsThereIsStarted) {
     const CarpetaTemporal carpeta;
     // A program that outlives the folder of the test.
-    ASSERT_TRUE(QFile::link(QStringLiteral("/bin/true"), carpeta.Ruta(QStringLiteral("onboard"))));
+    ASSERT_TRUE(QFile::link(u"/bin/true"_s, carpeta.Ruta(u"onboard"_s)));
     EXPECT_TRUE(AbrirTecladoPantalla({carpeta.Ruta()}));
 }
 
 TEST(TecladoPantallaTest, TheBestKnownOneIsTaken) {
     const CarpetaTemporal carpeta;
-    Ejecutable(carpeta, QStringLiteral("xvkbd"));
-    EXPECT_EQ(BuscarTecladoPantalla({carpeta.Ruta()}), carpeta.Ruta(QStringLiteral("xvkbd")));
-    Ejecutable(carpeta, QStringLiteral("onboard"));
-    EXPECT_EQ(BuscarTecladoPantalla({carpeta.Ruta()}), carpeta.Ruta(QStringLiteral("onboard")));
+    Ejecutable(carpeta, u"xvkbd"_s);
+    EXPECT_EQ(BuscarTecladoPantalla({carpeta.Ruta()}), carpeta.Ruta(u"xvkbd"_s));
+    Ejecutable(carpeta, u"onboard"_s);
+    EXPECT_EQ(BuscarTecladoPantalla({carpeta.Ruta()}), carpeta.Ruta(u"onboard"_s));
 }
 
 } // namespace

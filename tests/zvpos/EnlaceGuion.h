@@ -36,8 +36,9 @@ class EnlaceGuion final : public Enlace {
             return {Contestacion::SinRespuesta, {}};
         }
         const Contestacion una = guion.isEmpty() ? *siempre : guion.takeFirst();
-        if (una.clase == Contestacion::SinRespuesta)
+        if (una.kind == Contestacion::SinRespuesta) {
             tiempo_.ahora += plazoMs;
+        }
         return una;
     }
     void Contestar(const QString& respuesta) {

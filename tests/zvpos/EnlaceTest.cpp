@@ -1,6 +1,7 @@
 // The connection against a server in the same process.
 #include "zvpos/Enlace.h"
 
+#include "platform/StringLiterals.h"
 #include "zvpos/Mensajes.h"
 #include "zvpos/ServidorFalso.h"
 
@@ -21,12 +22,12 @@ ServidorFalso::Contestador Con(const QList<QByteArray>& trozos) {
 }
 
 Contestacion Preguntar(ServidorFalso& servidor, int plazoMs = kLargoMs) {
-    EnlaceTcp enlace(QStringLiteral("127.0.0.1"), servidor.Puerto(), kLargoMs);
-    return enlace.Preguntar(MensajeEstado(QStringLiteral("T1")), RespuestasEstado(), plazoMs);
+    EnlaceTcp enlace(u"127.0.0.1"_s, servidor.Puerto(), kLargoMs);
+    return enlace.Preguntar(MensajeEstado(u"T1"_s), RespuestasEstado(), plazoMs);
 }
 
 void Contestada(const Contestacion& contestacion, const char* texto) {
-    EXPECT_EQ(contestacion.clase, Contestacion::Contestada);
+    EXPECT_EQ(contestacion.kind, Contestacion::Contestada);
     EXPECT_EQ(contestacion.texto, QString::fromUtf8(texto));
 }
 
@@ -38,11 +39,10 @@ TEST(EnlaceZvpos, OneMessageOneAnswer) {
 
 TEST(EnlaceZvpos, TheConnectionServesSeveralQuestions) {
     ServidorFalso servidor(Con({"OK|PENDING"}));
-    EnlaceTcp enlace(QStringLiteral("127.0.0.1"), servidor.Puerto(), kLargoMs);
+    EnlaceTcp enlace(u"127.0.0.1"_s, servidor.Puerto(), kLargoMs);
     for (int i = 0; i < 3; ++i) {
-        Contestada(
-            enlace.Preguntar(MensajeEstado(QStringLiteral("T1")), RespuestasEstado(), kLargoMs),
-            "OK|PENDING");
+        Contestada(enlace.Preguntar(MensajeEstado(u"T1"_s), RespuestasEstado(), kLargoMs),
+                   "OK|PENDING");
     }
     EXPECT_EQ(servidor.conexiones, 1);
     EXPECT_EQ(servidor.mensajes, (QList<QByteArray>{"S|T1", "S|T1", "S|T1"}));
@@ -61,13 +61,13 @@ TEST(EnlaceZvpos, AnAnswerThatIsNotKnownIsWholeAfterAShortQuiet) {
 TEST(EnlaceZvpos, ABeginningIsNoAnswer) {
     for (const char* const trozo : {"OK|", "OK|PEN", "N", "NOK|Not foun"}) {
         ServidorFalso servidor(Con({trozo}));
-        EXPECT_EQ(Preguntar(servidor, kCortoMs).clase, Contestacion::SinRespuesta) << trozo;
+        EXPECT_EQ(Preguntar(servidor, kCortoMs).kind, Contestacion::SinRespuesta) << trozo;
     }
 }
 
 TEST(EnlaceZvpos, SilenceEndsWithTheTime) {
     ServidorFalso servidor(Con({}));
-    EXPECT_EQ(Preguntar(servidor, kCortoMs).clase, Contestacion::SinRespuesta);
+    EXPECT_EQ(Preguntar(servidor, kCortoMs).kind, Contestacion::SinRespuesta);
     EXPECT_EQ(servidor.mensajes.value(0), QByteArray("S|T1"));
 }
 
@@ -76,8 +76,8 @@ TEST(EnlaceZvpos, WhatFollowsAnAnswerIsNoAnswerToTheNextQuestion) {
     ServidorFalso servidor([&preguntas](const QByteArray&) -> QList<QByteArray> {
         return {++preguntas == 1 ? "OK|PENDING" : "OK|ERROR"};
     });
-    EnlaceTcp enlace(QStringLiteral("127.0.0.1"), servidor.Puerto(), kLargoMs);
-    const QByteArray mensaje = MensajeEstado(QStringLiteral("T1"));
+    EnlaceTcp enlace(u"127.0.0.1"_s, servidor.Puerto(), kLargoMs);
+    const QByteArray mensaje = MensajeEstado(u"T1"_s);
     Contestada(enlace.Preguntar(mensaje, RespuestasEstado(), kLargoMs), "OK|PENDING");
     servidor.Decir("OK|OK");
     QCoreApplication::processEvents();
@@ -89,9 +89,9 @@ TEST(EnlaceZvpos, ALateAnswerIsNotTakenForTheNextOne) {
     ServidorFalso servidor([&preguntas](const QByteArray&) -> QList<QByteArray> {
         return ++preguntas == 1 ? QList<QByteArray>{} : QList<QByteArray>{"OK|OK"};
     });
-    EnlaceTcp enlace(QStringLiteral("127.0.0.1"), servidor.Puerto(), kLargoMs);
-    const QByteArray mensaje = MensajeEstado(QStringLiteral("T1"));
-    EXPECT_EQ(enlace.Preguntar(mensaje, RespuestasEstado(), kCortoMs).clase,
+    EnlaceTcp enlace(u"127.0.0.1"_s, servidor.Puerto(), kLargoMs);
+    const QByteArray mensaje = MensajeEstado(u"T1"_s);
+    EXPECT_EQ(enlace.Preguntar(mensaje, RespuestasEstado(), kCortoMs).kind,
               Contestacion::SinRespuesta);
     Contestada(enlace.Preguntar(mensaje, RespuestasEstado(), kLargoMs), "OK|OK");
     EXPECT_EQ(servidor.conexiones, 2);
@@ -104,10 +104,10 @@ TEST(EnlaceZvpos, NobodyThere) {
     libre.listen(QHostAddress::LocalHost);
     const quint16 puerto = libre.serverPort();
     libre.close();
-    EnlaceTcp enlace(QStringLiteral("127.0.0.1"), puerto, kLargoMs);
+    EnlaceTcp enlace(u"127.0.0.1"_s, puerto, kLargoMs);
     const Contestacion nadie =
-        enlace.Preguntar(MensajeEstado(QStringLiteral("T1")), RespuestasEstado(), kLargoMs);
-    EXPECT_EQ(nadie.clase, Contestacion::SinConexion);
+        enlace.Preguntar(MensajeEstado(u"T1"_s), RespuestasEstado(), kLargoMs);
+    EXPECT_EQ(nadie.kind, Contestacion::SinConexion);
     EXPECT_FALSE(nadie.texto.isEmpty());
 }
 
@@ -115,7 +115,7 @@ TEST(EnlaceZvpos, AServerThatLeavesBeforeItsAnswer) {
     for (const char* const trozo : {"", "OK|", "NOK"}) {
         ServidorFalso servidor(Con({trozo}));
         servidor.cuelga = true;
-        EXPECT_EQ(Preguntar(servidor).clase, Contestacion::Cortada) << trozo;
+        EXPECT_EQ(Preguntar(servidor).kind, Contestacion::Cortada) << trozo;
     }
 }
 
@@ -130,7 +130,7 @@ TEST(EnlaceZvpos, AServerThatLeavesBehindItsAnswer) {
 TEST(EnlaceZvpos, AServerThatGoesOnTalkingIsNoMonitor) {
     ServidorFalso servidor(Con(QList<QByteArray>(20, QByteArray(1000, 'x'))));
     const Contestacion contestacion = Preguntar(servidor);
-    EXPECT_EQ(contestacion.clase, Contestacion::Contestada);
+    EXPECT_EQ(contestacion.kind, Contestacion::Contestada);
     EXPECT_LT(contestacion.texto.size(), 10'000);
     EXPECT_EQ(JuzgarEstado(contestacion.texto).codigo, SinRespuesta);
 }

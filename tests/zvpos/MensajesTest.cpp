@@ -1,6 +1,8 @@
 // Bytes on the wire, and what each answer means.
 #include "zvpos/Mensajes.h"
 
+#include "platform/StringLiterals.h"
+
 #include <gtest/gtest.h>
 
 using namespace zv::zvpos;
@@ -8,10 +10,7 @@ using namespace zv::zvpos;
 namespace {
 
 Venta UnaVenta() {
-    return {QStringLiteral("T0001"),   1250,
-            QStringLiteral("A"),       3,
-            QStringLiteral("TPV1"),    QStringLiteral("ANA"),
-            QStringLiteral("EFECTIVO")};
+    return {u"T0001"_s, 1250, u"A"_s, 3, u"TPV1"_s, u"ANA"_s, u"EFECTIVO"_s};
 }
 
 struct Esperado {
@@ -31,28 +30,28 @@ TEST(MensajesZvpos, SaleWithAllFields) {
 
 TEST(MensajesZvpos, FieldsAtTheEndThatAreEmptyAreLeftOut) {
     Venta venta;
-    venta.id = QStringLiteral("T1");
+    venta.id = u"T1"_s;
     venta.importe = -450;
     EXPECT_EQ(MensajeCobro(venta), QByteArray("C|T1|-450"));
-    venta.id2 = QStringLiteral("B");
+    venta.id2 = u"B"_s;
     EXPECT_EQ(MensajeCobro(venta), QByteArray("C|T1|-450|B"));
     venta.id2.clear();
     venta.caja = 7;
     EXPECT_EQ(MensajeCobro(venta), QByteArray("C|T1|-450||7"));
     venta.caja = 0;
-    venta.formaPago = QStringLiteral("0");
+    venta.formaPago = u"0"_s;
     EXPECT_EQ(MensajeCobro(venta), QByteArray("C|T1|-450||0|||0"));
 }
 
 TEST(MensajesZvpos, AnId2OfZeroStays) {
     Venta venta = UnaVenta();
-    venta = {venta.id, 5, QStringLiteral("0"), 0, {}, {}, {}};
+    venta = {venta.id, 5, u"0"_s, 0, {}, {}, {}};
     EXPECT_EQ(MensajeCobro(venta), QByteArray("C|T0001|5|0"));
 }
 
 TEST(MensajesZvpos, TextIsWindows1252) {
     Venta venta;
-    venta.id = QStringLiteral("Ñ€");
+    venta.id = u"Ñ€"_s;
     EXPECT_EQ(MensajeCobro(venta), QByteArray("C|\xd1\x80|0"));
     EXPECT_EQ(MensajeEstado(venta.id), QByteArray("S|\xd1\x80"));
 }
@@ -60,9 +59,10 @@ TEST(MensajesZvpos, TextIsWindows1252) {
 TEST(MensajesZvpos, NoKnownAnswerIsTheBeginningOfAnother) {
     for (const auto& todas : {RespuestasCobro(), RespuestasEstado()}) {
         for (const QByteArray& una : todas) {
-            for (const QByteArray& otra : todas)
+            for (const QByteArray& otra : todas) {
                 EXPECT_TRUE(una == otra || !otra.startsWith(una))
                     << una.constData() << " " << otra.constData();
+            }
         }
     }
 }
@@ -71,8 +71,9 @@ TEST(MensajesZvpos, AnAnswerIsWholeWhenItIsKnown) {
     const QList<QByteArray> conocidas = RespuestasEstado();
     for (const QByteArray& una : conocidas) {
         EXPECT_EQ(MirarRespuesta(una, conocidas), Avance::Completa) << una.constData();
-        for (qsizetype i = 0; i < una.size(); ++i)
+        for (qsizetype i = 0; i < una.size(); ++i) {
             EXPECT_EQ(MirarRespuesta(una.left(i), conocidas), Avance::Empezada) << i;
+        }
     }
     EXPECT_EQ(MirarRespuesta("OK|VACIADO", conocidas), Avance::Otra);
     EXPECT_EQ(MirarRespuesta("OK|PENDINGX", conocidas), Avance::Otra);
@@ -95,8 +96,9 @@ TEST(MensajesZvpos, AnswersToASale) {
         {"Added", {SinRespuesta, "", true}},
         {"", {SinRespuesta, "", true}},
     };
-    for (const auto& caso : casos)
+    for (const auto& caso : casos) {
         Comparar(JuzgarCobro(QString::fromUtf8(caso.respuesta)), caso.esperado, caso.respuesta);
+    }
 }
 
 TEST(MensajesZvpos, StatesOfASale) {
@@ -117,18 +119,19 @@ TEST(MensajesZvpos, StatesOfASale) {
         {"ok|OK", {SinRespuesta, "", true}},
         {"", {SinRespuesta, "", true}},
     };
-    for (const auto& caso : casos)
+    for (const auto& caso : casos) {
         Comparar(JuzgarEstado(QString::fromUtf8(caso.respuesta)), caso.esperado, caso.respuesta);
+    }
 }
 
 TEST(MensajesZvpos, AMonitorThatCouldNotLookIsToldAsSuch) {
-    EXPECT_EQ(JuzgarEstado(QStringLiteral("NOK|Failed")).error,
-              QStringLiteral("el monitor no ha podido mirar en su base de datos"));
+    EXPECT_EQ(JuzgarEstado(u"NOK|Failed"_s).error,
+              u"el monitor no ha podido mirar en su base de datos"_s);
 }
 
 TEST(MensajesZvpos, AStateIsPrintedOnOneLine) {
-    EXPECT_EQ(JuzgarEstado(QStringLiteral("OK|A\r\nB")).salida, QStringLiteral("A  B"));
-    EXPECT_TRUE(JuzgarEstado(QStringLiteral("HTTP\nx")).error.contains(QStringLiteral("HTTP x")));
+    EXPECT_EQ(JuzgarEstado(u"OK|A\r\nB"_s).salida, u"A  B"_s);
+    EXPECT_TRUE(JuzgarEstado(u"HTTP\nx"_s).error.contains(u"HTTP x"_s));
 }
 
 } // namespace

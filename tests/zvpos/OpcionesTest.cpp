@@ -1,6 +1,8 @@
 // The command line: what is taken, what is refused, and in which words.
 #include "zvpos/Opciones.h"
 
+#include "platform/StringLiterals.h"
+
 #include <QByteArray>
 
 #include <gtest/gtest.h>
@@ -36,21 +38,18 @@ std::string Rechazo(const char* linea) {
 
 TEST(OpcionesZvpos, CobrarConTodo) {
     const Opciones opciones =
-        Leer({QStringLiteral("cobrar"), QStringLiteral("T 1"), QStringLiteral("1250"),
-              QStringLiteral("--id2"), QStringLiteral("A"), QStringLiteral("--caja"),
-              QStringLiteral("3"), QStringLiteral("--terminal=TPV1"), QStringLiteral("--vendedor"),
-              QStringLiteral("María"), QStringLiteral("--formapago"), QStringLiteral("EFECTIVO"),
-              QStringLiteral("--servidor"), QStringLiteral("caja2"), QStringLiteral("--puerto"),
-              QStringLiteral("9"), QStringLiteral("--plazo"), QStringLiteral("70")});
+        Leer({u"cobrar"_s, u"T 1"_s, u"1250"_s, u"--id2"_s, u"A"_s, u"--caja"_s, u"3"_s,
+              u"--terminal=TPV1"_s, u"--vendedor"_s, u"María"_s, u"--formapago"_s, u"EFECTIVO"_s,
+              u"--servidor"_s, u"caja2"_s, u"--puerto"_s, u"9"_s, u"--plazo"_s, u"70"_s});
     EXPECT_EQ(opciones.orden, Orden::Cobrar);
-    EXPECT_EQ(opciones.venta.id, QStringLiteral("T 1"));
+    EXPECT_EQ(opciones.venta.id, u"T 1"_s);
     EXPECT_EQ(opciones.venta.importe, 1250);
-    EXPECT_EQ(opciones.venta.id2, QStringLiteral("A"));
+    EXPECT_EQ(opciones.venta.id2, u"A"_s);
     EXPECT_EQ(opciones.venta.caja, 3);
-    EXPECT_EQ(opciones.venta.terminal, QStringLiteral("TPV1"));
-    EXPECT_EQ(opciones.venta.vendedor, QStringLiteral("María"));
-    EXPECT_EQ(opciones.venta.formaPago, QStringLiteral("EFECTIVO"));
-    EXPECT_EQ(opciones.servidor, QStringLiteral("caja2"));
+    EXPECT_EQ(opciones.venta.terminal, u"TPV1"_s);
+    EXPECT_EQ(opciones.venta.vendedor, u"María"_s);
+    EXPECT_EQ(opciones.venta.formaPago, u"EFECTIVO"_s);
+    EXPECT_EQ(opciones.servidor, u"caja2"_s);
     EXPECT_EQ(opciones.puerto, 9);
     EXPECT_EQ(opciones.plazoMs, 70);
 }
@@ -58,7 +57,7 @@ TEST(OpcionesZvpos, CobrarConTodo) {
 TEST(OpcionesZvpos, WhatIsLeftOut) {
     const Opciones opciones = Leer("estado T1");
     EXPECT_EQ(opciones.orden, Orden::Estado);
-    EXPECT_EQ(opciones.servidor, QStringLiteral("127.0.0.1"));
+    EXPECT_EQ(opciones.servidor, u"127.0.0.1"_s);
     EXPECT_EQ(opciones.puerto, 16501);
     EXPECT_EQ(opciones.plazoMs, 5000);
     EXPECT_TRUE(opciones.aviso.isEmpty());
@@ -77,15 +76,12 @@ TEST(OpcionesZvpos, RefundIsAnAmountAndNoOption) {
 }
 
 TEST(OpcionesZvpos, IdWithADash) {
-    EXPECT_EQ(Leer("estado -- -A7").venta.id, QStringLiteral("-A7"));
-    EXPECT_EQ(Leer("estado -- --help").venta.id, QStringLiteral("--help"));
-    EXPECT_EQ(Leer("cobrar -7 5").venta.id, QStringLiteral("-7"));
+    EXPECT_EQ(Leer("estado -- -A7").venta.id, u"-A7"_s);
+    EXPECT_EQ(Leer("estado -- --help").venta.id, u"--help"_s);
+    EXPECT_EQ(Leer("cobrar -7 5").venta.id, u"-7"_s);
     EXPECT_EQ(Rechazo("estado -A7"), "opción desconocida \"-A7\" (delante de un texto que empieza "
                                      "por - se escribe --)");
-    EXPECT_EQ(Leer({QStringLiteral("cobrar"), QStringLiteral("T1"), QStringLiteral("5"),
-                    QStringLiteral("--id2=-B")})
-                  .venta.id2,
-              QStringLiteral("-B"));
+    EXPECT_EQ(Leer({u"cobrar"_s, u"T1"_s, u"5"_s, u"--id2=-B"_s}).venta.id2, u"-B"_s);
 }
 
 TEST(OpcionesZvpos, AmountsUpToTheEdgesOf32Bits) {
@@ -103,74 +99,68 @@ TEST(OpcionesZvpos, AmountsUpToTheEdgesOf32Bits) {
 TEST(OpcionesZvpos, AmountsThatAreNoWholeNumbers) {
     for (const char* const importe :
          {"12,50", "12.50", "abc", "1e3", "0x10", "1_000", "-", "--5", "١٢", "1250€"}) {
-        const std::string error = Rechazo({QStringLiteral("cobrar"), QStringLiteral("--"),
-                                           QStringLiteral("T1"), QString::fromUtf8(importe)});
+        const std::string error =
+            Rechazo({u"cobrar"_s, u"--"_s, u"T1"_s, QString::fromUtf8(importe)});
         EXPECT_EQ(error, std::string("el importe \"") + importe +
                              "\" no es un número entero de unidades menores (12,50 € se escribe "
                              "1250)");
     }
-    EXPECT_NE(Rechazo({QStringLiteral("cobrar"), QStringLiteral("T1"), QString()})
-                  .find("no es un número entero"),
+    EXPECT_NE(Rechazo({u"cobrar"_s, u"T1"_s, QString()}).find("no es un número entero"),
               std::string::npos);
-    EXPECT_NE(Rechazo({QStringLiteral("cobrar"), QStringLiteral("T1"), QStringLiteral(" 5")})
-                  .find("no es un número entero"),
+    EXPECT_NE(Rechazo({u"cobrar"_s, u"T1"_s, u" 5"_s}).find("no es un número entero"),
               std::string::npos);
 }
 
 TEST(OpcionesZvpos, FieldsThatTheLinkCannotCarry) {
     const auto conId2 = [](const QString& id2) {
-        return QStringList{QStringLiteral("cobrar"), QStringLiteral("T1"), QStringLiteral("5"),
-                           QStringLiteral("--id2=") + id2};
+        return QStringList{u"cobrar"_s, u"T1"_s, u"5"_s, u"--id2="_s + id2};
     };
-    EXPECT_EQ(Rechazo(conId2(QStringLiteral("a|b"))), "--id2 no puede llevar el carácter |");
-    for (const QString& mala : {QStringLiteral("a\n"), QStringLiteral("a\r"), QStringLiteral("\t"),
-                                QStringLiteral("\x7f"), QStringLiteral("\u0081")}) {
+    EXPECT_EQ(Rechazo(conId2(u"a|b"_s)), "--id2 no puede llevar el carácter |");
+    for (const QString& mala : {u"a\n"_s, u"a\r"_s, u"\t"_s, u"\x7f"_s, u"\u0081"_s}) {
         EXPECT_EQ(Rechazo(conId2(mala)), "--id2 no puede llevar saltos de línea ni otros "
                                          "caracteres de control");
     }
-    for (const QString& mala : {QStringLiteral("Łódź"), QStringLiteral("🙂"),
-                                QStringLiteral("\u2028"), QStringLiteral("\ufffd")}) {
+    for (const QString& mala : {u"Łódź"_s, u"🙂"_s, u"\u2028"_s, u"\ufffd"_s}) {
         EXPECT_EQ(Rechazo(conId2(mala)), "--id2 lleva caracteres que el enlace no puede "
                                          "transmitir (Windows-1252)");
     }
-    EXPECT_EQ(Leer(conId2(QStringLiteral("ñÁ€“?"))).venta.id2, QStringLiteral("ñÁ€“?"));
+    EXPECT_EQ(Leer(conId2(u"ñÁ€“?"_s)).venta.id2, u"ñÁ€“?"_s);
 }
 
 TEST(OpcionesZvpos, EveryTextIsLookedAt) {
-    const QString mala = QStringLiteral("a|b");
+    const QString mala = u"a|b"_s;
     for (const char* const campo : {"id2", "terminal", "vendedor", "formapago"}) {
-        EXPECT_EQ(Rechazo({QStringLiteral("cobrar"), QStringLiteral("T1"), QStringLiteral("5"),
-                           QStringLiteral("--%1=%2").arg(QLatin1String(campo), mala)}),
-                  std::string("--") + campo + " no puede llevar el carácter |");
+        EXPECT_EQ(
+            Rechazo({u"cobrar"_s, u"T1"_s, u"5"_s, u"--%1=%2"_s.arg(QLatin1String(campo), mala)}),
+            std::string("--") + campo + " no puede llevar el carácter |");
     }
     for (const char* const orden : {"estado", "esperar --segundos=1", "cobrar --caja=1 -- "}) {
         QStringList argumentos = Trocear(orden) << mala;
-        if (argumentos.first() == QLatin1String("cobrar"))
-            argumentos << QStringLiteral("5");
+        if (argumentos.first() == QLatin1String("cobrar")) {
+            argumentos << u"5"_s;
+        }
         EXPECT_EQ(Rechazo(argumentos), "ID no puede llevar el carácter |");
     }
 }
 
 TEST(OpcionesZvpos, TextsLongerThanTheColumns) {
     const QString justa(50, QLatin1Char('x'));
-    EXPECT_EQ(Leer({QStringLiteral("estado"), justa}).venta.id, justa);
-    EXPECT_EQ(Rechazo({QStringLiteral("estado"), justa + QLatin1Char('x')}),
+    EXPECT_EQ(Leer({u"estado"_s, justa}).venta.id, justa);
+    EXPECT_EQ(Rechazo({u"estado"_s, justa + QLatin1Char('x')}),
               "ID tiene 51 caracteres y caben 50");
-    EXPECT_EQ(Rechazo({QStringLiteral("cobrar"), QStringLiteral("T1"), QStringLiteral("5"),
-                       QStringLiteral("--vendedor"), justa + QLatin1Char('x')}),
+    EXPECT_EQ(Rechazo({u"cobrar"_s, u"T1"_s, u"5"_s, u"--vendedor"_s, justa + QLatin1Char('x')}),
               "--vendedor tiene 51 caracteres y caben 50");
 }
 
 TEST(OpcionesZvpos, AccentsInTwoCharactersBecomeOne) {
-    EXPECT_EQ(Leer({QStringLiteral("estado"), QStringLiteral("nin\u0303o")}).venta.id,
-              QStringLiteral("ni\u00f1o"));
+    EXPECT_EQ(Leer({u"estado"_s, u"nin\u0303o"_s}).venta.id, u"ni\u00f1o"_s);
 }
 
 TEST(OpcionesZvpos, IncompleteOrders) {
     EXPECT_EQ(Rechazo(""), "falta la orden: cobrar, estado o esperar");
     EXPECT_EQ(Rechazo("pagar T1 5"), "la orden es cobrar, estado o esperar, no \"pagar\"");
     EXPECT_EQ(Rechazo("estado"), "falta el ID de la venta");
-    EXPECT_EQ(Rechazo({QStringLiteral("estado"), QString()}), "falta el ID de la venta");
+    EXPECT_EQ(Rechazo({u"estado"_s, QString()}), "falta el ID de la venta");
     EXPECT_EQ(Rechazo("cobrar T1"), "falta el importe");
     EXPECT_EQ(Rechazo("cobrar T1 5 6"), "sobra \"6\"");
     EXPECT_EQ(Rechazo("estado T1 T2"), "sobra \"T2\"");
@@ -195,8 +185,7 @@ TEST(OpcionesZvpos, NumbersHaveRanges) {
     EXPECT_EQ(Leer("esperar T1 --segundos 86400").segundos, 86400);
     EXPECT_EQ(Rechazo("estado T1 --puerto 0"), "--puerto va de 1 a 65535, no \"0\"");
     EXPECT_EQ(Rechazo("estado T1 --puerto 65536"), "--puerto va de 1 a 65535, no \"65536\"");
-    EXPECT_EQ(Rechazo({QStringLiteral("estado"), QStringLiteral("T1"), QStringLiteral("--puerto"),
-                       QStringLiteral(" 9")}),
+    EXPECT_EQ(Rechazo({u"estado"_s, u"T1"_s, u"--puerto"_s, u" 9"_s}),
               "--puerto va de 1 a 65535, no \" 9\"");
     EXPECT_EQ(Rechazo("estado T1 --plazo 0"), "--plazo va de 1 a 600000, no \"0\"");
     EXPECT_EQ(Rechazo("esperar T1 --segundos -1"), "--segundos va de 0 a 86400, no \"-1\"");
@@ -210,16 +199,17 @@ TEST(OpcionesZvpos, NumbersHaveRanges) {
 TEST(OpcionesZvpos, HelpAndVersionNeedNothingElse) {
     for (const char* const linea : {"--help", "-h", "estado --help"}) {
         const QString ayuda = Leer(linea).aviso;
-        EXPECT_TRUE(ayuda.startsWith(QStringLiteral("Uso: zvpos cobrar ID IMPORTE")));
-        for (int codigo = 0; codigo <= 6; ++codigo)
-            EXPECT_TRUE(ayuda.contains(QStringLiteral("\n  %1  ").arg(codigo))) << codigo;
-        for (const QString& renglon : ayuda.split(QLatin1Char('\n')))
+        EXPECT_TRUE(ayuda.startsWith(u"Uso: zvpos cobrar ID IMPORTE"_s));
+        for (int codigo = 0; codigo <= 6; ++codigo) {
+            EXPECT_TRUE(ayuda.contains(u"\n  %1  "_s.arg(codigo))) << codigo;
+        }
+        for (const QString& renglon : ayuda.split(QLatin1Char('\n'))) {
             EXPECT_LE(renglon.size(), 90) << renglon.toStdString();
+        }
     }
-    EXPECT_EQ(Leer("--version").aviso, QStringLiteral("zvpos %1.%2.%3\n")
-                                           .arg(ZV_VERSION_MAJOR)
-                                           .arg(ZV_VERSION_MINOR)
-                                           .arg(ZV_VERSION_REVISION));
+    EXPECT_EQ(
+        Leer("--version").aviso,
+        u"zvpos %1.%2.%3\n"_s.arg(ZV_VERSION_MAJOR).arg(ZV_VERSION_MINOR).arg(ZV_VERSION_REVISION));
 }
 
 } // namespace

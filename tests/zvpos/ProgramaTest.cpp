@@ -1,4 +1,5 @@
 // The real program as a script sees it: exit code, stdout, stderr.
+#include "platform/StringLiterals.h"
 #include "zvpos/ServidorFalso.h"
 
 #include <QCoreApplication>
@@ -24,9 +25,10 @@ Salida Correr(const QStringList& argumentos) {
     QObject::connect(&proceso, &QProcess::finished, &bucle, &QEventLoop::quit);
     QObject::connect(&proceso, &QProcess::errorOccurred, &bucle, &QEventLoop::quit);
     QTimer::singleShot(60'000, &bucle, [&bucle] { bucle.quit(); });
-    proceso.start(QCoreApplication::applicationDirPath() + QStringLiteral("/zvpos"), argumentos);
-    if (proceso.state() != QProcess::NotRunning)
+    proceso.start(QCoreApplication::applicationDirPath() + u"/zvpos"_s, argumentos);
+    if (proceso.state() != QProcess::NotRunning) {
         bucle.exec();
+    }
     EXPECT_EQ(proceso.state(), QProcess::NotRunning);
     EXPECT_EQ(proceso.error(), QProcess::UnknownError);
     return {proceso.exitCode(), proceso.readAllStandardOutput(), proceso.readAllStandardError()};
@@ -35,21 +37,19 @@ Salida Correr(const QStringList& argumentos) {
 Salida Preguntar(const QByteArray& respuesta, const QStringList& argumentos, QByteArray* mensaje) {
     ServidorFalso servidor(
         [&respuesta](const QByteArray&) { return QList<QByteArray>{respuesta}; });
-    const Salida salida = Correr(
-        argumentos + QStringList{QStringLiteral("--puerto"), QString::number(servidor.Puerto()),
-                                 QStringLiteral("--plazo"), QStringLiteral("20000")});
-    if (mensaje != nullptr)
+    const Salida salida =
+        Correr(argumentos + QStringList{u"--puerto"_s, QString::number(servidor.Puerto()),
+                                        u"--plazo"_s, u"20000"_s});
+    if (mensaje != nullptr) {
         *mensaje = servidor.mensajes.value(0);
+    }
     return salida;
 }
 
 TEST(ProgramaZvpos, ASaleIsTaken) {
     QByteArray mensaje;
     const Salida salida =
-        Preguntar("OK|Added",
-                  {QStringLiteral("cobrar"), QStringLiteral("Ñ1"), QStringLiteral("-450"),
-                   QStringLiteral("--caja"), QStringLiteral("3")},
-                  &mensaje);
+        Preguntar("OK|Added", {u"cobrar"_s, u"Ñ1"_s, u"-450"_s, u"--caja"_s, u"3"_s}, &mensaje);
     EXPECT_EQ(salida.codigo, 0);
     EXPECT_EQ(salida.normal, QByteArray("Added\n"));
     EXPECT_EQ(salida.errores, QByteArray());
@@ -58,9 +58,7 @@ TEST(ProgramaZvpos, ASaleIsTaken) {
 }
 
 TEST(ProgramaZvpos, ASaleThatIsThereAlready) {
-    const Salida salida =
-        Preguntar("NOK|Already exists",
-                  {QStringLiteral("cobrar"), QStringLiteral("T1"), QStringLiteral("5")}, nullptr);
+    const Salida salida = Preguntar("NOK|Already exists", {u"cobrar"_s, u"T1"_s, u"5"_s}, nullptr);
     EXPECT_EQ(salida.codigo, 6);
     EXPECT_EQ(salida.normal, QByteArray("Already exists\n"));
     EXPECT_EQ(salida.errores,
@@ -68,7 +66,7 @@ TEST(ProgramaZvpos, ASaleThatIsThereAlready) {
 }
 
 TEST(ProgramaZvpos, StatesInTheExitCode) {
-    const QStringList estado{QStringLiteral("estado"), QStringLiteral("T1")};
+    const QStringList estado{u"estado"_s, u"T1"_s};
     EXPECT_EQ(Preguntar("OK|OK", estado, nullptr).codigo, 0);
     EXPECT_EQ(Preguntar("OK|CANCEL", estado, nullptr).codigo, 1);
     EXPECT_EQ(Preguntar("OK|PENDING", estado, nullptr).codigo, 4);
@@ -80,9 +78,8 @@ TEST(ProgramaZvpos, EsperarSeesTheSaleThrough) {
     ServidorFalso servidor([&preguntas](const QByteArray&) {
         return QList<QByteArray>{++preguntas < 2 ? "OK|PENDING" : "OK|OK"};
     });
-    const Salida salida = Correr({QStringLiteral("esperar"), QStringLiteral("T1"),
-                                  QStringLiteral("--segundos"), QStringLiteral("60"),
-                                  QStringLiteral("--puerto"), QString::number(servidor.Puerto())});
+    const Salida salida = Correr({u"esperar"_s, u"T1"_s, u"--segundos"_s, u"60"_s, u"--puerto"_s,
+                                  QString::number(servidor.Puerto())});
     EXPECT_EQ(salida.codigo, 0);
     EXPECT_EQ(salida.normal, QByteArray("OK\n"));
     EXPECT_EQ(preguntas, 2);
@@ -91,9 +88,8 @@ TEST(ProgramaZvpos, EsperarSeesTheSaleThrough) {
 
 TEST(ProgramaZvpos, AWrongLineSendsNothing) {
     ServidorFalso servidor([](const QByteArray&) { return QList<QByteArray>(); });
-    const Salida salida =
-        Correr({QStringLiteral("cobrar"), QStringLiteral("T1"), QStringLiteral("12,50"),
-                QStringLiteral("--puerto"), QString::number(servidor.Puerto())});
+    const Salida salida = Correr(
+        {u"cobrar"_s, u"T1"_s, u"12,50"_s, u"--puerto"_s, QString::number(servidor.Puerto())});
     EXPECT_EQ(salida.codigo, 2);
     EXPECT_EQ(salida.normal, QByteArray());
     EXPECT_TRUE(salida.errores.startsWith("zvpos: el importe \"12,50\" no es"));
@@ -103,10 +99,8 @@ TEST(ProgramaZvpos, AWrongLineSendsNothing) {
 TEST(ProgramaZvpos, ABrokenTextOfTheShellIsRefused) {
     // Not UTF-8: the byte would become another character on the way.
     QProcess proceso;
-    proceso.start(QStringLiteral("/bin/sh"),
-                  {QStringLiteral("-c"),
-                   QStringLiteral("exec \"$0\" estado \"$(printf 'a\\361')\""),
-                   QCoreApplication::applicationDirPath() + QStringLiteral("/zvpos")});
+    proceso.start(u"/bin/sh"_s, {u"-c"_s, u"exec \"$0\" estado \"$(printf 'a\\361')\""_s,
+                                 QCoreApplication::applicationDirPath() + u"/zvpos"_s});
     ASSERT_TRUE(proceso.waitForFinished());
     EXPECT_EQ(proceso.exitCode(), 2);
     EXPECT_TRUE(proceso.readAllStandardError().contains("Windows-1252"));
@@ -117,18 +111,17 @@ TEST(ProgramaZvpos, NobodyThere) {
     libre.listen(QHostAddress::LocalHost);
     const quint16 puerto = libre.serverPort();
     libre.close();
-    const Salida salida = Correr({QStringLiteral("estado"), QStringLiteral("T1"),
-                                  QStringLiteral("--puerto"), QString::number(puerto)});
+    const Salida salida = Correr({u"estado"_s, u"T1"_s, u"--puerto"_s, QString::number(puerto)});
     EXPECT_EQ(salida.codigo, 3);
     EXPECT_EQ(salida.normal, QByteArray());
     EXPECT_TRUE(salida.errores.startsWith("zvpos: no hay conexión con el monitor en 127.0.0.1:"));
 }
 
 TEST(ProgramaZvpos, HelpAndVersion) {
-    const Salida ayuda = Correr({QStringLiteral("--help")});
+    const Salida ayuda = Correr({u"--help"_s});
     EXPECT_EQ(ayuda.codigo, 0);
     EXPECT_TRUE(ayuda.normal.startsWith("Uso: zvpos"));
-    const Salida version = Correr({QStringLiteral("--version")});
+    const Salida version = Correr({u"--version"_s});
     EXPECT_EQ(version.codigo, 0);
     EXPECT_TRUE(version.normal.startsWith("zvpos "));
 }

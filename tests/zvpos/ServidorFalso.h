@@ -50,8 +50,9 @@ class ServidorFalso {
                 QTimer::singleShot(cuando, cliente, [cliente, trozo] { cliente->write(trozo); });
                 cuando += kEntreTrozosMs;
             }
-            if (cuelga)
+            if (cuelga) {
                 QTimer::singleShot(cuando, cliente, [cliente] { cliente->disconnectFromHost(); });
+            }
         });
     }
 

@@ -1,17 +1,18 @@
 // Last resort for failures that nobody catches.
 #include "app/screens/Aplicacion.h"
 
+#include "platform/StringLiterals.h"
+
 #include <cstdlib>
 
 namespace zv {
 
 QString TextoDeError(const std::exception& e) {
     if (const auto* error = dynamic_cast<const ErrorEjecucion*>(&e)) {
-        return QStringLiteral("Error nº ") + QString::number(error->Numero()) +
-               QStringLiteral(" - ") + error->Descripcion();
+        return u"Error nº "_s + QString::number(error->Numero()) + u" - "_s + error->Descripcion();
     }
     // 51, internal error: nothing of the system's own raises this.
-    return QStringLiteral("Error nº 51 - ") + QString::fromUtf8(e.what());
+    return u"Error nº 51 - "_s + QString::fromUtf8(e.what());
 }
 
 Aplicacion::Aplicacion(int& argc, char** argv) : QApplication(argc, argv) {}

@@ -2,6 +2,7 @@
 #include "device/screens/frmOperacion.h"
 
 #include "device/screens/BarraActividad.h"
+#include "platform/StringLiterals.h"
 #include "ui/Importes.h"
 #include "ui/Textos.h"
 #include "ui/screens/Tema.h"
@@ -38,14 +39,13 @@ void PonerColor(QLabel& etiqueta, const QColor& color) {
 
 frmOperacion::frmOperacion(const Textos& textos, const Importes& importes,
                            std::function<QWidget*()> padre)
-    : VentanaSinBorde(QStringLiteral("frmOperacion"), nullptr), textos_(textos),
-      importes_(importes), padre_(std::move(padre)), lbInstruccion_(new QLabel(this)),
-      lineas_(new QGridLayout), actividad_(new BarraActividad(this)),
-      btnCancelar_(new QPushButton(this)) {
+    : FramelessWindow(u"frmOperacion"_s, nullptr), textos_(textos), importes_(importes),
+      padre_(std::move(padre)), lbInstruccion_(new QLabel(this)), lineas_(new QGridLayout),
+      actividad_(new BarraActividad(this)), btnCancelar_(new QPushButton(this)) {
     setWindowModality(Qt::ApplicationModal);
     // The cross would promise to close a window that stays until the device has ended.
     btnW(1)->hide();
-    lbInstruccion_->setObjectName(QStringLiteral("lbInstruccion"));
+    lbInstruccion_->setObjectName(u"lbInstruccion"_s);
     lbInstruccion_->setFont(tema::Fuente(18));
     lbInstruccion_->setWordWrap(true);
     lbInstruccion_->setTextFormat(Qt::PlainText);
@@ -66,10 +66,10 @@ void frmOperacion::CrearLineas() {
         const QString nombre = QString::fromLatin1(kNombres[i]);
         const bool principal = i == Falta;
         rotulo_[i] = new QLabel(this);
-        rotulo_[i]->setObjectName(QStringLiteral("lb") + nombre);
+        rotulo_[i]->setObjectName(u"lb"_s + nombre);
         rotulo_[i]->setFont(tema::Fuente(kLetraRotulo, principal));
         valor_[i] = new QLabel(this);
-        valor_[i]->setObjectName(QStringLiteral("lbImporte") + nombre);
+        valor_[i]->setObjectName(u"lbImporte"_s + nombre);
         valor_[i]->setFont(tema::FuenteImporte(principal ? kLetraPrincipal : kLetraImporte));
         valor_[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         valor_[i]->setTextFormat(Qt::PlainText);
@@ -83,9 +83,9 @@ void frmOperacion::CrearLineas() {
 void frmOperacion::CrearPie() {
     Cuerpo()->addStretch(1);
     Cuerpo()->addWidget(actividad_);
-    btnCancelar_->setObjectName(QStringLiteral("btnCancelar"));
+    btnCancelar_->setObjectName(u"btnCancelar"_s);
     btnCancelar_->setMinimumHeight(kAltoCancelar);
-    btnCancelar_->setIcon(tema::Icono(QStringLiteral("dialog-cancel")));
+    btnCancelar_->setIcon(tema::Icono(u"dialog-cancel"_s));
     btnCancelar_->setIconSize(QSize(28, 28));
     // A barcode scanner types into whatever has the focus and ends with Enter: it must never
     // cancel a sale. Escape is the keyboard's way.
@@ -97,54 +97,51 @@ void frmOperacion::CrearPie() {
 
 QString frmOperacion::Texto(const char* clave, const QString& porDefecto) const {
     return tema::Rotulo(
-        textos_.TextoForm(QStringLiteral("frmOperacion"), QString::fromLatin1(clave), porDefecto));
+        textos_.TextoForm(u"frmOperacion"_s, QString::fromLatin1(clave), porDefecto));
 }
 
 void frmOperacion::PonerTextos() {
-    setWindowTitle(textos_.TextoIdioma(QStringLiteral("GEN"), QStringLiteral("FrmCaption"),
-                                       QStringLiteral("Zorvex ®")));
-    rotulo_[Entrado]->setText(Texto("lbEntrado", QStringLiteral("Introducido")));
-    rotulo_[Salido]->setText(Texto("lbSalido", QStringLiteral("Devuelto")));
-    rotulo_[Falta]->setText(Texto("lbFalta", QStringLiteral("Pendiente")));
+    setWindowTitle(textos_.TextoIdioma(u"GEN"_s, u"FrmCaption"_s, u"Zorvex ®"_s));
+    rotulo_[Entrado]->setText(Texto("lbEntrado", u"Introducido"_s));
+    rotulo_[Salido]->setText(Texto("lbSalido", u"Devuelto"_s));
+    rotulo_[Falta]->setText(Texto("lbFalta", u"Pendiente"_s));
     switch (clase_) {
-    case ClaseOperacion::Cobro:
-        PonerTitulo(Texto("TituloCobro", QStringLiteral("Cobro")));
-        instruccion_ = Texto("Cobro", QStringLiteral("Introduzca el dinero en Zorvex"));
-        rotulo_[Pedido]->setText(Texto("lbACobrar", QStringLiteral("A cobrar")));
+    case OperationKind::Cobro:
+        PonerTitulo(Texto("TituloCobro", u"Cobro"_s));
+        instruccion_ = Texto("Cobro", u"Introduzca el dinero en Zorvex"_s);
+        rotulo_[Pedido]->setText(Texto("lbACobrar", u"A cobrar"_s));
         break;
-    case ClaseOperacion::Abono:
-        PonerTitulo(Texto("TituloAbono", QStringLiteral("Abono")));
-        instruccion_ = Texto("Abono", QStringLiteral("Retire el dinero de Zorvex"));
-        rotulo_[Pedido]->setText(Texto("lbADevolver", QStringLiteral("A devolver")));
+    case OperationKind::Abono:
+        PonerTitulo(Texto("TituloAbono", u"Abono"_s));
+        instruccion_ = Texto("Abono", u"Retire el dinero de Zorvex"_s);
+        rotulo_[Pedido]->setText(Texto("lbADevolver", u"A devolver"_s));
         break;
-    case ClaseOperacion::Cambio:
-        PonerTitulo(Texto("TituloCambio", QStringLiteral("Dar cambio")));
-        instruccion_ = Texto("Cambio", QStringLiteral("Introduzca el dinero que quiere cambiar"));
+    case OperationKind::Cambio:
+        PonerTitulo(Texto("TituloCambio", u"Dar cambio"_s));
+        instruccion_ = Texto("Cambio", u"Introduzca el dinero que quiere cambiar"_s);
         break;
-    case ClaseOperacion::MeterCambio:
-        PonerTitulo(Texto("TituloMeterCambio", QStringLiteral("Añadir cambio")));
-        instruccion_ = Texto("MeterCambio", QStringLiteral("Introduzca el cambio en Zorvex"));
+    case OperationKind::MeterCambio:
+        PonerTitulo(Texto("TituloMeterCambio", u"Añadir cambio"_s));
+        instruccion_ = Texto("MeterCambio", u"Introduzca el cambio en Zorvex"_s);
         break;
-    case ClaseOperacion::Pago:
-        PonerTitulo(Texto("TituloPago", QStringLiteral("Pago")));
-        instruccion_ = Texto("Pago", QStringLiteral("Retire el dinero de Zorvex"));
-        rotulo_[Pedido]->setText(Texto("lbAPagar", QStringLiteral("A pagar")));
-        rotulo_[Salido]->setText(Texto("lbPagado", QStringLiteral("Entregado")));
+    case OperationKind::Pago:
+        PonerTitulo(Texto("TituloPago", u"Pago"_s));
+        instruccion_ = Texto("Pago", u"Retire el dinero de Zorvex"_s);
+        rotulo_[Pedido]->setText(Texto("lbAPagar", u"A pagar"_s));
+        rotulo_[Salido]->setText(Texto("lbPagado", u"Entregado"_s));
         break;
-    case ClaseOperacion::ControlCajones:
-        PonerTitulo(Texto("TituloControlCajones", QStringLiteral("Cierre de caja")));
-        instruccion_ =
-            Texto("ControlCajones", QStringLiteral("Zorvex está pasando dinero a los cajones"));
+    case OperationKind::ControlCajones:
+        PonerTitulo(Texto("TituloControlCajones", u"Cierre de caja"_s));
+        instruccion_ = Texto("ControlCajones", u"Zorvex está pasando dinero a los cajones"_s);
         break;
-    case ClaseOperacion::VaciadoCajon:
-        PonerTitulo(Texto("TituloVaciadoCajon", QStringLiteral("Vaciado de cajón")));
-        instruccion_ = Texto("VaciadoCajon", QStringLiteral("Vacíe el cajón de Zorvex"));
+    case OperationKind::VaciadoCajon:
+        PonerTitulo(Texto("TituloVaciadoCajon", u"Vaciado de cajón"_s));
+        instruccion_ = Texto("VaciadoCajon", u"Vacíe el cajón de Zorvex"_s);
         break;
-    case ClaseOperacion::Pendiente:
-        PonerTitulo(Texto("TituloPendiente", QStringLiteral("Operación pendiente")));
-        instruccion_ = Texto("Pendiente",
-                             QStringLiteral("Se está cancelando una operación anterior que seguía "
-                                            "abierta en Zorvex"));
+    case OperationKind::Pendiente:
+        PonerTitulo(Texto("TituloPendiente", u"Operación pendiente"_s));
+        instruccion_ = Texto("Pendiente", u"Se está cancelando una operación anterior que seguía "
+                                          "abierta en Zorvex"_s);
         break;
     }
 }
@@ -159,23 +156,23 @@ void frmOperacion::PonerImporte(Linea linea, qint64 importe) {
     valor_[linea]->setAccessibleName(rotulo_[linea]->text());
 }
 
-void frmOperacion::Abrir(ClaseOperacion clase, qint32 importe, std::function<void()> cancelar) {
-    clase_ = clase;
+void frmOperacion::Abrir(OperationKind kind, qint32 importe, std::function<void()> cancelar) {
+    clase_ = kind;
     importe_ = importe;
     cancelar_ = std::move(cancelar);
     PonerTextos();
-    const bool cobro = clase == ClaseOperacion::Cobro;
-    const bool salida = clase == ClaseOperacion::Abono || clase == ClaseOperacion::Pago;
+    const bool cobro = kind == OperationKind::Cobro;
+    const bool salida = kind == OperationKind::Abono || kind == OperationKind::Pago;
     const bool cajones =
-        clase == ClaseOperacion::ControlCajones || clase == ClaseOperacion::VaciadoCajon;
+        kind == OperationKind::ControlCajones || kind == OperationKind::VaciadoCajon;
     MostrarLinea(Pedido, cobro || salida);
     MostrarLinea(Entrado, !salida && !cajones);
-    MostrarLinea(Salido, !cajones && clase != ClaseOperacion::MeterCambio);
+    MostrarLinea(Salido, !cajones && kind != OperationKind::MeterCambio);
     MostrarLinea(Falta, cobro || salida);
     PonerImporte(Pedido, importe);
     Progreso(0, 0);
     Aviso({});
-    btnCancelar_->setText(Texto("btnCancelar", QStringLiteral("Cancelar")));
+    btnCancelar_->setText(Texto("btnCancelar", u"Cancelar"_s));
     btnCancelar_->setVisible(static_cast<bool>(cancelar_));
     btnCancelar_->setEnabled(true);
     Colocar();
@@ -196,7 +193,7 @@ void frmOperacion::Progreso(qint32 paidIn, qint32 paidOut) {
     PonerImporte(Entrado, paidIn);
     PonerImporte(Salido, paidOut);
     // A charge waits for money, a payment for what has to come out.
-    const qint64 movido = clase_ == ClaseOperacion::Cobro ? paidIn : paidOut;
+    const qint64 movido = clase_ == OperationKind::Cobro ? paidIn : paidOut;
     const qint64 falta = qMax<qint64>(0, importe_ - movido);
     PonerImporte(Falta, falta);
     PonerColor(*valor_[Falta], falta > 0 ? tema::kTexto : tema::kTextoTenue);
@@ -218,7 +215,7 @@ void frmOperacion::Cancelar() {
         return;
     }
     btnCancelar_->setEnabled(false);
-    btnCancelar_->setText(Texto("Cancelando", QStringLiteral("Cancelando…")));
+    btnCancelar_->setText(Texto("Cancelando", u"Cancelando…"_s));
     // Taken out first: what it leads to may close this window.
     const std::function<void()> cancelar = std::exchange(cancelar_, nullptr);
     cancelar();

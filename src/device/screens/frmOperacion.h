@@ -4,7 +4,7 @@
 #pragma once
 
 #include "device/VentanaOperacion.h"
-#include "ui/screens/VentanaSinBorde.h"
+#include "ui/screens/FramelessWindow.h"
 
 #include <array>
 
@@ -16,7 +16,7 @@ namespace zv {
 class Importes;
 class Textos;
 
-class frmOperacion final : public VentanaSinBorde, public VentanaOperacion {
+class frmOperacion final : public FramelessWindow, public VentanaOperacion {
     Q_OBJECT
 
   public:
@@ -25,7 +25,7 @@ class frmOperacion final : public VentanaSinBorde, public VentanaOperacion {
     frmOperacion(const Textos& textos, const Importes& importes,
                  std::function<QWidget*()> padre = {});
 
-    void Abrir(ClaseOperacion clase, qint32 importe, std::function<void()> cancelar) override;
+    void Abrir(OperationKind kind, qint32 importe, std::function<void()> cancelar) override;
     void Progreso(qint32 paidIn, qint32 paidOut) override;
     void Aviso(const QString& texto) override;
     void Cerrar() override;
@@ -53,7 +53,7 @@ class frmOperacion final : public VentanaSinBorde, public VentanaOperacion {
     const Importes& importes_;
     std::function<QWidget*()> padre_;
     std::function<void()> cancelar_;
-    ClaseOperacion clase_ = ClaseOperacion::Cobro;
+    OperationKind clase_ = OperationKind::Cobro;
     qint32 importe_ = 0;
     QString instruccion_;
 

@@ -1,6 +1,7 @@
 // Layout of the main screen: header, state bar, grid with its page buttons, footer.
 #include "engine/screens/DisenoMonitor.h"
 
+#include "platform/StringLiterals.h"
 #include "ui/Textos.h"
 #include "ui/screens/Tema.h"
 
@@ -105,15 +106,14 @@ void DisenoMonitor::AplicarEscala() {
 
 void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
     frameCab = new QFrame(&ventana);
-    frameCab->setObjectName(QStringLiteral("frameCab"));
+    frameCab->setObjectName(u"frameCab"_s);
     frameCab->setFixedHeight(tema::kAltoCabecera);
 
-    btnLogo = Boton(frameCab, QStringLiteral("btnLogo"), QString(), QStringLiteral("zvmonitor"),
-                    tema::kCabeceraTexto);
-    btnLogo->setAccessibleName(QStringLiteral("ZVMonitor"));
+    btnLogo = Boton(frameCab, u"btnLogo"_s, QString(), u"zvmonitor"_s, tema::kCabeceraTexto);
+    btnLogo->setAccessibleName(u"ZVMonitor"_s);
     btnLogo->setIconSize(QSize(32, 32));
-    lbVer = new QLabel(QStringLiteral("Monitor"), frameCab);
-    lbVer->setObjectName(QStringLiteral("lbVer"));
+    lbVer = new QLabel(u"Monitor"_s, frameCab);
+    lbVer->setObjectName(u"lbVer"_s);
     lbVer->setFont(tema::Fuente(17, true));
 
     auto* fila = new QHBoxLayout(frameCab);
@@ -124,13 +124,13 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
     fila->addStretch(1);
 
     const std::array<std::pair<QString, QString>, 3> modos{
-        {{QStringLiteral("Automático"), QStringLiteral("media-playback-start")},
-         {QStringLiteral("Manual"), QStringLiteral("hand")},
-         {QStringLiteral("Semiautomático"), QStringLiteral("media-repeat-none")}}};
+        {{u"Automático"_s, u"media-playback-start"_s},
+         {u"Manual"_s, u"hand"_s},
+         {u"Semiautomático"_s, u"media-repeat-none"_s}}};
     for (int i = 0; i < 3; ++i) {
         const auto& [caption, icono] = modos[static_cast<std::size_t>(i)];
-        QToolButton* control = Boton(frameCab, Indexado(QStringLiteral("btnModo"), i), caption,
-                                     icono, tema::kCabeceraTexto);
+        QToolButton* control =
+            Boton(frameCab, Indexado(u"btnModo"_s, i), caption, icono, tema::kCabeceraTexto);
         tema::PonerPapel(*control, tema::Papel::Cabecera);
         control->setFocusPolicy(Qt::NoFocus);
         control->setIcon(tema::Icono(icono, tema::kCabeceraTexto, tema::kTexto));
@@ -143,13 +143,13 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
     fila->addStretch(1);
 
     const std::array<std::pair<QString, QString>, 3> ventanas{
-        {{QStringLiteral("Minimizar"), QStringLiteral("window-minimize")},
-         {QStringLiteral("Cerrar"), QStringLiteral("window-close")},
-         {QStringLiteral("Manuales"), QStringLiteral("help-contents")}}};
+        {{u"Minimizar"_s, u"window-minimize"_s},
+         {u"Cerrar"_s, u"window-close"_s},
+         {u"Manuales"_s, u"help-contents"_s}}};
     for (int i = 0; i < 3; ++i) {
         const auto& [accesible, icono] = ventanas[static_cast<std::size_t>(i)];
-        QToolButton* control = Boton(frameCab, Indexado(QStringLiteral("btnW"), i), QString(),
-                                     icono, tema::kCabeceraTexto);
+        QToolButton* control =
+            Boton(frameCab, Indexado(u"btnW"_s, i), QString(), icono, tema::kCabeceraTexto);
         control->setAccessibleName(accesible);
         control->setToolTip(accesible);
         control->setFixedSize(tema::kToqueMinimo + 4, tema::kToqueMinimo);
@@ -164,21 +164,21 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
 
 void DisenoMonitor::ConstruirEstado(QWidget& ventana) {
     frmEstado = new QFrame(&ventana);
-    frmEstado->setObjectName(QStringLiteral("frmEstado"));
+    frmEstado->setObjectName(u"frmEstado"_s);
 
-    lbContador = new QLabel(QStringLiteral("Comprobando operaciones pendientes..."), frmEstado);
-    lbContador->setObjectName(QStringLiteral("lbContador"));
-    lbEstado = new QLabel(QStringLiteral("Inicializando..."), frmEstado);
-    lbEstado->setObjectName(QStringLiteral("lbEstado"));
+    lbContador = new QLabel(u"Comprobando operaciones pendientes..."_s, frmEstado);
+    lbContador->setObjectName(u"lbContador"_s);
+    lbEstado = new QLabel(u"Inicializando..."_s, frmEstado);
+    lbEstado->setObjectName(u"lbEstado"_s);
     lbEstado->setAlignment(Qt::AlignCenter);
     lbEstado->setWordWrap(true);
 
-    ShapeOK = new Lampara(Lampara::Marca::Bien, QStringLiteral("ShapeOK"), frmEstado);
-    ShapeAlert = new Lampara(Lampara::Marca::Alerta, QStringLiteral("ShapeAlert"), frmEstado);
-    ShapeCritico = new Lampara(Lampara::Marca::Critico, QStringLiteral("ShapeCritico"), frmEstado);
+    ShapeOK = new Lampara(Lampara::Marca::Bien, u"ShapeOK"_s, frmEstado);
+    ShapeAlert = new Lampara(Lampara::Marca::Alerta, u"ShapeAlert"_s, frmEstado);
+    ShapeCritico = new Lampara(Lampara::Marca::Critico, u"ShapeCritico"_s, frmEstado);
 
     TextIni = new QLineEdit(frmEstado);
-    TextIni->setObjectName(QStringLiteral("TextIni"));
+    TextIni->setObjectName(u"TextIni"_s);
     TextIni->setFixedSize(190, 48);
 
     auto* fila = new QHBoxLayout(frmEstado);
@@ -194,7 +194,7 @@ void DisenoMonitor::ConstruirEstado(QWidget& ventana) {
 
 void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
     grdZV = new QTableView(&ventana);
-    grdZV->setObjectName(QStringLiteral("grdZV"));
+    grdZV->setObjectName(u"grdZV"_s);
     grdZV->setFocusPolicy(Qt::NoFocus);
     grdZV->setSelectionMode(QAbstractItemView::NoSelection);
     grdZV->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -212,14 +212,12 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
     cabecera->setSectionsClickable(false);
 
     pctScrollBar = new QFrame(&ventana);
-    pctScrollBar->setObjectName(QStringLiteral("pctScrollBar"));
+    pctScrollBar->setObjectName(u"pctScrollBar"_s);
     pctScrollBar->setFixedWidth(76);
-    btnArriba = Boton(pctScrollBar, QStringLiteral("btnArriba"), QString(), QStringLiteral("go-up"),
-                      tema::kTexto);
-    btnArriba->setAccessibleName(QStringLiteral("Página anterior"));
-    btnAbajo = Boton(pctScrollBar, QStringLiteral("btnAbajo"), QString(), QStringLiteral("go-down"),
-                     tema::kTexto);
-    btnAbajo->setAccessibleName(QStringLiteral("Página siguiente"));
+    btnArriba = Boton(pctScrollBar, u"btnArriba"_s, QString(), u"go-up"_s, tema::kTexto);
+    btnArriba->setAccessibleName(u"Página anterior"_s);
+    btnAbajo = Boton(pctScrollBar, u"btnAbajo"_s, QString(), u"go-down"_s, tema::kTexto);
+    btnAbajo->setAccessibleName(u"Página siguiente"_s);
     auto* columna = new QVBoxLayout(pctScrollBar);
     columna->setContentsMargins(6, 6, 6, 6);
     for (QToolButton* control : {btnArriba, btnAbajo}) {
@@ -230,12 +228,9 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
     columna->addStretch(1);
     columna->addWidget(btnAbajo);
 
-    btnCobro = Boton(&ventana, QStringLiteral("btnCobro"), QString(), QStringLiteral("list-add"),
-                     tema::kTexto);
-    btnAbono = Boton(&ventana, QStringLiteral("btnAbono"), QString(), QStringLiteral("list-remove"),
-                     tema::kTexto);
-    btnCancelar = Boton(&ventana, QStringLiteral("btnCancelar"), QString(),
-                        QStringLiteral("edit-delete"), tema::kRojoTexto);
+    btnCobro = Boton(&ventana, u"btnCobro"_s, QString(), u"list-add"_s, tema::kTexto);
+    btnAbono = Boton(&ventana, u"btnAbono"_s, QString(), u"list-remove"_s, tema::kTexto);
+    btnCancelar = Boton(&ventana, u"btnCancelar"_s, QString(), u"edit-delete"_s, tema::kRojoTexto);
     for (QToolButton* control : {btnCobro, btnAbono, btnCancelar}) {
         control->hide();
     }
@@ -243,29 +238,29 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
 
 void DisenoMonitor::ConstruirPie(QWidget& ventana) {
     framePie = new QFrame(&ventana);
-    framePie->setObjectName(QStringLiteral("framePie"));
+    framePie->setObjectName(u"framePie"_s);
     auto* fila = new QHBoxLayout(framePie);
     fila->setContentsMargins(4, 6, 4, 6);
     fila->setSpacing(0);
 
     const std::array<std::pair<QString, QString>, 13> botones{
-        {{QStringLiteral("Registro"), QStringLiteral("view-list-details")},
-         {QStringLiteral("Caja"), QStringLiteral("wallet-open")},
-         {QStringLiteral("Dar Cambio"), QStringLiteral("view-refresh")},
-         {QStringLiteral("Añadir Cambio"), QStringLiteral("download")},
-         {QStringLiteral("Pago"), QStringLiteral("cloud-upload")},
-         {QStringLiteral("Incidencias"), QStringLiteral("dialog-warning")},
-         {QStringLiteral("Desconectar"), QStringLiteral("network-disconnect")},
-         {QStringLiteral("Conectar"), QStringLiteral("network-connect")},
-         {QStringLiteral("Cobro¬Manual"), QStringLiteral("document-edit")},
-         {QStringLiteral("Agrupar¬cobros"), QStringLiteral("object-group")},
-         {QStringLiteral("Contraseña"), QStringLiteral("dialog-password")},
+        {{u"Registro"_s, u"view-list-details"_s},
+         {u"Caja"_s, u"wallet-open"_s},
+         {u"Dar Cambio"_s, u"view-refresh"_s},
+         {u"Añadir Cambio"_s, u"download"_s},
+         {u"Pago"_s, u"cloud-upload"_s},
+         {u"Incidencias"_s, u"dialog-warning"_s},
+         {u"Desconectar"_s, u"network-disconnect"_s},
+         {u"Conectar"_s, u"network-connect"_s},
+         {u"Cobro¬Manual"_s, u"document-edit"_s},
+         {u"Agrupar¬cobros"_s, u"object-group"_s},
+         {u"Contraseña"_s, u"dialog-password"_s},
          {QString(), QString()},
-         {QStringLiteral("Configurar"), QStringLiteral("configure")}}};
+         {u"Configurar"_s, u"configure"_s}}};
     for (std::size_t i = 0; i < botones.size(); ++i) {
         const auto& [caption, icono] = botones[i];
-        QToolButton* b = Boton(framePie, Indexado(QStringLiteral("boton"), static_cast<int>(i)),
-                               caption, icono, tema::kTexto);
+        QToolButton* b = Boton(framePie, Indexado(u"boton"_s, static_cast<int>(i)), caption, icono,
+                               tema::kTexto);
         tema::PonerPapel(*b, tema::Papel::Pie);
         b->setFocusPolicy(Qt::NoFocus);
         boton[i] = b;
@@ -280,16 +275,14 @@ void DisenoMonitor::ConstruirPie(QWidget& ventana) {
 
 void DisenoMonitor::PonerSentidos(const Textos& textos) {
     const auto sentido = [&](const QString& clave, const QString& porDefecto) {
-        return textos.TextoForm(QStringLiteral("frmZVMonitor"), clave, porDefecto);
+        return textos.TextoForm(u"frmZVMonitor"_s, clave, porDefecto);
     };
-    const QString barras = sentido(QStringLiteral("TextIni"), QStringLiteral("Código de barras"));
+    const QString barras = sentido(u"TextIni"_s, u"Código de barras"_s);
     TextIni->setAccessibleName(barras);
     TextIni->setPlaceholderText(barras);
-    ShapeOK->PonerSentido(sentido(QStringLiteral("ShapeOK"), QStringLiteral("Niveles normales")));
-    ShapeAlert->PonerSentido(
-        sentido(QStringLiteral("ShapeAlert"), QStringLiteral("Niveles en alerta")));
-    ShapeCritico->PonerSentido(
-        sentido(QStringLiteral("ShapeCritico"), QStringLiteral("Niveles críticos o sin conexión")));
+    ShapeOK->PonerSentido(sentido(u"ShapeOK"_s, u"Niveles normales"_s));
+    ShapeAlert->PonerSentido(sentido(u"ShapeAlert"_s, u"Niveles en alerta"_s));
+    ShapeCritico->PonerSentido(sentido(u"ShapeCritico"_s, u"Niveles críticos o sin conexión"_s));
 }
 
 void DisenoMonitor::PartirRotulos() {

@@ -3,6 +3,7 @@
 #include "engine/screens/frmZVMonitor.h"
 
 #include "engine/screens/DelegadoCola.h"
+#include "platform/StringLiterals.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
 
@@ -32,9 +33,9 @@ constexpr int kTwipsPorPixel = 15;
 frmZVMonitor::frmZVMonitor(PartesMonitor partes, AccionesVentana acciones)
     : partes_(partes), acciones_(std::move(acciones)), modelo_(partes.grid),
       arrastre_(*this, [this] { return !maximizando_; }) {
-    setObjectName(QStringLiteral("frmZVMonitor"));
+    setObjectName(u"frmZVMonitor"_s);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
-    setWindowTitle(QStringLiteral("Zorvex ®"));
+    setWindowTitle(u"Zorvex ®"_s);
     setMinimumSize(1000, 600);
     ui_.Construir(*this);
     ui_.PonerSentidos(partes_.entorno.textos);
@@ -62,9 +63,9 @@ void frmZVMonitor::Conectar() {
     });
     partes_.grid.AlMover([this] { SeguirGrid(); });
 
-    timerCola_.setObjectName(QStringLiteral("timerCola"));
-    timerParpadeo_.setObjectName(QStringLiteral("timerParpadeo"));
-    timerMaximitzat_.setObjectName(QStringLiteral("timerMaximitzat"));
+    timerCola_.setObjectName(u"timerCola"_s);
+    timerParpadeo_.setObjectName(u"timerParpadeo"_s);
+    timerMaximitzat_.setObjectName(u"timerMaximitzat"_s);
     timerCola_.setTimerType(Qt::PreciseTimer);
     timerCola_.setInterval(kPulsoMs);
     connect(&timerCola_, &QTimer::timeout, this, &frmZVMonitor::Tick);
@@ -100,7 +101,7 @@ void frmZVMonitor::Conectar() {
     });
     // A click in the grid takes the focus out of it.
     connect(ui_.grdZV, &QTableView::clicked, this,
-            [](const QModelIndex&) { EnviaTeclas(QStringLiteral("{TAB}")); });
+            [](const QModelIndex&) { EnviaTeclas(u"{TAB}"_s); });
     connect(ui_.grdZV, &QTableView::pressed, this,
             [this](const QModelIndex& indice) { partes_.grid.PonerFilaActual(indice.row() + 1); });
 
@@ -199,8 +200,8 @@ void frmZVMonitor::PulsarVentana(int indice) {
 void frmZVMonitor::PreguntarCierre() {
     const Textos& textos = partes_.entorno.textos;
     const int respuesta = partes_.entorno.dialogos.MostrarMensaje(
-        textos.Traduce(QStringLiteral("cerrar0"), QStringLiteral("Cerrar aplicativo")),
-        textos.Traduce(QStringLiteral("cerrar1"), QStringLiteral("¿Desea cerrar ZVMonitor?")), 1);
+        textos.Traduce(u"cerrar0"_s, u"Cerrar aplicativo"_s),
+        textos.Traduce(u"cerrar1"_s, u"¿Desea cerrar ZVMonitor?"_s), 1);
     if (respuesta != resultado::kAceptar) {
         return;
     }
@@ -256,7 +257,7 @@ void frmZVMonitor::Traducir() {
 }
 
 void frmZVMonitor::PonerIcono() {
-    setWindowIcon(tema::Icono(QStringLiteral("zvmonitor")));
+    setWindowIcon(tema::Icono(u"zvmonitor"_s));
 }
 
 void frmZVMonitor::PrepararGrid() {

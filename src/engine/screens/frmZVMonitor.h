@@ -9,7 +9,7 @@
 #include "engine/VentanaPrincipal.h"
 #include "engine/screens/DisenoMonitor.h"
 #include "engine/screens/ModeloCola.h"
-#include "ui/screens/VentanaSinBorde.h"
+#include "ui/screens/FramelessWindow.h"
 
 #include <QTimer>
 #include <QWidget>

@@ -1,10 +1,11 @@
 // Each dialog is made for its call and gone with it.
 #include "ui/screens/DialogosPantalla.h"
 
+#include "platform/StringLiterals.h"
 #include "ui/Importes.h"
 #include "ui/TecladoPantalla.h"
 #include "ui/Textos.h"
-#include "ui/screens/VentanaSinBorde.h"
+#include "ui/screens/FramelessWindow.h"
 #include "ui/screens/frmCash.h"
 #include "ui/screens/frmMensaje.h"
 #include "ui/screens/frmTexto.h"
@@ -28,8 +29,9 @@ QWidget* DialogosPantalla::Padre() const {
 int DialogosPantalla::MostrarMensaje(const QString& titulo, const QString& texto, int estilo) {
     frmMensaje pantalla(textos_, Padre());
     QString cabecera = programa_.mid(2);
-    if (!titulo.isEmpty())
-        cabecera += QStringLiteral(" - ") + titulo;
+    if (!titulo.isEmpty()) {
+        cabecera += u" - "_s + titulo;
+    }
     pantalla.PonerTextoYTitulo(cabecera, texto);
     pantalla.PonerEstilo(estilo);
     pantalla.exec();
@@ -59,8 +61,7 @@ void DialogosPantalla::CajaSimple(const QString& texto) {
     caja.setWindowTitle(programa_);
     caja.setTextFormat(Qt::PlainText);
     caja.setText(texto);
-    caja.addButton(textos_.Traduce(QStringLiteral("boton_0"), QStringLiteral("Aceptar")),
-                   QMessageBox::AcceptRole);
+    caja.addButton(textos_.Traduce(u"boton_0"_s, u"Aceptar"_s), QMessageBox::AcceptRole);
     VentanaEncima(caja, true);
     caja.exec();
 }

@@ -26,8 +26,9 @@ qreal Componer(QTextLayout& capa, qreal ancho) {
     capa.beginLayout();
     while (true) {
         QTextLine linea = capa.createLine();
-        if (!linea.isValid())
+        if (!linea.isValid()) {
             break;
+        }
         linea.setLineWidth(ancho);
         linea.setPosition(QPointF(0, alto));
         alto += linea.height();

@@ -2,6 +2,8 @@
 // TemaIconos.cpp.
 #include "ui/screens/Tema.h"
 
+#include "platform/StringLiterals.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QPalette>
@@ -29,8 +31,9 @@ QPalette Paleta() {
     p.setColor(QPalette::Link, kResalte);
     p.setColor(QPalette::ToolTipBase, kCabecera);
     p.setColor(QPalette::ToolTipText, kCabeceraTexto);
-    for (const auto rol : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    for (const auto rol : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
         p.setColor(QPalette::Disabled, rol, kTextoApagado);
+    }
     p.setColor(QPalette::Disabled, QPalette::Base, QColor(241, 245, 249));
     p.setColor(QPalette::Disabled, QPalette::Highlight, kBorde);
     return p;
@@ -70,8 +73,9 @@ void PonerPapel(QWidget& boton, Papel papel) {
         boton.setFocusPolicy(Qt::NoFocus);
         boton.setMinimumSize(kTeclaMinima, kTeclaMinima);
         boton.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-        if (herramienta)
+        if (herramienta) {
             herramienta->setIconSize(QSize(28, 28));
+        }
         break;
     case Papel::Pie:
         boton.setMinimumSize(kTeclaMinima, kTeclaMinima);
@@ -83,8 +87,9 @@ void PonerPapel(QWidget& boton, Papel papel) {
         break;
     case Papel::Cabecera:
         boton.setMinimumSize(kToqueMinimo, kToqueMinimo);
-        if (herramienta)
+        if (herramienta) {
             herramienta->setIconSize(QSize(24, 24));
+        }
         break;
     }
     boton.style()->unpolish(&boton);
@@ -93,19 +98,19 @@ void PonerPapel(QWidget& boton, Papel papel) {
 
 void Aplicar(QApplication& app) {
     // The desktop's style, colours and icons differ from till to till; ours must not.
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     QApplication::setPalette(Paleta());
     QApplication::setFont(Fuente(16));
-    QIcon::setThemeName(QStringLiteral("breeze"));
-    QIcon::setFallbackThemeName(QStringLiteral("breeze"));
+    QIcon::setThemeName(u"breeze"_s);
+    QIcon::setFallbackThemeName(u"breeze"_s);
     // The style sheet names its few pictures by this prefix.
-    QDir::setSearchPaths(QStringLiteral("zviconos"), CarpetasDeIconos());
+    QDir::setSearchPaths(u"zviconos"_s, CarpetasDeIconos());
     app.setStyleSheet(HojaDeEstilo());
 }
 
 QFont Fuente(int pixeles, bool negrita) {
     QFont f;
-    f.setFamilies({QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
+    f.setFamilies({u"Noto Sans"_s, u"DejaVu Sans"_s});
     f.setStyleHint(QFont::SansSerif);
     f.setPixelSize(pixeles);
     f.setBold(negrita);
@@ -121,14 +126,13 @@ QFont FuenteImporte(int pixeles, bool negrita) {
 
 void PonerColorTexto(QWidget& rotulo, const QColor& color) {
     // The style sheet of the program has the last word over a palette, a widget's own over it.
-    rotulo.setStyleSheet(QStringLiteral("color: ") + color.name() + QLatin1Char(';'));
+    rotulo.setStyleSheet(u"color: "_s + color.name() + QLatin1Char(';'));
 }
 
 void PonerLetra(QWidget& dentro, int pixeles) {
     dentro.setStyleSheet(
         pixeles == 0 ? QString()
-                     : QStringLiteral("QToolButton, QHeaderView::section { font-size: %1px; }")
-                           .arg(pixeles));
+                     : u"QToolButton, QHeaderView::section { font-size: %1px; }"_s.arg(pixeles));
 }
 
 QString Rotulo(const QString& caption) {

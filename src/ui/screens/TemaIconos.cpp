@@ -1,5 +1,6 @@
 // Icons of the theme: SVG files of Debian's breeze-icon-theme drawn in the colour asked, at the
 // size asked; a plain drawing of our own when a file is missing.
+#include "platform/StringLiterals.h"
 #include "ui/screens/Tema.h"
 
 #include <QFile>
@@ -29,16 +30,17 @@ QByteArray BuscarSvg(const QStringList& carpetas, const QString& nombre) {
     static constexpr const char* kClases[] = {"actions", "status",      "devices",   "places",
                                               "apps",    "preferences", "categories"};
     static constexpr const char* kTamaños[] = {"22", "32", "16", "24", "48", "64", "symbolic"};
-    if (nombre.isEmpty() || nombre.contains(QLatin1Char('/')) || SiemprePropio(nombre))
+    if (nombre.isEmpty() || nombre.contains(QLatin1Char('/')) || SiemprePropio(nombre)) {
         return {};
+    }
     for (const QString& carpeta : carpetas) {
         for (const char* clase : kClases) {
             for (const char* tamaño : kTamaños) {
                 QFile fichero(carpeta + QLatin1Char('/') + QLatin1String(clase) + QLatin1Char('/') +
-                              QLatin1String(tamaño) + QLatin1Char('/') + nombre +
-                              QStringLiteral(".svg"));
-                if (fichero.open(QIODevice::ReadOnly))
+                              QLatin1String(tamaño) + QLatin1Char('/') + nombre + u".svg"_s);
+                if (fichero.open(QIODevice::ReadOnly)) {
                     return fichero.readAll();
+                }
             }
         }
     }
@@ -54,8 +56,9 @@ bool Dibujar(QPainter& p, const QString& nombre) {
         p.drawRoundedRect(QRectF(0, 0, 22, 22), 4, 4);
         p.setPen(QPen(kCabecera, 1.2));
         p.setBrush(kAmbar);
-        for (const qreal y : {13.5, 10.0, 6.5})
+        for (const qreal y : {13.5, 10.0, 6.5}) {
             p.drawEllipse(QPointF(11, y + 1), 6.6, 3.4);
+        }
         return true;
     }
     if (nombre == QLatin1String("dialog-ok") || nombre == QLatin1String("dialog-ok-apply")) {
@@ -89,15 +92,17 @@ bool Dibujar(QPainter& p, const QString& nombre) {
     return true;
 }
 
-class MotorIcono final : public QIconEngine {
+class IconEngine final : public QIconEngine {
   public:
-    MotorIcono(const QByteArray& svg, QString nombre, const QColor& color, const QColor& marcado)
+    IconEngine(const QByteArray& svg, QString nombre, const QColor& color, const QColor& marcado)
         : nombre_(std::move(nombre)), color_(color), marcado_(marcado) {
-        if (svg.isEmpty())
+        if (svg.isEmpty()) {
             return;
+        }
         normal_ = Leer(svg, color_);
-        if (marcado_.isValid())
+        if (marcado_.isValid()) {
             conMarca_ = Leer(svg, marcado_);
+        }
     }
 
     void paint(QPainter* p, const QRect& donde, QIcon::Mode modo, QIcon::State estado) override {
@@ -108,12 +113,14 @@ class MotorIcono final : public QIconEngine {
         cuadro.moveCenter(QRectF(donde).center());
         p->save();
         p->setRenderHint(QPainter::Antialiasing);
-        if (modo == QIcon::Disabled)
+        if (modo == QIcon::Disabled) {
             p->setOpacity(p->opacity() * 0.35);
-        if (const auto& svg = marcado ? conMarca_ : normal_)
+        }
+        if (const auto& svg = marcado ? conMarca_ : normal_) {
             svg->render(p, cuadro);
-        else
+        } else {
             DibujarPropio(*p, cuadro, marcado ? marcado_ : color_);
+        }
         p->restore();
     }
 
@@ -131,7 +138,7 @@ class MotorIcono final : public QIconEngine {
         return mapa;
     }
 
-    QIconEngine* clone() const override { return new MotorIcono(*this); }
+    QIconEngine* clone() const override { return new IconEngine(*this); }
     QString iconName() override { return nombre_; }
     bool isNull() override { return false; }
 
@@ -147,13 +154,14 @@ class MotorIcono final : public QIconEngine {
         p.scale(cuadro.width() / 22, cuadro.height() / 22);
         p.setPen(QPen(color, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
         p.setBrush(Qt::NoBrush);
-        if (Dibujar(p, nombre_))
+        if (Dibujar(p, nombre_)) {
             return;
+        }
         // Unknown name: its initial in a frame still tells two buttons apart.
         p.drawRoundedRect(QRectF(3, 3, 16, 16), 3, 3);
         p.setFont(Fuente(11, true));
         p.drawText(QRectF(3, 3, 16, 16), Qt::AlignCenter,
-                   nombre_.isEmpty() ? QStringLiteral("?") : nombre_.left(1).toUpper());
+                   nombre_.isEmpty() ? u"?"_s : nombre_.left(1).toUpper());
     }
 
     QString nombre_;
@@ -166,14 +174,13 @@ class MotorIcono final : public QIconEngine {
 } // namespace
 
 QStringList CarpetasDeIconos() {
-    return QStandardPaths::locateAll(QStandardPaths::GenericDataLocation,
-                                     QStringLiteral("icons/breeze"),
+    return QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, u"icons/breeze"_s,
                                      QStandardPaths::LocateDirectory);
 }
 
 QIcon IconoDe(const QStringList& carpetas, const QString& nombre, const QColor& color,
               const QColor& colorMarcado) {
-    return QIcon(new MotorIcono(BuscarSvg(carpetas, nombre), nombre, color, colorMarcado));
+    return QIcon(new IconEngine(BuscarSvg(carpetas, nombre), nombre, color, colorMarcado));
 }
 
 QIcon Icono(const QString& nombre, const QColor& color, const QColor& colorMarcado) {

@@ -1,6 +1,7 @@
 // Which controls have captions that may be translated, and how keystrokes are sent.
 #include "ui/screens/Traduccion.h"
 
+#include "platform/StringLiterals.h"
 #include "ui/Textos.h"
 #include "ui/screens/Tema.h"
 
@@ -34,15 +35,17 @@ int TeclaDeNombre(const QString& nombre) {
         {"LEFT", Qt::Key_Left},     {"RIGHT", Qt::Key_Right},
         {"UP", Qt::Key_Up},         {"DOWN", Qt::Key_Down}};
     for (const auto& [clave, tecla] : kTeclas) {
-        if (nombre.compare(QLatin1String(clave), Qt::CaseInsensitive) == 0)
+        if (nombre.compare(QLatin1String(clave), Qt::CaseInsensitive) == 0) {
             return tecla;
+        }
     }
     return 0;
 }
 
 QWidget* Destino() {
-    if (QWidget* foco = QApplication::focusWidget())
+    if (QWidget* foco = QApplication::focusWidget()) {
         return foco;
+    }
     // No window is active, as when another program is in front: the one that would be.
     const QWidget* ventana = QApplication::activeModalWidget();
     return ventana != nullptr ? ventana->focusWidget() : nullptr;
@@ -51,12 +54,14 @@ QWidget* Destino() {
 void Enviar(int tecla, const QString& texto) {
     // A key may move the focus or close the window: each one looks for its control again.
     const QPointer<QWidget> destino = Destino();
-    if (!destino)
+    if (!destino) {
         return;
+    }
     QKeyEvent pulsar(QEvent::KeyPress, tecla, Qt::NoModifier, texto);
     QCoreApplication::sendEvent(destino, &pulsar);
-    if (!destino)
+    if (!destino) {
         return;
+    }
     QKeyEvent soltar(QEvent::KeyRelease, tecla, Qt::NoModifier, texto);
     QCoreApplication::sendEvent(destino, &soltar);
 }
@@ -64,15 +69,15 @@ void Enviar(int tecla, const QString& texto) {
 QString TextoDeTecla(int tecla) {
     switch (tecla) {
     case Qt::Key_Tab:
-        return QStringLiteral("\t");
+        return u"\t"_s;
     case Qt::Key_Backspace:
-        return QStringLiteral("\b");
+        return u"\b"_s;
     case Qt::Key_Return:
-        return QStringLiteral("\r");
+        return u"\r"_s;
     case Qt::Key_Escape:
-        return QStringLiteral("\x1b");
+        return u"\x1b"_s;
     case Qt::Key_Delete:
-        return QStringLiteral("\x7f");
+        return u"\x7f"_s;
     default:
         return {};
     }
@@ -94,24 +99,25 @@ void PonerCaption(QWidget& control, const QString& caption) {
         // A picture button is read aloud, and explained, by this name; others by their text.
         if (!boton->accessibleName().isEmpty() && !rotulo.trimmed().isEmpty()) {
             const QString nombre = QString(rotulo).replace(QLatin1Char('\n'), QLatin1Char(' '));
-            if (boton->toolTip() == boton->accessibleName())
+            if (boton->toolTip() == boton->accessibleName()) {
                 boton->setToolTip(nombre);
+            }
             boton->setAccessibleName(nombre);
         }
     }
 }
 
 void TraducirPantalla(QWidget& pantalla, const Textos& textos) {
-    pantalla.setWindowTitle(textos.TextoIdioma(QStringLiteral("GEN"), QStringLiteral("FrmCaption"),
-                                               QStringLiteral("Zorvex ®")));
+    pantalla.setWindowTitle(textos.TextoIdioma(u"GEN"_s, u"FrmCaption"_s, u"Zorvex ®"_s));
     const QString nombre = pantalla.objectName();
     const auto controles = pantalla.findChildren<QWidget*>();
     for (QWidget* control : controles) {
         const QString clave = control->objectName();
         // Qt's own parts of a control have no name or one of Qt's.
         if (clave.isEmpty() || clave.startsWith(QLatin1String("qt_")) ||
-            control->window() != pantalla.window())
+            control->window() != pantalla.window()) {
             continue;
+        }
         QString caption;
         if (const auto* etiqueta = qobject_cast<QLabel*>(control)) {
             caption = etiqueta->text();
@@ -122,8 +128,9 @@ void TraducirPantalla(QWidget& pantalla, const Textos& textos) {
             continue;
         }
         const QString traducido = textos.TextoForm(nombre, clave, caption);
-        if (traducido != caption || traducido.contains(QChar(u'¬')))
+        if (traducido != caption || traducido.contains(QChar(u'¬'))) {
             PonerCaption(*control, traducido);
+        }
     }
 }
 
@@ -134,10 +141,11 @@ void EnviaTeclas(const QString& teclas, bool) {
             const qsizetype fin = teclas.indexOf(QLatin1Char('}'), i + 2);
             const QString nombre = fin > 0 ? teclas.mid(i + 1, fin - i - 1) : QString();
             const int tecla = TeclaDeNombre(nombre);
-            if (tecla != 0)
+            if (tecla != 0) {
                 Enviar(tecla, TextoDeTecla(tecla));
-            else if (nombre.size() == 1)
+            } else if (nombre.size() == 1) {
                 EnviarCaracter(nombre);
+            }
             if (fin > 0) {
                 i = fin;
                 continue;

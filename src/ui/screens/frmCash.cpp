@@ -2,6 +2,7 @@
 #include "ui/screens/frmCash.h"
 
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 #include "ui/Importes.h"
 #include "ui/screens/EtiquetaTexto.h"
 #include "ui/screens/Tema.h"
@@ -30,14 +31,14 @@ constexpr int kAnchoOrdenes = 168;
 } // namespace
 
 frmCash::frmCash(const Textos& textos, const Importes& importes, QWidget* padre)
-    : VentanaSinBorde(QStringLiteral("frmCash"), padre), importes_(importes),
+    : FramelessWindow(u"frmCash"_s, padre), importes_(importes),
       lbImporte_(new EtiquetaTexto(this)), tbImporte_(new QLineEdit(this)) {
     BuscarMarcas();
-    lbImporte_->setObjectName(QStringLiteral("lbImporte"));
+    lbImporte_->setObjectName(u"lbImporte"_s);
     lbImporte_->setFont(tema::Fuente(18));
     lbImporte_->setBuddy(tbImporte_);
-    tbImporte_->setObjectName(QStringLiteral("tbImporte"));
-    tbImporte_->setProperty("papel", QStringLiteral("importe"));
+    tbImporte_->setObjectName(u"tbImporte"_s);
+    tbImporte_->setProperty("papel", u"importe"_s);
     tbImporte_->setFont(tema::FuenteImporte(34));
     tbImporte_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     tbImporte_->setInputMethodHints(Qt::ImhFormattedNumbersOnly);
@@ -53,12 +54,14 @@ void frmCash::BuscarMarcas() {
     const QString muestra = importes_.Formato().FormatoCurrency(1234.5);
     const qsizetype uno = muestra.indexOf(QLatin1Char('1'));
     const qsizetype cuatro = muestra.indexOf(QLatin1Char('4'));
-    if (uno >= 0 && uno + 1 < muestra.size() && muestra[uno + 1] != QLatin1Char('2'))
+    if (uno >= 0 && uno + 1 < muestra.size() && muestra[uno + 1] != QLatin1Char('2')) {
         miles_ = muestra[uno + 1];
+    }
     decimal_ = cuatro >= 0 && cuatro + 1 < muestra.size() ? muestra[cuatro + 1] : QChar(u'.');
     // A currency without decimals has none to find: the region's own mark serves.
-    if (!decimal_.isPunct())
+    if (!decimal_.isPunct()) {
         decimal_ = importes_.Formato().MarcaDecimal();
+    }
 }
 
 void frmCash::CrearTeclado() {
@@ -79,13 +82,12 @@ void frmCash::CrearTeclado() {
         teci_[static_cast<std::size_t>(i)] = tecla;
     }
     auto* retroceso = new QToolButton(this);
-    retroceso->setText(QStringLiteral("Retroceso"));
+    retroceso->setText(u"Retroceso"_s);
     retroceso->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     tema::PonerPapel(*retroceso, tema::Papel::Tecla);
-    retroceso->setIcon(tema::Icono(QStringLiteral("edit-clear")));
+    retroceso->setIcon(tema::Icono(u"edit-clear"_s));
     retroceso->setAutoRepeat(true);
-    connect(retroceso, &QToolButton::clicked, this,
-            [this] { Teclear(QStringLiteral("{BACKSPACE}")); });
+    connect(retroceso, &QToolButton::clicked, this, [this] { Teclear(u"{BACKSPACE}"_s); });
     rejilla->addWidget(retroceso, 3, 2);
     teci_[kRetroceso] = retroceso;
 
@@ -97,9 +99,9 @@ void frmCash::CrearTeclado() {
         teci_[static_cast<std::size_t>(indice)] = boton;
         return boton;
     };
-    QPushButton* cancelar = orden(kCancelar, QStringLiteral("Cancelar"));
-    QPushButton* sinImporte = orden(kSinImporte, QStringLiteral("Sin importe"));
-    QPushButton* entrar = orden(kEntrar, QStringLiteral("Entrar"));
+    QPushButton* cancelar = orden(kCancelar, u"Cancelar"_s);
+    QPushButton* sinImporte = orden(kSinImporte, u"Sin importe"_s);
+    QPushButton* entrar = orden(kEntrar, u"Entrar"_s);
     tema::PonerPapel(*entrar, tema::Papel::Principal);
     entrar->setFixedWidth(kAnchoOrdenes);
     entrar->setDefault(true);
@@ -112,12 +114,15 @@ void frmCash::CrearTeclado() {
     connect(cancelar, &QPushButton::clicked, this, &frmCash::Cancelar);
     connect(sinImporte, &QPushButton::clicked, this, &frmCash::Cancelar);
 
-    for (int fila = 0; fila < 4; ++fila)
+    for (int fila = 0; fila < 4; ++fila) {
         rejilla->setRowMinimumHeight(fila, kTecla.height());
-    for (int columna = 0; columna < 3; ++columna)
+    }
+    for (int columna = 0; columna < 3; ++columna) {
         rejilla->setColumnMinimumWidth(columna, kTecla.width());
-    for (std::size_t i = 0; i < teci_.size(); ++i)
-        teci_[i]->setObjectName(QStringLiteral("teci_%1").arg(i));
+    }
+    for (std::size_t i = 0; i < teci_.size(); ++i) {
+        teci_[i]->setObjectName(u"teci_%1"_s.arg(i));
+    }
     setTabOrder(tbImporte_, entrar);
     setTabOrder(entrar, sinImporte);
     setTabOrder(sinImporte, cancelar);
@@ -134,8 +139,9 @@ void frmCash::Preparar(const QString& titulo, const QString& prompt, Currency po
     tbImporte_->setFocus();
     teci_[kSinImporte]->setVisible(sinImporte);
     // Its place belongs to teci(11) when it is not offered.
-    if (sinImporte)
+    if (sinImporte) {
         rejilla_->addWidget(teci_[kEntrar], 2, 4, 2, 1);
+    }
     Ajustar();
 }
 
@@ -164,8 +170,9 @@ void frmCash::Entrar() {
     try {
         const qint64 valor = importes_.Formato().LeerCurrency(texto).Diezmilesimas();
         qint64 producto = 0;
-        if (__builtin_mul_overflow(valor, qint64{importes_.Multiplicador()}, &producto))
+        if (__builtin_mul_overflow(valor, qint64{importes_.Multiplicador()}, &producto)) {
             throw errores::Desbordamiento();
+        }
         importe_ = Currency::DeDiezmilesimas(producto);
         static_cast<void>(importe_.AEntero32()); // raises beyond 32 bits
     } catch (const ErrorEjecucion&) {
@@ -185,8 +192,9 @@ void frmCash::reject() {
 }
 
 Currency frmCash::Importe() const {
-    if (fallo_)
+    if (fallo_) {
         std::rethrow_exception(fallo_);
+    }
     return importe_; // 0 unless teci(11) has taken an amount
 }
 
@@ -210,7 +218,7 @@ bool frmCash::eventFilter(QObject* objeto, QEvent* evento) {
             return true;
         }
     }
-    return VentanaSinBorde::eventFilter(objeto, evento);
+    return FramelessWindow::eventFilter(objeto, evento);
 }
 
 } // namespace zv

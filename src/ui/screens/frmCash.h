@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/Currency.h"
-#include "ui/screens/VentanaSinBorde.h"
+#include "ui/screens/FramelessWindow.h"
 
 #include <QChar>
 
@@ -19,7 +19,7 @@ class EtiquetaTexto;
 class Importes;
 class Textos;
 
-class frmCash final : public VentanaSinBorde {
+class frmCash final : public FramelessWindow {
     Q_OBJECT
 
   public:

@@ -1,6 +1,7 @@
 // The choice of printouts.
 #include "ui/screens/frmImpresio.h"
 
+#include "platform/StringLiterals.h"
 #include "ui/screens/EtiquetaTexto.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
@@ -17,21 +18,20 @@ constexpr int kAncho = tema::TwipsAPixeles(5595);
 } // namespace
 
 frmImpresio::frmImpresio(const Textos& textos, QWidget* padre)
-    : VentanaSinBorde(QStringLiteral("frmImpresio"), padre) {
-    PonerTitulo(QStringLiteral("Imprimir"));
+    : FramelessWindow(u"frmImpresio"_s, padre) {
+    PonerTitulo(u"Imprimir"_s);
     auto* lbTexto = new EtiquetaTexto(this);
-    lbTexto->setObjectName(QStringLiteral("lbTexto"));
+    lbTexto->setObjectName(u"lbTexto"_s);
     lbTexto->setFont(tema::Fuente(18));
-    lbTexto->setText(QStringLiteral("¿Que desea imprimir?"));
+    lbTexto->setText(u"¿Que desea imprimir?"_s);
     Cuerpo()->addWidget(lbTexto);
 
     auto* columna = new QVBoxLayout;
     columna->setSpacing(12);
-    const QString captions[] = {QStringLiteral("Resumen Caja"),
-                                QStringLiteral("Listado Movimientos"), QStringLiteral("Todo")};
+    const QString captions[] = {u"Resumen Caja"_s, u"Listado Movimientos"_s, u"Todo"_s};
     for (int i = 0; i < 3; ++i) {
         auto* boton = new QPushButton(captions[i], this);
-        boton->setObjectName(QStringLiteral("boton_%1").arg(i));
+        boton->setObjectName(u"boton_%1"_s.arg(i));
         boton->setProperty("Tag", QString::number(i + 1));
         boton->setMinimumHeight(tema::kTeclaMinima);
         connect(boton, &QPushButton::clicked, this, [this, boton] {

@@ -1,13 +1,13 @@
 // Asks what is to be printed.
 #pragma once
 
-#include "ui/screens/VentanaSinBorde.h"
+#include "ui/screens/FramelessWindow.h"
 
 namespace zv {
 
 class Textos;
 
-class frmImpresio final : public VentanaSinBorde {
+class frmImpresio final : public FramelessWindow {
     Q_OBJECT
 
   public:

@@ -1,6 +1,7 @@
 // Sizes and results of the message dialog.
 #include "ui/screens/frmMensaje.h"
 
+#include "platform/StringLiterals.h"
 #include "ui/Textos.h"
 #include "ui/screens/EtiquetaTexto.h"
 #include "ui/screens/Tema.h"
@@ -27,9 +28,9 @@ constexpr int kAltoTextoComodo = 230;
 } // namespace
 
 frmMensaje::frmMensaje(const Textos& textos, QWidget* padre)
-    : VentanaSinBorde(QStringLiteral("frmMensaje"), padre), textos_(textos),
-      lbTexto_(new EtiquetaTexto), zonaTexto_(new QScrollArea(this)) {
-    lbTexto_->setObjectName(QStringLiteral("lbTexto"));
+    : FramelessWindow(u"frmMensaje"_s, padre), textos_(textos), lbTexto_(new EtiquetaTexto),
+      zonaTexto_(new QScrollArea(this)) {
+    lbTexto_->setObjectName(u"lbTexto"_s);
     lbTexto_->setFont(tema::Fuente(18));
     zonaTexto_->setWidget(lbTexto_);
     zonaTexto_->setFrameShape(QFrame::NoFrame);
@@ -42,10 +43,10 @@ frmMensaje::frmMensaje(const Textos& textos, QWidget* padre)
 
     auto* fila = new QGridLayout;
     fila->setHorizontalSpacing(16);
-    const QString captions[] = {QStringLiteral("Aceptar"), QStringLiteral("Cancelar")};
+    const QString captions[] = {u"Aceptar"_s, u"Cancelar"_s};
     for (int i = 0; i < 2; ++i) {
         boton_[i] = new QPushButton(captions[i], this);
-        boton_[i]->setObjectName(QStringLiteral("boton_%1").arg(i));
+        boton_[i]->setObjectName(u"boton_%1"_s.arg(i));
         // A hidden boton(0) leaves its place empty: boton(1) is always found where it was.
         QSizePolicy politica(QSizePolicy::Expanding, QSizePolicy::Fixed);
         politica.setRetainSizeWhenHidden(true);
@@ -72,16 +73,12 @@ void frmMensaje::PonerEstilo(int estilo) {
     const bool uno = estilo == 0 || estilo == 16 || estilo == 32 || estilo == 48 || estilo == 64;
     boton_[0]->setVisible(!uno);
     if (uno) {
-        PonerCaption(*boton_[1],
-                     textos_.Traduce(QStringLiteral("boton_0"), QStringLiteral("Aceptar")));
-        boton_[1]->setProperty("Tag", QStringLiteral("1"));
+        PonerCaption(*boton_[1], textos_.Traduce(u"boton_0"_s, u"Aceptar"_s));
+        boton_[1]->setProperty("Tag", u"1"_s);
     } else {
         const bool siNo = estilo == 3 || estilo == 4;
-        boton_[0]->setProperty("Tag", siNo          ? QStringLiteral("6")
-                                      : estilo == 5 ? QStringLiteral("4")
-                                                    : QStringLiteral("1"));
-        boton_[1]->setProperty("Tag", estilo == 1 || estilo == 5 ? QStringLiteral("2")
-                                                                 : QStringLiteral("7"));
+        boton_[0]->setProperty("Tag", siNo ? u"6"_s : estilo == 5 ? u"4"_s : u"1"_s);
+        boton_[1]->setProperty("Tag", estilo == 1 || estilo == 5 ? u"2"_s : u"7"_s);
     }
     QPushButton* porDefecto = uno ? boton_[1] : boton_[0];
     porDefecto->setDefault(true);
@@ -128,13 +125,15 @@ void frmMensaje::Ajustar() {
     for (const int limite : {kAltoTextoComodo, maximo.height() - resto}) {
         for (const int candidato : {ancho, 480, 600, 720, 860, maximo.width()}) {
             if (elegido == 0 && candidato >= ancho && candidato <= maximo.width() &&
-                lbTexto_->heightForWidth(candidato - alrededor) <= limite)
+                lbTexto_->heightForWidth(candidato - alrededor) <= limite) {
                 elegido = candidato;
+            }
         }
     }
     const bool desplaza = elegido == 0;
-    if (desplaza)
+    if (desplaza) {
         elegido = maximo.width();
+    }
     const int anchoTexto = elegido - alrededor -
                            (desplaza ? zonaTexto_->verticalScrollBar()->sizeHint().width() + 4 : 0);
     const int altoTexto = lbTexto_->heightForWidth(anchoTexto);

@@ -1,7 +1,7 @@
 // The message dialog: a text and one or two buttons. It grows with its text.
 #pragma once
 
-#include "ui/screens/VentanaSinBorde.h"
+#include "ui/screens/FramelessWindow.h"
 
 class QPushButton;
 class QScrollArea;
@@ -11,7 +11,7 @@ namespace zv {
 class EtiquetaTexto;
 class Textos;
 
-class frmMensaje final : public VentanaSinBorde {
+class frmMensaje final : public FramelessWindow {
     Q_OBJECT
 
   public:

@@ -1,6 +1,7 @@
 // The text prompt.
 #include "ui/screens/frmTexto.h"
 
+#include "platform/StringLiterals.h"
 #include "ui/screens/EtiquetaTexto.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
@@ -22,20 +23,20 @@ constexpr int kAncho = 560;
 } // namespace
 
 frmTexto::frmTexto(const Textos& textos, std::function<void()> abrirTeclado, QWidget* padre)
-    : VentanaSinBorde(QStringLiteral("frmTexto"), padre), abrirTeclado_(std::move(abrirTeclado)),
+    : FramelessWindow(u"frmTexto"_s, padre), abrirTeclado_(std::move(abrirTeclado)),
       lbTexto_(new EtiquetaTexto(this)), tbTexto_(new QLineEdit(this)),
       teclado_(new QToolButton(this)) {
-    lbTexto_->setObjectName(QStringLiteral("lbTexto"));
+    lbTexto_->setObjectName(u"lbTexto"_s);
     lbTexto_->setFont(tema::Fuente(18));
     lbTexto_->setBuddy(tbTexto_);
-    tbTexto_->setObjectName(QStringLiteral("tbTexto"));
+    tbTexto_->setObjectName(u"tbTexto"_s);
     tbTexto_->installEventFilter(this);
 
-    teclado_->setObjectName(QStringLiteral("boton_2"));
-    teclado_->setAccessibleName(QStringLiteral("Teclado en pantalla"));
+    teclado_->setObjectName(u"boton_2"_s);
+    teclado_->setAccessibleName(u"Teclado en pantalla"_s);
     teclado_->setToolTip(teclado_->accessibleName());
     tema::PonerPapel(*teclado_, tema::Papel::Normal);
-    teclado_->setIcon(tema::Icono(QStringLiteral("input-keyboard")));
+    teclado_->setIcon(tema::Icono(u"input-keyboard"_s));
     teclado_->setIconSize(QSize(32, 32));
     teclado_->setFixedSize(tema::kTeclaMinima, 52);
     connect(teclado_, &QToolButton::clicked, this, &frmTexto::AbrirTeclado);
@@ -48,10 +49,10 @@ frmTexto::frmTexto(const Textos& textos, std::function<void()> abrirTeclado, QWi
     auto* fila = new QHBoxLayout;
     fila->setSpacing(16);
     fila->addStretch(1);
-    const QString captions[] = {QStringLiteral("Aceptar"), QStringLiteral("Cancelar")};
+    const QString captions[] = {u"Aceptar"_s, u"Cancelar"_s};
     for (int i = 0; i < 2; ++i) {
         boton_[i] = new QPushButton(captions[i], this);
-        boton_[i]->setObjectName(QStringLiteral("boton_%1").arg(i));
+        boton_[i]->setObjectName(u"boton_%1"_s.arg(i));
         boton_[i]->setMinimumWidth(172);
         fila->addWidget(boton_[i]);
         connect(boton_[i], &QPushButton::clicked, this, [this, i] { Terminar(i + 1); });
@@ -94,10 +95,12 @@ void frmTexto::reject() {
 
 void frmTexto::AbrirTeclado() {
     // Keyboards come up at the lower edge: the box must stay in sight above it.
-    if (const QScreen* pantalla = screen())
+    if (const QScreen* pantalla = screen()) {
         move(x(), qMin(y(), pantalla->availableGeometry().top() + 24));
-    if (abrirTeclado_)
+    }
+    if (abrirTeclado_) {
         abrirTeclado_();
+    }
     tbTexto_->setFocus();
 }
 
@@ -122,7 +125,7 @@ bool frmTexto::eventFilter(QObject* objeto, QEvent* evento) {
             return true;
         }
     }
-    return VentanaSinBorde::eventFilter(objeto, evento);
+    return FramelessWindow::eventFilter(objeto, evento);
 }
 
 } // namespace zv

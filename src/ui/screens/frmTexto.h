@@ -1,7 +1,7 @@
 // Asks for one line of text.
 #pragma once
 
-#include "ui/screens/VentanaSinBorde.h"
+#include "ui/screens/FramelessWindow.h"
 
 #include <functional>
 
@@ -14,7 +14,7 @@ namespace zv {
 class EtiquetaTexto;
 class Textos;
 
-class frmTexto final : public VentanaSinBorde {
+class frmTexto final : public FramelessWindow {
     Q_OBJECT
 
   public:

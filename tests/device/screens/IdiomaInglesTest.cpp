@@ -1,6 +1,7 @@
 // The window of a running operation in English: nothing of it stays Spanish.
 #include "device/screens/frmOperacion.h"
 #include "platform/FormatoRegional.h"
+#include "platform/StringLiterals.h"
 #include "support/PantallaInglesa.h"
 #include "ui/Importes.h"
 #include "ui/Textos.h"
@@ -34,7 +35,7 @@ class IdiomaInglesOperacionTest : public testing::Test {
         const QString fichero = QString::fromUtf8(idioma_.bytes);
         for (const auto& [nombre, texto] : ingleses) {
             EXPECT_NE(texto, castellanos.at(nombre)) << nombre.toStdString();
-            EXPECT_TRUE(fichero.contains(QLatin1Char('=') + texto + QStringLiteral("\r\n")))
+            EXPECT_TRUE(fichero.contains(QLatin1Char('=') + texto + u"\r\n"_s))
                 << nombre.toStdString() << ": " << texto.toStdString();
         }
     }
@@ -44,26 +45,26 @@ class IdiomaInglesOperacionTest : public testing::Test {
     QTemporaryDir carpetaInglesa_;
     zv::Textos textos_{carpeta_.path()};
     zv::Textos ingleses_{carpetaInglesa_.path()};
-    Importes importes_{FormatoRegional(QStringLiteral("es_ES")), [] { return quint8{100}; }};
+    Importes importes_{FormatoRegional(u"es_ES"_s), [] { return quint8{100}; }};
     frmOperacion castellana_{textos_, importes_};
     frmOperacion inglesa_{ingleses_, importes_};
 };
 
 TEST_F(IdiomaInglesOperacionTest, EveryOperation) {
-    for (const auto clase :
-         {ClaseOperacion::Cobro, ClaseOperacion::Abono, ClaseOperacion::Cambio,
-          ClaseOperacion::MeterCambio, ClaseOperacion::Pago, ClaseOperacion::ControlCajones,
-          ClaseOperacion::VaciadoCajon, ClaseOperacion::Pendiente}) {
-        SCOPED_TRACE(static_cast<int>(clase));
-        castellana_.Abrir(clase, 1250, [] {});
-        inglesa_.Abrir(clase, 1250, [] {});
+    for (const auto kind :
+         {OperationKind::Cobro, OperationKind::Abono, OperationKind::Cambio,
+          OperationKind::MeterCambio, OperationKind::Pago, OperationKind::ControlCajones,
+          OperationKind::VaciadoCajon, OperationKind::Pendiente}) {
+        SCOPED_TRACE(static_cast<int>(kind));
+        castellana_.Abrir(kind, 1250, [] {});
+        inglesa_.Abrir(kind, 1250, [] {});
         Comparar(3); // title, instruction, cancel
     }
 }
 
 TEST_F(IdiomaInglesOperacionTest, WhileItIsBeingCancelled) {
-    castellana_.Abrir(ClaseOperacion::Cobro, 1250, [] {});
-    inglesa_.Abrir(ClaseOperacion::Cobro, 1250, [] {});
+    castellana_.Abrir(OperationKind::Cobro, 1250, [] {});
+    inglesa_.Abrir(OperationKind::Cobro, 1250, [] {});
     castellana_.reject();
     inglesa_.reject();
     Comparar(7);

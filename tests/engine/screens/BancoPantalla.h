@@ -2,6 +2,7 @@
 #pragma once
 
 #include "../BancoMotor.h"
+#include "config/Modo.h"
 #include "engine/screens/frmZVMonitor.h"
 #include "ui/screens/Tema.h"
 
@@ -15,7 +16,7 @@
 
 namespace zv::test {
 
-class BancoPantalla : public BancoMotor {
+class BancoPantalla : public BancoEngine {
   protected:
     BancoPantalla() {
         tema::Aplicar(*qApp);

@@ -1,6 +1,7 @@
 // The barcode box of the real window: what Enter hands over, and who has the keys while the pulse
 // beats.
 #include "BancoPantalla.h"
+#include "platform/StringLiterals.h"
 #include "support/AlAbrir.h"
 #include "ui/screens/DialogosPantalla.h"
 
@@ -47,47 +48,47 @@ class CodigoBarrasTest : public BancoPantalla {
 };
 
 TEST_F(CodigoBarrasTest, EnterHandsOverTheBoxWhichIsEmptiedOnlyWhenAsked) {
-    Teclear(QStringLiteral("2012345012508"));
+    Teclear(u"2012345012508"_s);
     EXPECT_EQ(codigos, QStringList());
     Tecla(Qt::Key_Return);
-    EXPECT_EQ(codigos, QStringList{QStringLiteral("2012345012508")});
-    EXPECT_EQ(D().TextIni->text(), QStringLiteral("2012345012508"));
-    Teclear(QStringLiteral("9")); // during the wait: into the box, and emptied with it
+    EXPECT_EQ(codigos, QStringList{u"2012345012508"_s});
+    EXPECT_EQ(D().TextIni->text(), u"2012345012508"_s);
+    Teclear(u"9"_s); // during the wait: into the box, and emptied with it
     vaciar_();
     EXPECT_EQ(D().TextIni->text(), QString());
-    Teclear(QStringLiteral("77"));
+    Teclear(u"77"_s);
     Tecla(Qt::Key_Enter); // of the keypad
-    EXPECT_EQ(codigos.mid(1), QStringList{QStringLiteral("77")});
+    EXPECT_EQ(codigos.mid(1), QStringList{u"77"_s});
 }
 
 TEST_F(CodigoBarrasTest, AnEmptyBoxIsHandedOverTooAndLeavingItIsNoEnter) {
     Tecla(Qt::Key_Return);
     EXPECT_EQ(codigos, QStringList{QString()});
-    Teclear(QStringLiteral("5"));
+    Teclear(u"5"_s);
     D().TextIni->clearFocus();
     EXPECT_EQ(codigos.size(), 1);
-    EXPECT_EQ(D().TextIni->text(), QStringLiteral("5"));
+    EXPECT_EQ(D().TextIni->text(), u"5"_s);
 }
 
 TEST_F(CodigoBarrasTest, WithoutAHandlerEnterDoesNothing) {
     Montar({});
-    Teclear(QStringLiteral("5"));
+    Teclear(u"5"_s);
     Tecla(Qt::Key_Return);
-    EXPECT_EQ(D().TextIni->text(), QStringLiteral("5"));
+    EXPECT_EQ(D().TextIni->text(), u"5"_s);
 }
 
 TEST_F(CodigoBarrasTest, TheBoxHearsTheScannerAlsoWhileThePulseIsStopped) {
     pulso.ParaTimer();
     QApplication::processEvents();
-    Teclear(QStringLiteral("123"));
+    Teclear(u"123"_s);
     Tecla(Qt::Key_Return);
-    EXPECT_EQ(codigos, QStringList{QStringLiteral("123")});
+    EXPECT_EQ(codigos, QStringList{u"123"_s});
 }
 
 TEST_F(CodigoBarrasTest, AStoppedPulseLeavesTheFocusWhereItIs) {
     pulso.ArrancaTimer();
     QApplication::processEvents();
-    auto* timerCola = pantalla->findChild<QTimer*>(QStringLiteral("timerCola"));
+    auto* timerCola = pantalla->findChild<QTimer*>(u"timerCola"_s);
     pantalla->setFocusPolicy(Qt::StrongFocus);
     pantalla->setFocus();
     // Stopped by an operation before the event loop could stop the real timer.
@@ -100,11 +101,10 @@ TEST_F(CodigoBarrasTest, AStoppedPulseLeavesTheFocusWhereItIs) {
 }
 
 TEST_F(CodigoBarrasTest, ADialogKeepsTheKeysWhileThePulseBeats) {
-    DialogosPantalla reales(QStringLiteral("ZVMonitor"), textos, importes,
-                            [this] { return pantalla.get(); });
+    DialogosPantalla reales(u"ZVMonitor"_s, textos, importes, [this] { return pantalla.get(); });
     pulso.ArrancaTimer();
     const AlAbrir abierto([this](QDialog& dialogo) {
-        auto* texto = dialogo.findChild<QLineEdit*>(QStringLiteral("tbTexto"));
+        auto* texto = dialogo.findChild<QLineEdit*>(u"tbTexto"_s);
         ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::focusWidget() == texto; }));
         ASSERT_TRUE(Late());
         ASSERT_TRUE(Late());
@@ -113,20 +113,19 @@ TEST_F(CodigoBarrasTest, ADialogKeepsTheKeysWhileThePulseBeats) {
         EXPECT_TRUE(QTest::qWaitFor([&] { return grid.FilasDatos() == 1; }));
         EXPECT_EQ(QApplication::activeWindow(), &dialogo);
         EXPECT_EQ(QApplication::focusWidget(), texto);
-        Teclear(QStringLiteral("Pan"));
-        EXPECT_EQ(texto->text(), QStringLiteral("Pan"));
+        Teclear(u"Pan"_s);
+        EXPECT_EQ(texto->text(), u"Pan"_s);
         EXPECT_EQ(D().TextIni->text(), QString());
         Tecla(Qt::Key_Return);
     });
-    EXPECT_EQ(reales.PedirTexto(QStringLiteral("Pago"), QStringLiteral("Concepto")),
-              QStringLiteral("Pan"));
+    EXPECT_EQ(reales.PedirTexto(u"Pago"_s, u"Concepto"_s), u"Pan"_s);
     EXPECT_EQ(codigos, QStringList());
     // And the scanner is heard again once the desktop gives the window its keys back.
     pantalla->activateWindow();
     ASSERT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == pantalla.get(); }));
     ASSERT_TRUE(Late());
-    Teclear(QStringLiteral("1"));
-    EXPECT_EQ(D().TextIni->text(), QStringLiteral("1"));
+    Teclear(u"1"_s);
+    EXPECT_EQ(D().TextIni->text(), u"1"_s);
 }
 
 } // namespace zv::test

@@ -1,6 +1,7 @@
 // The main screen in windows of all sizes: nothing is cut in the smallest, nothing is lost in a
 // large one.
 #include "BancoPantalla.h"
+#include "platform/StringLiterals.h"
 
 #include <QHeaderView>
 
@@ -71,15 +72,14 @@ TEST_F(EscalaTest, ALongStateIsShownInSmallerLettersAndAShortOneInItsOwn) {
             .height();
     };
     const int normal = D().lbEstado->font().pixelSize();
-    controles.Poner(
-        &EstadoControles::lbEstado,
-        QStringLiteral("Error 905 - ") +
-            QStringLiteral("Zorvex no ha terminado la operación cancelada ").repeated(3) +
-            QStringLiteral(". Consulte con su técnico"));
+    controles.Poner(&EstadoControles::lbEstado,
+                    u"Error 905 - "_s +
+                        u"Zorvex no ha terminado la operación cancelada "_s.repeated(3) +
+                        u". Consulte con su técnico"_s);
     QApplication::processEvents();
     EXPECT_LT(D().lbEstado->font().pixelSize(), normal);
     EXPECT_LE(alto(), D().frmEstado->height());
-    controles.Poner(&EstadoControles::lbEstado, QStringLiteral("Error"));
+    controles.Poner(&EstadoControles::lbEstado, u"Error"_s);
     QApplication::processEvents();
     EXPECT_EQ(D().lbEstado->font().pixelSize(), normal);
 }

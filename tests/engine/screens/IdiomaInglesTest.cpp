@@ -1,6 +1,7 @@
 // The main screen in English: nothing of it stays Spanish.
 #include "../BancoMotor.h"
 #include "engine/screens/frmZVMonitor.h"
+#include "platform/StringLiterals.h"
 #include "support/PantallaInglesa.h"
 
 #include <QApplication>
@@ -9,7 +10,7 @@
 
 namespace zv::test {
 
-class IdiomaInglesMonitorTest : public BancoMotor {
+class IdiomaInglesMonitorTest : public BancoEngine {
   protected:
     std::unique_ptr<frmZVMonitor> Crear() {
         auto pantalla = std::make_unique<frmZVMonitor>(
@@ -25,19 +26,15 @@ TEST_F(IdiomaInglesMonitorTest, EveryCaptionAndHint) {
     const auto castellana = Crear();
     PonerIngles();
     const auto inglesa = Crear();
-    ComprobarEnIngles(
-        *castellana, *inglesa,
-        {QStringLiteral("lbVer"), QStringLiteral("btnModo_1"), QStringLiteral("btnLogo")});
+    ComprobarEnIngles(*castellana, *inglesa, {u"lbVer"_s, u"btnModo_1"_s, u"btnLogo"_s});
 }
 
 TEST_F(IdiomaInglesMonitorTest, TitlesOfTheColumns) {
     PonerIngles();
     const auto pantalla = Crear();
-    const QStringList titulos{
-        QStringLiteral("Void"),     QStringLiteral("IdCola"),    QStringLiteral("Sale date"),
-        QStringLiteral("Sale ID"),  QStringLiteral("Sale ID 2"), QStringLiteral("Id. Till"),
-        QStringLiteral("Terminal"), QStringLiteral("Cashier"),   QStringLiteral("Payment"),
-        QStringLiteral("Amount"),   QStringLiteral("Send")};
+    const QStringList titulos{u"Void"_s,      u"IdCola"_s,   u"Sale date"_s, u"Sale ID"_s,
+                              u"Sale ID 2"_s, u"Id. Till"_s, u"Terminal"_s,  u"Cashier"_s,
+                              u"Payment"_s,   u"Amount"_s,   u"Send"_s};
     for (int columna = 0; columna < kColumnasGrid; ++columna) {
         EXPECT_EQ(grid.Titulo(columna), titulos[columna]);
     }
@@ -54,7 +51,7 @@ TEST_F(IdiomaInglesMonitorTest, CounterAndModesWork) {
         pantalla->Seguir();
         EXPECT_TRUE(pantalla->Diseno().btnModo[static_cast<std::size_t>(i)]->isChecked()) << i;
     }
-    EXPECT_EQ(pantalla->Diseno().lbContador->text(), QStringLiteral("1 to charge / 1 to refund"));
+    EXPECT_EQ(pantalla->Diseno().lbContador->text(), u"1 to charge / 1 to refund"_s);
 }
 
 } // namespace zv::test

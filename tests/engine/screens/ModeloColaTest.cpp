@@ -2,13 +2,14 @@
 #include "engine/screens/ModeloCola.h"
 
 #include "../BancoMotor.h"
+#include "platform/StringLiterals.h"
 #include "store/dades.h"
 
 #include <QSignalSpy>
 
 namespace zv::test {
 
-class ModeloColaTest : public BancoMotor {
+class ModeloColaTest : public BancoEngine {
   protected:
     ModeloColaTest() { datos.Inicialitza(); }
     void Alta(const QString& id1) {
@@ -38,41 +39,40 @@ class ModeloColaTest : public BancoMotor {
 };
 
 TEST_F(ModeloColaTest, RowsThatTheProgramAddsJoinTheView) {
-    Alta(QStringLiteral("A"));
+    Alta(u"A"_s);
     Rellenar();
     EXPECT_EQ(todo.size(), 1);
-    Alta(QStringLiteral("B"));
-    Alta(QStringLiteral("C"));
+    Alta(u"B"_s);
+    Alta(u"C"_s);
     Rellenar();
     EXPECT_EQ(todo.size(), 1);
     ASSERT_EQ(nuevas.size(), 1);
     EXPECT_EQ(nuevas[0][1].toInt(), 1);
     EXPECT_EQ(nuevas[0][2].toInt(), 2);
-    EXPECT_EQ(Filas(),
-              (QStringList{QStringLiteral("A"), QStringLiteral("B"), QStringLiteral("C")}));
+    EXPECT_EQ(Filas(), (QStringList{u"A"_s, u"B"_s, u"C"_s}));
     Rellenar(); // nothing new
     EXPECT_EQ(todo.size(), 1);
     EXPECT_EQ(nuevas.size(), 1);
 }
 
 TEST_F(ModeloColaTest, AnyOtherChangeShowsAllAnew) {
-    Alta(QStringLiteral("A"));
-    Alta(QStringLiteral("B"));
+    Alta(u"A"_s);
+    Alta(u"B"_s);
     Rellenar();
-    motor.Ejecutar(QStringLiteral("UPDATE cola SET id1='Z' WHERE id1='A'"));
+    motor.Ejecutar(u"UPDATE cola SET id1='Z' WHERE id1='A'"_s);
     Rellenar();
     EXPECT_EQ(todo.size(), 2);
-    EXPECT_EQ(Filas(), (QStringList{QStringLiteral("Z"), QStringLiteral("B")}));
-    motor.Ejecutar(QStringLiteral("DELETE FROM cola WHERE id1='Z'"));
+    EXPECT_EQ(Filas(), (QStringList{u"Z"_s, u"B"_s}));
+    motor.Ejecutar(u"DELETE FROM cola WHERE id1='Z'"_s);
     Rellenar();
     EXPECT_EQ(todo.size(), 3);
-    EXPECT_EQ(Filas(), QStringList{QStringLiteral("B")});
-    motor.Ejecutar(QStringLiteral("DELETE FROM cola"));
+    EXPECT_EQ(Filas(), QStringList{u"B"_s});
+    motor.Ejecutar(u"DELETE FROM cola"_s);
     Rellenar();
     EXPECT_EQ(modelo.rowCount(), 0);
-    Alta(QStringLiteral("C"));
+    Alta(u"C"_s);
     Rellenar();
-    EXPECT_EQ(Filas(), QStringList{QStringLiteral("C")});
+    EXPECT_EQ(Filas(), QStringList{u"C"_s});
     EXPECT_EQ(nuevas.size(), 0);
 }
 

@@ -1,5 +1,7 @@
 // The main screen: what the widgets show, and what keys, buttons and mouse do.
 #include "BancoPantalla.h"
+#include "config/Modo.h"
+#include "platform/StringLiterals.h"
 
 namespace zv::test {
 
@@ -7,11 +9,10 @@ class frmZVMonitorTest : public BancoPantalla {};
 
 TEST_F(frmZVMonitorTest, ControlsCarryTheirNames) {
     const QStringList nombres =
-        QStringLiteral(
-            "frameCab btnLogo lbVer btnModo_0 btnModo_1 btnModo_2 btnW_0 btnW_1 btnW_2 frmEstado "
-            "lbContador lbEstado ShapeOK ShapeAlert ShapeCritico grdZV pctScrollBar btnArriba "
-            "btnAbajo framePie boton_0 boton_12 TextIni btnCobro btnAbono btnCancelar")
-            .split(QLatin1Char(' '));
+        u"frameCab btnLogo lbVer btnModo_0 btnModo_1 btnModo_2 btnW_0 btnW_1 btnW_2 frmEstado "
+        "lbContador lbEstado ShapeOK ShapeAlert ShapeCritico grdZV pctScrollBar btnArriba "
+        "btnAbajo framePie boton_0 boton_12 TextIni btnCobro btnAbono btnCancelar"_s.split(
+            QLatin1Char(' '));
     for (const QString& nombre : nombres) {
         EXPECT_NE(pantalla->findChild<QWidget*>(nombre), nullptr) << nombre.toStdString();
     }
@@ -22,8 +23,8 @@ TEST_F(frmZVMonitorTest, ShowsTheQueueAndItsCounter) {
     PonerFila(-300);
     Mostrar();
     EXPECT_EQ(D().grdZV->model()->rowCount(), 2);
-    EXPECT_EQ(D().lbContador->text(), QStringLiteral("1 cobros / 1 abonos"));
-    EXPECT_EQ(D().grdZV->model()->index(0, 9).data().toString(), QStringLiteral("12,50 €"));
+    EXPECT_EQ(D().lbContador->text(), u"1 cobros / 1 abonos"_s);
+    EXPECT_EQ(D().grdZV->model()->index(0, 9).data().toString(), u"12,50 €"_s);
 }
 
 TEST_F(frmZVMonitorTest, ColumnsFillTheGridAndHideByTheirSettings) {
@@ -122,13 +123,12 @@ TEST_F(frmZVMonitorTest, UpAndDownMoveTheListAndOtherKeysReachTheBox) {
     QTest::keyClick(D().TextIni, Qt::Key_Up);
     EXPECT_EQ(grid.FilaSuperior(), 2);
     QTest::keyClick(D().TextIni, Qt::Key_7);
-    EXPECT_EQ(D().TextIni->text(), QStringLiteral("7"));
+    EXPECT_EQ(D().TextIni->text(), u"7"_s);
 }
 
 TEST_F(frmZVMonitorTest, EachTickGivesTheBarcodeBoxTheFocusAlsoWhileTheConnectorWorks) {
-    for (const QString& activo : {QStringLiteral("0"), QStringLiteral("1")}) {
-        registro.GuardarValor(QStringLiteral("Zorvex\\ZVConnector"), QStringLiteral("Activo"),
-                              activo);
+    for (const QString& activo : {u"0"_s, u"1"_s}) {
+        registro.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Activo"_s, activo);
         pantalla->setFocusPolicy(Qt::StrongFocus);
         pantalla->setFocus();
         ASSERT_NE(pantalla->focusWidget(), D().TextIni);
@@ -139,9 +139,9 @@ TEST_F(frmZVMonitorTest, EachTickGivesTheBarcodeBoxTheFocusAlsoWhileTheConnector
 }
 
 TEST_F(frmZVMonitorTest, TheStateLineBlinksOnlyWhileItSaysSomething) {
-    controles.Poner(&EstadoControles::lbEstado, QStringLiteral("Aviso"));
+    controles.Poner(&EstadoControles::lbEstado, u"Aviso"_s);
     QApplication::processEvents();
-    EXPECT_EQ(D().lbEstado->text(), QStringLiteral("Aviso"));
+    EXPECT_EQ(D().lbEstado->text(), u"Aviso"_s);
     EXPECT_TRUE(pantalla->Parpadeando());
     controles.Poner(&EstadoControles::lbEstado, QString());
     QApplication::processEvents();
@@ -149,8 +149,8 @@ TEST_F(frmZVMonitorTest, TheStateLineBlinksOnlyWhileItSaysSomething) {
 }
 
 TEST_F(frmZVMonitorTest, ClosingAsksAndEndsOnlyOnAccept) {
-    const QString titulo = QStringLiteral("Cerrar aplicativo");
-    const QString texto = QStringLiteral("¿Desea cerrar ZVMonitor?");
+    const QString titulo = u"Cerrar aplicativo"_s;
+    const QString texto = u"¿Desea cerrar ZVMonitor?"_s;
     controles.Poner(&EstadoControles::timerCola, true);
     dialogos.EsperaMensaje(titulo, texto, resultado::kCancelar, 1);
     QTest::mouseClick(D().btnW[1], Qt::LeftButton);
@@ -205,16 +205,16 @@ TEST_F(frmZVMonitorTest, NothingToTouchIsSmallerThanAFinger) {
 }
 
 TEST_F(frmZVMonitorTest, CaptionsComeFromTheLanguageFile) {
-    QFile fichero(carpeta.filePath(QStringLiteral("RWLang.ini")));
+    QFile fichero(carpeta.filePath(u"RWLang.ini"_s));
     ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
     fichero.write("[GEN]\r\nFrmCaption=Till\r\n[frmZVMonitor]\r\nboton_2=Give change\r\n"
                   "btnModo_1=By hand\r\n");
     fichero.close();
     pantalla->Traducir();
-    EXPECT_EQ(pantalla->windowTitle(), QStringLiteral("Till"));
-    EXPECT_EQ(D().boton[2]->text(), QStringLiteral("Give\nchange"));
-    EXPECT_EQ(D().btnModo[1]->text(), QStringLiteral("By hand"));
-    EXPECT_EQ(D().boton[0]->text(), QStringLiteral("Registro"));
+    EXPECT_EQ(pantalla->windowTitle(), u"Till"_s);
+    EXPECT_EQ(D().boton[2]->text(), u"Give\nchange"_s);
+    EXPECT_EQ(D().btnModo[1]->text(), u"By hand"_s);
+    EXPECT_EQ(D().boton[0]->text(), u"Registro"_s);
 }
 
 } // namespace zv::test

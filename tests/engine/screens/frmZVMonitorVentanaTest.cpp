@@ -1,5 +1,6 @@
 // The main screen as a window: its timers, dragging, resizing, the focus, the cells as painted.
 #include "BancoPantalla.h"
+#include "platform/StringLiterals.h"
 
 #include <QKeyEvent>
 #include <QTimer>
@@ -160,7 +161,7 @@ TEST_F(frmZVMonitorVentanaTest, EveryCellOfAManualRowIsRed) {
     configuracio->COLTERMINAL = 1;
     pantalla->PrepararGrid();
     PonerFila(100);
-    PonerFila(100, QStringLiteral("T1"), true);
+    PonerFila(100, u"T1"_s, true);
     Mostrar();
     const QColor rojo(255, 0, 0);
     for (const int columna : {2, 3, 6, 9}) {

@@ -2,6 +2,7 @@
 #include "simulator/screens/frmSimulador.h"
 
 #include "../Banco.h"
+#include "platform/StringLiterals.h"
 #include "simulator/screens/BotonPieza.h"
 #include "simulator/screens/Textos.h"
 #include "simulator/screens/frmFallos.h"
@@ -23,12 +24,12 @@ using test::Esperar;
 namespace {
 
 TEST(Textos, WriteAmountsTheSpanishWay) {
-    EXPECT_EQ(TextoImporte(0), QStringLiteral("0,00 €"));
-    EXPECT_EQ(TextoImporte(5), QStringLiteral("0,05 €"));
-    EXPECT_EQ(TextoImporte(123456), QStringLiteral("1.234,56 €"));
-    EXPECT_EQ(TextoImporte(-100000000), QStringLiteral("-1.000.000,00 €"));
-    EXPECT_EQ(TextoPieza(50), QStringLiteral("50 c"));
-    EXPECT_EQ(TextoPieza(20000), QStringLiteral("200 €"));
+    EXPECT_EQ(TextoImporte(0), u"0,00 €"_s);
+    EXPECT_EQ(TextoImporte(5), u"0,05 €"_s);
+    EXPECT_EQ(TextoImporte(123456), u"1.234,56 €"_s);
+    EXPECT_EQ(TextoImporte(-100000000), u"-1.000.000,00 €"_s);
+    EXPECT_EQ(TextoPieza(50), u"50 c"_s);
+    EXPECT_EQ(TextoPieza(20000), u"200 €"_s);
 }
 
 class Ventana : public testing::Test {
@@ -36,7 +37,7 @@ class Ventana : public testing::Test {
     Ventana() {
         Opciones opciones;
         opciones.carpeta = carpeta_.path();
-        opciones.traza = carpeta_.filePath(QStringLiteral("traza"));
+        opciones.traza = carpeta_.filePath(u"traza"_s);
         simulador = std::make_unique<Simulador>(std::move(opciones));
         QString error;
         arrancado_ = simulador->Arrancar(error);
@@ -53,7 +54,7 @@ class Ventana : public testing::Test {
     }
     QString Texto(const char* nombre) const { return Hallar<QLabel>(nombre)->text(); }
     BotonPieza* Pieza(qint32 valor) const {
-        return ventana->findChild<BotonPieza*>(QStringLiteral("pieza_%1").arg(valor));
+        return ventana->findChild<BotonPieza*>(u"pieza_%1"_s.arg(valor));
     }
     // Starts an operation and waits until the window takes money for it.
     void Empezar(const Operacion& op) {
@@ -75,9 +76,9 @@ class Ventana : public testing::Test {
 };
 
 TEST_F(Ventana, AtRestTakesNoMoneyAndShowsTheTotal) {
-    EXPECT_EQ(Texto("saldo"), QStringLiteral("427,60 €"));
-    EXPECT_EQ(Texto("titulo"), QStringLiteral("En espera"));
-    EXPECT_TRUE(Texto("enlace").contains(QStringLiteral("sin monitor")));
+    EXPECT_EQ(Texto("saldo"), u"427,60 €"_s);
+    EXPECT_EQ(Texto("titulo"), u"En espera"_s);
+    EXPECT_TRUE(Texto("enlace").contains(u"sin monitor"_s));
     EXPECT_FALSE(Pieza(100)->isEnabled());
     EXPECT_FALSE(Hallar<QPushButton>("cancelar")->isEnabled());
     EXPECT_FALSE(Hallar<QPushButton>("terminar")->isEnabled());
@@ -85,14 +86,14 @@ TEST_F(Ventana, AtRestTakesNoMoneyAndShowsTheTotal) {
 
 TEST_F(Ventana, TouchedMoneyPaysTheCharge) {
     Empezar(Pedir(Metodo::Cobro, 1250));
-    EXPECT_EQ(Texto("titulo"), QStringLiteral("Cobro"));
-    EXPECT_EQ(Texto("pedido"), QStringLiteral("12,50 €"));
+    EXPECT_EQ(Texto("titulo"), u"Cobro"_s);
+    EXPECT_EQ(Texto("pedido"), u"12,50 €"_s);
     Pieza(2000)->click();
     ASSERT_TRUE(Acabada());
-    EXPECT_EQ(Texto("entrado"), QStringLiteral("20,00 €"));
-    EXPECT_EQ(Texto("salido"), QStringLiteral("7,50 €"));
-    EXPECT_EQ(Texto("estado"), QStringLiteral("Terminada (sin acuse)"));
-    EXPECT_EQ(Texto("saldo"), QStringLiteral("440,10 €"));
+    EXPECT_EQ(Texto("entrado"), u"20,00 €"_s);
+    EXPECT_EQ(Texto("salido"), u"7,50 €"_s);
+    EXPECT_EQ(Texto("estado"), u"Terminada (sin acuse)"_s);
+    EXPECT_EQ(Texto("saldo"), u"440,10 €"_s);
 }
 
 TEST_F(Ventana, TheCancelKeyGivesTheMoneyBack) {
@@ -101,9 +102,9 @@ TEST_F(Ventana, TheCancelKeyGivesTheMoneyBack) {
     Pieza(1000)->click();
     Hallar<QPushButton>("cancelar")->click();
     ASSERT_TRUE(Acabada());
-    EXPECT_EQ(Texto("estado"), QStringLiteral("Cancelada (sin acuse)"));
-    EXPECT_EQ(Texto("salido"), QStringLiteral("10,00 €"));
-    EXPECT_EQ(Texto("saldo"), QStringLiteral("427,60 €"));
+    EXPECT_EQ(Texto("estado"), u"Cancelada (sin acuse)"_s);
+    EXPECT_EQ(Texto("salido"), u"10,00 €"_s);
+    EXPECT_EQ(Texto("saldo"), u"427,60 €"_s);
 }
 
 TEST_F(Ventana, TheEndKeyKeepsTheFloat) {
@@ -112,35 +113,36 @@ TEST_F(Ventana, TheEndKeyKeepsTheFloat) {
     ASSERT_TRUE(Hallar<QPushButton>("terminar")->isEnabled());
     Hallar<QPushButton>("terminar")->click();
     ASSERT_TRUE(Acabada());
-    EXPECT_EQ(Texto("saldo"), QStringLiteral("432,60 €"));
+    EXPECT_EQ(Texto("saldo"), u"432,60 €"_s);
 }
 
 TEST_F(Ventana, ADeviceErrorIsTold) {
     Hallar<QPushButton>("fallos")->click();
     auto* const dialogo = ventana->findChild<frmFallos*>();
     ASSERT_NE(dialogo, nullptr);
-    dialogo->findChild<QPushButton*>(QStringLiteral("todo#1:atasco"))->click();
-    EXPECT_EQ(Hallar<QPushButton>("fallos")->text(), QStringLiteral("Fallos… (1)"));
+    dialogo->findChild<QPushButton*>(u"todo#1:atasco"_s)->click();
+    EXPECT_EQ(Hallar<QPushButton>("fallos")->text(), u"Fallos… (1)"_s);
     Empezar(Pedir(Metodo::Cobro, 1000));
     Pieza(1000)->click();
     ASSERT_TRUE(Acabada());
-    EXPECT_EQ(Texto("estado"), QStringLiteral("Error 12: Pieza atascada (sin acuse)"));
-    EXPECT_EQ(Hallar<QPushButton>("fallos")->text(), QStringLiteral("Fallos…"));
+    EXPECT_EQ(Texto("estado"), u"Error 12: Pieza atascada (sin acuse)"_s);
+    EXPECT_EQ(Hallar<QPushButton>("fallos")->text(), u"Fallos…"_s);
 }
 
 TEST_F(Ventana, EveryFaultOfTheMenuIsARule) {
     frmFallos dialogo(*simulador);
     int reglas = 0;
     for (QPushButton* const boton : dialogo.findChildren<QPushButton*>()) {
-        if (!boton->objectName().contains(QLatin1Char(':')))
+        if (!boton->objectName().contains(QLatin1Char(':'))) {
             continue;
+        }
         boton->click();
         ++reglas;
         EXPECT_EQ(simulador->LosFallos().Pendientes().size(), reglas)
             << boton->objectName().toStdString();
     }
     EXPECT_EQ(reglas, 17);
-    dialogo.findChild<QPushButton*>(QStringLiteral("quitar"))->click();
+    dialogo.findChild<QPushButton*>(u"quitar"_s)->click();
     EXPECT_TRUE(simulador->LosFallos().Vacio());
 }
 
@@ -149,21 +151,21 @@ TEST_F(Ventana, ACustomerCanBePutToWork) {
     auto* const cliente = Hallar<QComboBox>("cliente");
     cliente->setCurrentIndex(cliente->findData(static_cast<int>(Guion::Exacto)));
     ASSERT_TRUE(Acabada());
-    EXPECT_EQ(Texto("entrado"), QStringLiteral("12,50 €"));
+    EXPECT_EQ(Texto("entrado"), u"12,50 €"_s);
 }
 
 TEST_F(Ventana, ABoxTakenByHandStillCountsUntilItIsReconciled) {
     Empezar(Pedir(Metodo::Cobro, 10000));
     Pieza(10000)->click();
     ASSERT_TRUE(Acabada());
-    EXPECT_EQ(Texto("cajon_1"), QStringLiteral("100,00 €"));
+    EXPECT_EQ(Texto("cajon_1"), u"100,00 €"_s);
     auto* const retirar = Hallar<QPushButton>("retirar_1");
     ASSERT_TRUE(retirar->isEnabled());
     EXPECT_FALSE(Hallar<QPushButton>("retirar_0")->isEnabled());
     retirar->click();
     ASSERT_TRUE(Esperar([&] { return !retirar->isEnabled(); }));
-    EXPECT_EQ(retirar->text(), QStringLiteral("Retirado"));
-    EXPECT_EQ(Texto("saldo"), QStringLiteral("527,60 €"));
+    EXPECT_EQ(retirar->text(), u"Retirado"_s);
+    EXPECT_EQ(Texto("saldo"), u"527,60 €"_s);
 }
 
 TEST_F(Ventana, ListsWhatHappensNewestFirstWithoutStampsForPrograms) {
@@ -171,8 +173,8 @@ TEST_F(Ventana, ListsWhatHappensNewestFirstWithoutStampsForPrograms) {
     Pieza(1000)->click();
     const auto* const sucesos = Hallar<QListWidget>("sucesos");
     ASSERT_EQ(sucesos->count(), 2);
-    EXPECT_TRUE(sucesos->item(0)->text().endsWith(QStringLiteral("  entra 1000")));
-    EXPECT_TRUE(sucesos->item(1)->text().endsWith(QStringLiteral("  inicio charge.start 1250")));
+    EXPECT_TRUE(sucesos->item(0)->text().endsWith(u"  entra 1000"_s));
+    EXPECT_TRUE(sucesos->item(1)->text().endsWith(u"  inicio charge.start 1250"_s));
 }
 
 TEST_F(Ventana, NothingToTouchIsTooSmallOnASmallScreen) {
@@ -181,8 +183,9 @@ TEST_F(Ventana, NothingToTouchIsTooSmallOnASmallScreen) {
     QCoreApplication::processEvents();
     EXPECT_EQ(ventana->size(), QSize(1024, 768)); // nothing asks for more
     for (const QAbstractButton* const boton : ventana->findChildren<QAbstractButton*>()) {
-        if (!boton->isVisible())
+        if (!boton->isVisible()) {
             continue;
+        }
         EXPECT_GE(boton->width(), tema::kToqueMinimo) << boton->objectName().toStdString();
         EXPECT_GE(boton->height(), tema::kToqueMinimo) << boton->objectName().toStdString();
         EXPECT_FALSE(boton->accessibleName().isEmpty() && boton->text().isEmpty());

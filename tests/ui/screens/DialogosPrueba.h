@@ -1,6 +1,7 @@
 // The dialogs of the screen over a language folder of the test's own, in Spanish money.
 #pragma once
 
+#include "platform/StringLiterals.h"
 #include "support/AlAbrir.h"
 #include "support/CarpetaTemporal.h"
 #include "support/ImprimeQt.h"
@@ -23,14 +24,15 @@ class DialogosPrueba : public testing::Test {
     static void SetUpTestSuite() { tema::Aplicar(*qApp); }
 
     void Fichero(const QString& texto) {
-        carpeta_.Pon(QStringLiteral("RWLang.ini"), "\xef\xbb\xbf" + texto.toUtf8());
+        carpeta_.Pon(u"RWLang.ini"_s, "\xef\xbb\xbf" + texto.toUtf8());
     }
     // A control by its name, which must be there.
     template <typename T>
     static T& Control(QWidget& pantalla, const char* nombre) {
         auto* control = pantalla.findChild<T*>(QString::fromLatin1(nombre));
-        if (control == nullptr)
+        if (control == nullptr) {
             throw std::runtime_error(nombre);
+        }
         return *control;
     }
     static QAbstractButton& Boton(QWidget& pantalla, const char* nombre) {
@@ -52,8 +54,9 @@ class DialogosPrueba : public testing::Test {
         QCoreApplication::processEvents();
         for (QAbstractButton* boton : pantalla.findChildren<QAbstractButton*>()) {
             const std::string nombre = boton->objectName().toStdString();
-            if (!boton->isVisible())
+            if (!boton->isVisible()) {
                 continue;
+            }
             EXPECT_GE(boton->width(), tema::kToqueMinimo) << nombre;
             EXPECT_GE(boton->height(), tema::kToqueMinimo) << nombre;
             EXPECT_FALSE(boton->accessibleName().isEmpty() && boton->text().isEmpty()) << nombre;
@@ -65,10 +68,9 @@ class DialogosPrueba : public testing::Test {
     CarpetaTemporal carpeta_;
     Textos textos_{carpeta_.Ruta()};
     quint8 multiplicador_ = 100;
-    Importes importes_{FormatoRegional(QStringLiteral("es_ES")), [this] { return multiplicador_; }};
+    Importes importes_{FormatoRegional(u"es_ES"_s), [this] { return multiplicador_; }};
     QWidget ventana_;
-    DialogosPantalla dialogos_{QStringLiteral("ZVMonitor"), textos_, importes_,
-                               [this] { return &ventana_; }};
+    DialogosPantalla dialogos_{u"ZVMonitor"_s, textos_, importes_, [this] { return &ventana_; }};
 };
 
 } // namespace zv::test

@@ -1,4 +1,5 @@
 // The shared dialogs in English: nothing of them stays Spanish.
+#include "platform/StringLiterals.h"
 #include "support/PantallaInglesa.h"
 #include "ui/screens/DialogosPrueba.h"
 #include "ui/screens/frmCash.h"
@@ -25,7 +26,7 @@ TEST_F(IdiomaInglesTest, MessageDialog) {
     ComprobarEnIngles(castellana, inglesa);
     castellana.PonerEstilo(0);
     inglesa.PonerEstilo(0);
-    EXPECT_EQ(Boton(inglesa, "boton_1").text(), QStringLiteral("OK"));
+    EXPECT_EQ(Boton(inglesa, "boton_1").text(), u"OK"_s);
 }
 
 TEST_F(IdiomaInglesTest, TextPrompt) {
@@ -44,19 +45,18 @@ TEST_F(IdiomaInglesTest, ChoiceOfPrintouts) {
     frmImpresio castellana(textos_);
     frmImpresio inglesa(ingleses_);
     ComprobarEnIngles(castellana, inglesa);
-    EXPECT_EQ(inglesa.Titulo(), QStringLiteral("Print"));
+    EXPECT_EQ(inglesa.Titulo(), u"Print"_s);
 }
 
 TEST_F(IdiomaInglesTest, PlainBox) {
-    DialogosPantalla dialogos(QStringLiteral("ZVMonitor"), ingleses_, importes_,
-                              [this] { return &ventana_; });
+    DialogosPantalla dialogos(u"ZVMonitor"_s, ingleses_, importes_, [this] { return &ventana_; });
     QString caption;
     AlAbrir abrir([&caption](QDialog& caja) {
         caption = caja.findChild<QAbstractButton*>()->text();
         caja.done(0);
     });
-    dialogos.CajaSimple(QStringLiteral("Error"));
-    EXPECT_EQ(caption, QStringLiteral("OK"));
+    dialogos.CajaSimple(u"Error"_s);
+    EXPECT_EQ(caption, u"OK"_s);
 }
 
 } // namespace

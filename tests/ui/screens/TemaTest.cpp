@@ -1,6 +1,7 @@
 // The theme: icons that are never blank, readable colours, sizes for a finger.
 #include "ui/screens/Tema.h"
 
+#include "platform/StringLiterals.h"
 #include "support/CarpetaTemporal.h"
 #include "support/ImprimeQt.h"
 
@@ -19,8 +20,9 @@ namespace {
 int Pintados(const QImage& imagen) {
     int n = 0;
     for (int y = 0; y < imagen.height(); ++y) {
-        for (int x = 0; x < imagen.width(); ++x)
+        for (int x = 0; x < imagen.width(); ++x) {
             n += qAlpha(imagen.pixel(x, y)) > 128 ? 1 : 0;
+        }
     }
     return n;
 }
@@ -35,8 +37,9 @@ QColor ColorDe(const QImage& imagen) {
     QRgb mejor = 0;
     for (int y = 0; y < imagen.height(); ++y) {
         for (int x = 0; x < imagen.width(); ++x) {
-            if (qAlpha(imagen.pixel(x, y)) > qAlpha(mejor))
+            if (qAlpha(imagen.pixel(x, y)) > qAlpha(mejor)) {
                 mejor = imagen.pixel(x, y);
+            }
         }
     }
     return QColor::fromRgb(qRed(mejor), qGreen(mejor), qBlue(mejor));
@@ -58,18 +61,17 @@ double Contraste(const QColor& uno, const QColor& otro) {
 
 CarpetaTemporal CarpetaConIcono() {
     CarpetaTemporal carpeta;
-    carpeta.PonCarpeta(QStringLiteral("actions/22"));
+    carpeta.PonCarpeta(u"actions/22"_s);
     carpeta.Pon(
-        QStringLiteral("actions/22/cuadro.svg"),
+        u"actions/22/cuadro.svg"_s,
         R"(<svg viewBox="0 0 22 22" xmlns="http://www.w3.org/2000/svg"><style>.ColorScheme-Text{color:#232629;}</style><path d="M0 0h22v22H0z" style="fill:currentColor" class="ColorScheme-Text"/></svg>)");
-    carpeta.Pon(QStringLiteral("actions/22/roto.svg"), "<svg no es");
+    carpeta.Pon(u"actions/22/roto.svg"_s, "<svg no es");
     return carpeta;
 }
 
 TEST(TemaTest, IconIsDrawnInTheColourAskedAtTheSizeAsked) {
     const CarpetaTemporal carpeta = CarpetaConIcono();
-    const QImage imagen =
-        Imagen(tema::IconoDe({carpeta.Ruta()}, QStringLiteral("cuadro"), tema::kRojo));
+    const QImage imagen = Imagen(tema::IconoDe({carpeta.Ruta()}, u"cuadro"_s, tema::kRojo));
     EXPECT_EQ(imagen.size(), QSize(32, 32));
     EXPECT_EQ(Pintados(imagen), 32 * 32);
     EXPECT_EQ(ColorDe(imagen), tema::kRojo);
@@ -77,16 +79,15 @@ TEST(TemaTest, IconIsDrawnInTheColourAskedAtTheSizeAsked) {
 
 TEST(TemaTest, IconOfACheckedButtonTakesItsOwnColour) {
     const CarpetaTemporal carpeta = CarpetaConIcono();
-    const QIcon icono =
-        tema::IconoDe({carpeta.Ruta()}, QStringLiteral("cuadro"), tema::kRojo, tema::kTexto);
+    const QIcon icono = tema::IconoDe({carpeta.Ruta()}, u"cuadro"_s, tema::kRojo, tema::kTexto);
     EXPECT_EQ(ColorDe(Imagen(icono, QIcon::Normal, QIcon::On)), tema::kTexto);
     EXPECT_EQ(ColorDe(Imagen(icono, QIcon::Normal, QIcon::Off)), tema::kRojo);
 }
 
 TEST(TemaTest, DisabledIconIsPaler) {
     const CarpetaTemporal carpeta = CarpetaConIcono();
-    const QImage imagen = Imagen(
-        tema::IconoDe({carpeta.Ruta()}, QStringLiteral("cuadro"), tema::kRojo), QIcon::Disabled);
+    const QImage imagen =
+        Imagen(tema::IconoDe({carpeta.Ruta()}, u"cuadro"_s, tema::kRojo), QIcon::Disabled);
     EXPECT_NEAR(qAlpha(imagen.pixel(16, 16)), 0.35 * 255, 3);
 }
 
@@ -95,7 +96,7 @@ TEST(TemaTest, MissingOrBrokenIconIsNeverBlank) {
     for (const char* nombre : {"dialog-ok", "dialog-cancel", "window-close", "window-minimize",
                                "list-add", "list-remove", "go-up", "go-down", "edit-clear",
                                "input-keyboard", "zvmonitor", "no-hay", "roto", "", "../x"}) {
-        const QIcon icono = tema::IconoDe({carpeta.Ruta(), QStringLiteral("/no/existe")},
+        const QIcon icono = tema::IconoDe({carpeta.Ruta(), u"/no/existe"_s},
                                           QString::fromLatin1(nombre), tema::kTexto);
         EXPECT_FALSE(icono.isNull()) << nombre;
         EXPECT_GT(Pintados(Imagen(icono)), 20) << nombre;
@@ -103,8 +104,8 @@ TEST(TemaTest, MissingOrBrokenIconIsNeverBlank) {
 }
 
 TEST(TemaTest, UnknownIconsTellThemselvesApart) {
-    const QImage uno = Imagen(tema::IconoDe({}, QStringLiteral("alfa"), tema::kTexto));
-    const QImage otro = Imagen(tema::IconoDe({}, QStringLiteral("mu"), tema::kTexto));
+    const QImage uno = Imagen(tema::IconoDe({}, u"alfa"_s, tema::kTexto));
+    const QImage otro = Imagen(tema::IconoDe({}, u"mu"_s, tema::kTexto));
     EXPECT_NE(uno, otro);
 }
 
@@ -134,7 +135,7 @@ TEST(TemaTest, StyleSheetNamesNoColourThatDoesNotExist) {
 
 TEST(TemaTest, ButtonsAreLargeEnoughForAFinger) {
     tema::Aplicar(*qApp);
-    QPushButton boton(QStringLiteral("A"));
+    QPushButton boton(u"A"_s);
     boton.ensurePolished();
     EXPECT_GE(boton.sizeHint().height(), tema::kToqueMinimo);
     QToolButton tecla;
@@ -155,28 +156,30 @@ TEST(TemaTest, ButtonsAreLargeEnoughForAFinger) {
 }
 
 TEST(TemaTest, CaptionsBreakTheirLineAtTheMark) {
-    EXPECT_EQ(tema::Rotulo(QStringLiteral("Dar¬Cambio")), QStringLiteral("Dar\nCambio"));
-    EXPECT_EQ(tema::Rotulo(QStringLiteral("Pago")), QStringLiteral("Pago"));
+    EXPECT_EQ(tema::Rotulo(u"Dar¬Cambio"_s), u"Dar\nCambio"_s);
+    EXPECT_EQ(tema::Rotulo(u"Pago"_s), u"Pago"_s);
 }
 
 TEST(TemaTest, LabelTakesTheColourGivenUnderTheStyleSheet) {
     tema::Aplicar(*qApp);
-    QLabel etiqueta(QStringLiteral("\u2588\u2588\u2588"));
+    QLabel etiqueta(u"\u2588\u2588\u2588"_s);
     tema::PonerColorTexto(etiqueta, tema::kVerde);
     etiqueta.resize(120, 40);
     const QImage imagen = etiqueta.grab().toImage();
     bool visto = false;
     for (int y = 0; y < imagen.height() && !visto; ++y) {
-        for (int x = 0; x < imagen.width() && !visto; ++x)
+        for (int x = 0; x < imagen.width() && !visto; ++x) {
             visto = imagen.pixelColor(x, y) == tema::kVerde;
+        }
     }
     EXPECT_TRUE(visto);
 }
 
 TEST(TemaTest, AmountsHaveFiguresOfOneWidth) {
     const QFontMetricsF medida(tema::FuenteImporte(30));
-    for (const QChar cifra : QStringLiteral("123456789"))
+    for (const QChar cifra : u"123456789"_s) {
         EXPECT_EQ(medida.horizontalAdvance(cifra), medida.horizontalAdvance(QLatin1Char('0')));
+    }
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // Captions of a screen from the language file, and keystrokes.
 #include "ui/screens/Traduccion.h"
 
+#include "platform/StringLiterals.h"
 #include "support/CarpetaTemporal.h"
 #include "support/ImprimeQt.h"
 #include "ui/Textos.h"
@@ -24,14 +25,14 @@ namespace {
 class TraduccionTest : public testing::Test {
   protected:
     TraduccionTest() {
-        pantalla_.setObjectName(QStringLiteral("frmPrueba"));
+        pantalla_.setObjectName(u"frmPrueba"_s);
         for (int i = 0; i < 4; ++i) {
-            boton_[i] = Con(new QPushButton(QStringLiteral("Botón %1").arg(i), &pantalla_),
-                            QStringLiteral("boton_%1").arg(i));
+            boton_[i] =
+                Con(new QPushButton(u"Botón %1"_s.arg(i), &pantalla_), u"boton_%1"_s.arg(i));
         }
     }
     void Fichero(const QString& texto) {
-        carpeta_.Pon(QStringLiteral("RWLang.ini"), "\xef\xbb\xbf" + texto.toUtf8());
+        carpeta_.Pon(u"RWLang.ini"_s, "\xef\xbb\xbf" + texto.toUtf8());
     }
     template <typename T>
     T* Con(T* control, const QString& nombre) {
@@ -47,105 +48,103 @@ class TraduccionTest : public testing::Test {
 };
 
 TEST_F(TraduccionTest, WithoutAFileCaptionsStayAndTheTitleIsTheBuiltInOne) {
-    auto* etiqueta = Con(new QLabel(QStringLiteral("Importe"), &pantalla_), QStringLiteral("lb"));
+    auto* etiqueta = Con(new QLabel(u"Importe"_s, &pantalla_), u"lb"_s);
     Traducir();
-    EXPECT_EQ(pantalla_.windowTitle(), QStringLiteral("Zorvex ®"));
-    EXPECT_EQ(boton_[3]->text(), QStringLiteral("Botón 3"));
-    EXPECT_EQ(etiqueta->text(), QStringLiteral("Importe"));
+    EXPECT_EQ(pantalla_.windowTitle(), u"Zorvex ®"_s);
+    EXPECT_EQ(boton_[3]->text(), u"Botón 3"_s);
+    EXPECT_EQ(etiqueta->text(), u"Importe"_s);
 }
 
 TEST_F(TraduccionTest, TitleOfEveryWindowComesFromItsKey) {
-    Fichero(QStringLiteral("[GEN]\r\nFrmCaption=Mi caja\r\n"));
+    Fichero(u"[GEN]\r\nFrmCaption=Mi caja\r\n"_s);
     Traducir();
-    EXPECT_EQ(pantalla_.windowTitle(), QStringLiteral("Mi caja"));
+    EXPECT_EQ(pantalla_.windowTitle(), u"Mi caja"_s);
 }
 
 TEST_F(TraduccionTest, KeyOfAnArraysMemberTranslatesThatMemberOfThatScreenOnly) {
-    Fichero(QStringLiteral("[frmPrueba]\r\nboton_3=Button three\r\n[frmOtra]\r\nboton_1=No\r\n"
-                           "[COMMON]\r\nboton_2=No\r\n"));
+    Fichero(u"[frmPrueba]\r\nboton_3=Button three\r\n[frmOtra]\r\nboton_1=No\r\n"
+            "[COMMON]\r\nboton_2=No\r\n"_s);
     Traducir();
-    EXPECT_EQ(boton_[0]->text(), QStringLiteral("Botón 0"));
-    EXPECT_EQ(boton_[1]->text(), QStringLiteral("Botón 1"));
-    EXPECT_EQ(boton_[2]->text(), QStringLiteral("Botón 2"));
-    EXPECT_EQ(boton_[3]->text(), QStringLiteral("Button three"));
+    EXPECT_EQ(boton_[0]->text(), u"Botón 0"_s);
+    EXPECT_EQ(boton_[1]->text(), u"Botón 1"_s);
+    EXPECT_EQ(boton_[2]->text(), u"Botón 2"_s);
+    EXPECT_EQ(boton_[3]->text(), u"Button three"_s);
 }
 
 TEST_F(TraduccionTest, ImageButtonsLabelsAndCommandButtonsAreTranslatedAtAnyDepth) {
     auto* marco = new QFrame(&pantalla_);
-    auto* etiqueta = Con(new QLabel(QStringLiteral("Título"), marco), QStringLiteral("lbTitulo"));
-    auto* imagen = Con(new QToolButton(marco), QStringLiteral("btnW_1"));
-    imagen->setText(QStringLiteral("Cerrar"));
-    Fichero(QStringLiteral("[frmPrueba]\r\nlbTitulo=Title\r\nbtnW_1=Close\r\n"));
+    auto* etiqueta = Con(new QLabel(u"Título"_s, marco), u"lbTitulo"_s);
+    auto* imagen = Con(new QToolButton(marco), u"btnW_1"_s);
+    imagen->setText(u"Cerrar"_s);
+    Fichero(u"[frmPrueba]\r\nlbTitulo=Title\r\nbtnW_1=Close\r\n"_s);
     Traducir();
-    EXPECT_EQ(etiqueta->text(), QStringLiteral("Title"));
-    EXPECT_EQ(imagen->text(), QStringLiteral("Close"));
+    EXPECT_EQ(etiqueta->text(), u"Title"_s);
+    EXPECT_EQ(imagen->text(), u"Close"_s);
 }
 
 TEST_F(TraduccionTest, OtherKindsOfControlKeepTheirs) {
-    auto* casilla =
-        Con(new QCheckBox(QStringLiteral("Casilla"), &pantalla_), QStringLiteral("chk"));
-    auto* opcion =
-        Con(new QRadioButton(QStringLiteral("Opción"), &pantalla_), QStringLiteral("opt"));
-    auto* caja = Con(new QLineEdit(QStringLiteral("Texto"), &pantalla_), QStringLiteral("tb"));
-    auto* marco = Con(new QGroupBox(QStringLiteral("Marco"), &pantalla_), QStringLiteral("fra"));
-    Fichero(QStringLiteral("[frmPrueba]\r\nchk=x\r\nopt=x\r\ntb=x\r\nfra=x\r\n"));
+    auto* casilla = Con(new QCheckBox(u"Casilla"_s, &pantalla_), u"chk"_s);
+    auto* opcion = Con(new QRadioButton(u"Opción"_s, &pantalla_), u"opt"_s);
+    auto* caja = Con(new QLineEdit(u"Texto"_s, &pantalla_), u"tb"_s);
+    auto* marco = Con(new QGroupBox(u"Marco"_s, &pantalla_), u"fra"_s);
+    Fichero(u"[frmPrueba]\r\nchk=x\r\nopt=x\r\ntb=x\r\nfra=x\r\n"_s);
     Traducir();
-    EXPECT_EQ(casilla->text(), QStringLiteral("Casilla"));
-    EXPECT_EQ(opcion->text(), QStringLiteral("Opción"));
-    EXPECT_EQ(caja->text(), QStringLiteral("Texto"));
-    EXPECT_EQ(marco->title(), QStringLiteral("Marco"));
+    EXPECT_EQ(casilla->text(), u"Casilla"_s);
+    EXPECT_EQ(opcion->text(), u"Opción"_s);
+    EXPECT_EQ(caja->text(), u"Texto"_s);
+    EXPECT_EQ(marco->title(), u"Marco"_s);
 }
 
 TEST_F(TraduccionTest, ControlsOfAnotherWindowAreLeftAlone) {
     QDialog hija(&pantalla_);
-    auto* ajeno = Con(new QPushButton(QStringLiteral("Ajeno"), &hija), QStringLiteral("boton_0"));
-    Fichero(QStringLiteral("[frmPrueba]\r\nboton_0=Mine\r\n"));
+    auto* ajeno = Con(new QPushButton(u"Ajeno"_s, &hija), u"boton_0"_s);
+    Fichero(u"[frmPrueba]\r\nboton_0=Mine\r\n"_s);
     Traducir();
-    EXPECT_EQ(boton_[0]->text(), QStringLiteral("Mine"));
-    EXPECT_EQ(ajeno->text(), QStringLiteral("Ajeno"));
+    EXPECT_EQ(boton_[0]->text(), u"Mine"_s);
+    EXPECT_EQ(ajeno->text(), u"Ajeno"_s);
 }
 
 TEST_F(TraduccionTest, LineBreakMarksOfBothKindsAreShownAsLineBreaks) {
-    Fichero(QStringLiteral("[frmPrueba]\r\nboton_0=Give¬change\r\nboton_1=Pay/CRLF/out\r\n"));
-    boton_[2]->setText(QStringLiteral("Añadir¬Cambio"));
+    Fichero(u"[frmPrueba]\r\nboton_0=Give¬change\r\nboton_1=Pay/CRLF/out\r\n"_s);
+    boton_[2]->setText(u"Añadir¬Cambio"_s);
     Traducir();
-    EXPECT_EQ(boton_[0]->text(), QStringLiteral("Give\nchange"));
-    EXPECT_EQ(boton_[1]->text(), QStringLiteral("Pay\r\nout"));
-    EXPECT_EQ(boton_[2]->text(), QStringLiteral("Añadir\nCambio"));
+    EXPECT_EQ(boton_[0]->text(), u"Give\nchange"_s);
+    EXPECT_EQ(boton_[1]->text(), u"Pay\r\nout"_s);
+    EXPECT_EQ(boton_[2]->text(), u"Añadir\nCambio"_s);
 }
 
 TEST_F(TraduccionTest, StoredCaptionsLoseTheBlanksAtTheirEnds) {
-    boton_[0]->setText(QStringLiteral("  Pago "));
+    boton_[0]->setText(u"  Pago "_s);
     Traducir();
-    EXPECT_EQ(boton_[0]->text(), QStringLiteral("Pago"));
+    EXPECT_EQ(boton_[0]->text(), u"Pago"_s);
 }
 
 TEST_F(TraduccionTest, EmptyEntryEmptiesTheCaption) {
-    Fichero(QStringLiteral("[frmPrueba]\r\nboton_0=\r\n"));
+    Fichero(u"[frmPrueba]\r\nboton_0=\r\n"_s);
     Traducir();
     EXPECT_EQ(boton_[0]->text(), QString());
 }
 
 TEST_F(TraduccionTest, EditedFileTakesEffectAtTheNextOpening) {
-    Fichero(QStringLiteral("[frmPrueba]\r\nboton_0=One\r\n"));
+    Fichero(u"[frmPrueba]\r\nboton_0=One\r\n"_s);
     Traducir();
-    EXPECT_EQ(boton_[0]->text(), QStringLiteral("One"));
-    Fichero(QStringLiteral("[frmPrueba]\r\nboton_0=Two\r\n"));
-    EXPECT_EQ(boton_[0]->text(), QStringLiteral("One"));
+    EXPECT_EQ(boton_[0]->text(), u"One"_s);
+    Fichero(u"[frmPrueba]\r\nboton_0=Two\r\n"_s);
+    EXPECT_EQ(boton_[0]->text(), u"One"_s);
     Traducir();
-    EXPECT_EQ(boton_[0]->text(), QStringLiteral("Two"));
+    EXPECT_EQ(boton_[0]->text(), u"Two"_s);
 }
 
 TEST_F(TraduccionTest, NameReadAloudFollowsTheCaptionOfAPictureButton) {
-    auto* imagen = Con(new QToolButton(&pantalla_), QStringLiteral("btnW_1"));
-    imagen->setAccessibleName(QStringLiteral("Cerrar"));
-    imagen->setToolTip(QStringLiteral("Cerrar"));
+    auto* imagen = Con(new QToolButton(&pantalla_), u"btnW_1"_s);
+    imagen->setAccessibleName(u"Cerrar"_s);
+    imagen->setToolTip(u"Cerrar"_s);
     Traducir();
-    EXPECT_EQ(imagen->accessibleName(), QStringLiteral("Cerrar"));
-    Fichero(QStringLiteral("[frmPrueba]\r\nbtnW_1=Close¬it\r\n"));
+    EXPECT_EQ(imagen->accessibleName(), u"Cerrar"_s);
+    Fichero(u"[frmPrueba]\r\nbtnW_1=Close¬it\r\n"_s);
     Traducir();
-    EXPECT_EQ(imagen->accessibleName(), QStringLiteral("Close it"));
-    EXPECT_EQ(imagen->toolTip(), QStringLiteral("Close it"));
+    EXPECT_EQ(imagen->accessibleName(), u"Close it"_s);
+    EXPECT_EQ(imagen->toolTip(), u"Close it"_s);
 }
 
 class EnviaTeclasTest : public testing::Test {
@@ -165,44 +164,44 @@ class EnviaTeclasTest : public testing::Test {
 };
 
 TEST_F(EnviaTeclasTest, CharactersGoToTheControlWithTheFocus) {
-    EnviaTeclas(QStringLiteral("9,ñ€Ab"));
-    EXPECT_EQ(uno_.text(), QStringLiteral("9,ñ€Ab"));
+    EnviaTeclas(u"9,ñ€Ab"_s);
+    EXPECT_EQ(uno_.text(), u"9,ñ€Ab"_s);
     EXPECT_EQ(otro_.text(), QString());
 }
 
 TEST_F(EnviaTeclasTest, NamedKeysAreSentAsKeys) {
-    EnviaTeclas(QStringLiteral("123{BACKSPACE}{bs}4"));
-    EXPECT_EQ(uno_.text(), QStringLiteral("14"));
-    EnviaTeclas(QStringLiteral("{HOME}{DEL}"));
-    EXPECT_EQ(uno_.text(), QStringLiteral("4"));
-    EnviaTeclas(QStringLiteral("{TAB}7"));
+    EnviaTeclas(u"123{BACKSPACE}{bs}4"_s);
+    EXPECT_EQ(uno_.text(), u"14"_s);
+    EnviaTeclas(u"{HOME}{DEL}"_s);
+    EXPECT_EQ(uno_.text(), u"4"_s);
+    EnviaTeclas(u"{TAB}7"_s);
     EXPECT_TRUE(otro_.hasFocus());
-    EXPECT_EQ(otro_.text(), QStringLiteral("7"));
+    EXPECT_EQ(otro_.text(), u"7"_s);
 }
 
 TEST_F(EnviaTeclasTest, EnterIsTheReturnKey) {
     int veces = 0;
     QObject::connect(&uno_, &QLineEdit::returnPressed, [&veces] { ++veces; });
-    EnviaTeclas(QStringLiteral("{ENTER}"));
+    EnviaTeclas(u"{ENTER}"_s);
     EXPECT_EQ(veces, 1);
 }
 
 TEST_F(EnviaTeclasTest, BracesThemselvesCanBeSent) {
-    EnviaTeclas(QStringLiteral("{{}x{}}"));
-    EXPECT_EQ(uno_.text(), QStringLiteral("{x}"));
+    EnviaTeclas(u"{{}x{}}"_s);
+    EXPECT_EQ(uno_.text(), u"{x}"_s);
     uno_.clear();
-    EnviaTeclas(QStringLiteral("a{"));
-    EXPECT_EQ(uno_.text(), QStringLiteral("a{"));
+    EnviaTeclas(u"a{"_s);
+    EXPECT_EQ(uno_.text(), u"a{"_s);
 }
 
 TEST_F(EnviaTeclasTest, UnknownNameSendsNothing) {
-    EnviaTeclas(QStringLiteral("a{NOHAY}b"));
-    EXPECT_EQ(uno_.text(), QStringLiteral("ab"));
+    EnviaTeclas(u"a{NOHAY}b"_s);
+    EXPECT_EQ(uno_.text(), u"ab"_s);
 }
 
 TEST_F(EnviaTeclasTest, WithoutAFocusNothingHappens) {
     uno_.clearFocus();
-    EnviaTeclas(QStringLiteral("5"));
+    EnviaTeclas(u"5"_s);
     EXPECT_EQ(uno_.text() + otro_.text(), QString());
 }
 

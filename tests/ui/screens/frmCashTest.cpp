@@ -1,5 +1,6 @@
 // The amount prompt.
 #include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
 #include "support/NumeroError.h"
 #include "ui/screens/DialogosPrueba.h"
 
@@ -12,8 +13,7 @@ class frmCashTest : public DialogosPrueba {
     Currency Pedir(std::function<void(QDialog&)> accion, Currency porDefecto = 0,
                    bool sinImporte = false) {
         const AlAbrir abierto(std::move(accion));
-        return dialogos_.PedirImporte(QStringLiteral("Cobro"), QStringLiteral("Importe"),
-                                      porDefecto, sinImporte, cancelado_);
+        return dialogos_.PedirImporte(u"Cobro"_s, u"Importe"_s, porDefecto, sinImporte, cancelado_);
     }
     static QLineEdit& Caja(QDialog& d) { return Control<QLineEdit>(d, "tbImporte"); }
     // Types a text in place of the present one, then presses the key of the index given.
@@ -34,10 +34,10 @@ class frmCashTest : public DialogosPrueba {
 TEST_F(frmCashTest, ShowsTitlePromptAndTheDefaultAsAnAmount) {
     const Currency importe = Pedir(
         [](QDialog& d) {
-            EXPECT_EQ(d.objectName(), QStringLiteral("frmCash"));
-            EXPECT_EQ(Texto(d, "lbTitulo"), QStringLiteral("Cobro"));
-            EXPECT_EQ(Texto(d, "lbImporte"), QStringLiteral("Importe"));
-            EXPECT_EQ(Caja(d).text(), QStringLiteral("1.234,50 €"));
+            EXPECT_EQ(d.objectName(), u"frmCash"_s);
+            EXPECT_EQ(Texto(d, "lbTitulo"), u"Cobro"_s);
+            EXPECT_EQ(Texto(d, "lbImporte"), u"Importe"_s);
+            EXPECT_EQ(Caja(d).text(), u"1.234,50 €"_s);
             EXPECT_EQ(d.focusWidget(), &Caja(d));
             Tocar(d, "teci_11");
         },
@@ -51,9 +51,10 @@ TEST_F(frmCashTest, KeysTypeTheirDigitsInPlaceOfTheDefault) {
         [](QDialog& d) {
             // 7 8 9 4 5 6 1 2 3 0, by their indexes.
             for (const char* tecla : {"teci_7", "teci_8", "teci_0", "teci_1", "teci_2", "teci_3",
-                                      "teci_4", "teci_10", "teci_5", "teci_9"})
+                                      "teci_4", "teci_10", "teci_5", "teci_9"}) {
                 Tocar(d, tecla);
-            EXPECT_EQ(Caja(d).text(), QStringLiteral("7894561,20"));
+            }
+            EXPECT_EQ(Caja(d).text(), u"7894561,20"_s);
             Tocar(d, "teci_11");
         },
         500);
@@ -88,8 +89,9 @@ TEST_F(frmCashTest, KeysHaveTheirCaptionsAndLieLikeATills) {
 
 TEST_F(frmCashTest, BackspaceKeyTakesTheLastCharacter) {
     EXPECT_EQ(Pedir([](QDialog& d) {
-                  for (const char* tecla : {"teci_4", "teci_5", "teci_13", "teci_6", "teci_11"})
+                  for (const char* tecla : {"teci_4", "teci_5", "teci_13", "teci_6", "teci_11"}) {
                       Tocar(d, tecla);
+                  }
               }),
               Currency(1300));
 }
@@ -106,9 +108,9 @@ TEST_F(frmCashTest, KeysWriteIntoTheBoxWhereverTheFocusIs) {
 
 TEST_F(frmCashTest, CommaMachineShowsACommaAndTypedPointsEnterIt) {
     EXPECT_EQ(Pedir([](QDialog& d) {
-                  EXPECT_EQ(Boton(d, "teci_10").text(), QStringLiteral(","));
-                  QTest::keyClicks(&Caja(d), QStringLiteral("12.5"));
-                  EXPECT_EQ(Caja(d).text(), QStringLiteral("12,5"));
+                  EXPECT_EQ(Boton(d, "teci_10").text(), u","_s);
+                  QTest::keyClicks(&Caja(d), u"12.5"_s);
+                  EXPECT_EQ(Caja(d).text(), u"12,5"_s);
                   Tocar(d, "teci_11");
               }),
               Currency(1250));
@@ -117,11 +119,11 @@ TEST_F(frmCashTest, CommaMachineShowsACommaAndTypedPointsEnterIt) {
 TEST_F(frmCashTest, PointMachineShowsAPointAndTypedCommasEnterIt) {
     Region("en_US");
     EXPECT_EQ(Pedir([](QDialog& d) {
-                  EXPECT_EQ(Caja(d).text(), QStringLiteral("$0.00"));
-                  EXPECT_EQ(Boton(d, "teci_10").text(), QStringLiteral("."));
-                  EXPECT_EQ(Boton(d, "teci_10").property("Tag").toString(), QStringLiteral("."));
-                  QTest::keyClicks(&Caja(d), QStringLiteral("12,5"));
-                  EXPECT_EQ(Caja(d).text(), QStringLiteral("12.5"));
+                  EXPECT_EQ(Caja(d).text(), u"$0.00"_s);
+                  EXPECT_EQ(Boton(d, "teci_10").text(), u"."_s);
+                  EXPECT_EQ(Boton(d, "teci_10").property("Tag").toString(), u"."_s);
+                  QTest::keyClicks(&Caja(d), u"12,5"_s);
+                  EXPECT_EQ(Caja(d).text(), u"12.5"_s);
                   Tocar(d, "teci_11");
               }),
               Currency(1250));
@@ -129,13 +131,13 @@ TEST_F(frmCashTest, PointMachineShowsAPointAndTypedCommasEnterIt) {
 
 TEST_F(frmCashTest, EnterEntersAndEscapeCancels) {
     EXPECT_EQ(Pedir([](QDialog& d) {
-                  QTest::keyClicks(&Caja(d), QStringLiteral("7"));
+                  QTest::keyClicks(&Caja(d), u"7"_s);
                   Tecla(d, Qt::Key_Enter);
               }),
               Currency(700));
     EXPECT_FALSE(cancelado_);
     EXPECT_EQ(Pedir([](QDialog& d) {
-                  QTest::keyClicks(&Caja(d), QStringLiteral("7"));
+                  QTest::keyClicks(&Caja(d), u"7"_s);
                   Tecla(d, Qt::Key_Escape);
               }),
               Currency(0));
@@ -216,18 +218,17 @@ TEST_F(frmCashTest, AmountThatOverflowsIsAFailureOfTheCaller) {
 TEST_F(frmCashTest, MultiplierOfZeroIsAFailureBeforeAnythingIsShown) {
     multiplicador_ = 0;
     EXPECT_EQ(NumeroError([this] {
-                  dialogos_.PedirImporte(QStringLiteral("Cobro"), QStringLiteral("Importe"), 0,
-                                         false, cancelado_);
+                  dialogos_.PedirImporte(u"Cobro"_s, u"Importe"_s, 0, false, cancelado_);
               }),
               11);
 }
 
 TEST_F(frmCashTest, CaptionsOfTheKeysAreTranslated) {
-    Fichero(QStringLiteral("[frmCash]\r\nteci_11=Enter\r\nteci_14=No amount\r\n"));
+    Fichero(u"[frmCash]\r\nteci_11=Enter\r\nteci_14=No amount\r\n"_s);
     Pedir([](QDialog& d) {
-        EXPECT_EQ(Boton(d, "teci_11").text(), QStringLiteral("Enter"));
-        EXPECT_EQ(Boton(d, "teci_14").text(), QStringLiteral("No amount"));
-        EXPECT_EQ(Boton(d, "teci_12").text(), QStringLiteral("Cancelar"));
+        EXPECT_EQ(Boton(d, "teci_11").text(), u"Enter"_s);
+        EXPECT_EQ(Boton(d, "teci_14").text(), u"No amount"_s);
+        EXPECT_EQ(Boton(d, "teci_12").text(), u"Cancelar"_s);
         Tocar(d, "teci_12");
     });
 }

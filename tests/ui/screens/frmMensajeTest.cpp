@@ -1,4 +1,5 @@
 // The message dialog and the plain box.
+#include "platform/StringLiterals.h"
 #include "ui/screens/DialogosPrueba.h"
 
 #include <QMessageBox>
@@ -13,22 +14,22 @@ class frmMensajeTest : public DialogosPrueba {};
 
 TEST_F(frmMensajeTest, EmptyTitleShowsOnlyTheProgramsNameWithoutItsFirstTwoCharacters) {
     const AlAbrir abierto([](QDialog& d) {
-        EXPECT_EQ(d.objectName(), QStringLiteral("frmMensaje"));
-        EXPECT_EQ(Texto(d, "lbTitulo"), QStringLiteral("Monitor"));
-        EXPECT_EQ(Texto(d, "lbTexto"), QStringLiteral("Hola"));
-        EXPECT_EQ(d.windowTitle(), QStringLiteral("Zorvex ®"));
+        EXPECT_EQ(d.objectName(), u"frmMensaje"_s);
+        EXPECT_EQ(Texto(d, "lbTitulo"), u"Monitor"_s);
+        EXPECT_EQ(Texto(d, "lbTexto"), u"Hola"_s);
+        EXPECT_EQ(d.windowTitle(), u"Zorvex ®"_s);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), QStringLiteral("Hola"), 0);
+    dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
 }
 
 TEST_F(frmMensajeTest, TitleFollowsTheProgramsName) {
-    DialogosPantalla otro(QStringLiteral("XXCaja"), textos_, importes_);
+    DialogosPantalla otro(u"XXCaja"_s, textos_, importes_);
     const AlAbrir abierto([](QDialog& d) {
-        EXPECT_EQ(Texto(d, "lbTitulo"), QStringLiteral("Caja - Atención"));
+        EXPECT_EQ(Texto(d, "lbTitulo"), u"Caja - Atención"_s);
         Tocar(d, "boton_1");
     });
-    otro.MostrarMensaje(QStringLiteral("Atención"), QStringLiteral("Hola"));
+    otro.MostrarMensaje(u"Atención"_s, u"Hola"_s);
 }
 
 TEST_F(frmMensajeTest, StylesOfOneButtonShowItInThePlaceOfTheSecondAndReturn1) {
@@ -38,18 +39,17 @@ TEST_F(frmMensajeTest, StylesOfOneButtonShowItInThePlaceOfTheSecondAndReturn1) {
             sitio = Boton(d, "boton_1").pos();
             Tocar(d, "boton_1");
         });
-        dialogos_.MostrarMensaje(QStringLiteral("T"), QStringLiteral("Hola"), 1);
+        dialogos_.MostrarMensaje(u"T"_s, u"Hola"_s, 1);
     }
     for (const int estilo : {0, 16, 32, 48, 64}) {
         const AlAbrir abierto([sitio](QDialog& d) {
             EXPECT_FALSE(Boton(d, "boton_0").isVisible());
             EXPECT_TRUE(Boton(d, "boton_1").isVisible());
-            EXPECT_EQ(Boton(d, "boton_1").text(), QStringLiteral("Aceptar"));
+            EXPECT_EQ(Boton(d, "boton_1").text(), u"Aceptar"_s);
             EXPECT_EQ(Boton(d, "boton_1").pos(), sitio);
             Tocar(d, "boton_1");
         });
-        EXPECT_EQ(dialogos_.MostrarMensaje(QStringLiteral("T"), QStringLiteral("Hola"), estilo), 1)
-            << estilo;
+        EXPECT_EQ(dialogos_.MostrarMensaje(u"T"_s, u"Hola"_s, estilo), 1) << estilo;
     }
 }
 
@@ -64,11 +64,11 @@ TEST_F(frmMensajeTest, EachStyleReturnsTheNumbersOfItsButtons) {
         for (const char* boton : {"boton_0", "boton_1"}) {
             const AlAbrir abierto([boton](QDialog& d) {
                 EXPECT_TRUE(Boton(d, "boton_0").isVisible());
-                EXPECT_EQ(Boton(d, "boton_0").text(), QStringLiteral("Aceptar"));
-                EXPECT_EQ(Boton(d, "boton_1").text(), QStringLiteral("Cancelar"));
+                EXPECT_EQ(Boton(d, "boton_0").text(), u"Aceptar"_s);
+                EXPECT_EQ(Boton(d, "boton_1").text(), u"Cancelar"_s);
                 Tocar(d, boton);
             });
-            EXPECT_EQ(dialogos_.MostrarMensaje(QString(), QStringLiteral("¿?"), caso.estilo),
+            EXPECT_EQ(dialogos_.MostrarMensaje(QString(), u"¿?"_s, caso.estilo),
                       boton == std::string("boton_0") ? caso.primero : caso.segundo)
                 << caso.estilo << boton;
         }
@@ -78,14 +78,14 @@ TEST_F(frmMensajeTest, EachStyleReturnsTheNumbersOfItsButtons) {
 TEST_F(frmMensajeTest, EnterPressesTheVisibleDefaultButton) {
     for (const auto& [estilo, respuesta] : {std::pair{0, 1}, {1, 1}, {4, 6}, {5, 4}}) {
         const AlAbrir abierto([](QDialog& d) { Tecla(d, Qt::Key_Return); });
-        EXPECT_EQ(dialogos_.MostrarMensaje(QString(), QStringLiteral("¿?"), estilo), respuesta);
+        EXPECT_EQ(dialogos_.MostrarMensaje(QString(), u"¿?"_s, estilo), respuesta);
     }
 }
 
 TEST_F(frmMensajeTest, EscapePressesTheSecondButton) {
     for (const auto& [estilo, respuesta] : {std::pair{0, 1}, {1, 2}, {4, 7}, {5, 2}}) {
         const AlAbrir abierto([](QDialog& d) { Tecla(d, Qt::Key_Escape); });
-        EXPECT_EQ(dialogos_.MostrarMensaje(QString(), QStringLiteral("¿?"), estilo), respuesta);
+        EXPECT_EQ(dialogos_.MostrarMensaje(QString(), u"¿?"_s, estilo), respuesta);
     }
 }
 
@@ -93,29 +93,28 @@ TEST_F(frmMensajeTest, ClosingRefusesWhereThereIsAChoiceAndIsNoAnswerWhereThereI
     for (const auto& [estilo, respuesta] : {std::pair{0, 0}, {64, 0}, {1, 2}, {4, 7}, {5, 2}}) {
         {
             const AlAbrir abierto([](QDialog& d) { Tocar(d, "btnW_1"); });
-            EXPECT_EQ(dialogos_.MostrarMensaje(QString(), QStringLiteral("¿?"), estilo), respuesta);
+            EXPECT_EQ(dialogos_.MostrarMensaje(QString(), u"¿?"_s, estilo), respuesta);
         }
         const AlAbrir abierto([](QDialog& d) { d.close(); });
-        EXPECT_EQ(dialogos_.MostrarMensaje(QString(), QStringLiteral("¿?"), estilo), respuesta);
+        EXPECT_EQ(dialogos_.MostrarMensaje(QString(), u"¿?"_s, estilo), respuesta);
     }
 }
 
 TEST_F(frmMensajeTest, CaptionOfTheOnlyButtonComesFromItsCommonKey) {
-    Fichero(
-        QStringLiteral("[COMMON]\r\nboton_0=OK\r\n[frmMensaje]\r\nboton_0=Yes\r\nboton_1=No\r\n"));
+    Fichero(u"[COMMON]\r\nboton_0=OK\r\n[frmMensaje]\r\nboton_0=Yes\r\nboton_1=No\r\n"_s);
     {
         const AlAbrir abierto([](QDialog& d) {
-            EXPECT_EQ(Boton(d, "boton_1").text(), QStringLiteral("OK"));
+            EXPECT_EQ(Boton(d, "boton_1").text(), u"OK"_s);
             Tocar(d, "boton_1");
         });
-        dialogos_.MostrarMensaje(QString(), QStringLiteral("Hola"), 0);
+        dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
     }
     const AlAbrir abierto([](QDialog& d) {
-        EXPECT_EQ(Boton(d, "boton_0").text(), QStringLiteral("Yes"));
-        EXPECT_EQ(Boton(d, "boton_1").text(), QStringLiteral("No"));
+        EXPECT_EQ(Boton(d, "boton_0").text(), u"Yes"_s);
+        EXPECT_EQ(Boton(d, "boton_1").text(), u"No"_s);
         Tocar(d, "boton_0");
     });
-    dialogos_.MostrarMensaje(QString(), QStringLiteral("Hola"), 4);
+    dialogos_.MostrarMensaje(QString(), u"Hola"_s, 4);
 }
 
 TEST_F(frmMensajeTest, ShortMessageHasTheLeastSizeAndTheFollowingTextDecidesTheHeight) {
@@ -128,14 +127,14 @@ TEST_F(frmMensajeTest, ShortMessageHasTheLeastSizeAndTheFollowingTextDecidesTheH
             alto = d.height();
             Tocar(d, "boton_1");
         });
-        dialogos_.MostrarMensaje(QString(), QStringLiteral("Hola"), 0);
+        dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
     }
     const AlAbrir abierto([alto](QDialog& d) {
         EXPECT_EQ(d.width(), 373);
         EXPECT_GE(d.height(), alto + 40);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), QStringLiteral("Hola\r\nadiós\r\ny más"), 0);
+    dialogos_.MostrarMensaje(QString(), u"Hola\r\nadiós\r\ny más"_s, 0);
 }
 
 TEST_F(frmMensajeTest, WidthIsWhatTheTitleNeeds) {
@@ -146,12 +145,11 @@ TEST_F(frmMensajeTest, WidthIsWhatTheTitleNeeds) {
         EXPECT_FALSE(titulo.wordWrap());
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QStringLiteral("Un título que pide bastante más ancho"),
-                             QStringLiteral("Hola"), 0);
+    dialogos_.MostrarMensaje(u"Un título que pide bastante más ancho"_s, u"Hola"_s, 0);
 }
 
 TEST_F(frmMensajeTest, LongTextStaysOnTheScreenAndCanBeScrolledToItsEnd) {
-    const QString frase = QStringLiteral("La operación no se ha podido completar. ");
+    const QString frase = u"La operación no se ha podido completar. "_s;
     const AlAbrir abierto([](QDialog& d) {
         QCoreApplication::processEvents();
         EXPECT_TRUE(d.screen()->availableGeometry().contains(d.geometry()));
@@ -163,7 +161,7 @@ TEST_F(frmMensajeTest, LongTextStaysOnTheScreenAndCanBeScrolledToItsEnd) {
         ComprobarTactil(d);
         Tocar(d, "boton_0");
     });
-    EXPECT_EQ(dialogos_.MostrarMensaje(QStringLiteral("Error"), frase.repeated(300), 4), 6);
+    EXPECT_EQ(dialogos_.MostrarMensaje(u"Error"_s, frase.repeated(300), 4), 6);
 }
 
 TEST_F(frmMensajeTest, WordWiderThanTheWindowIsBrokenAndNotCut) {
@@ -181,10 +179,10 @@ TEST_F(frmMensajeTest, WordWiderThanTheWindowIsBrokenAndNotCut) {
 TEST_F(frmMensajeTest, TextIsShownAsItIsAndNotAsMarkUp) {
     const AlAbrir abierto([](QDialog& d) {
         EXPECT_EQ(Control<QLabel>(d, "lbTexto").textFormat(), Qt::PlainText);
-        EXPECT_EQ(Texto(d, "lbTexto"), QStringLiteral("<b>importe</b> & más"));
+        EXPECT_EQ(Texto(d, "lbTexto"), u"<b>importe</b> & más"_s);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), QStringLiteral("<b>importe</b> & más"), 0);
+    dialogos_.MostrarMensaje(QString(), u"<b>importe</b> & más"_s, 0);
 }
 
 TEST_F(frmMensajeTest, IsModalToTheProgramAndAboveAllWindows) {
@@ -194,7 +192,7 @@ TEST_F(frmMensajeTest, IsModalToTheProgramAndAboveAllWindows) {
         ComprobarTactil(d);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), QStringLiteral("Hola"), 1);
+    dialogos_.MostrarMensaje(QString(), u"Hola"_s, 1);
 }
 
 TEST_F(frmMensajeTest, DefaultButtonHasTheFocusAndIsTheFilledOne) {
@@ -203,7 +201,7 @@ TEST_F(frmMensajeTest, DefaultButtonHasTheFocusAndIsTheFilledOne) {
         EXPECT_TRUE(static_cast<QPushButton&>(Boton(d, "boton_0")).isDefault());
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), QStringLiteral("¿?"), 4);
+    dialogos_.MostrarMensaje(QString(), u"¿?"_s, 4);
 }
 
 TEST_F(frmMensajeTest, TimersRunWhileItIsOpen) {
@@ -217,7 +215,7 @@ TEST_F(frmMensajeTest, TimersRunWhileItIsOpen) {
         EXPECT_GT(tics, antes);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), QStringLiteral("Hola"), 0);
+    dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
 }
 
 TEST_F(frmMensajeTest, ComesUpOverItsWindowButNotOverOneThatIsHidden) {
@@ -226,27 +224,27 @@ TEST_F(frmMensajeTest, ComesUpOverItsWindowButNotOverOneThatIsHidden) {
             EXPECT_EQ(d.parentWidget(), nullptr);
             Tocar(d, "boton_1");
         });
-        dialogos_.MostrarMensaje(QString(), QStringLiteral("Hola"), 0);
+        dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
     }
     ventana_.show();
     const AlAbrir abierto([this](QDialog& d) {
         EXPECT_EQ(d.parentWidget(), &ventana_);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), QStringLiteral("Hola"), 0);
+    dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
 }
 
 TEST_F(frmMensajeTest, PlainBoxHasTheProgramsNameTheTextAndOneButton) {
     const AlAbrir abierto([](QDialog& d) {
         auto& caja = dynamic_cast<QMessageBox&>(d);
-        EXPECT_EQ(caja.windowTitle(), QStringLiteral("ZVMonitor"));
-        EXPECT_EQ(caja.text(), QStringLiteral("Error nº 75 - <ruta>"));
+        EXPECT_EQ(caja.windowTitle(), u"ZVMonitor"_s);
+        EXPECT_EQ(caja.text(), u"Error nº 75 - <ruta>"_s);
         EXPECT_EQ(caja.textFormat(), Qt::PlainText);
         ASSERT_EQ(caja.buttons().size(), 1);
-        EXPECT_EQ(caja.buttons().constFirst()->text(), QStringLiteral("Aceptar"));
+        EXPECT_EQ(caja.buttons().constFirst()->text(), u"Aceptar"_s);
         QTest::mouseClick(caja.buttons().constFirst(), Qt::LeftButton);
     });
-    dialogos_.CajaSimple(QStringLiteral("Error nº 75 - <ruta>"));
+    dialogos_.CajaSimple(u"Error nº 75 - <ruta>"_s);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // The text prompt and the choice of printouts.
 #include "ui/screens/frmTexto.h"
 
+#include "platform/StringLiterals.h"
 #include "ui/screens/DialogosPrueba.h"
 #include "ui/screens/frmImpresio.h"
 
@@ -10,7 +11,7 @@ namespace {
 class frmTextoTest : public DialogosPrueba {
   protected:
     QString Pedir(const QString& porDefecto = {}) {
-        return dialogos_.PedirTexto(QStringLiteral("Pago"), QStringLiteral("Concepto"), porDefecto);
+        return dialogos_.PedirTexto(u"Pago"_s, u"Concepto"_s, porDefecto);
     }
     static void Escribir(QDialog& d, const char* texto) {
         QTest::keyClicks(&Control<QLineEdit>(d, "tbTexto"), QString::fromLatin1(texto));
@@ -19,17 +20,17 @@ class frmTextoTest : public DialogosPrueba {
 
 TEST_F(frmTextoTest, ShowsTitleTextAndDefault) {
     const AlAbrir abierto([](QDialog& d) {
-        EXPECT_EQ(d.objectName(), QStringLiteral("frmTexto"));
-        EXPECT_EQ(Texto(d, "lbTitulo"), QStringLiteral("Pago"));
-        EXPECT_EQ(Texto(d, "lbTexto"), QStringLiteral("Concepto"));
-        EXPECT_EQ(Control<QLineEdit>(d, "tbTexto").text(), QStringLiteral("Gasoil"));
-        EXPECT_EQ(Boton(d, "boton_0").text(), QStringLiteral("Aceptar"));
-        EXPECT_EQ(Boton(d, "boton_1").text(), QStringLiteral("Cancelar"));
+        EXPECT_EQ(d.objectName(), u"frmTexto"_s);
+        EXPECT_EQ(Texto(d, "lbTitulo"), u"Pago"_s);
+        EXPECT_EQ(Texto(d, "lbTexto"), u"Concepto"_s);
+        EXPECT_EQ(Control<QLineEdit>(d, "tbTexto").text(), u"Gasoil"_s);
+        EXPECT_EQ(Boton(d, "boton_0").text(), u"Aceptar"_s);
+        EXPECT_EQ(Boton(d, "boton_1").text(), u"Cancelar"_s);
         EXPECT_EQ(d.focusWidget(), &Control<QLineEdit>(d, "tbTexto"));
         ComprobarTactil(d);
         Tocar(d, "boton_0");
     });
-    EXPECT_EQ(Pedir(QStringLiteral("Gasoil")), QStringLiteral("Gasoil"));
+    EXPECT_EQ(Pedir(u"Gasoil"_s), u"Gasoil"_s);
 }
 
 TEST_F(frmTextoTest, TypingReplacesTheDefault) {
@@ -37,7 +38,7 @@ TEST_F(frmTextoTest, TypingReplacesTheDefault) {
         Escribir(d, "Pan");
         Tocar(d, "boton_0");
     });
-    EXPECT_EQ(Pedir(QStringLiteral("Gasoil")), QStringLiteral("Pan"));
+    EXPECT_EQ(Pedir(u"Gasoil"_s), u"Pan"_s);
 }
 
 TEST_F(frmTextoTest, EnterAccepts) {
@@ -45,7 +46,7 @@ TEST_F(frmTextoTest, EnterAccepts) {
         Escribir(d, "Pan");
         Tecla(d, Qt::Key_Return);
     });
-    EXPECT_EQ(Pedir(), QStringLiteral("Pan"));
+    EXPECT_EQ(Pedir(), u"Pan"_s);
 }
 
 TEST_F(frmTextoTest, CancellingInAnyWayReturnsAnEmptyText) {
@@ -91,12 +92,12 @@ TEST_F(frmTextoTest, KeyboardButtonOpensTheKeyboardAndLeavesTheDialogOpen) {
         Escribir(d, "Pan");
         Tocar(d, "boton_0");
     });
-    EXPECT_EQ(Pedir(), QStringLiteral("Pan"));
+    EXPECT_EQ(Pedir(), u"Pan"_s);
     EXPECT_EQ(veces, 1);
 }
 
 TEST_F(frmTextoTest, LongPromptIsNotCut) {
-    const QString largo = QStringLiteral("Introduzca la causa de la anulación. ").repeated(12);
+    const QString largo = u"Introduzca la causa de la anulación. "_s.repeated(12);
     const AlAbrir abierto([](QDialog& d) {
         QCoreApplication::processEvents();
         auto& texto = Control<QLabel>(d, "lbTexto");
@@ -104,15 +105,15 @@ TEST_F(frmTextoTest, LongPromptIsNotCut) {
         ComprobarTactil(d);
         Tocar(d, "boton_0");
     });
-    dialogos_.PedirTexto(QStringLiteral("Anular"), largo);
+    dialogos_.PedirTexto(u"Anular"_s, largo);
 }
 
 TEST_F(frmTextoTest, CaptionsAreTranslatedAndTheDialogIsAboveAllWindows) {
-    Fichero(QStringLiteral("[frmTexto]\r\nboton_0=Accept\r\n[GEN]\r\nFrmCaption=Caja\r\n"));
+    Fichero(u"[frmTexto]\r\nboton_0=Accept\r\n[GEN]\r\nFrmCaption=Caja\r\n"_s);
     const AlAbrir abierto([](QDialog& d) {
-        EXPECT_EQ(Boton(d, "boton_0").text(), QStringLiteral("Accept"));
-        EXPECT_EQ(Boton(d, "boton_1").text(), QStringLiteral("Cancelar"));
-        EXPECT_EQ(d.windowTitle(), QStringLiteral("Caja"));
+        EXPECT_EQ(Boton(d, "boton_0").text(), u"Accept"_s);
+        EXPECT_EQ(Boton(d, "boton_1").text(), u"Cancelar"_s);
+        EXPECT_EQ(d.windowTitle(), u"Caja"_s);
         EXPECT_TRUE(d.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
         Tocar(d, "boton_1");
     });
@@ -145,12 +146,12 @@ TEST_F(frmImpresioTest, LeftOtherwiseItGives0) {
 TEST_F(frmImpresioTest, ShowsItsTexts) {
     frmImpresio pantalla(textos_);
     const AlAbrir abierto([](QDialog& d) {
-        EXPECT_EQ(d.objectName(), QStringLiteral("frmImpresio"));
-        EXPECT_EQ(Texto(d, "lbTitulo"), QStringLiteral("Imprimir"));
-        EXPECT_EQ(Texto(d, "lbTexto"), QStringLiteral("¿Que desea imprimir?"));
-        EXPECT_EQ(Boton(d, "boton_0").text(), QStringLiteral("Resumen Caja"));
-        EXPECT_EQ(Boton(d, "boton_1").text(), QStringLiteral("Listado Movimientos"));
-        EXPECT_EQ(Boton(d, "boton_2").text(), QStringLiteral("Todo"));
+        EXPECT_EQ(d.objectName(), u"frmImpresio"_s);
+        EXPECT_EQ(Texto(d, "lbTitulo"), u"Imprimir"_s);
+        EXPECT_EQ(Texto(d, "lbTexto"), u"¿Que desea imprimir?"_s);
+        EXPECT_EQ(Boton(d, "boton_0").text(), u"Resumen Caja"_s);
+        EXPECT_EQ(Boton(d, "boton_1").text(), u"Listado Movimientos"_s);
+        EXPECT_EQ(Boton(d, "boton_2").text(), u"Todo"_s);
         ComprobarTactil(d);
         Tecla(d, Qt::Key_Return);
     });

@@ -1,0 +1,433 @@
+// Operations, queries and sessions of the gateway client.
+#include "device/gateway/GatewayClient.h"
+
+#include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
+
+#include <QScopeGuard>
+#include <QUuid>
+
+#include <cstdlib>
+#include <limits>
+
+namespace zv {
+
+namespace {
+
+QString NuevoOpId() {
+    return QUuid::createUuid().toString(QUuid::WithoutBraces);
+}
+
+// What is asked, without its sign; the one amount that has no counterpart is cut by a unit.
+qint32 ImporteMostrado(qint32 importe) {
+    return importe == std::numeric_limits<qint32>::min() ? std::numeric_limits<qint32>::max()
+                                                         : std::abs(importe);
+}
+
+} // namespace
+
+GatewayClient::GatewayClient(Log& log, const Textos& textos, VentanaOperacion* ventana,
+                             const GatewayOptions& opciones, FabricaSocket fabrica)
+    : log_(log), textos_(textos), ventana_(ventana), opciones_(opciones),
+      sesion_(std::move(fabrica)) {
+    reposo_.setInterval(opciones_.pingReposo);
+    QObject::connect(&reposo_, &QTimer::timeout, &reposo_, [this] { PingEnReposo(); });
+}
+
+GatewayClient::~GatewayClient() = default;
+
+void GatewayClient::FallarSinConexion() {
+    Fallar(errorpasarela::kEnlacePerdido,
+           Texto("pasarelaNoConectado", u"Zorvex no está conectado"_s));
+}
+
+QString GatewayClient::Texto(const char* clave, const QString& porDefecto) const {
+    return textos_.Traduce(QString::fromLatin1(clave), porDefecto);
+}
+
+void GatewayClient::Fallar(qint16 codigo, const QString& mensaje) {
+    errorCode_ = codigo;
+    errorMessage_ = mensaje;
+}
+
+// ---- sessions
+
+void GatewayClient::Connect(bool& result) {
+    result = false;
+    if (ocupado_) {
+        Fallar(errorpasarela::kEnCurso,
+               Texto("pasarelaEnCurso", u"Zorvex está ocupado con otra operación"_s));
+        return;
+    }
+    Disconnect();
+    if (address_.trimmed().isEmpty()) {
+        Fallar(errorpasarela::kEnlacePerdido,
+               Texto("pasarelaSinDireccion",
+                     u"Falta la dirección IP de Zorvex en la configuración"_s));
+        return;
+    }
+    const std::optional<GatewayAddress> direccion = LeerDireccion(address_);
+    if (!direccion) {
+        Fallar(errorpasarela::kEnlacePerdido,
+               Texto("pasarelaDireccionMala", u"La dirección de Zorvex no es válida:"_s) + u' ' +
+                   address_);
+        return;
+    }
+    direccion_ = *direccion;
+    const std::optional<Saludo> saludo = AbrirYSaludar(opciones_.conexion);
+    if (!saludo) {
+        return;
+    }
+    storeId_ = saludo->storeId;
+    TomarSaludo(*saludo);
+    if (saludo->openOp && !ResolverPendiente(*saludo->openOp)) {
+        sesion_.Cerrar();
+        return;
+    }
+    conectado_ = true;
+    reposo_.start();
+    Bien();
+    result = true;
+}
+
+void GatewayClient::Disconnect() {
+    if (ocupado_) {
+        return;
+    }
+    reposo_.stop();
+    conectado_ = false;
+    sesion_.Cerrar();
+}
+
+// Blocks without the event loop. On failure the link is closed and ErrorCode is 1.
+std::optional<Saludo> GatewayClient::AbrirYSaludar(int milisegundos) {
+    const QDeadlineTimer limite(milisegundos);
+    const QString destino = direccion_.host + u':' + QString::number(direccion_.puerto);
+    sesion_.Abrir(direccion_);
+    if (!sesion_.EsperarConexion(limite)) {
+        sesion_.Cerrar();
+        Fallar(errorpasarela::kEnlacePerdido,
+               Texto("pasarelaNoResponde", u"No se puede conectar con Zorvex en"_s) + u' ' +
+                   destino);
+        return std::nullopt;
+    }
+    const qint64 id = sesion_.Enviar(u"session.hello"_s, ParamsSaludo());
+    const std::optional<RpcMessage> respuesta = sesion_.EsperarRespuesta(id, limite);
+    std::optional<Saludo> saludo;
+    if (!respuesta) {
+        Fallar(errorpasarela::kEnlacePerdido,
+               Texto("pasarelaSinSaludo", u"Zorvex no contesta al saludo de la sesión en"_s) +
+                   u' ' + destino);
+    } else if (respuesta->kind == RpcMessage::Kind::Error) {
+        Fallar(errorpasarela::kEnlacePerdido, respuesta->mensaje);
+    } else {
+        saludo = LeerSaludo(respuesta->resultado);
+        if (!saludo) {
+            Fallar(errorpasarela::kEnlacePerdido,
+                   Texto("pasarelaProtocolo", u"Zorvex ha dado una respuesta que no es válida"_s));
+        }
+    }
+    if (saludo) {
+        sesion_.PonerLista();
+    } else {
+        sesion_.Cerrar();
+    }
+    return saludo;
+}
+
+void GatewayClient::TomarSaludo(const Saludo& saludo) {
+    decimals_ = saludo.decimals;
+    multiplier_ = saludo.multiplier;
+}
+
+// An operation that has ended and waits for its acknowledgement: it goes to the log, unless its
+// amounts are known to the caller already.
+void GatewayClient::Reconocer(const EstadoOperacion& abierta) {
+    if (abierta.opId != ultimaEntregada_) {
+        log_.LogLinea(u">>> Operación pendiente en Zorvex: "_s + TextoEstado(abierta));
+    }
+    sesion_.Enviar(u"op.ack"_s, {{u"opId"_s, abierta.opId}});
+}
+
+// Leaves no open operation behind. False, with ErrorCode 1, when it would not end.
+bool GatewayClient::ResolverPendiente(const EstadoOperacion& abierta) {
+    if (abierta.terminada) {
+        Reconocer(abierta);
+        return true;
+    }
+    GatewayOperation operacion(sesion_, opciones_, EntornoOperacion());
+    opIdActual_ = abierta.opId;
+    operacion.Adoptar(abierta);
+    const GatewayOperation::Fin fin = Correr(operacion, OperationKind::Pendiente, 0, false);
+    if (fin.motivo == GatewayOperation::Fin::Motivo::Terminada) {
+        Reconocer(fin.estado);
+        return true;
+    }
+    log_.LogLinea(u">>> Operación pendiente en Zorvex: "_s + TextoEstado(fin.estado));
+    Fallar(errorpasarela::kEnlacePerdido,
+           Texto("pasarelaPendiente",
+                 u"Zorvex no termina una operación anterior que sigue abierta"_s));
+    return false;
+}
+
+// The one attempt of a query on a link that was lost at rest. Runs no event loop, so an operation
+// that is still running there is left to Connect.
+bool GatewayClient::Reabrir() {
+    if (reapertura_.isValid() && reapertura_.elapsed() < opciones_.pausaReapertura) {
+        return false;
+    }
+    const std::optional<Saludo> saludo = AbrirYSaludar(opciones_.reapertura);
+    const bool bien =
+        saludo && saludo->storeId == storeId_ && (!saludo->openOp || saludo->openOp->terminada);
+    if (!bien) {
+        sesion_.Cerrar();
+        reapertura_.start();
+        return false;
+    }
+    TomarSaludo(*saludo);
+    if (saludo->openOp) {
+        Reconocer(*saludo->openOp);
+    }
+    return true;
+}
+
+// A gateway may close a silent link after 15 s; and a peer that has died without a word is
+// noticed before the next sale.
+void GatewayClient::PingEnReposo() {
+    if (ocupado_ || !sesion_.Lista()) {
+        return;
+    }
+    if (sesion_.MsSinOir() >= opciones_.silencio) {
+        sesion_.Drenar();
+        if (sesion_.MsSinOir() >= opciones_.silencio) {
+            sesion_.Cerrar();
+            return;
+        }
+    }
+    sesion_.Enviar(u"ping"_s);
+}
+
+// ---- long operations
+
+GatewayOperation::Entorno GatewayClient::EntornoOperacion() {
+    return {direccion_, storeId_,
+            textos_.TextoForm(u"frmOperacion"_s, u"Reconectando"_s,
+                              u"Recuperando la comunicación con Zorvex…"_s),
+            [this](const Saludo& saludo) { SaludoEnMarcha(saludo); }};
+}
+
+// A greeting while an operation recovers its link. One that has ended before it and still waits for
+// its acknowledgement would keep this one from starting.
+void GatewayClient::SaludoEnMarcha(const Saludo& saludo) {
+    TomarSaludo(saludo);
+    if (!saludo.openOp || saludo.openOp->opId == opIdActual_ || !saludo.openOp->terminada) {
+        return;
+    }
+    try {
+        Reconocer(*saludo.openOp);
+    } catch (const ErrorEjecucion&) {
+        // No failure may leave through the event loop. Without its log line it has not been
+        // acknowledged either, so the next greeting tells of it again.
+        return;
+    }
+}
+
+// The window comes after the start has gone out: the device need not wait for it.
+GatewayOperation::Fin GatewayClient::Correr(GatewayOperation& operacion, OperationKind kind,
+                                            qint32 importe, bool cancelable) {
+    ocupado_ = true;
+    // Also when the window or the log raises: a later operation must not find this one running.
+    const auto libre = qScopeGuard([this] {
+        ocupado_ = false;
+        opIdActual_.clear();
+    });
+    if (ventana_ != nullptr) {
+        std::function<void()> cancelar;
+        if (cancelable) {
+            cancelar = [&operacion] { operacion.Cancelar(); };
+        }
+        ventana_->Abrir(kind, importe, std::move(cancelar));
+        operacion.MostrarEn(ventana_);
+    }
+    GatewayOperation::Fin fin = operacion.Esperar();
+    if (ventana_ != nullptr) {
+        ventana_->Cerrar();
+    }
+    return fin;
+}
+
+EstadoOperacion GatewayClient::Ejecutar(const QString& metodo, const QJsonObject& params,
+                                        OperationKind kind, qint32 importe, bool& result) {
+    result = false;
+    if (ocupado_) {
+        Fallar(errorpasarela::kEnCurso,
+               Texto("pasarelaEnCurso", u"Zorvex está ocupado con otra operación"_s));
+        return {};
+    }
+    if (!conectado_) {
+        FallarSinConexion();
+        return {};
+    }
+    opIdActual_ = NuevoOpId();
+    const QString opId = opIdActual_;
+    GatewayOperation operacion(sesion_, opciones_, EntornoOperacion());
+    operacion.Iniciar(metodo, opId, params);
+    const GatewayOperation::Fin fin = Correr(operacion, kind, importe, true);
+    TomarFin(fin);
+    if (fin.motivo == GatewayOperation::Fin::Motivo::Terminada) {
+        // The answer is not waited for; an acknowledgement that is lost is repeated after the
+        // next greeting.
+        ultimaEntregada_ = opId;
+        Reconocer(fin.estado);
+        result = fin.estado.ok;
+    }
+    return fin.estado;
+}
+
+void GatewayClient::TomarFin(const GatewayOperation::Fin& fin) {
+    using Motivo = GatewayOperation::Fin::Motivo;
+    const bool sigue = fin.motivo == Motivo::Terminada || fin.motivo == Motivo::Rechazada;
+    if (!sigue) {
+        // Whatever stands at the other end now, the next session begins with a greeting that
+        // looks for it.
+        conectado_ = false;
+        reposo_.stop();
+        sesion_.Cerrar();
+    }
+    switch (fin.motivo) {
+    case Motivo::Terminada:
+        Fallar(fin.estado.errorCode, fin.estado.errorMessage);
+        break;
+    case Motivo::Rechazada:
+        Fallar(fin.codigo > errorpasarela::kEnlacePerdido ? fin.codigo : errorpasarela::kRechazada,
+               fin.mensaje);
+        break;
+    case Motivo::EnlacePerdido:
+        Fallar(errorpasarela::kEnlacePerdido,
+               Texto("pasarelaEnlacePerdido", u"Se ha perdido la comunicación con Zorvex"_s));
+        break;
+    case Motivo::OtroAlmacen:
+        Fallar(errorpasarela::kEnlacePerdido,
+               Texto("pasarelaOtroAlmacen",
+                     u"Tras perder la comunicación ha contestado otro Zorvex"_s));
+        break;
+    case Motivo::Protocolo:
+        Fallar(errorpasarela::kProtocolo,
+               Texto("pasarelaProtocolo", u"Zorvex ha dado una respuesta que no es válida"_s));
+        break;
+    case Motivo::Cerrando:
+        Fallar(errorpasarela::kCerrando,
+               Texto("pasarelaCerrando", u"La aplicación se cierra con la operación en curso"_s));
+        break;
+    case Motivo::NoTermina:
+        Fallar(errorpasarela::kNoTermina,
+               Texto("pasarelaNoTermina", u"Zorvex no ha terminado la operación cancelada"_s));
+        break;
+    }
+}
+
+void GatewayClient::Change(qint32& paidIn, qint32& paidOut, bool& result) {
+    const EstadoOperacion estado =
+        Ejecutar(u"change.start"_s, {}, OperationKind::Cambio, 0, result);
+    paidIn = estado.paidIn;
+    paidOut = estado.paidOut;
+}
+
+void GatewayClient::AddChange(qint32& paidIn, bool& result) {
+    paidIn = Ejecutar(u"addChange.start"_s, {}, OperationKind::MeterCambio, 0, result).paidIn;
+}
+
+void GatewayClient::Pay(qint32 valueInCents, qint32& paidOut, bool& result) {
+    paidOut = Ejecutar(u"pay.start"_s, {{u"value"_s, valueInCents}}, OperationKind::Pago,
+                       ImporteMostrado(valueInCents), result)
+                  .paidOut;
+}
+
+void GatewayClient::Charge(qint32 valueInCents, qint32& paidIn, qint32& paidOut, bool& result) {
+    const EstadoOperacion estado =
+        Ejecutar(u"charge.start"_s, {{u"value"_s, valueInCents}},
+                 valueInCents < 0 ? OperationKind::Abono : OperationKind::Cobro,
+                 ImporteMostrado(valueInCents), result);
+    paidIn = estado.paidIn;
+    paidOut = estado.paidOut;
+}
+
+void GatewayClient::CashBoxControl(qint32 mode, qint32& coinsValueInCB, qint32& notesValueInCB,
+                                   qint32& remainingChange, bool& result) {
+    const EstadoOperacion estado =
+        Ejecutar(u"cashBox.control"_s, {{u"mode"_s, mode}, {u"remainingChange"_s, remainingChange}},
+                 OperationKind::ControlCajones, 0, result);
+    coinsValueInCB = estado.coinsValueInCB;
+    notesValueInCB = estado.notesValueInCB;
+    // Untold, it stays as the caller has it.
+    remainingChange = estado.remainingChange.value_or(remainingChange);
+}
+
+void GatewayClient::EmptyCB(qint32 device, qint32& value, bool& result) {
+    value =
+        Ejecutar(u"box.empty"_s, {{u"device"_s, device}}, OperationKind::VaciadoCajon, 0, result)
+            .value;
+}
+
+// ---- queries
+
+// Blocks for at most opciones.respuesta (and opciones.reapertura). Nothing, with ErrorCode set, on
+// failure; on success ErrorCode is left alone.
+std::optional<QJsonValue> GatewayClient::Consultar(const QString& metodo,
+                                                   const QJsonObject& params) {
+    // While an operation recovers the link, the link is its business.
+    if (!conectado_ && errorCode_ > errorpasarela::kEnlacePerdido) {
+        // The operation that gave the link up has said why. Code 1 in its place would have the
+        // caller send it again.
+        return std::nullopt;
+    }
+    if (!conectado_ || (!sesion_.Lista() && (ocupado_ || !Reabrir()))) {
+        FallarSinConexion();
+        return std::nullopt;
+    }
+    const qint64 id = sesion_.Enviar(metodo, params);
+    const std::optional<RpcMessage> respuesta =
+        sesion_.EsperarRespuesta(id, QDeadlineTimer(opciones_.respuesta));
+    if (!respuesta) {
+        sesion_.Tirar(); // tells an operation that runs
+        Fallar(errorpasarela::kEnlacePerdido,
+               Texto("pasarelaEnlacePerdido", u"Se ha perdido la comunicación con Zorvex"_s));
+        return std::nullopt;
+    }
+    if (respuesta->kind == RpcMessage::Kind::Error) {
+        const QJsonValue dado = respuesta->datos.value(QLatin1String("errorCode"));
+        const qint16 codigo = dado.isDouble() ? AjustarCodigo(dado.toDouble()) : qint16(0);
+        Fallar(codigo > errorpasarela::kEnlacePerdido ? codigo : errorpasarela::kRechazada,
+               respuesta->mensaje);
+        return std::nullopt;
+    }
+    return respuesta->resultado;
+}
+
+void GatewayClient::GetLevels(qint32 levelType, QString& noms, QString& levels, bool& result) {
+    result = false;
+    noms.clear();
+    levels.clear();
+    const std::optional<QJsonValue> valor = Consultar(u"levels.get"_s, {{u"type"_s, levelType}});
+    if (!valor) {
+        return;
+    }
+    const std::optional<GatewayLevels> niveles = LeerNiveles(*valor);
+    if (!niveles) {
+        Fallar(errorpasarela::kProtocolo,
+               Texto("pasarelaProtocolo", u"Zorvex ha dado una respuesta que no es válida"_s));
+        return;
+    }
+    noms = niveles->noms;
+    levels = niveles->levels;
+    result = true;
+}
+
+void GatewayClient::Configuration(bool& result) {
+    result = Consultar(u"device.configuration"_s, {}).has_value();
+    if (result) {
+        Bien();
+    }
+}
+
+} // namespace zv

@@ -1,0 +1,29 @@
+// The platform's private-profile calls: one value of an INI file is read or written, the file is
+// opened and closed for it. What a write does not concern stays as it is, byte for byte.
+#pragma once
+
+#include "platform/IniDocument.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace zv::perfil {
+
+// The whole value by the rules of IniDocument; nothing when file, section or key are absent.
+// Raises 75 for a file that is there and cannot be read.
+std::optional<QString> Leer(const QString& fichero, const QString& seccion, const QString& clave);
+
+// The whole file at once, for a reader of many keys; empty when it is not there. Raises 75
+// likewise.
+IniDocument LeerTodo(const QString& fichero);
+
+// Writes one value and creates file, section and key as needed; the file keeps its encoding, line
+// ends and permissions, but for text of the code page that would look like UTF-8 then: that is made
+// UTF-8. Text behind a line break or a NUL is left out. A value that reads the same
+// already leaves the file alone. After a crash the old or the new file stands. Raises 75 when it
+// cannot be written; then the file is as it was.
+void Escribir(const QString& fichero, const QString& seccion, const QString& clave,
+              const QString& valor);
+
+} // namespace zv::perfil

@@ -1,0 +1,48 @@
+// The process list: who runs under a name, and ending them.
+#pragma once
+
+#include "platform/StringLiterals.h"
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+namespace zv {
+
+class ProcessList {
+  public:
+    virtual ~ProcessList() = default;
+    // Running processes of exactly this file name (no folder), ignoring case.
+    virtual int Contar(const QString& nombre) const = 0;
+    // Asks every process to end whose name, trimmed and in lower case, contains nombre in lower
+    // case; never this one. Errors are ignored; an empty name ends nobody.
+    virtual void Terminar(const QString& nombre) = 0;
+};
+
+// The system's own list, read from /proc.
+class SystemProcessList final : public ProcessList {
+  public:
+    using Fin = std::function<void(qint64 pid)>;
+
+    // procRoot and fin are for tests; by default a process gets SIGTERM.
+    explicit SystemProcessList(QString procRoot = u"/proc"_s, Fin fin = {});
+
+    int Contar(const QString& nombre) const override;
+    void Terminar(const QString& nombre) override;
+
+  private:
+    struct Proceso {
+        qint64 pid;
+        // The program's file, and the script's where an interpreter runs one.
+        QStringList nombres;
+    };
+    QList<Proceso> Lista() const;
+    QStringList Nombres(const QString& carpeta) const;
+
+    QString procRoot_;
+    Fin fin_;
+};
+
+} // namespace zv

@@ -1,0 +1,26 @@
+// One running program per application folder, by a locked file in it. The system releases the lock
+// when the program ends, in whatever way.
+#pragma once
+
+#include "platform/FileDescriptor.h"
+
+#include <QByteArray>
+#include <QString>
+
+namespace zv {
+
+class SingleInstance {
+  public:
+    // carpeta: the application folder.
+    explicit SingleInstance(const QString& carpeta);
+
+    // True if another instance holds the folder. Otherwise this one holds it for as long as the
+    // object lives. False too when the folder takes no lock file: nothing can be told then.
+    bool OtraInstancia();
+
+  private:
+    QByteArray ruta_;
+    FileDescriptor cerrojo_;
+};
+
+} // namespace zv

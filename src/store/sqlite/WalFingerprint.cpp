@@ -1,0 +1,45 @@
+// One look at the file system instead of a statement.
+#include "store/sqlite/WalFingerprint.h"
+
+#include <sys/stat.h>
+
+namespace zv {
+
+namespace {
+
+constexpr qint64 kReposoMs = 2000;
+constexpr qint64 kPreguntaMs = 50; // the longest that a commit may stay unseen
+constexpr qint64 kMsPorSegundo = 1000;
+constexpr qint64 kNsPorMs = 1'000'000;
+
+qint64 Milisegundos(const timespec& hasta, const timespec& desde) {
+    return (hasta.tv_sec - desde.tv_sec) * kMsPorSegundo +
+           (hasta.tv_nsec - desde.tv_nsec) / kNsPorMs;
+}
+
+} // namespace
+
+void WalFingerprint::Vigilar(const QByteArray& ruta) {
+    ruta_ = ruta + "-wal";
+    asentada_ = false;
+}
+
+bool WalFingerprint::HayQuePreguntar() {
+    timespec ahora{};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &ahora);
+    struct stat datos {};
+    const bool existe = ::stat(ruta_.constData(), &datos) == 0;
+    if (existe && asentada_ && datos.st_mtim.tv_sec == modificado_.tv_sec &&
+        datos.st_mtim.tv_nsec == modificado_.tv_nsec &&
+        Milisegundos(ahora, preguntado_) < kPreguntaMs) {
+        return false;
+    }
+    timespec reloj{};
+    clock_gettime(CLOCK_REALTIME_COARSE, &reloj);
+    modificado_ = datos.st_mtim;
+    asentada_ = existe && Milisegundos(reloj, modificado_) > kReposoMs;
+    preguntado_ = ahora;
+    return true;
+}
+
+} // namespace zv

@@ -1,0 +1,10 @@
+// Results of a send, also set by the grouped and the manual charges.
+#pragma once
+
+namespace zv::envio {
+
+inline constexpr int kBien = 0;      // sent and filed, or nothing to do
+inline constexpr int kCancelado = 1; // the row stays in cola
+inline constexpr int kError = 2;     // the row stays in cola
+
+} // namespace zv::envio

@@ -1,0 +1,94 @@
+// Base of the borderless dialogs: a header that drags the window, a title, a close button, and a
+// body that the screen fills. A control's object name is its name in the language file; a member
+// of a control array is "boton_1".
+#pragma once
+
+#include <QDialog>
+#include <QPoint>
+
+#include <functional>
+
+class QFrame;
+class QHBoxLayout;
+class QLabel;
+class QToolButton;
+class QVBoxLayout;
+
+namespace zv {
+
+// Puts a window above all others, or takes it down again. The window stays as it is otherwise: it
+// is neither hidden nor created anew.
+void VentanaEncima(QWidget& ventana, bool activar);
+
+// Right and lower edge of a control: left plus width, top plus height.
+int BordeDerecho(const QWidget& control);
+int BordeInferior(const QWidget& control);
+
+// Moves a window by the controls it is given: pressed with the left button and drawn along.
+class Arrastre final : public QObject {
+    Q_OBJECT
+
+  public:
+    // puede, when given, is asked at each press.
+    explicit Arrastre(QWidget& ventana, std::function<bool()> puede = {});
+    void Añadir(QWidget& asidero);
+
+  protected:
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+  private:
+    QWidget& ventana_;
+    std::function<bool()> puede_;
+    QPoint desde_; // pointer at the press, within the window
+    bool activo_ = false;
+};
+
+class FramelessWindow : public QDialog {
+    Q_OBJECT
+
+  public:
+    void setVisible(bool visible) override;
+
+    // nombre: the screen's name, such as "frmCash". Escape, the close button and the window
+    // system's close all call reject().
+    FramelessWindow(const QString& nombre, QWidget* padre);
+
+    void PonerTitulo(const QString& titulo);
+    QString Titulo() const;
+
+  protected:
+    QFrame* frameCab() { return frameCab_; }
+    QLabel* lbTitulo() { return lbTitulo_; }
+    QToolButton* btnW(int) { return btnCerrar_; }
+    QHBoxLayout* Cabecera() { return cabecera_; }
+    QVBoxLayout* Cuerpo() { return cuerpo_; }
+    // Shows a picture before the title, which drags the window too.
+    QToolButton* PonerLogo(const QIcon& icono);
+
+    // Width in pixels that the header needs for its title on one line.
+    int AnchoCabecera() const;
+    // Largest size in pixels that a dialog may take on its screen.
+    QSize TamañoMaximo() const;
+
+    // Brings the style sheet's fonts and margins to the controls, so that sizes can be asked for
+    // before the window is shown.
+    void Pulir();
+
+    void paintEvent(QPaintEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
+
+  private:
+    // Over the middle of the window it belongs to, or of the screen.
+    void Centrar();
+    // A title wider than the window takes a second line, one still longer a smaller type.
+    void AjustarTitulo();
+
+    QFrame* frameCab_;
+    QLabel* lbTitulo_;
+    QToolButton* btnCerrar_;
+    QHBoxLayout* cabecera_;
+    QVBoxLayout* cuerpo_;
+    Arrastre arrastre_;
+};
+
+} // namespace zv

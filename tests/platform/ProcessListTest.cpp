@@ -1,0 +1,152 @@
+// The process list, from a made-up /proc and from the real one.
+#include "platform/ProcessList.h"
+
+#include "platform/StringLiterals.h"
+#include "support/CarpetaTemporal.h"
+#include "support/ImprimeQt.h"
+
+#include <QProcess>
+
+#include <csignal>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace zv {
+namespace {
+
+using test::CarpetaTemporal;
+
+class ProcesosFicticios : public testing::Test {
+  protected:
+    // One entry of /proc: the short name, its state, the program's file and the command line.
+    void Pon(qint64 pid, const QByteArray& corto, const QString& programa = {},
+             const QByteArray& orden = {}, char estado = 'S') {
+        const QString numero = QString::number(pid);
+        proc.Pon(numero + u"/stat"_s,
+                 QByteArray::number(pid) + " (" + corto + ") " + estado + " 1 1 1\n");
+        proc.Pon(numero + u"/cmdline"_s, orden);
+        if (!programa.isEmpty()) {
+            EXPECT_TRUE(QFile::link(programa, proc.Ruta(numero + u"/exe"_s)));
+        }
+    }
+    int Cuenta(const char* nombre) const { return procesos.Contar(QString::fromUtf8(nombre)); }
+    QList<qint64> Terminados(const char* nombre) {
+        terminados.clear();
+        procesos.Terminar(QString::fromUtf8(nombre));
+        std::sort(terminados.begin(), terminados.end());
+        return terminados;
+    }
+
+    CarpetaTemporal proc;
+    QList<qint64> terminados;
+    SystemProcessList procesos{proc.Ruta(), [this](qint64 pid) { terminados << pid; }};
+};
+
+TEST_F(ProcesosFicticios, CountsTheExactNameIgnoringCase) {
+    Pon(10, "zvconnector", u"/opt/zv/zvconnector"_s);
+    Pon(11, "ZVConnector", u"/opt/zv/ZVConnector"_s);
+    Pon(12, "ZVConnector2", u"/opt/zv/ZVConnector2"_s);
+    EXPECT_EQ(Cuenta("ZVConnector"), 2);
+    EXPECT_EQ(Cuenta("zvconnector2"), 1);
+    EXPECT_EQ(Cuenta("ZVConn"), 0);
+    EXPECT_EQ(Cuenta("/opt/zv/ZVConnector"), 0);
+    EXPECT_EQ(Cuenta(""), 0);
+}
+
+TEST_F(ProcesosFicticios, EndsEveryNameThatContainsTheText) {
+    Pon(10, "ZVConnector", u"/opt/zv/ZVConnector"_s);
+    Pon(11, "MiZVCONNECTOR2", u"/opt/zv/MiZVCONNECTOR2"_s);
+    Pon(12, "otro", u"/opt/ZVConnector/otro"_s);
+    EXPECT_EQ(Terminados("ZVConnector"), (QList<qint64>{10, 11}));
+    EXPECT_EQ(Terminados("zvconnector"), (QList<qint64>{10, 11}));
+    EXPECT_EQ(Terminados("ZVConnector2"), QList<qint64>{11});
+}
+
+TEST_F(ProcesosFicticios, AnEmptyNameEndsNobody) {
+    Pon(10, "ZVConnector", u"/opt/zv/ZVConnector"_s);
+    EXPECT_TRUE(Terminados("").isEmpty());
+}
+
+TEST_F(ProcesosFicticios, NeverEndsItself) {
+    Pon(::getpid(), "ZVMonitor", u"/opt/zv/ZVMonitor"_s);
+    Pon(10, "ZVMonitor", u"/opt/zv/ZVMonitor"_s);
+    EXPECT_EQ(Terminados("ZVMonitor"), QList<qint64>{10});
+    EXPECT_EQ(Cuenta("ZVMonitor"), 2);
+}
+
+TEST_F(ProcesosFicticios, KnowsNamesThatTheKernelCuts) {
+    Pon(10, "ZVConnectorDePr", u"/opt/zv/ZVConnectorDePruebas"_s);
+    Pon(11, "ZVConnectorDePr", {}, QByteArray("/opt/zv/ZVConnectorDePruebas\0-x\0", 33));
+    Pon(12, "ZVConnectorDePr", {}, QByteArray("bash\0/opt/zv/ZVConnectorDePruebas\0", 34));
+    EXPECT_EQ(Cuenta("ZVConnectorDePruebas"), 3);
+    EXPECT_EQ(Cuenta("ZVConnectorDePr"), 0);
+}
+
+TEST_F(ProcesosFicticios, KnowsScriptsByTheirOwnName) {
+    Pon(10, "ZVConnector.sh", u"/usr/bin/bash"_s,
+        QByteArray("/bin/bash\0/opt/zv/ZVConnector.sh\0", 33));
+    EXPECT_EQ(Cuenta("ZVConnector.sh"), 1);
+    EXPECT_EQ(Cuenta("bash"), 1);
+}
+
+TEST_F(ProcesosFicticios, KnowsProgramsOfOtherSystemsUnderALoader) {
+    Pon(10, "ZVConnector.exe", u"/usr/lib/loader64"_s, QByteArray("C:\\ZV\\ZVConnector.exe\0", 22));
+    EXPECT_EQ(Cuenta("ZVConnector.exe"), 1);
+}
+
+TEST_F(ProcesosFicticios, AProgramReplacedByAnUpdateKeepsItsName) {
+    Pon(10, "ZVConnectorDePr", u"/opt/zv/ZVConnectorDePruebas (deleted)"_s);
+    EXPECT_EQ(Cuenta("ZVConnectorDePruebas"), 1);
+}
+
+TEST_F(ProcesosFicticios, ArgumentsAreNoNames) {
+    Pon(10, "tail", u"/usr/bin/tail"_s, QByteArray("tail\0-f\0ZVConnector\0", 21));
+    Pon(11, "grep", u"/usr/bin/grep"_s, QByteArray("grep\0ZVConnector\0", 18));
+    EXPECT_EQ(Cuenta("ZVConnector"), 0);
+    EXPECT_TRUE(Terminados("ZVConnector").isEmpty());
+}
+
+TEST_F(ProcesosFicticios, EndedProcessesThatWaitForTheirParentDoNotRun) {
+    Pon(10, "ZVConnector", {}, {}, 'Z');
+    EXPECT_EQ(Cuenta("ZVConnector"), 0);
+    EXPECT_TRUE(Terminados("ZVConnector").isEmpty());
+}
+
+TEST_F(ProcesosFicticios, OddNamesAndEntriesDoNoHarm) {
+    Pon(10, "a) Z (b", u"/opt/a) Z (b"_s);
+    Pon(11, "", {});
+    proc.PonCarpeta(u"12"_s); // gone meanwhile
+    proc.Pon(u"13/stat"_s, "13 sin nombre");
+    proc.Pon(u"14/stat"_s, "14 (x)");
+    proc.PonCarpeta(u"sys"_s);
+    proc.Pon(u"uptime"_s, "1");
+    EXPECT_EQ(Cuenta("a) Z (b"), 1);
+    EXPECT_EQ(Cuenta("x"), 1);
+    EXPECT_EQ(SystemProcessList(proc.Ruta(u"no"_s)).Contar(u"x"_s), 0);
+}
+
+TEST(SystemProcessList, SeesAndEndsARealProcess) {
+    const CarpetaTemporal carpeta;
+    // Longer than the kernel's short name, and nobody else's.
+    const QString nombre = u"ZVPruebaDeProcesos%1"_s.arg(::getpid());
+    const QString programa = carpeta.Ruta(nombre);
+    ASSERT_TRUE(QFile::copy(u"/bin/sleep"_s, programa));
+    ASSERT_TRUE(QFile::setPermissions(programa, QFile::ReadOwner | QFile::ExeOwner));
+
+    SystemProcessList procesos;
+    EXPECT_EQ(procesos.Contar(nombre), 0);
+    QProcess proceso;
+    proceso.start(programa, {u"60"_s});
+    ASSERT_TRUE(proceso.waitForStarted());
+    EXPECT_EQ(procesos.Contar(nombre.toLower()), 1);
+
+    procesos.Terminar(nombre.toUpper());
+    ASSERT_TRUE(proceso.waitForFinished());
+    EXPECT_EQ(proceso.exitStatus(), QProcess::CrashExit);
+    EXPECT_EQ(proceso.exitCode(), SIGTERM);
+    EXPECT_EQ(procesos.Contar(nombre), 0);
+    procesos.Terminar(nombre); // nobody there: no failure
+}
+
+} // namespace
+} // namespace zv

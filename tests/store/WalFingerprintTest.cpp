@@ -1,0 +1,132 @@
+// When SQLite need not be asked whether anybody has written.
+#include "store/sqlite/WalFingerprint.h"
+
+#include "platform/StringLiterals.h"
+#include "support/BaseDeDatosTemporal.h"
+#include "support/GanchoFallos.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+namespace zv::test {
+namespace {
+
+class WalFingerprintTest : public testing::Test {
+  protected:
+    // Writes the log as if so many seconds ago.
+    void Escribir(int hace) {
+        QFile fichero(ruta_ + u"-wal"_s);
+        ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
+        fichero.write("x");
+        fichero.close();
+        timespec tiempos[2]{};
+        clock_gettime(CLOCK_REALTIME, &tiempos[1]);
+        tiempos[1].tv_sec -= hace;
+        tiempos[0] = tiempos[1];
+        ASSERT_EQ(
+            utimensat(AT_FDCWD, QFile::encodeName(fichero.fileName()).constData(), tiempos, 0), 0);
+    }
+    // A machine may stand still for longer than the pause between two questions.
+    bool Calla() {
+        for (int i = 0; i < 100; ++i) {
+            if (!huella_.HayQuePreguntar()) {
+                return true;
+            }
+        }
+        return false;
+    }
+    QTemporaryDir carpeta_;
+    QString ruta_ = carpeta_.filePath(u"base"_s);
+    WalFingerprint huella_;
+};
+
+TEST_F(WalFingerprintTest, ARestingLogNeedsNoQuestionForAWhile) {
+    Escribir(60);
+    huella_.Vigilar(QFile::encodeName(ruta_));
+    QElapsedTimer reloj;
+    reloj.start();
+    EXPECT_TRUE(huella_.HayQuePreguntar());
+    EXPECT_TRUE(Calla());
+    // Every now and then it is asked all the same.
+    int calladas = 0;
+    while (!huella_.HayQuePreguntar()) {
+        ++calladas;
+        ASSERT_LT(reloj.elapsed(), 5000);
+    }
+    EXPECT_GT(calladas, 0);
+    EXPECT_GE(reloj.elapsed(), 40);
+    EXPECT_TRUE(Calla());
+}
+
+TEST_F(WalFingerprintTest, AWrittenLogIsAskedAbout) {
+    Escribir(60);
+    huella_.Vigilar(QFile::encodeName(ruta_));
+    huella_.HayQuePreguntar();
+    ASSERT_TRUE(Calla());
+    Escribir(30);
+    EXPECT_TRUE(huella_.HayQuePreguntar());
+    EXPECT_TRUE(Calla());
+}
+
+TEST_F(WalFingerprintTest, AFreshLogIsAskedAboutEachTime) {
+    Escribir(0);
+    huella_.Vigilar(QFile::encodeName(ruta_));
+    for (int i = 0; i < 5; ++i) {
+        EXPECT_TRUE(huella_.HayQuePreguntar());
+    }
+    // Its commit may come to be seen seconds after the writing.
+    Escribir(1);
+    EXPECT_TRUE(huella_.HayQuePreguntar());
+    EXPECT_TRUE(huella_.HayQuePreguntar());
+    // A clock that has been put back says nothing.
+    Escribir(-60);
+    EXPECT_TRUE(huella_.HayQuePreguntar());
+    EXPECT_TRUE(huella_.HayQuePreguntar());
+}
+
+TEST_F(WalFingerprintTest, WithoutALogItIsAskedEachTime) {
+    huella_.Vigilar(QFile::encodeName(ruta_));
+    EXPECT_TRUE(huella_.HayQuePreguntar());
+    EXPECT_TRUE(huella_.HayQuePreguntar());
+}
+
+TEST_F(WalFingerprintTest, AnotherDatabaseIsAskedAbout) {
+    Escribir(60);
+    huella_.Vigilar(QFile::encodeName(ruta_));
+    huella_.HayQuePreguntar();
+    ASSERT_TRUE(Calla());
+    huella_.Vigilar(QFile::encodeName(ruta_));
+    EXPECT_TRUE(huella_.HayQuePreguntar());
+}
+
+// The engine with a log that has come to rest.
+TEST(MarcaEnReposoTest, ARowOfAnotherProgramShowsAtOnce) {
+    BaseDeDatosTemporal base;
+    DatabaseEngine& motor = base.Database();
+    const auto otro = base.Otro();
+    otro->Ejecutar(u"INSERT INTO cola (importe) VALUES (1)"_s);
+    timespec tiempos[2]{};
+    clock_gettime(CLOCK_REALTIME, &tiempos[1]);
+    tiempos[1].tv_sec -= 60;
+    tiempos[0] = tiempos[1];
+    ASSERT_EQ(
+        utimensat(AT_FDCWD, QFile::encodeName(base.Ruta() + u"-wal"_s).constData(), tiempos, 0), 0);
+    const quint64 antes = motor.ChangeStamp();
+    {
+        GanchoFallos vistas(motor);
+        constexpr std::size_t kVeces = 100;
+        for (std::size_t i = 0; i < kVeces; ++i) {
+            EXPECT_EQ(motor.ChangeStamp(), antes);
+        }
+        EXPECT_LT(vistas.vistas.size(), kVeces);
+    }
+    otro->Ejecutar(u"INSERT INTO cola (importe) VALUES (2)"_s);
+    EXPECT_NE(motor.ChangeStamp(), antes);
+}
+
+} // namespace
+} // namespace zv::test
