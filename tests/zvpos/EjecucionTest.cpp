@@ -1,10 +1,10 @@
 // Orders against a scripted link: how they end, and how long they wait.
-#include "platform/StringLiterals.h"
 #include "zvpos/EnlaceGuion.h"
 
 #include <gtest/gtest.h>
 
 using namespace zv::zvpos;
+using namespace Qt::StringLiterals;
 
 namespace {
 

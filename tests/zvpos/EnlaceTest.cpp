@@ -1,7 +1,6 @@
 // The connection against a server in the same process.
 #include "zvpos/Enlace.h"
 
-#include "platform/StringLiterals.h"
 #include "zvpos/Mensajes.h"
 #include "zvpos/ServidorFalso.h"
 
@@ -10,6 +9,7 @@
 #include <gtest/gtest.h>
 
 using namespace zv::zvpos;
+using namespace Qt::StringLiterals;
 
 namespace {
 

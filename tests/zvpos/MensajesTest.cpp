@@ -1,11 +1,10 @@
 // Bytes on the wire, and what each answer means.
 #include "zvpos/Mensajes.h"
 
-#include "platform/StringLiterals.h"
-
 #include <gtest/gtest.h>
 
 using namespace zv::zvpos;
+using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,13 +1,12 @@
 // The command line: what is taken, what is refused, and in which words.
 #include "zvpos/Opciones.h"
 
-#include "platform/StringLiterals.h"
-
 #include <QByteArray>
 
 #include <gtest/gtest.h>
 
 using namespace zv::zvpos;
+using namespace Qt::StringLiterals;
 
 namespace {
 

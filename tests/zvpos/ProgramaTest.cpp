@@ -1,5 +1,4 @@
 // The real program as a script sees it: exit code, stdout, stderr.
-#include "platform/StringLiterals.h"
 #include "zvpos/ServidorFalso.h"
 
 #include <QCoreApplication>
@@ -10,6 +9,7 @@
 #include <gtest/gtest.h>
 
 using namespace zv::zvpos;
+using namespace Qt::StringLiterals;
 
 namespace {
 

@@ -1,7 +1,7 @@
 // The main screen shown on the bench of the engine.
 #pragma once
 
-#include "../BancoMotor.h"
+#include "../BancoEngine.h"
 #include "config/Modo.h"
 #include "engine/screens/frmZVMonitor.h"
 #include "ui/screens/Tema.h"

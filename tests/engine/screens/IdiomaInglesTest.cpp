@@ -1,5 +1,5 @@
 // The main screen in English: nothing of it stays Spanish.
-#include "../BancoMotor.h"
+#include "../BancoEngine.h"
 #include "engine/screens/frmZVMonitor.h"
 #include "platform/StringLiterals.h"
 #include "support/PantallaInglesa.h"

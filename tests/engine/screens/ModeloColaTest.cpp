@@ -1,7 +1,7 @@
 // What the model tells its view: rows that join, or all anew.
 #include "engine/screens/ModeloCola.h"
 
-#include "../BancoMotor.h"
+#include "../BancoEngine.h"
 #include "platform/StringLiterals.h"
 #include "store/dades.h"
 
