@@ -74,7 +74,7 @@ struct Literal {
 
 std::optional<Literal> LeerLiteral(const QString& argumento) {
     static const QRegularExpression literal(
-        uR"re(^(?:QStringLiteral\(\s*|QLatin1String\(\s*|u)?"((?:[^"\\]|\\.)*)"\s*\)?(.*)$)re"_s);
+        uR"re(^(?:QStringLiteral\(\s*|QLatin1String\(\s*|u)?"((?:[^"\\]|\\.)*)"(?:_s)?\s*\)?(.*)$)re"_s);
     const auto hallado = literal.match(argumento);
     if (!hallado.hasMatch()) {
         return std::nullopt;
