@@ -39,6 +39,7 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
               registros,
               exterior.cliente,
               supervision,
+              supervision.LosSaldos(),
               seguretat,
               configuracio,
               ini,

@@ -1,60 +1,16 @@
-// Connection, reconnection, balances and lamps of the device.
 #include "device/SupervisionConexion.h"
 
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 
-#include <QStringList>
-
-#include <array>
-
 namespace zv {
 
 namespace {
-
-// Anything above the coin of 2 main units is a note; the device is not asked.
-constexpr qint64 kMayorMoneda = 200;
 
 const QString kClave = u"Zorvex\\ZVMonitor"_s;
 const QString kSaldoExit = u"Saldo_Exit"_s;
 const QString kSaldoInicial = u"Saldo_Inicial"_s;
 const QString kFinLinea = u"\r\n"_s;
-
-// A whole number of a list of the device.
-qint64 LeerItem(const QString& texto) {
-    bool bien = false;
-    const qint64 valor = texto.trimmed().toLongLong(&bien);
-    if (!bien) {
-        throw errores::TipoNoCoincide();
-    }
-    return valor;
-}
-
-// An empty text is an empty list.
-QStringList Partir(const QString& lista) {
-    return lista.isEmpty() ? QStringList() : lista.split(u',');
-}
-
-void SumarNiveles(const QString& noms, const QString& levels, Currency& monedas,
-                  Currency& billetes) {
-    const QStringList denominaciones = Partir(noms);
-    const QStringList piezas = Partir(levels);
-    if (denominaciones.size() != piezas.size()) {
-        throw errores::FueraDeIntervalo();
-    }
-    for (qsizetype i = 0; i < piezas.size(); ++i) {
-        const qint64 cuantas = LeerItem(piezas[i]);
-        if (cuantas <= 0) {
-            continue;
-        }
-        const qint64 denominacion = LeerItem(denominaciones[i]);
-        qint64 valor = 0;
-        if (__builtin_mul_overflow(cuantas, denominacion, &valor)) {
-            throw errores::Desbordamiento();
-        }
-        (denominacion > kMayorMoneda ? billetes : monedas) += Currency::DeEntero(valor);
-    }
-}
 
 } // namespace
 
@@ -62,7 +18,9 @@ SupervisionConexion::SupervisionConexion(DeviceClient& cliente, RegistryTree& re
                                          Dialogos& dialogos, const Textos& textos,
                                          const Importes& importes, std::function<QString()> ip)
     : cliente_(cliente), registro_(registro), log_(log), dialogos_(dialogos), textos_(textos),
-      importes_(importes), ip_(std::move(ip)), diario_(log) {}
+      importes_(importes), ip_(std::move(ip)), diario_(log),
+      saldos_(
+          cliente, [this] { return conectado_; }, dialogos, textos) {}
 
 void SupervisionConexion::LeerSaldos() {
     const FormatoRegional& formato = importes_.Formato();
@@ -100,7 +58,7 @@ void SupervisionConexion::Conectar() {
 void SupervisionConexion::ComprobarSaldos() {
     const FormatoRegional& formato = importes_.Formato();
     ultimoSaldo_ = formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoExit, u"0"_s));
-    const Currency total = SaldoPorTipo(u"GETSALDOINICIOZV"_s, 0);
+    const Currency total = saldos_.SaldoPorTipo(u"GETSALDOINICIOZV"_s, TipoSaldo::Todo);
     if (ultimoSaldo_ != total) {
         const QString ultimo = importes_.FormatoImporte(ultimoSaldo_);
         const QString actual = importes_.FormatoImporte(total);
@@ -181,66 +139,8 @@ void SupervisionConexion::GuardarSaldoExit() {
     if (!conectado_) {
         return;
     }
-    saldoExit_ = SaldoPorTipo(u"GUARDASALDOEXIT"_s, 0);
+    saldoExit_ = saldos_.SaldoPorTipo(u"GUARDASALDOEXIT"_s, TipoSaldo::Todo);
     registro_.GuardarValor(kClave, kSaldoExit, saldoExit_.ATexto());
-}
-
-// The tag is for trace alone; nothing shows it.
-Currency SupervisionConexion::SaldoPorTipo(const QString& /*etiqueta*/, qint32 tipo) {
-    try {
-        Currency monedas;
-        Currency billetes;
-        Currency monedasCajon;
-        Currency billetesCajon;
-        const bool leerCajon = tipo == 0 || (tipo >= 4 && tipo <= 6);
-        const bool leerReciclador = tipo >= 0 && tipo <= 3;
-        if (conectado_ && leerCajon) {
-            QString noms;
-            QString levels;
-            bool bien = false;
-            cliente_.GetLevels(3, noms, levels, bien);
-            if (bien) {
-                SumarNiveles(noms, levels, monedasCajon, billetesCajon);
-            }
-        }
-        if (conectado_ && leerReciclador) {
-            QString noms;
-            QString levels;
-            bool bien = false;
-            cliente_.GetLevels(2, noms, levels, bien);
-            if (bien) {
-                SumarNiveles(noms, levels, monedas, billetes);
-            } else if (cliente_.ErrorCode() != 0) {
-                dialogos_.MostrarMensaje(
-                    textos_.Traduce(u"operacionAnulada"_s, u"Operación anulada"_s),
-                    cliente_.ErrorMessage());
-            }
-        }
-        switch (tipo) {
-        case 0:
-            return monedas + billetes + monedasCajon + billetesCajon;
-        case 1:
-            return monedas + billetes;
-        case 2:
-            return monedas;
-        case 3:
-            return billetes;
-        case 4:
-            return monedasCajon + billetesCajon;
-        case 5:
-            return monedasCajon;
-        case 6:
-            return billetesCajon;
-        default:
-            return {};
-        }
-    } catch (const ErrorEjecucion& error) {
-        dialogos_.CajaSimple(
-            textos_.Traduce(u"errorAlRecuperarSaldo"_s, u"Error al recuperar el saldo del "
-                                                        "Zorvex:"_s) +
-            u' ' + QString::number(error.Numero()) + u" - "_s + error.Descripcion());
-        return {};
-    }
 }
 
 void SupervisionConexion::MostrarNivel() {

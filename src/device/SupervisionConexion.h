@@ -1,10 +1,11 @@
 // Owns the connected flag and the two balances in the registry: connects, checks at each
-// connection that nobody has moved the money, reconnects after a lost link, turns level lists
-// into balances and into the state of the lamps.
+// connection that nobody has moved the money, reconnects after a lost link, turns the states of the
+// levels into lamps.
 #pragma once
 
 #include "device/DeviceClient.h"
 #include "device/DeviceJournal.h"
+#include "device/Saldos.h"
 #include "platform/Currency.h"
 #include "platform/RegistryTree.h"
 #include "ui/Dialogos.h"
@@ -34,6 +35,8 @@ class SupervisionConexion {
     SupervisionConexion(DeviceClient& cliente, RegistryTree& registro, Log& log, Dialogos& dialogos,
                         const Textos& textos, const Importes& importes,
                         std::function<QString()> ip);
+    SupervisionConexion(const SupervisionConexion&) = delete;
+    SupervisionConexion& operator=(const SupervisionConexion&) = delete;
 
     // The main screen; until it is set nothing is shown.
     void PonerVista(VistaConexion* vista) { vista_ = vista; }
@@ -48,10 +51,9 @@ class SupervisionConexion {
     void MarcarDesconectado() { conectado_ = false; }
     // One attempt; true when the device is connected again.
     bool IntentarReconnectar();
-    // kind 0 all, 1 recycler, 2 its coins, 3 its notes, 4 boxes, 5 their coins, 6 their notes;
-    // minor units. 0 when the levels make no sense; a failed read makes it too small.
-    Currency SaldoPorTipo(const QString& etiqueta, qint32 tipo);
     void MostrarNivel();
+    // The balances of the device that this supervision connects.
+    Saldos& LosSaldos() { return saldos_; }
     // Stores the device's total in "Saldo_Exit", if connected.
     void GuardarSaldoExit();
 
@@ -80,6 +82,7 @@ class SupervisionConexion {
     DeviceJournal diario_;
     VistaConexion* vista_ = nullptr;
     bool conectado_ = false;
+    Saldos saldos_;
     qint32 saldoInicial_ = 0;
     Currency saldoExit_;
     Currency ultimoSaldo_;

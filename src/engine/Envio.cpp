@@ -114,7 +114,8 @@ void Envio::ArchivarSinCobro(const Operacion& op) {
     entorno_.log.LogLinea(u"ENVIARZV0_BEGINTRANS"_s);
     const qint32 clave = entorno_.registros.AñadirColaProcesada(
         op.origen, op.idZV, estado::kOk, 0, 0,
-        entorno_.supervision.SaldoPorTipo(EtiquetaSaldo(u"ENVIARZV0_"_s, op), 0), QString());
+        entorno_.saldos.SaldoPorTipo(EtiquetaSaldo(u"ENVIARZV0_"_s, op), TipoSaldo::Todo),
+        QString());
     TerminarArchivo(clave, u"ENVIARZV0_"_s + N(op.idZV));
 }
 
@@ -128,7 +129,8 @@ void Envio::ArchivarCobro(const Operacion& op) {
     entorno_.seguretat.PonerUsuarioFast(true);
     const qint32 clave = entorno_.registros.AñadirColaProcesada(
         op.origen, op.idZV, estado::kOk, op.paidIn, op.paidOut,
-        entorno_.supervision.SaldoPorTipo(EtiquetaSaldo(u"ENVIARZV_"_s, op), 0), QString());
+        entorno_.saldos.SaldoPorTipo(EtiquetaSaldo(u"ENVIARZV_"_s, op), TipoSaldo::Todo),
+        QString());
     TerminarArchivo(clave, etiqueta);
     entorno_.seguretat.PonerUsuarioFast(false);
 }
@@ -165,7 +167,7 @@ int Envio::ArchivarFallo(DeviceClient& cliente, const Operacion& op) {
         EditarCredito(op.idZV, Currency(op.paidIn) - Currency(op.paidOut));
         diario_.Charge(etiqueta, u"ERROR_"_s + N(codigo), op.importe.AEntero32(), op.paidIn,
                        op.paidOut);
-        registro.saldoZV = entorno_.supervision.SaldoPorTipo(etiquetaSaldo, 0);
+        registro.saldoZV = entorno_.saldos.SaldoPorTipo(etiquetaSaldo, TipoSaldo::Todo);
         registro.estado = estado::kError;
         registro.error = N(codigo) + u" - "_s + cliente.ErrorMessage();
         entorno_.registros.AñadirProcesado(op.origen + u"_ERRORZV"_s, registro);
@@ -173,7 +175,7 @@ int Envio::ArchivarFallo(DeviceClient& cliente, const Operacion& op) {
         resultado = envio::kError;
     } else {
         diario_.Charge(etiqueta, u"CANCEL"_s, op.importe.AEntero32(), op.paidIn, op.paidOut);
-        registro.saldoZV = entorno_.supervision.SaldoPorTipo(etiquetaSaldo, 0);
+        registro.saldoZV = entorno_.saldos.SaldoPorTipo(etiquetaSaldo, TipoSaldo::Todo);
         registro.estado = estado::kCancel;
         registro.error = op.importe < Currency(0) ? u"Abono cancelado"_s : u"Cobro cancelado"_s;
         entorno_.registros.AñadirProcesado(op.origen + u"_CANCEL"_s, registro);

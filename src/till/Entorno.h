@@ -8,6 +8,7 @@
 #include "config/ModuloIni.h"
 #include "device/DeviceClient.h"
 #include "device/DeviceJournal.h"
+#include "device/Saldos.h"
 #include "device/SupervisionConexion.h"
 #include "platform/Clock.h"
 #include "platform/RegistryTree.h"
@@ -25,6 +26,7 @@ struct Entorno {
     OperacionesRegistro& registros;
     DeviceClient& cliente;
     SupervisionConexion& supervision;
+    Saldos& saldos;
     Seguretat& seguretat;
     ConfiguracioGlobal& configuracio;
     const ModuloIni& ini;

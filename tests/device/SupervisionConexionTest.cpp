@@ -1,4 +1,4 @@
-// Connection supervision against the scripted device: messages, order, balances, lamps.
+// Connection supervision against the scripted device: messages, order, lamps.
 #include "device/SupervisionConexion.h"
 
 #include "platform/ErrorEjecucion.h"
@@ -288,97 +288,13 @@ TEST_F(SupervisionConexionTest, EveryWordComesFromTheLanguageFile) {
     supervision.Desconectar();
     cliente.FallarNiveles(2, 8, u"Sensor"_s);
     dialogos.EsperaMensaje(u"j"_s, u"Sensor"_s);
-    supervision.SaldoPorTipo({}, 1);
+    supervision.LosSaldos().SaldoPorTipo({}, TipoSaldo::Reciclador);
     cliente.PonerNiveles(2, u"1,2"_s, u"1"_s);
     dialogos.EsperaCaja(u"k 9 - El subíndice está fuera del intervalo"_s);
-    supervision.SaldoPorTipo({}, 1);
+    supervision.LosSaldos().SaldoPorTipo({}, TipoSaldo::Reciclador);
     cliente.EsperaConnect(FinGuion::Error(7, u"x"_s));
     dialogos.EsperaMensaje(u"e"_s, u"f\r\ng\r\n7: x"_s);
     supervision.Conectar();
-}
-
-// ---- SaldoPorTipo
-
-TEST_F(SupervisionConexionTest, AnswersEachKindOfBalance) {
-    Conectada(1000);
-    cliente.PonerNiveles(2, u"50,200,500,2000"_s, u"3,2,4,1"_s);
-    cliente.PonerNiveles(3, u"50,200,500,2000"_s, u"1,0,2,10"_s);
-    const qint32 esperado[] = {4550 + 21050, 4550, 550, 4000, 21050, 50, 21000, 0};
-    for (qint32 tipo = 0; tipo <= 7; ++tipo) {
-        EXPECT_EQ(supervision.SaldoPorTipo({}, tipo), Currency(esperado[tipo])) << tipo;
-    }
-    EXPECT_EQ(supervision.SaldoPorTipo({}, -1), Currency(0));
-}
-
-TEST_F(SupervisionConexionTest, ReadsOnlyTheListsOfItsKindBoxesFirst) {
-    Conectada(1000);
-    const QString nada = u"0"_s;
-    sucesos.clear();
-    cliente.EsperaGetLevels(3, nada, nada);
-    cliente.EsperaGetLevels(2, nada, nada);
-    supervision.SaldoPorTipo({}, 0);
-    for (const qint32 tipo : {1, 2, 3}) {
-        cliente.EsperaGetLevels(2, nada, nada);
-        supervision.SaldoPorTipo({}, tipo);
-    }
-    for (const qint32 tipo : {4, 5, 6}) {
-        cliente.EsperaGetLevels(3, nada, nada);
-        supervision.SaldoPorTipo({}, tipo);
-    }
-    EXPECT_EQ(sucesos.size(), 8);
-}
-
-TEST_F(SupervisionConexionTest, CountsTheDenominationOfTwoHundredAsACoin) {
-    Conectada(1000);
-    cliente.PonerNiveles(2, u"200,201"_s, u"1,1"_s);
-    EXPECT_EQ(supervision.SaldoPorTipo({}, 2), Currency(200));
-    EXPECT_EQ(supervision.SaldoPorTipo({}, 3), Currency(201));
-}
-
-TEST_F(SupervisionConexionTest, SkipsLevelsOfZeroAndBelow) {
-    Conectada(1000);
-    cliente.PonerNiveles(2, u"roto,100,50"_s, u"0,-3,2"_s);
-    EXPECT_EQ(supervision.SaldoPorTipo({}, 1), Currency(100));
-}
-
-TEST_F(SupervisionConexionTest, AnswersZeroWithEmptyListsAndWhileDisconnected) {
-    EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
-    Conectada(1000);
-    cliente.PonerNiveles(2, {}, {});
-    EXPECT_EQ(supervision.SaldoPorTipo({}, 1), Currency(0));
-}
-
-TEST_F(SupervisionConexionTest, ShowsLevelsThatMakeNoSenseAndAnswersZero) {
-    Conectada(1000);
-    cliente.PonerNiveles(3, u"1"_s, u"77"_s);
-    const QString inicio = u"Error al recuperar el saldo del Zorvex: "_s;
-    for (const auto& [noms, levels] : {std::pair{"1,2", "5"}, std::pair{"1", "5,6"}}) {
-        cliente.PonerNiveles(2, QString::fromLatin1(noms), QString::fromLatin1(levels));
-        dialogos.EsperaCaja(inicio + u"9 - El subíndice está fuera del intervalo"_s);
-        EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
-    }
-    for (const auto& [noms, levels] :
-         {std::pair{"1,2", "5,x"}, std::pair{"1,x", "5,6"}, std::pair{"1,2", "5,"}}) {
-        cliente.PonerNiveles(2, QString::fromLatin1(noms), QString::fromLatin1(levels));
-        dialogos.EsperaCaja(inicio + u"13 - No coinciden los tipos"_s);
-        EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
-    }
-    cliente.PonerNiveles(2, u"9223372036854775807"_s, u"2"_s);
-    dialogos.EsperaCaja(inicio + u"6 - Desbordamiento"_s);
-    EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
-}
-
-TEST_F(SupervisionConexionTest, GoesOnWithWhatItHasWhenAReadFails) {
-    Conectada(1000);
-    cliente.PonerNiveles(3, u"500"_s, u"2"_s);
-    cliente.FallarNiveles(2, 8, u"Sensor"_s);
-    dialogos.EsperaMensaje(u"Operación anulada"_s, u"Sensor"_s, resultado::kAceptar, 0);
-    EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(1000));
-
-    // A failed read of the boxes says nothing, and neither does one without a code.
-    cliente.FallarNiveles(3, 8, u"Sensor"_s);
-    cliente.FallarNiveles(2, 0, {});
-    EXPECT_EQ(supervision.SaldoPorTipo({}, 0), Currency(0));
 }
 
 // ---- MostrarNivel

@@ -43,9 +43,10 @@ class BancoEngine : public testing::Test {
           configuracio(std::make_unique<Configuracio>(ini, registro, carpeta.path())),
           marca(registro), supervision(cliente, registro, log, dialogos, textos, importes,
                                        [this] { return configuracio->IP; }),
-          entorno{conexion,     registros, cliente,   supervision, seguretat,
-                  configuracio, ini,       RutaIni(), registro,    marca,
-                  log,          dialogos,  textos,    importes,    reloj},
+          entorno{conexion,  registros,    cliente,  supervision, supervision.LosSaldos(),
+                  seguretat, configuracio, ini,      RutaIni(),   registro,
+                  marca,     log,          dialogos, textos,      importes,
+                  reloj},
           grid(textos, importes), estado(entorno, controles, grid),
           pulso(entorno, controles, grid, estado), botones(entorno, controles, estado) {
         bool existe = false;

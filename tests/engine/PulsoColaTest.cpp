@@ -418,8 +418,10 @@ TEST_F(PulsoColaTest, RestoringConcernsOnlyAMinimisedWindow) {
 TEST_F(PulsoColaTest, AMissingDatabaseIsToldAndThePulseGoesOn) {
     SqliteEngine cerrado;
     ConexionBD rota(cerrado, carpeta.filePath(u"no"_s), log, dialogos, textos);
-    Entorno e{rota,     registros, cliente, supervision, seguretat, configuracio, ini,  RutaIni(),
-              registro, marca,     log,     dialogos,    textos,    importes,     reloj};
+    Entorno e{rota,      registros,    cliente,  supervision, supervision.LosSaldos(),
+              seguretat, configuracio, ini,      RutaIni(),   registro,
+              marca,     log,          dialogos, textos,      importes,
+              reloj};
     PulsoCola otro(e, controles, grid, estado);
     otro.PonerVentana(&ventana);
     dialogos.EsperaMensaje(u"Error de configuración"_s,

@@ -108,8 +108,7 @@ std::optional<std::array<Grande, 2>> Sumas(const Niveles& niveles) {
     return sumas;
 }
 
-void MirarSaldos(SupervisionConexion& supervision, ClienteListas& cliente,
-                 DialogosMudos& dialogos) {
+void MirarSaldos(Saldos& saldos, ClienteListas& cliente, DialogosMudos& dialogos) {
     const auto sumas = [&](qint32 clase) {
         return cliente.listas[clase].bien ? Sumas(cliente.listas[clase]) : std::array<Grande, 2>{};
     };
@@ -117,7 +116,7 @@ void MirarSaldos(SupervisionConexion& supervision, ClienteListas& cliente,
     const auto cajon = sumas(3);
     for (qint32 tipo = -1; tipo <= 7; ++tipo) {
         dialogos.cajas.clear();
-        const Currency saldo = supervision.SaldoPorTipo(u"FUZZ"_s, tipo);
+        const Currency saldo = saldos.SaldoPorTipo(u"FUZZ"_s, TipoSaldo{tipo});
         const bool conReciclador = tipo >= 0 && tipo <= 3;
         const bool conCajon = tipo == 0 || (tipo >= 4 && tipo <= 6);
         const bool sentido = (!conReciclador || reciclador) && (!conCajon || cajon);
@@ -221,13 +220,14 @@ void UnaEntrada(Entrada entrada) {
     Exige(vista.encendidas == 1, "one lamp is lit");
     Exige(!cliente.listas[4].bien || vista.roja == cliente.listas[4].levels.contains(u'2'),
           "a 2 is red");
-    MirarSaldos(supervision, cliente, dialogos);
+    MirarSaldos(supervision.LosSaldos(), cliente, dialogos);
 
     supervision.GuardarSaldoExit();
     const QString guardado = registro.LeerValor(kClave, kSaldoExit, QString());
     Exige(guardado == supervision.SaldoExit().ATexto(), "the balance stored is the one held");
     supervision.Cortar();
-    Exige(supervision.SaldoPorTipo(u"FUZZ"_s, 0).EsCero(), "no device, no balance");
+    Exige(supervision.LosSaldos().SaldoPorTipo(u"FUZZ"_s, TipoSaldo::Todo).EsCero(),
+          "no device, no balance");
 
     MirarNumero(formato, QString::fromUtf8(entrada.Resto()));
 }
