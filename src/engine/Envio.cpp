@@ -1,6 +1,7 @@
 // Sending of one sale operation: credit, charge, and the filing of its outcome.
 #include "engine/Envio.h"
 
+#include "engine/Claves.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 #include "store/Palabras.h"
@@ -137,9 +138,7 @@ void Envio::ArchivarCobro(const Operacion& op) {
 
 void Envio::TerminarArchivo(qint32 clave, const QString& etiqueta) {
     if (clave == 0) {
-        entorno_.dialogos.CajaSimple(entorno_.textos.Traduce(
-            u"errorAlProcesarOperacion"_s,
-            u"Error al procesar la operación, consulte con el técnico de Zorvex"_s));
+        entorno_.dialogos.CajaSimple(entorno_.textos.Traduce(texto::kErrorAlProcesar));
         entorno_.Database().Deshacer();
         entorno_.log.LogLinea(etiqueta + u"_ROLLBACK"_s);
         return;

@@ -2,6 +2,8 @@
 #include "engine/EstadoMonitor.h"
 
 #include "config/Modo.h"
+#include "device/Claves.h"
+#include "engine/Claves.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 #include "till/ResultadoEnvio.h"
@@ -29,10 +31,6 @@ EstadoMonitor::EstadoMonitor(Entorno& entorno, Controles& controles, GridCola& g
     : entorno_(entorno), controles_(controles), grid_(grid) {
     controles_.Poner(&EstadoControles::lbContador, u"Comprobando operaciones pendientes..."_s);
     controles_.Poner(&EstadoControles::lbEstado, u"Inicializando..."_s);
-}
-
-QString EstadoMonitor::Traduce(const char16_t* clave, const QString& porDefecto) const {
-    return entorno_.textos.Traduce(QString::fromUtf16(clave), porDefecto);
 }
 
 void EstadoMonitor::RellenarGrid() {
@@ -64,16 +62,17 @@ void EstadoMonitor::ActualizarEstado(bool automatico) {
 void EstadoMonitor::ActualizarContador() {
     const int n = grid_.FilasDatos();
     const int a = grid_.Abonos();
-    const QString cobros = Traduce(u"cobros", u"cobros"_s);
-    QString texto = QString::number(n - a) + QLatin1Char(' ') + cobros;
+    const Textos& textos = entorno_.textos;
+    QString texto = QString::number(n - a) + QLatin1Char(' ') + textos.Traduce(texto::kCobros);
     if (a != 0) {
-        texto += u" / "_s + QString::number(a) + QLatin1Char(' ') + Traduce(u"abonos", u"abonos"_s);
+        texto += u" / "_s + QString::number(a) + QLatin1Char(' ') + textos.Traduce(texto::kAbonos);
     }
     controles_.Poner(&EstadoControles::lbContador, texto);
 }
 
 void EstadoMonitor::ActualizarTexto(bool automatico) {
     Configuracio& configuracio = *entorno_.configuracio;
+    const Textos& textos = entorno_.textos;
     const auto poner = [this](const QString& texto) {
         controles_.Poner(&EstadoControles::lbEstado, texto);
     };
@@ -90,11 +89,9 @@ void EstadoMonitor::ActualizarTexto(bool automatico) {
         if (configuracio.ModoAnterior == modo::kAuto && ultimaCuenta_ == 0) {
             CambiarModo(modo::kAuto);
             entorno_.ResultadoEnvio = envio::kBien;
-            poner(Traduce(u"operacionCancelada2",
-                          u"Última operación cancelada. Cambiado a modo AUTOMATICO"_s));
+            poner(textos.Traduce(texto::kOperacionCanceladaAuto));
         } else {
-            poner(Traduce(u"operacionCancelada",
-                          u"Última operación cancelada. Cambiado a modo MANUAL"_s));
+            poner(textos.Traduce(texto::kOperacionCancelada));
         }
         break;
     case envio::kError: {
@@ -102,13 +99,11 @@ void EstadoMonitor::ActualizarTexto(bool automatico) {
         if (codigo != 0) {
             const QString detalle =
                 QString::number(codigo) + u" - "_s + entorno_.cliente.ErrorMessage();
-            poner(
-                Traduce(u"errorDeZorvex3", u"Error "_s + detalle + u". Consulte con su técnico"_s));
-            entorno_.dialogos.MostrarMensaje(Traduce(u"errorDeZorvex", u"Error de Zorvex"_s),
-                                             detalle);
+            poner(textos.Traduce(texto::kErrorZorvexCon, detalle));
+            entorno_.dialogos.MostrarMensaje(textos.Traduce(texto::kErrorDeZorvex), detalle);
             entorno_.ResultadoEnvio = envio::kBien;
         } else {
-            poner(Traduce(u"errorDeZorvex3", u"Error de Zorvex. Consulte con su técnico"_s));
+            poner(textos.Traduce(texto::kErrorZorvexSin));
         }
         break;
     }
@@ -129,11 +124,8 @@ void EstadoMonitor::ActualizarBotonesMonitor(bool habilitado) {
 }
 
 void EstadoMonitor::PulsarModo(int indice) {
-    static const std::array<QString, 3> kModos{modo::kAuto, modo::kManual, modo::kSemi};
     entorno_.ResultadoEnvio = envio::kBien;
-    // The mode's value passes through the language file, like a caption.
-    CambiarModo(entorno_.textos.Traduce(u"btnModo_"_s + QString::number(indice),
-                                        kModos[static_cast<std::size_t>(indice)]));
+    CambiarModo(entorno_.textos.Traduce(*texto::kModos[indice]));
     ActualizarEstado(false);
 }
 

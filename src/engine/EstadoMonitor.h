@@ -47,7 +47,6 @@ class EstadoMonitor final : public VistaConexion {
     void ActualizarContador();
     void ActualizarTexto(bool automatico);
     void IrAFila(int fila);
-    QString Traduce(const char16_t* clave, const QString& porDefecto) const;
 
     Entorno& entorno_;
     Controles& controles_;

@@ -1,6 +1,7 @@
 // Filling of the queue grid, its widths and its pages.
 #include "engine/GridCola.h"
 
+#include "engine/Claves.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 
@@ -66,20 +67,18 @@ GridCola::GridCola(const Textos& textos, const Importes& importes)
     : textos_(textos), importes_(importes) {}
 
 void GridCola::PonerTitulos() {
-    const auto t = [this](const char16_t* clave, const char16_t* porDefecto) {
-        return textos_.Traduce(QString::fromUtf16(clave), QString::fromUtf16(porDefecto));
-    };
-    titulos_ = {t(u"anular", u"Anular"),
+    const auto t = [this](const Clave& clave) { return textos_.Traduce(clave); };
+    titulos_ = {t(texto::kAnular),
                 u"IdCola"_s,
-                t(u"fechaVenta", u"Fecha Venta"),
-                t(u"idVenta", u"Id. Venta"),
-                t(u"idVenta", u"Id. Venta") + u" 2"_s,
-                u"Id. "_s + t(u"caja2", u"Caja"),
-                t(u"terminal", u"Terminal"),
-                t(u"vendedor", u"Vendedor"),
-                t(u"formapago", u"Forma Pago"),
-                t(u"importe2", u"Importe"),
-                t(u"enviar", u"Enviar")};
+                t(texto::kFechaVenta),
+                t(texto::kIdVenta),
+                t(texto::kIdVenta) + u" 2"_s,
+                u"Id. "_s + t(texto::kCaja),
+                t(texto::kTerminal),
+                t(texto::kVendedor),
+                t(texto::kFormaPago),
+                t(texto::kImporte),
+                t(texto::kEnviar)};
 }
 
 LineaGrid GridCola::LeerLinea(const Row& fila, bool sinHora) const {

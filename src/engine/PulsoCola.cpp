@@ -2,6 +2,7 @@
 #include "engine/PulsoCola.h"
 
 #include "config/Modo.h"
+#include "engine/Claves.h"
 #include "platform/StringLiterals.h"
 #include "till/ResultadoEnvio.h"
 
@@ -155,16 +156,13 @@ void PulsoCola::EnviarPrimera() {
 }
 
 bool PulsoCola::ConfirmarAbono(Currency importe) {
-    const auto t = [this](const char16_t* clave, const char16_t* porDefecto) {
-        return entorno_.textos.Traduce(QString::fromUtf16(clave), QString::fromUtf16(porDefecto));
-    };
+    const auto t = [this](const Clave& clave) { return entorno_.textos.Traduce(clave); };
     const QString salto = u"\r\n"_s;
-    const QString texto = t(u"retireElCambio", u"RETIRE EL CAMBIO DE") + salto +
-                          t(u"retireElCambio2", u" LA OPERACION ANTERIOR") + salto + salto +
-                          t(u"retireElCambio3", u"Pulse 'Aceptar' para continuar con el ABONO") +
-                          salto + salto + t(u"importe", u"Importe: ") +
+    const QString texto = t(texto::kRetireElCambio) + salto + t(texto::kRetireElCambio2) + salto +
+                          salto + t(texto::kRetireElCambio3) + salto + salto +
+                          t(texto::kImporteDosPuntos) +
                           entorno_.importes.FormatoImporte(importe.Absoluto());
-    return entorno_.dialogos.MostrarMensaje(t(u"abonoPendiente", u"Abono pendiente"), texto, 0) ==
+    return entorno_.dialogos.MostrarMensaje(t(texto::kAbonoPendiente), texto, 0) ==
            resultado::kAceptar;
 }
 

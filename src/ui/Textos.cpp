@@ -109,6 +109,14 @@ QString Textos::TextoIdioma(const QString& seccion, const QString& clave,
     return SinBlancos(texto);
 }
 
+QString Textos::Traduce(const Clave& clave) const {
+    return TextoIdioma(clave.Seccion(), clave.Nombre(), clave.PorDefecto());
+}
+
+QString Textos::Traduce(const Clave& clave, const QString& detalle) const {
+    return TextoIdioma(clave.Seccion(), clave.Nombre(), clave.PorDefecto().arg(detalle));
+}
+
 QString Textos::Traduce(const QString& clave, const QString& porDefecto) const {
     return TextoIdioma(u"COMMON"_s, clave, porDefecto);
 }

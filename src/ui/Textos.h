@@ -1,7 +1,9 @@
-// Texts that a language file (RWLang.ini beside the program) may replace; Spanish defaults are
-// built in at the place of use. The file is looked at on each look-up and parsed again only when
-// it has changed.
+// Texts that a language file (RWLang.ini beside the program) may replace; the Spanish defaults
+// stand in each folder's Claves.h. The file is looked at on each look-up and parsed again only
+// when it has changed.
 #pragma once
+
+#include "ui/Clave.h"
 
 #include <QString>
 
@@ -20,7 +22,11 @@ class Textos {
     // "/CRLF/" becomes a line break, blanks at both ends go, in the default too.
     QString TextoIdioma(const QString& seccion, const QString& clave,
                         const QString& porDefecto) const;
-    // The same in section COMMON.
+    QString Traduce(const Clave& clave) const;
+    // For a default that tells of something: detalle stands in it at %1. A text of the file is
+    // taken as it is.
+    QString Traduce(const Clave& clave, const QString& detalle) const;
+    // The same in section COMMON, for a key that is made at run time.
     QString Traduce(const QString& clave, const QString& porDefecto) const;
     // The same in the section named by the screen.
     QString TextoForm(const QString& pantalla, const QString& clave,

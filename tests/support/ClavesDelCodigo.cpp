@@ -147,8 +147,10 @@ class Lector {
             const auto hallada = i.next();
             const QStringList argumentos = Argumentos(fuente, hallada.capturedEnd() - 1);
             if (argumentos.first().startsWith(QLatin1String("const ")) ||
-                argumentos.size() <= funcion.clave) {
-                continue; // a declaration, another function of that name
+                argumentos.size() <= funcion.clave ||
+                QStringView(argumentos[funcion.clave]).contains(QLatin1String("texto::")) ||
+                argumentos.first() == QLatin1String("clave")) {
+                continue; // a declaration, another function of that name, an entry of an array
             }
             const auto enLlamada = LeerLiteral(argumentos.first());
             const auto seccion = funcion.seccion ? *funcion.seccion

@@ -44,6 +44,30 @@ TEST_F(TextosTest, TakesTheValueOfSectionAndKeyIgnoringCase) {
     EXPECT_EQ(textos_.TextoIdioma(u"GEN"_s, u"cobros"_s, u"x"_s), u"x"_s);
 }
 
+TEST_F(TextosTest, AnEntryHoldsSectionKeyAndDefault) {
+    static constexpr Clave comun{u"cobros", u" cobros "};
+    static constexpr Clave deCaja{u"frmCash", u"lbTitulo", u"Importe"};
+    EXPECT_EQ(textos_.Traduce(comun), u"cobros"_s);
+    EXPECT_EQ(textos_.Traduce(deCaja), u"Importe"_s);
+    Fichero(u"[COMMON]\r\ncobros=charges\r\nlbTitulo=no\r\n[frmCash]\r\nlbTitulo=Amount\r\n"_s);
+    EXPECT_EQ(textos_.Traduce(comun), u"charges"_s);
+    EXPECT_EQ(textos_.Traduce(deCaja), u"Amount"_s);
+}
+
+TEST_F(TextosTest, DetailStandsInTheDefaultOnly) {
+    static constexpr Clave clave{u"error", u"Error %1. Consulte"};
+    EXPECT_EQ(textos_.Traduce(clave, u"100 - %1/CRLF/x"_s), u"Error 100 - %1\r\nx. Consulte"_s);
+    Fichero(u"[COMMON]\r\nerror=Error of %1\r\n"_s);
+    EXPECT_EQ(textos_.Traduce(clave, u"100"_s), u"Error of %1"_s);
+}
+
+TEST_F(TextosTest, OneKeyWithSeveralDefaultsHasAnEntryForEach) {
+    static constexpr Clave claves[] = {{u"a", u"1"}, {u"frm", u"a", u"2"}, {u"a", u"3"}};
+    EXPECT_EQ(Entrada(claves, u"a").PorDefecto(), u"1"_s);
+    EXPECT_EQ(Entrada(claves, u"a", 1).PorDefecto(), u"3"_s);
+    EXPECT_EQ(Entrada(claves, u"frm", u"a").PorDefecto(), u"2"_s);
+}
+
 TEST_F(TextosTest, EmptyValueGivesAnEmptyTextNotTheDefault) {
     Fichero(u"[COMMON]\r\nvacio=\r\nblancos=   \r\n"_s);
     EXPECT_EQ(T("vacio", "defecto"), QString());

@@ -2,6 +2,7 @@
 // state by the widgets.
 #include "engine/screens/frmZVMonitor.h"
 
+#include "engine/Claves.h"
 #include "engine/screens/DelegadoCola.h"
 #include "platform/StringLiterals.h"
 #include "ui/screens/Tema.h"
@@ -200,8 +201,7 @@ void frmZVMonitor::PulsarVentana(int indice) {
 void frmZVMonitor::PreguntarCierre() {
     const Textos& textos = partes_.entorno.textos;
     const int respuesta = partes_.entorno.dialogos.MostrarMensaje(
-        textos.Traduce(u"cerrar0"_s, u"Cerrar aplicativo"_s),
-        textos.Traduce(u"cerrar1"_s, u"¿Desea cerrar ZVMonitor?"_s), 1);
+        textos.Traduce(texto::kCerrarTitulo), textos.Traduce(texto::kCerrarTexto), 1);
     if (respuesta != resultado::kAceptar) {
         return;
     }
