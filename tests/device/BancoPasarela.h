@@ -118,6 +118,11 @@ class BancoPasarela : public testing::Test {
     QString OpId(const QString& metodo, int n = 0) const {
         return PasarelaGuion::OpId(pasarela.Recibidas(metodo).value(n));
     }
+    // The log's line for the end of the operation that the n-th request of that method has started.
+    QString LineaFin(const QString& metodo, int n, const QString& resto) const {
+        return u">>> Operación terminada en Zorvex: "_s + metodo + u' ' + OpId(metodo, n) + u' ' +
+               resto;
+    }
     static QStringList Lista(std::initializer_list<const char*> textos) {
         QStringList lista;
         for (const char* texto : textos) {

@@ -43,6 +43,14 @@ TEST_F(GatewayClientConsultasTest, FailsAQueryWithTheGatewaysCodeAndText) {
     });
     EXPECT_FALSE(Niveles(cliente));
     EXPECT_EQ(cliente.ErrorCode(), 900);
+    // 1 is the lost link's, and neither it nor a cancellation can be the end of a query.
+    for (const int codigo : {1, 0, -5}) {
+        pasarela.Al(niveles, [codigo](EnlaceGuion& enlace, const QJsonObject& peticion) {
+            enlace.Rechazar(peticion, -32020, u"Sensor"_s, {{u"errorCode"_s, codigo}});
+        });
+        EXPECT_FALSE(Niveles(cliente));
+        EXPECT_EQ(cliente.ErrorCode(), 900) << codigo;
+    }
     pasarela.Al(niveles, [](EnlaceGuion& enlace, const QJsonObject& peticion) {
         enlace.Contestar(peticion, QJsonArray{});
     });

@@ -131,6 +131,10 @@ TEST_F(GatewayClientEnlaceTest, GivesUpWithTheLastAmountsKnown) {
     ventana.alProgresar = [this] { QTimer::singleShot(0, qApp, [this] { pasarela.Apagar(); }); };
     EXPECT_EQ(Cobrar(cliente), u"no 500 0 1"_s);
     EXPECT_EQ(cliente.ErrorMessage(), u"Se ha perdido la comunicación con Zorvex"_s);
+    EXPECT_EQ(log.lineas, QStringList(LineaFin(kCobro(), 0,
+                                               u"ERROR_1 PAIDINVALUE=500 PAIDOUTVALUE=0 "
+                                               "ERRORCODE=1 - Se ha perdido la comunicación con "
+                                               "Zorvex"_s)));
     EXPECT_EQ(ventana.lineas.last(), u"cerrar"_s);
     EXPECT_FALSE(Niveles(cliente));
     EXPECT_EQ(cliente.ErrorCode(), 1);
@@ -250,10 +254,11 @@ TEST_F(GatewayClientEnlaceTest, LeavesAnOperationThatStillRunsToConnect) {
     EXPECT_TRUE(pasarela.Recibidas(u"op.cancel"_s).isEmpty());
 }
 
-TEST_F(GatewayClientEnlaceTest, AcknowledgesItsOwnResultAgainWithoutALogLine) {
+TEST_F(GatewayClientEnlaceTest, AcknowledgesItsOwnResultAgainWithoutASecondLogLine) {
     GatewayClient& cliente = Conectado();
     pasarela.Al(kCobro(), Termina(2000, 750));
     Cobrar(cliente);
+    EXPECT_EQ(log.Toma().size(), 1);
     ASSERT_TRUE(pasarela.Espera(kAck));
     pasarela.PonerSaludo(u"openOp"_s, CobroHecho(OpId(kCobro()), 2000, 750));
     pasarela.Cortar();
@@ -261,7 +266,9 @@ TEST_F(GatewayClientEnlaceTest, AcknowledgesItsOwnResultAgainWithoutALogLine) {
     EXPECT_EQ(Cobrar(cliente), u"ok 1250 0 0"_s);
     EXPECT_TRUE(pasarela.Espera(kAck, 3));
     EXPECT_EQ(OpId(kAck, 0), OpId(kAck, 1));
-    EXPECT_TRUE(log.lineas.isEmpty());
+    EXPECT_EQ(log.Toma(), QStringList(LineaFin(kCobro(), 1,
+                                               u"OK PAIDINVALUE=1250 "
+                                               "PAIDOUTVALUE=0 ERRORCODE=0"_s)));
 }
 
 // ---- peers that do not answer
@@ -408,6 +415,7 @@ TEST_F(GatewayClientEnlaceTest, EndsWithoutRepeatingOnAmountsBeyondThirtyTwoBits
     EXPECT_EQ(cliente.ErrorCode(), 902);
     EXPECT_TRUE(pasarela.Recibidas(kEstado).isEmpty());
     EXPECT_TRUE(pasarela.Recibidas(kAck).isEmpty());
+    EXPECT_TRUE(pasarela.EsperaCorte());
     EXPECT_FALSE(Niveles(cliente));
 }
 

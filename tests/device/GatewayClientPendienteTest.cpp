@@ -19,8 +19,8 @@ TEST_F(GatewayClientPendienteTest, LogsAndAcknowledgesAnEndedOperationFoundAtCon
     EXPECT_TRUE(pasarela.Espera(kAck));
     EXPECT_EQ(pasarela.Metodos(), Lista({"session.hello", "op.ack"}));
     EXPECT_EQ(OpId(kAck), u"vieja"_s);
-    EXPECT_EQ(log.lineas, QStringList(kPendiente + u"charge.start OK PAIDINVALUE=2000 "
-                                                   "PAIDOUTVALUE=750"_s));
+    EXPECT_EQ(log.lineas, QStringList(kPendiente + u"charge.start vieja OK PAIDINVALUE=2000 "
+                                                   "PAIDOUTVALUE=750 ERRORCODE=0"_s));
     EXPECT_TRUE(ventana.lineas.isEmpty());
 }
 
@@ -33,9 +33,9 @@ TEST_F(GatewayClientPendienteTest, CancelsARunningOperationFoundAtConnection) {
     });
     Conectado();
     EXPECT_TRUE(pasarela.Espera(kAck));
-    EXPECT_EQ(log.lineas, QStringList(kPendiente + u"charge.start CANCEL "
+    EXPECT_EQ(log.lineas, QStringList(kPendiente + u"charge.start vieja CANCEL "
                                                    "PAIDINVALUE=500 "
-                                                   "PAIDOUTVALUE=500"_s));
+                                                   "PAIDOUTVALUE=500 ERRORCODE=0"_s));
     EXPECT_EQ(ventana.lineas,
               Lista({"abrir 7 0 sin cancelar", "progreso 500 0", "progreso 500 500", "cerrar"}));
 }
@@ -45,8 +45,8 @@ TEST_F(GatewayClientPendienteTest, ResumesTheEndOfAnOldOperationOverADrop) {
     pasarela.Al(u"op.cancel"_s, Corta());
     pasarela.Al(kEstado, Contesta([](const QString& op) { return CobroHecho(op, 1250, 0); }));
     Conectado();
-    EXPECT_EQ(log.lineas, QStringList(kPendiente + u"charge.start OK PAIDINVALUE=1250 "
-                                                   "PAIDOUTVALUE=0"_s));
+    EXPECT_EQ(log.lineas, QStringList(kPendiente + u"charge.start vieja OK PAIDINVALUE=1250 "
+                                                   "PAIDOUTVALUE=0 ERRORCODE=0"_s));
 }
 
 TEST_F(GatewayClientPendienteTest, DoesNotConnectWhileAnOldOperationDoesNotEnd) {
@@ -59,7 +59,7 @@ TEST_F(GatewayClientPendienteTest, DoesNotConnectWhileAnOldOperationDoesNotEnd) 
     cliente.Connect(bien);
     EXPECT_FALSE(bien);
     EXPECT_EQ(cliente.ErrorCode(), 1);
-    EXPECT_EQ(log.lineas, QStringList(kPendiente + u"charge.start EN CURSO "
+    EXPECT_EQ(log.lineas, QStringList(kPendiente + u"charge.start vieja EN CURSO "
                                                    "PAIDINVALUE=500 "
                                                    "PAIDOUTVALUE=0"_s));
     EXPECT_TRUE(pasarela.Recibidas(kAck).isEmpty());

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QTimer>
 
+#include <limits>
+
 namespace zv {
 namespace {
 
@@ -180,7 +182,9 @@ TEST_F(GatewayClientTest, ChargesAndAcknowledges) {
     EXPECT_EQ(OpId(kCobro()).size(), 36);
     EXPECT_EQ(ventana.lineas, Lista({"abrir 0 1250", "aviso ", "progreso 2000 0",
                                      "progreso 2000 500", "progreso 2000 750", "cerrar"}));
-    EXPECT_TRUE(log.lineas.isEmpty());
+    EXPECT_EQ(log.lineas, QStringList(LineaFin(kCobro(), 0,
+                                               u"OK PAIDINVALUE=2000 "
+                                               "PAIDOUTVALUE=750 ERRORCODE=0"_s)));
 }
 
 TEST_F(GatewayClientTest, SendsTheStartBeforeTheWindowOpens) {
@@ -203,11 +207,11 @@ TEST_F(GatewayClientTest, SendsWhatEachOperationIsGivenAndTakesWhatItGives) {
     qint32 a = 0;
     qint32 b = 0;
 
-    pasarela.Al(u"change.start"_s, Termina(2000, 2000));
+    pasarela.Al(u"change.start"_s, Termina(2000, 1950));
     cliente.Change(a, b, bien);
     EXPECT_TRUE(bien);
     EXPECT_EQ(a, 2000);
-    EXPECT_EQ(b, 2000);
+    EXPECT_EQ(b, 1950);
     EXPECT_EQ(params("change.start"), QJsonObject());
 
     pasarela.Al(u"addChange.start"_s, Termina(5000, 0));
@@ -251,9 +255,15 @@ TEST_F(GatewayClientTest, SendsWhatEachOperationIsGivenAndTakesWhatItGives) {
     pasarela.Al(kCobro(), Termina(0, 300));
     EXPECT_EQ(Cobrar(cliente, -300), u"ok 0 300 0"_s);
     EXPECT_EQ(params("charge.start"), QJsonObject({{u"value"_s, -300}}));
-    EXPECT_TRUE(pasarela.Espera(u"op.ack"_s, 6));
-    EXPECT_EQ(ventana.lineas.filter(u"abrir"_s), Lista({"abrir 2 0", "abrir 3 0", "abrir 4 1503",
-                                                        "abrir 5 0", "abrir 6 0", "abrir 1 300"}));
+    constexpr qint32 kMinimo = std::numeric_limits<qint32>::min();
+    pasarela.Al(kCobro(), Falla(4, u"x"_s, 0, 0));
+    Cobrar(cliente, kMinimo);
+    EXPECT_EQ(pasarela.Recibidas(kCobro()).value(1)[u"params"].toObject()[u"value"].toInt(),
+              kMinimo);
+    EXPECT_TRUE(pasarela.Espera(u"op.ack"_s, 7));
+    EXPECT_EQ(ventana.lineas.filter(u"abrir"_s),
+              Lista({"abrir 2 0", "abrir 3 0", "abrir 4 1503", "abrir 5 0", "abrir 6 0",
+                     "abrir 1 300", "abrir 1 2147483647"}));
 }
 
 TEST_F(GatewayClientTest, TellsTheAmountsOfAnOperationThatFailed) {
@@ -270,10 +280,20 @@ TEST_F(GatewayClientTest, TellsTheAmountsOfAnOperationThatWasCancelled) {
     EXPECT_EQ(Cobrar(cliente), u"no 500 0 0"_s);
 }
 
+TEST_F(GatewayClientTest, KeepsTheSignOfACode) {
+    GatewayClient& cliente = Conectado();
+    pasarela.Al(kCobro(), Falla(-7, u"Anulado"_s, 500, 200));
+    EXPECT_EQ(Cobrar(cliente), u"no 500 200 -7"_s);
+    EXPECT_EQ(cliente.ErrorMessage(), u"Anulado"_s);
+    EXPECT_TRUE(Niveles(cliente)); // the session goes on
+}
+
 TEST_F(GatewayClientTest, ClampsAnErrorCodeBeyondSixteenBits) {
     GatewayClient& cliente = Conectado();
     pasarela.Al(kCobro(), Falla(70000, u"x"_s, 0, 0));
     EXPECT_EQ(Cobrar(cliente), u"no 0 0 32767"_s);
+    pasarela.Al(kCobro(), Falla(-70000, u"x"_s, 0, 0));
+    EXPECT_EQ(Cobrar(cliente), u"no 0 0 -32768"_s);
 }
 
 TEST_F(GatewayClientTest, LeavesTheRemainingChangeOfAFailedRunAsItWas) {
@@ -289,6 +309,63 @@ TEST_F(GatewayClientTest, LeavesTheRemainingChangeOfAFailedRunAsItWas) {
     EXPECT_EQ(a, 0);
 }
 
+TEST_F(GatewayClientTest, LogsTheEndOfEachKindOfOperation) {
+    GatewayClient& cliente = Conectado();
+    bool bien = false;
+    qint32 a = 0;
+    qint32 b = 0;
+    qint32 queda = 10000;
+    pasarela.Al(u"change.start"_s, Termina(2000, 1950));
+    cliente.Change(a, b, bien);
+    pasarela.Al(u"addChange.start"_s, Termina(5000, 0));
+    cliente.AddChange(a, bien);
+    pasarela.Al(u"pay.start"_s, Falla(4, u"No hay cambio"_s, 0, 1500));
+    cliente.Pay(1503, b, bien);
+    pasarela.Al(u"cashBox.control"_s, Falla(-2, {}, 0, 0));
+    cliente.CashBoxControl(15, a, b, queda, bien);
+    pasarela.Al(u"box.empty"_s, Contesta([](const QString& op) {
+                    QJsonObject estado = PasarelaGuion::Hecha(op, u"box.empty"_s, 0, 0);
+                    estado.insert(u"value"_s, 34000);
+                    return estado;
+                }));
+    cliente.EmptyCB(1, a, bien);
+    EXPECT_EQ(
+        log.lineas,
+        QStringList(
+            {LineaFin(u"change.start"_s, 0, u"OK PAIDINVALUE=2000 PAIDOUTVALUE=1950 ERRORCODE=0"_s),
+             LineaFin(u"addChange.start"_s, 0, u"OK PAIDINVALUE=5000 PAIDOUTVALUE=0 ERRORCODE=0"_s),
+             LineaFin(u"pay.start"_s, 0,
+                      u"ERROR_4 PAIDINVALUE=0 PAIDOUTVALUE=1500 ERRORCODE=4 - No hay cambio"_s),
+             LineaFin(u"cashBox.control"_s, 0,
+                      u"CANCEL PAIDINVALUE=0 PAIDOUTVALUE=0 COINSVALUEINCB=0 NOTESVALUEINCB=0 "
+                      "REMAININGCHANGE=0 ERRORCODE=-2"_s),
+             LineaFin(u"box.empty"_s, 0,
+                      u"OK PAIDINVALUE=0 PAIDOUTVALUE=0 VALUE=34000 ERRORCODE=0"_s)}));
+}
+
+TEST_F(GatewayClientTest, HasTheAmountsInTheLogBeforeItsWindowCloses) {
+    GatewayClient& cliente = Conectado();
+    pasarela.Al(kCobro(), Termina(2000, 750));
+    ventana.alCerrar = [this] { EXPECT_EQ(log.lineas.size(), 1); };
+    EXPECT_EQ(Cobrar(cliente), u"ok 2000 750 0"_s);
+}
+
+TEST_F(GatewayClientTest, LosesNoResultForALogThatCannotBeWritten) {
+    GatewayClient& cliente = Conectado();
+    pasarela.Al(kCobro(), Termina(2000, 750));
+    log.fallosPendientes = 1;
+    EXPECT_EQ(Cobrar(cliente), u"ok 2000 750 0"_s);
+    EXPECT_EQ(log.fallosPendientes, 0);
+    EXPECT_TRUE(pasarela.Espera(u"op.ack"_s));
+    EXPECT_EQ(ventana.lineas.last(), u"cerrar"_s);
+}
+
+TEST_F(GatewayClientTest, LogsNothingOfACallThatReachedNoGateway) {
+    GatewayClient& cliente = Cliente();
+    EXPECT_EQ(Cobrar(cliente), u"no 0 0 1"_s);
+    EXPECT_TRUE(log.lineas.isEmpty());
+}
+
 TEST_F(GatewayClientTest, ShowsWhyAStartWasRefusedAndAcknowledgesNothing) {
     GatewayClient& cliente = Conectado();
     const auto rechaza = [](const QJsonObject& datos) {
@@ -300,9 +377,14 @@ TEST_F(GatewayClientTest, ShowsWhyAStartWasRefusedAndAcknowledgesNothing) {
     pasarela.Al(kCobro(), rechaza({{codigo, 31}}));
     EXPECT_EQ(Cobrar(cliente), u"no 0 0 31"_s);
     EXPECT_EQ(cliente.ErrorMessage(), u"Puerta abierta"_s);
+    EXPECT_EQ(log.lineas, QStringList(LineaFin(kCobro(), 0,
+                                               u"ERROR_31 PAIDINVALUE=0 PAIDOUTVALUE=0 "
+                                               "ERRORCODE=31 - Puerta abierta"_s)));
     pasarela.Al(kCobro(), rechaza({}));
     EXPECT_EQ(Cobrar(cliente), u"no 0 0 900"_s);
     pasarela.Al(kCobro(), rechaza({{codigo, 1}}));
+    EXPECT_EQ(Cobrar(cliente), u"no 0 0 900"_s);
+    pasarela.Al(kCobro(), rechaza({{codigo, -5}}));
     EXPECT_EQ(Cobrar(cliente), u"no 0 0 900"_s);
     pasarela.Al(kCobro(), rechaza({{codigo, 99999}}));
     EXPECT_EQ(Cobrar(cliente), u"no 0 0 32767"_s);

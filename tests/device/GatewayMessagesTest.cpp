@@ -122,15 +122,28 @@ TEST(Estado, FitsTheErrorCodeIntoSixteenBitsAndKeepsOneForTheLink) {
 
 TEST(Estado, TellsItselfForTheLog) {
     EXPECT_EQ(TextoEstado(*LeerEstado(PasarelaGuion::Hecha(kOp, kCobro, 2000, 750))),
-              u"charge.start OK PAIDINVALUE=2000 PAIDOUTVALUE=750"_s);
+              u"charge.start op-1 OK PAIDINVALUE=2000 PAIDOUTVALUE=750 ERRORCODE=0"_s);
     EXPECT_EQ(TextoEstado(*LeerEstado(PasarelaGuion::Fallida(kOp, kCobro, 0, {}, 500, 500))),
-              u"charge.start CANCEL PAIDINVALUE=500 PAIDOUTVALUE=500"_s);
+              u"charge.start op-1 CANCEL PAIDINVALUE=500 PAIDOUTVALUE=500 ERRORCODE=0"_s);
+    EXPECT_EQ(TextoEstado(*LeerEstado(PasarelaGuion::Fallida(kOp, kCobro, -3, u"x"_s, 500, 400))),
+              u"charge.start op-1 CANCEL PAIDINVALUE=500 PAIDOUTVALUE=400 ERRORCODE=-3"_s);
     EXPECT_EQ(TextoEstado(*LeerEstado(
                   PasarelaGuion::Fallida(kOp, kCobro, 12, u"Atasco\r\nen la salida"_s, 2000, 500))),
-              u"charge.start ERROR_12 PAIDINVALUE=2000 PAIDOUTVALUE=500 - "
+              u"charge.start op-1 ERROR_12 PAIDINVALUE=2000 PAIDOUTVALUE=500 ERRORCODE=12 - "
               "Atasco en la salida"_s);
     EXPECT_EQ(TextoEstado(*LeerEstado(PasarelaGuion::EnMarcha(kOp, kCobro, 5, 0))),
-              u"charge.start EN CURSO PAIDINVALUE=5 PAIDOUTVALUE=0"_s);
+              u"charge.start op-1 EN CURSO PAIDINVALUE=5 PAIDOUTVALUE=0"_s);
+    QJsonObject cierre = PasarelaGuion::Hecha(u"a\nb"_s, u"cashBox.control"_s, 1, 2);
+    cierre.insert(u"coinsValueInCB"_s, 3);
+    cierre.insert(u"notesValueInCB"_s, 4);
+    cierre.insert(u"remainingChange"_s, 5);
+    EXPECT_EQ(TextoEstado(*LeerEstado(cierre)),
+              u"cashBox.control a b OK PAIDINVALUE=1 PAIDOUTVALUE=2 COINSVALUEINCB=3 "
+              "NOTESVALUEINCB=4 REMAININGCHANGE=5 ERRORCODE=0"_s);
+    QJsonObject vaciado = PasarelaGuion::Hecha(kOp, u"box.empty"_s, 1, 2);
+    vaciado.insert(u"value"_s, 3);
+    EXPECT_EQ(TextoEstado(*LeerEstado(vaciado)),
+              u"box.empty op-1 OK PAIDINVALUE=1 PAIDOUTVALUE=2 VALUE=3 ERRORCODE=0"_s);
 }
 
 QJsonObject Hola() {

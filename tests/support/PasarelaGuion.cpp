@@ -168,6 +168,11 @@ void PasarelaGuion::AlConectar() {
         }
         nuevo->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         QObject::connect(nuevo, &QTcpSocket::readyRead, nuevo, [this] { AlLeer(); });
+        QObject::connect(nuevo, &QTcpSocket::disconnected, nuevo, [this] {
+            const QMutexLocker guarda(&cerrojo_);
+            ++cortes_;
+            llegada_.wakeAll();
+        });
         const QMutexLocker guarda(&cerrojo_);
         ++conexiones_;
         llegada_.wakeAll();
@@ -257,6 +262,17 @@ QStringList PasarelaGuion::Metodos() const {
         }
     }
     return lista;
+}
+
+bool PasarelaGuion::EsperaCorte() const {
+    const QDeadlineTimer limite(kPaciencia);
+    const QMutexLocker guarda(&cerrojo_);
+    while (cortes_ == 0) {
+        if (!llegada_.wait(&cerrojo_, limite)) {
+            return false;
+        }
+    }
+    return true;
 }
 
 bool PasarelaGuion::Espera(const QString& metodo, int cuantas) const {

@@ -73,6 +73,8 @@ class PasarelaGuion {
     // Waits until so many requests of that method have come. False after 5 s.
     bool Espera(const QString& metodo, int cuantas = 1) const;
     int Conexiones() const;
+    // Waits until a client has left by itself or has been dropped. False after 5 s.
+    bool EsperaCorte() const;
 
     // Operation states. Amounts in minor units.
     static QJsonObject EnMarcha(const QString& opId, const QString& metodo, qint64 paidIn,
@@ -105,6 +107,7 @@ class PasarelaGuion {
     std::map<QString, Reaccion> siempre_;
     QJsonObject saludo_;
     int conexiones_ = 0;
+    int cortes_ = 0;
 };
 
 } // namespace zv

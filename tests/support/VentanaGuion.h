@@ -34,6 +34,9 @@ class VentanaGuion final : public VentanaOperacion {
     void Cerrar() override {
         lineas << u"cerrar"_s;
         cancelar_ = {};
+        if (alCerrar) {
+            alCerrar();
+        }
     }
     void Cancelar() const { cancelar_(); }
 
@@ -41,6 +44,7 @@ class VentanaGuion final : public VentanaOperacion {
     std::function<void()> alAbrir;
     std::function<void()> alProgresar;
     std::function<void()> alAvisar;
+    std::function<void()> alCerrar;
 
   private:
     std::function<void()> cancelar_;

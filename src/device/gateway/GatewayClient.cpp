@@ -24,6 +24,27 @@ qint32 ImporteMostrado(qint32 importe) {
                                                          : std::abs(importe);
 }
 
+// What ErrorCode says of an end.
+qint16 CodigoDe(const GatewayOperation::Fin& fin) {
+    using Motivo = GatewayOperation::Fin::Motivo;
+    switch (fin.motivo) {
+    case Motivo::Terminada:
+        return fin.estado.errorCode;
+    case Motivo::Rechazada:
+        return fin.codigo > errorpasarela::kEnlacePerdido ? fin.codigo : errorpasarela::kRechazada;
+    case Motivo::EnlacePerdido:
+    case Motivo::OtroAlmacen:
+        return errorpasarela::kEnlacePerdido;
+    case Motivo::Protocolo:
+        return errorpasarela::kProtocolo;
+    case Motivo::Cerrando:
+        return errorpasarela::kCerrando;
+    case Motivo::NoTermina:
+        return errorpasarela::kNoTermina;
+    }
+    return errorpasarela::kProtocolo;
+}
+
 } // namespace
 
 GatewayClient::GatewayClient(Log& log, const Textos& textos, VentanaOperacion* ventana,
@@ -250,6 +271,9 @@ GatewayOperation::Fin GatewayClient::Correr(GatewayOperation& operacion, Operati
         operacion.MostrarEn(ventana_);
     }
     GatewayOperation::Fin fin = operacion.Esperar();
+    if (kind != OperationKind::Pendiente) { // that one has a line of its own
+        Anotar(fin);
+    }
     if (ventana_ != nullptr) {
         ventana_->Cerrar();
     }
@@ -284,6 +308,21 @@ EstadoOperacion GatewayClient::Ejecutar(const QString& metodo, const QJsonObject
     return fin.estado;
 }
 
+// The amounts must outlive whatever fails from here on: the window, the caller, its books.
+void GatewayClient::Anotar(const GatewayOperation::Fin& fin) {
+    EstadoOperacion estado = fin.estado;
+    // Without an end of its own: the last amounts known, with the reason why no more will come.
+    estado.terminada = true;
+    estado.errorCode = CodigoDe(fin);
+    estado.errorMessage = MensajeDe(fin);
+    try {
+        log_.LogLinea(u">>> Operación terminada en Zorvex: "_s + TextoEstado(estado));
+    } catch (const ErrorEjecucion&) {
+        // Money has moved: what came of it goes to the caller all the same.
+        return;
+    }
+}
+
 void GatewayClient::TomarFin(const GatewayOperation::Fin& fin) {
     using Motivo = GatewayOperation::Fin::Motivo;
     const bool sigue = fin.motivo == Motivo::Terminada || fin.motivo == Motivo::Rechazada;
@@ -294,36 +333,29 @@ void GatewayClient::TomarFin(const GatewayOperation::Fin& fin) {
         reposo_.stop();
         sesion_.Cerrar();
     }
+    Fallar(CodigoDe(fin), MensajeDe(fin));
+}
+
+QString GatewayClient::MensajeDe(const GatewayOperation::Fin& fin) const {
+    using Motivo = GatewayOperation::Fin::Motivo;
     switch (fin.motivo) {
     case Motivo::Terminada:
-        Fallar(fin.estado.errorCode, fin.estado.errorMessage);
-        break;
+        return fin.estado.errorMessage;
     case Motivo::Rechazada:
-        Fallar(fin.codigo > errorpasarela::kEnlacePerdido ? fin.codigo : errorpasarela::kRechazada,
-               fin.mensaje);
-        break;
+        return fin.mensaje;
     case Motivo::EnlacePerdido:
-        Fallar(errorpasarela::kEnlacePerdido,
-               Texto("pasarelaEnlacePerdido", u"Se ha perdido la comunicación con Zorvex"_s));
-        break;
+        return Texto("pasarelaEnlacePerdido", u"Se ha perdido la comunicación con Zorvex"_s);
     case Motivo::OtroAlmacen:
-        Fallar(errorpasarela::kEnlacePerdido,
-               Texto("pasarelaOtroAlmacen",
-                     u"Tras perder la comunicación ha contestado otro Zorvex"_s));
-        break;
+        return Texto("pasarelaOtroAlmacen",
+                     u"Tras perder la comunicación ha contestado otro Zorvex"_s);
     case Motivo::Protocolo:
-        Fallar(errorpasarela::kProtocolo,
-               Texto("pasarelaProtocolo", u"Zorvex ha dado una respuesta que no es válida"_s));
-        break;
+        return Texto("pasarelaProtocolo", u"Zorvex ha dado una respuesta que no es válida"_s);
     case Motivo::Cerrando:
-        Fallar(errorpasarela::kCerrando,
-               Texto("pasarelaCerrando", u"La aplicación se cierra con la operación en curso"_s));
-        break;
+        return Texto("pasarelaCerrando", u"La aplicación se cierra con la operación en curso"_s);
     case Motivo::NoTermina:
-        Fallar(errorpasarela::kNoTermina,
-               Texto("pasarelaNoTermina", u"Zorvex no ha terminado la operación cancelada"_s));
-        break;
+        return Texto("pasarelaNoTermina", u"Zorvex no ha terminado la operación cancelada"_s);
     }
+    return {};
 }
 
 void GatewayClient::Change(qint32& paidIn, qint32& paidOut, bool& result) {

@@ -38,6 +38,8 @@ class GatewayClient final : public DeviceClient {
     void Connect(bool& result) override;
     // Nothing happens while an operation runs.
     void Disconnect() override;
+    // The long operations, as those below but the queries: the end of each is in the log before the
+    // call returns, in a line of its own; a log that cannot be written costs the line alone.
     void Change(qint32& paidIn, qint32& paidOut, bool& result) override;
     void AddChange(qint32& paidIn, bool& result) override;
     void Pay(qint32 valueInCents, qint32& paidOut, bool& result) override;
@@ -57,7 +59,9 @@ class GatewayClient final : public DeviceClient {
     EstadoOperacion Ejecutar(const QString& metodo, const QJsonObject& params, OperationKind kind,
                              qint32 importe, bool& result);
     GatewayOperation::Entorno EntornoOperacion();
+    void Anotar(const GatewayOperation::Fin& fin);
     void TomarFin(const GatewayOperation::Fin& fin);
+    QString MensajeDe(const GatewayOperation::Fin& fin) const;
     GatewayOperation::Fin Correr(GatewayOperation& operacion, OperationKind kind, qint32 importe,
                                  bool cancelable);
     std::optional<QJsonValue> Consultar(const QString& metodo, const QJsonObject& params);

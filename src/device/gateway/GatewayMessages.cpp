@@ -161,7 +161,7 @@ std::optional<EstadoOperacion> LeerEstado(const QJsonValue& valor) {
 }
 
 QString TextoEstado(const EstadoOperacion& estado) {
-    QString texto = UnaLinea(estado.method) + u' ';
+    QString texto = UnaLinea(estado.method) + u' ' + UnaLinea(estado.opId) + u' ';
     if (!estado.terminada) {
         texto += u"EN CURSO"_s;
     } else if (estado.ok) {
@@ -179,6 +179,9 @@ QString TextoEstado(const EstadoOperacion& estado) {
                  u" REMAININGCHANGE="_s + QString::number(estado.remainingChange.value_or(0));
     } else if (estado.method == QLatin1String("box.empty")) {
         texto += u" VALUE="_s + QString::number(estado.value);
+    }
+    if (estado.terminada) {
+        texto += u" ERRORCODE="_s + QString::number(estado.errorCode);
     }
     if (estado.terminada && !estado.ok && estado.errorCode > 0) {
         texto += u" - "_s + UnaLinea(estado.errorMessage);

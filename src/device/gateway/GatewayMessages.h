@@ -54,7 +54,7 @@ struct EstadoOperacion {
 
 std::optional<EstadoOperacion> LeerEstado(const QJsonValue& valor);
 
-// The state for the log: method, result, amounts. No line breaks.
+// The state for the log: method, opId, result, amounts, code. No line breaks.
 QString TextoEstado(const EstadoOperacion& estado);
 
 struct Saludo {
