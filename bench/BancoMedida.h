@@ -61,7 +61,7 @@ class DispositivoListo final : public DeviceClient {
 // A question would stop the measurement: it ends the program.
 class DialogosProhibidos final : public Dialogos {
   public:
-    int MostrarMensaje(const QString& titulo, const QString& texto, int) override {
+    Respuesta MostrarMensaje(const QString& titulo, const QString& texto, EstiloMensaje) override {
         Fin(titulo + u": "_s + texto);
     }
     QString PedirTexto(const QString& titulo, const QString&, const QString&) override {

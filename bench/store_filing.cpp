@@ -27,7 +27,9 @@ class LogNulo final : public zv::Log {
 
 class DialogosNulos final : public zv::Dialogos {
   public:
-    int MostrarMensaje(const QString&, const QString&, int) override { std::exit(EXIT_FAILURE); }
+    zv::Respuesta MostrarMensaje(const QString&, const QString&, zv::EstiloMensaje) override {
+        std::exit(EXIT_FAILURE);
+    }
     QString PedirTexto(const QString&, const QString&, const QString&) override { return {}; }
     zv::Currency PedirImporte(const QString&, const QString&, zv::Currency, bool, bool&) override {
         return {};

@@ -19,8 +19,8 @@ QString Arranque::Traduce(const char16_t* clave, const char16_t* porDefecto) con
     return entorno_.textos.Traduce(QString::fromUtf16(clave), QString::fromUtf16(porDefecto));
 }
 
-int Arranque::Mensaje(const char16_t* claveTitulo, const char16_t* titulo,
-                      const char16_t* claveTexto, const char16_t* texto) {
+Respuesta Arranque::Mensaje(const char16_t* claveTitulo, const char16_t* titulo,
+                            const char16_t* claveTexto, const char16_t* texto) {
     return entorno_.dialogos.MostrarMensaje(Traduce(claveTitulo, titulo),
                                             Traduce(claveTexto, texto));
 }

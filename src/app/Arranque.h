@@ -38,8 +38,8 @@ class Arranque {
   private:
     bool CargarProtegido(VentanaPrincipal& ventana);
     bool LeerConfiguracion();
-    int Mensaje(const char16_t* claveTitulo, const char16_t* titulo, const char16_t* claveTexto,
-                const char16_t* texto);
+    Respuesta Mensaje(const char16_t* claveTitulo, const char16_t* titulo,
+                      const char16_t* claveTexto, const char16_t* texto);
     QString Traduce(const char16_t* clave, const char16_t* porDefecto) const;
 
     Entorno& entorno_;

@@ -64,8 +64,8 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
       arranque(entorno, estado, pulso, conector, instancia, servicios.log,
                servicios.opciones.carpeta, [] { return std::make_unique<SqliteEngine>(); }) {
     supervision.PonerVista(&estado);
-    botones.Registrar(6, [this] { supervision.Desconectar(); });
-    botones.Registrar(7, [this] { supervision.Conectar(); });
+    botones.Registrar(BotonPie::Desconectar, [this] { supervision.Desconectar(); });
+    botones.Registrar(BotonPie::Conectar, [this] { supervision.Conectar(); });
     PasosArranque pasos;
     pasos.abrirFast = [this] { fast.AbrirFast(); };
     pasos.inicializarDades = [this, &servicios] {

@@ -3,6 +3,8 @@
 // timer, footer and grid a thousand times a second, which real widgets would not stand.
 #pragma once
 
+#include "engine/BotonPie.h"
+
 #include <QString>
 
 #include <array>
@@ -14,8 +16,13 @@ struct EstadoControles {
     bool timerCola = false;
     bool framePie = true;
     bool grdZV = true;
-    std::array<bool, 13> boton{true, true, true, true, true, true, false,
-                               true, true, true, true, true, true};
+    PorBotonPie<bool> boton = [] {
+        PorBotonPie<bool> habilitado;
+        for (const BotonPie cada : kBotonesPie) {
+            habilitado[cada] = cada != BotonPie::Desconectar;
+        }
+        return habilitado;
+    }();
     std::array<bool, 3> btnModo{false, false, false}; // pressed
     bool btnArriba = false;
     bool btnAbajo = false;
@@ -42,9 +49,9 @@ class Controles {
             Avisar();
         }
     }
-    void PonerBoton(std::size_t indice, bool habilitado) {
-        if (estado_.boton[indice] != habilitado) {
-            estado_.boton[indice] = habilitado;
+    void PonerBoton(BotonPie boton, bool habilitado) {
+        if (estado_.boton[boton] != habilitado) {
+            estado_.boton[boton] = habilitado;
             Avisar();
         }
     }

@@ -88,12 +88,12 @@ void Envio::LeerFila(Operacion& op) {
 
 bool Envio::AplicarCredito(Operacion& op) {
     if (!op.importe.EsCero()) {
-        const int respuesta = entorno_.dialogos.MostrarMensaje(
+        const Respuesta respuesta = entorno_.dialogos.MostrarMensaje(
             u"Confirmación de Operación Parcial"_s,
             u"Se ha detectado un cobro parcial anterior en esta operación de "_s + u"\r\n"_s +
                 entorno_.importes.FormatoImporte(op.credito),
-            5);
-        if (respuesta == resultado::kCancelar) {
+            EstiloMensaje::ReintentarCancelar);
+        if (respuesta == Respuesta::Cancelar) {
             entorno_.log.LogLinea(u"ENVIARZV_CREDITO_CANCEL: Importe Venta "_s +
                                   op.importe.ATexto() + u" - Crédito anterior "_s +
                                   op.credito.ATexto());

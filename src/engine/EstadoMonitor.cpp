@@ -12,21 +12,6 @@
 
 namespace zv {
 
-namespace {
-
-// Indexes of boton that this screen enables and disables.
-enum Boton : std::size_t {
-    kDarCambio = 2,
-    kAnadirCambio = 3,
-    kPago = 4,
-    kDesconectar = 6,
-    kConectar = 7,
-    kCobroManual = 8,
-    kAgrupar = 9
-};
-
-} // namespace
-
 EstadoMonitor::EstadoMonitor(Entorno& entorno, Controles& controles, GridCola& grid)
     : entorno_(entorno), controles_(controles), grid_(grid) {
     controles_.Poner(&EstadoControles::lbContador, u"Comprobando operaciones pendientes..."_s);
@@ -114,13 +99,13 @@ void EstadoMonitor::ActualizarTexto(bool automatico) {
 
 void EstadoMonitor::ActualizarBotonesMonitor(bool habilitado) {
     const bool conectado = entorno_.supervision.Conectado();
-    controles_.PonerBoton(kConectar, !conectado);
-    controles_.PonerBoton(kDesconectar, conectado);
-    controles_.PonerBoton(kPago, entorno_.configuracio->BLOQUEARPAGOS == 0 && habilitado);
-    controles_.PonerBoton(kDarCambio, habilitado);
-    controles_.PonerBoton(kAnadirCambio, habilitado);
-    controles_.PonerBoton(kCobroManual, habilitado);
-    controles_.PonerBoton(kAgrupar, ultimaCuenta_ >= 2 && habilitado);
+    controles_.PonerBoton(BotonPie::Conectar, !conectado);
+    controles_.PonerBoton(BotonPie::Desconectar, conectado);
+    controles_.PonerBoton(BotonPie::Pago, entorno_.configuracio->BLOQUEARPAGOS == 0 && habilitado);
+    controles_.PonerBoton(BotonPie::DarCambio, habilitado);
+    controles_.PonerBoton(BotonPie::AnadirCambio, habilitado);
+    controles_.PonerBoton(BotonPie::CobroManual, habilitado);
+    controles_.PonerBoton(BotonPie::AgruparCobros, ultimaCuenta_ >= 2 && habilitado);
 }
 
 void EstadoMonitor::PulsarModo(int indice) {
@@ -169,7 +154,7 @@ void EstadoMonitor::Desplazado(int fila) {
 }
 
 void EstadoMonitor::HabilitarConectar(bool habilitado) {
-    controles_.PonerBoton(kConectar, habilitado);
+    controles_.PonerBoton(BotonPie::Conectar, habilitado);
 }
 
 void EstadoMonitor::MostrarLamparas(bool ok, bool alerta, bool critico) {

@@ -162,8 +162,7 @@ bool PulsoCola::ConfirmarAbono(Currency importe) {
                           salto + t(texto::kRetireElCambio3) + salto + salto +
                           t(texto::kImporteDosPuntos) +
                           entorno_.importes.FormatoImporte(importe.Absoluto());
-    return entorno_.dialogos.MostrarMensaje(t(texto::kAbonoPendiente), texto, 0) ==
-           resultado::kAceptar;
+    return entorno_.dialogos.MostrarMensaje(t(texto::kAbonoPendiente), texto) == Respuesta::Aceptar;
 }
 
 void PulsoCola::EnviarYRefrescar(qint32 idZV) {

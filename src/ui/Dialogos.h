@@ -5,25 +5,41 @@
 #include "platform/Currency.h"
 
 #include <QString>
+#include <QtGlobal>
 
 namespace zv {
 
+// Styles of MostrarMensaje: which buttons it has. The platform message box's own numbers.
+enum class EstiloMensaje : qint32 {
+    Aceptar = 0,
+    AceptarCancelar = 1,
+    SiNoCancelar = 3, // yes and no alone, like SiNo
+    SiNo = 4,
+    ReintentarCancelar = 5,
+    // One button, like Aceptar.
+    Critico = 16,
+    Pregunta = 32,
+    Aviso = 48,
+    Informacion = 64
+};
+
 // Results of MostrarMensaje, the platform message box's own numbers.
-namespace resultado {
-inline constexpr int kAceptar = 1;
-inline constexpr int kCancelar = 2;
-inline constexpr int kReintentar = 4;
-inline constexpr int kSi = 6;
-inline constexpr int kNo = 7;
-} // namespace resultado
+enum class Respuesta : qint16 {
+    Ninguna = 0, // a message of one button was closed without pressing it
+    Aceptar = 1,
+    Cancelar = 2,
+    Reintentar = 4,
+    Si = 6,
+    No = 7
+};
 
 class Dialogos {
   public:
     virtual ~Dialogos() = default;
 
-    // Shared message dialog, modal. estilo: 0, 16, 32, 48, 64 one button; 1 accept and cancel;
-    // 3, 4 yes and no; 5 retry and cancel. Answers the number of the button.
-    virtual int MostrarMensaje(const QString& titulo, const QString& texto, int estilo = 0) = 0;
+    // Shared message dialog, modal. Answers the button that was pressed.
+    virtual Respuesta MostrarMensaje(const QString& titulo, const QString& texto,
+                                     EstiloMensaje estilo = EstiloMensaje::Aceptar) = 0;
     // One line of text; empty when cancelled.
     virtual QString PedirTexto(const QString& titulo, const QString& texto,
                                const QString& porDefecto = {}) = 0;

@@ -156,9 +156,9 @@ void LogFiles::LimpiarLogs(Dialogos& dialogos) const {
     try {
         Borrar();
     } catch (const ErrorEjecucion& e) {
-        dialogos.MostrarMensaje(
-            u"Error al eliminar los LOGS "_s,
-            u"Error "_s + QString::number(e.Numero()) + u" - "_s + e.Descripcion(), 0);
+        dialogos.MostrarMensaje(u"Error al eliminar los LOGS "_s, u"Error "_s +
+                                                                      QString::number(e.Numero()) +
+                                                                      u" - "_s + e.Descripcion());
     }
 }
 

@@ -66,7 +66,7 @@ class AjustesMalosTest : public BancoMonitor {
     }
     void ElArranqueFallaCon(const char* texto) {
         dialogos.EsperaMensaje(u"Error al iniciar la aplicación"_s, QString::fromUtf8(texto),
-                               resultado::kAceptar, 0);
+                               Respuesta::Aceptar, EstiloMensaje::Aceptar);
         EXPECT_FALSE(monitor->Cargar());
         EXPECT_FALSE(monitor->pulso.Armado());
         EXPECT_FALSE(monitor->motor.Abierta());

@@ -48,7 +48,7 @@ TEST_F(ArranqueTest, TheLoadGoesThroughItsStepsInOrder) {
     EXPECT_TRUE(monitor->pulso.Armado());
     EXPECT_EQ(monitor->controles.Estado().lbContador, u"0 cobros"_s);
     EXPECT_TRUE(monitor->controles.Estado().ShapeOK);
-    EXPECT_FALSE(monitor->controles.Estado().boton[7]);
+    EXPECT_FALSE(monitor->controles.Estado().boton[BotonPie::Conectar]);
     EXPECT_EQ(LeerValor(u"Saldo_Inicial"_s), u"5000"_s);
 }
 
@@ -139,8 +139,8 @@ TEST_F(ArranqueTest, WithoutADeviceTheScreenOpensDisconnected) {
     dialogos.EsperaMensaje(u"Error de Zorvex"_s, testing::_);
     EXPECT_TRUE(monitor->Cargar());
     EXPECT_FALSE(monitor->supervision.Conectado());
-    EXPECT_TRUE(monitor->controles.Estado().boton[7]);
-    EXPECT_FALSE(monitor->controles.Estado().boton[6]);
+    EXPECT_TRUE(monitor->controles.Estado().boton[BotonPie::Conectar]);
+    EXPECT_FALSE(monitor->controles.Estado().boton[BotonPie::Desconectar]);
     EXPECT_TRUE(monitor->controles.Estado().ShapeCritico);
     EXPECT_TRUE(monitor->pulso.Armado());
 }
@@ -150,7 +150,7 @@ TEST_F(ArranqueTest, TheBalancesAreComparedWithTheWindowShown) {
     PonerSaldo(5000);
     cliente.PonerTotal(5001);
     cliente.EsperaConnect();
-    dialogos.EsperaMensaje(u"Inicialización"_s, testing::_, resultado::kAceptar, -1, [&] {
+    dialogos.EsperaMensaje(u"Inicialización"_s, testing::_, Respuesta::Aceptar, std::nullopt, [&] {
         EXPECT_TRUE(ventana.llamadas.contains(u"mostrar"_s));
         EXPECT_FALSE(monitor->pulso.Armado());
     });

@@ -62,7 +62,8 @@ TEST_F(ConectorTest, AMissingProgramIsTold) {
 }
 
 TEST_F(ConectorTest, OneThatSomebodyStartsUnderTheMessageCounts) {
-    dialogos.EsperaMensaje(u"Conector no cargado"_s, testing::_, resultado::kAceptar, 0,
+    dialogos.EsperaMensaje(u"Conector no cargado"_s, testing::_, Respuesta::Aceptar,
+                           EstiloMensaje::Aceptar,
                            [this] { procesos.enMarcha << u"ZVConnector.exe"_s; });
     monitor->conector.ArrancarConector();
     EXPECT_TRUE(monitor->conector.EnMarcha());

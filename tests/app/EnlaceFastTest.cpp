@@ -71,14 +71,15 @@ TEST_F(EnlaceFastTest, UnlessToldOtherwiseItListensOnEveryInterface) {
 TEST_F(EnlaceFastTest, ItIsOpenBeforeTheConnectorStartsAndMessagesWaitForTheStore) {
     bool preguntado = false;
     std::unique_ptr<QTcpSocket> socket;
-    dialogos.EsperaMensaje(u"Conector no cargado"_s, testing::_, resultado::kAceptar, -1, [&] {
-        preguntado = true;
-        socket = Conectar();
-        socket->write("C|T1|1250");
-        ASSERT_TRUE(Esperar([&] { return monitor->fast.MensajesEnCola() == 1; }));
-        monitor->fast.Tick();
-        EXPECT_EQ(monitor->fast.MensajesEnCola(), 1u);
-    });
+    dialogos.EsperaMensaje(
+        u"Conector no cargado"_s, testing::_, Respuesta::Aceptar, std::nullopt, [&] {
+            preguntado = true;
+            socket = Conectar();
+            socket->write("C|T1|1250");
+            ASSERT_TRUE(Esperar([&] { return monitor->fast.MensajesEnCola() == 1; }));
+            monitor->fast.Tick();
+            EXPECT_EQ(monitor->fast.MensajesEnCola(), 1u);
+        });
     Cargar("ZVConectorActive=1\r\nZVConectorPath=/no/hay/Conector\r\n");
     ASSERT_TRUE(preguntado);
     ASSERT_TRUE(Esperar([&] { return socket->bytesAvailable() > 0; }));
@@ -89,7 +90,7 @@ TEST_F(EnlaceFastTest, ItAnswersUnderADialogAndWhileACustomerPays) {
     Cargar({}, "AUTO");
     const auto socket = Conectar();
     EXPECT_EQ(Pregunta(*socket, "C|R1|-500"), QByteArray("OK|Added"));
-    dialogos.EsperaMensaje(u"Abono pendiente"_s, testing::_, resultado::kAceptar, -1, [&] {
+    dialogos.EsperaMensaje(u"Abono pendiente"_s, testing::_, Respuesta::Aceptar, std::nullopt, [&] {
         EXPECT_EQ(Pregunta(*socket, "C|T2|700"), QByteArray("OK|Added"));
     });
     cliente.EsperaCharge(-500, 0, 500, FinGuion::Ok().Durante([&] {
@@ -161,7 +162,7 @@ TEST_F(EnlaceFastTest, AScannedCodeIsQueuedThoughTheDeviceIsDisconnected) {
     Cargar("[BARCODE]\r\nBCEAN=6\r\nBCTPRE=1\r\nBCTINI=1\r\nBCTFIN=2\r\nBCIINI=3\r\nBCIFIN=6\r\n"
            "BCDEC=2\r\n");
     cliente.EsperaDisconnect();
-    monitor->botones.boton_Click(6);
+    monitor->botones.boton_Click(BotonPie::Desconectar);
     const auto socket = Conectar();
     socket->write("S|A7");
     bool vacia = false;

@@ -24,7 +24,7 @@ class ConfiguracioFicheroTest : public BancoConfig {
         dialogos.EsperaMensaje(u"Error al leer el fichero de configuración"_s,
                                u"Error nº 75: Error de acceso a la ruta o al "
                                "archivo: %1 (%2)"_s.arg(ruta, QString::fromUtf8(motivo)),
-                               resultado::kAceptar, 0);
+                               Respuesta::Aceptar, EstiloMensaje::Aceptar);
         Configuracio cfg = Nueva();
         cfg.IP = u"vieja"_s;
         cfg.PREGUNTARANULAR = 7;

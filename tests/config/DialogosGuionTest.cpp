@@ -20,12 +20,13 @@ const QString& Hola() {
 TEST(DialogosGuion, AnswersInOrder) {
     DialogosGuion guion;
     bool visto = false;
-    guion.EsperaMensaje(Hola(), testing::_, resultado::kSi, 4, [&] { visto = true; });
+    guion.EsperaMensaje(Hola(), testing::_, Respuesta::Si, EstiloMensaje::SiNo,
+                        [&] { visto = true; });
     guion.EsperaTexto(testing::_, testing::_, u"causa"_s, u"antes"_s);
     guion.EsperaImporte(testing::_, testing::_, Currency(1250));
     guion.EsperaImporte(testing::_, testing::_, Currency(), true);
     guion.EsperaCaja(Hola());
-    EXPECT_EQ(guion.MostrarMensaje(Hola(), u"x"_s, 4), resultado::kSi);
+    EXPECT_EQ(guion.MostrarMensaje(Hola(), u"x"_s, EstiloMensaje::SiNo), Respuesta::Si);
     EXPECT_TRUE(visto);
     EXPECT_EQ(guion.PedirTexto(Hola(), {}, u"antes"_s), u"causa"_s);
     bool cancelado = true;
@@ -52,14 +53,17 @@ TEST(DialogosGuion, AnUnexpectedDialogFailsTheTest) {
 
 TEST(DialogosGuion, AnotherDialogThanTheScriptsFailsTheTest) {
     DialogosGuion guion;
-    guion.EsperaMensaje(Hola(), u"texto"_s, resultado::kNo, 4);
+    guion.EsperaMensaje(Hola(), u"texto"_s, Respuesta::No, EstiloMensaje::SiNo);
     const QString otro = u"otro"_s;
     const QString texto = u"texto"_s;
-    EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(otro, texto, 4), "the script has");
-    EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(Hola(), otro, 4), "the script has");
-    EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(Hola(), texto, 0), "the script has");
+    EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(otro, texto, EstiloMensaje::SiNo),
+                            "the script has");
+    EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(Hola(), otro, EstiloMensaje::SiNo),
+                            "the script has");
+    EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(Hola(), texto, EstiloMensaje::Aceptar),
+                            "the script has");
     EXPECT_NONFATAL_FAILURE(guion.CajaSimple(texto), "the script has");
-    EXPECT_EQ(guion.MostrarMensaje(Hola(), texto, 4), resultado::kNo);
+    EXPECT_EQ(guion.MostrarMensaje(Hola(), texto, EstiloMensaje::SiNo), Respuesta::No);
 }
 
 TEST(DialogosGuion, AnAnswerNobodyAskedForFailsTheTest) {

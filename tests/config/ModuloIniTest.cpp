@@ -39,7 +39,7 @@ TEST_F(ModuloIniTest, AFailedReadIsShownAndEmpty) {
     dialogos.EsperaMensaje(
         u"Error al leer el fichero de configuración"_s,
         u"Error nº 75: Error de acceso a la ruta o al archivo: %1 (es una carpeta)"_s.arg(ruta),
-        resultado::kAceptar, 0);
+        Respuesta::Aceptar, EstiloMensaje::Aceptar);
     EXPECT_EQ(Lee("k"), QString());
     EXPECT_TRUE(log.lineas.isEmpty());
 }

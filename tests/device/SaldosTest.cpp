@@ -125,7 +125,8 @@ TEST_F(SaldosTest, ShowsAReadThatRaises) {
 TEST_F(SaldosTest, GoesOnWithWhatItHasWhenAReadFails) {
     PonerNiveles(3, "500", "2");
     cliente.FallarNiveles(2, 8, u"Sensor"_s);
-    dialogos.EsperaMensaje(u"Operación anulada"_s, u"Sensor"_s, resultado::kAceptar, 0);
+    dialogos.EsperaMensaje(u"Operación anulada"_s, u"Sensor"_s, Respuesta::Aceptar,
+                           EstiloMensaje::Aceptar);
     EXPECT_EQ(Saldo(TipoSaldo::Todo), Currency(1000));
 
     cliente.FallarNiveles(2, -1, {}); // any code but 0 is told, with no words too
@@ -150,7 +151,8 @@ TEST_F(SaldosTest, ReadingShowsNothingAndKeepsTheWordsOfTheFailure) {
     EXPECT_TRUE(dialogos.Llamadas().isEmpty());
 
     cliente.PonerError(3, u"Otra cosa"_s); // what the device says later is not about this read
-    dialogos.EsperaMensaje(u"Operación anulada"_s, u"Sensor"_s, resultado::kAceptar, 0);
+    dialogos.EsperaMensaje(u"Operación anulada"_s, u"Sensor"_s, Respuesta::Aceptar,
+                           EstiloMensaje::Aceptar);
     saldos.Avisar(lectura);
 }
 

@@ -115,7 +115,7 @@ TEST_F(SupervisionConexionTest, TellsATotalThatDiffersByOneUnitAndStoresTheNewOn
         u"Inicialización"_s,
         u"El saldo de Zorvex ha variado desde la última vez que se ejecutó la "
         "aplicación:\r\nÚltimo Saldo Registrado:12,34 €\r\nSaldo Actual:12,35 €"_s,
-        resultado::kAceptar, 0, [this] {
+        Respuesta::Aceptar, EstiloMensaje::Aceptar, [this] {
             // Only told: the value in the registry follows afterwards.
             EXPECT_EQ(Leer(kSaldoExit), u"1234"_s);
             EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_CONECTARZORV_CONNECT_OK"}));
@@ -158,7 +158,7 @@ TEST_F(SupervisionConexionTest, ShowsAndLogsAConnectionThatFailed) {
         u"Error de Zorvex"_s,
         u"Existe un problema de comunicación con Zorvex.\r\nConsulte con su técnico "
         "el siguiente error:\r\n1: No contesta"_s,
-        resultado::kAceptar, 0, [this] {
+        Respuesta::Aceptar, EstiloMensaje::Aceptar, [this] {
             EXPECT_FALSE(sucesos.contains(u"boton7 1"_s));
             EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_CONECTARZORV_CONNECT_ERRORZV1"}));
         });
@@ -221,7 +221,7 @@ TEST_F(SupervisionConexionTest, RefusesToDisconnectWhileGrouping) {
     vista.agrupando = true;
     dialogos.EsperaMensaje(u"Conflicto de operaciones"_s,
                            u"Esta agrupando pagos, finalize la operacion primero"_s,
-                           resultado::kAceptar, 0);
+                           Respuesta::Aceptar, EstiloMensaje::Aceptar);
     supervision.Desconectar();
     EXPECT_TRUE(supervision.Conectado());
     EXPECT_TRUE(log.lineas.isEmpty());

@@ -70,11 +70,11 @@ class OperacionMortal final : public VentanaOperacion {
 class OperadorMortal final : public Dialogos {
   public:
     explicit OperadorMortal(Puntos& puntos) : puntos_(puntos) {}
-    int MostrarMensaje(const QString&, const QString&, int estilo) override {
+    Respuesta MostrarMensaje(const QString&, const QString&, EstiloMensaje estilo) override {
         puntos_.Pasar();
-        return estilo == 5   ? resultado::kReintentar
-               : estilo == 4 ? resultado::kSi
-                             : resultado::kAceptar;
+        return estilo == EstiloMensaje::ReintentarCancelar ? Respuesta::Reintentar
+               : estilo == EstiloMensaje::SiNo             ? Respuesta::Si
+                                                           : Respuesta::Aceptar;
     }
     QString PedirTexto(const QString&, const QString&, const QString& porDefecto) override {
         puntos_.Pasar();

@@ -27,8 +27,8 @@ class EnvioSinNivelesTest : public BancoEngine {
         });
     }
     void EsperaAnulada(DialogosGuion::Accion mientras = {}) {
-        dialogos.EsperaMensaje(u"Operación anulada"_s, u"Sin conexión"_s, resultado::kAceptar, 0,
-                               std::move(mientras));
+        dialogos.EsperaMensaje(u"Operación anulada"_s, u"Sin conexión"_s, Respuesta::Aceptar,
+                               EstiloMensaje::Aceptar, std::move(mientras));
     }
     QString SaldoExit() const {
         return registro.LeerValor(u"Zorvex\\ZVMonitor"_s, u"Saldo_Exit"_s, QString());
@@ -164,7 +164,7 @@ TEST_F(EnvioSinNivelesTest, ALinkThatComesBackSendsTheRestAfterTheQuestion) {
     cliente.EsperaConnect(FinGuion::Ok().Durante([this] { cliente.PonerTotal(11000); }));
     dialogos.EsperaMensaje(u"Inicialización"_s, testing::_);
     dialogos.EsperaMensaje(u"Confirmación de Operación Parcial"_s, testing::_,
-                           resultado::kReintentar, 5);
+                           Respuesta::Reintentar, EstiloMensaje::ReintentarCancelar);
     cliente.EsperaCharge(250, 250, 0);
     pulso.ProcesarCola();
     EXPECT_TRUE(Cola().empty());

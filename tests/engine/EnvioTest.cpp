@@ -115,7 +115,7 @@ TEST_F(EnvioTest, AnEarlierCreditIsConfirmedAndOnlyTheRestIsCharged) {
     dialogos.EsperaMensaje(TituloCredito(),
                            u"Se ha detectado un cobro parcial anterior en esta "
                            "operación de \r\n4,00 €"_s,
-                           resultado::kReintentar, 5);
+                           Respuesta::Reintentar, EstiloMensaje::ReintentarCancelar);
     cliente.EsperaCharge(600, 600, 0);
     EXPECT_EQ(Enviar(id), envio::kBien);
     ASSERT_EQ(Procesados().size(), 1U);
@@ -127,7 +127,8 @@ TEST_F(EnvioTest, AnEarlierCreditIsConfirmedAndOnlyTheRestIsCharged) {
 TEST_F(EnvioTest, ARefusedCreditWritesNothing) {
     const qint32 id = PonerFila(1000);
     PonerCredito(id, 400);
-    dialogos.EsperaMensaje(TituloCredito(), testing::_, resultado::kCancelar, 5);
+    dialogos.EsperaMensaje(TituloCredito(), testing::_, Respuesta::Cancelar,
+                           EstiloMensaje::ReintentarCancelar);
     int comienzos = 0;
     motor.PonerGancho([&](const Statement& s) {
         comienzos +=
@@ -146,7 +147,8 @@ TEST_F(EnvioTest, ARefusedCreditWritesNothing) {
 TEST_F(EnvioTest, ACreditOfTheWholeAmountIsFiledWithoutTheDevice) {
     const qint32 id = PonerFila(1000);
     PonerCredito(id, 1000);
-    dialogos.EsperaMensaje(TituloCredito(), testing::_, resultado::kReintentar, 5);
+    dialogos.EsperaMensaje(TituloCredito(), testing::_, Respuesta::Reintentar,
+                           EstiloMensaje::ReintentarCancelar);
     EXPECT_EQ(Enviar(id), envio::kBien);
     ASSERT_EQ(Procesados().size(), 1U);
     const auto filas = Procesados();
@@ -176,7 +178,8 @@ TEST_F(EnvioTest, ANullCreditIsNoCredit) {
 TEST_F(EnvioTest, ADeviceErrorKeepsTheRowAndReplacesItsCredit) {
     const qint32 id = PonerFila(3000);
     PonerCredito(id, 300);
-    dialogos.EsperaMensaje(TituloCredito(), testing::_, resultado::kReintentar, 5);
+    dialogos.EsperaMensaje(TituloCredito(), testing::_, Respuesta::Reintentar,
+                           EstiloMensaje::ReintentarCancelar);
     cliente.EsperaCharge(2700, 2000, 500, FinGuion::Error(5, u"Billete atascado"_s));
     EXPECT_EQ(Enviar(id), envio::kError);
 
@@ -205,7 +208,8 @@ TEST_F(EnvioTest, ADeviceErrorKeepsTheRowAndReplacesItsCredit) {
 TEST_F(EnvioTest, ADeviceErrorThatMovedNothingClearsTheCredit) {
     const qint32 id = PonerFila(1000);
     PonerCredito(id, 300);
-    dialogos.EsperaMensaje(TituloCredito(), testing::_, resultado::kReintentar, 5);
+    dialogos.EsperaMensaje(TituloCredito(), testing::_, Respuesta::Reintentar,
+                           EstiloMensaje::ReintentarCancelar);
     cliente.EsperaCharge(700, 0, 0, FinGuion::Error(9, u"x"_s));
     EXPECT_EQ(Enviar(id), envio::kError);
     EXPECT_FALSE(Cola().front().EsNulo(u"creditoError"_s));

@@ -176,32 +176,34 @@ TEST_F(EstadoMonitorTest, TheWordsComeFromTheLanguageFileEvenTheModes) {
 
 TEST_F(EstadoMonitorTest, ButtonsFollowTheConnectionAndThePermission) {
     estado.ActualizarBotonesMonitor(true);
-    EXPECT_TRUE(C().boton[7]);
-    EXPECT_FALSE(C().boton[6]);
-    for (const std::size_t i : {2U, 3U, 4U, 8U}) {
-        EXPECT_TRUE(C().boton[i]) << i;
+    EXPECT_TRUE(C().boton[BotonPie::Conectar]);
+    EXPECT_FALSE(C().boton[BotonPie::Desconectar]);
+    for (const BotonPie i :
+         {BotonPie::DarCambio, BotonPie::AnadirCambio, BotonPie::Pago, BotonPie::CobroManual}) {
+        EXPECT_TRUE(C().boton[i]) << static_cast<std::size_t>(i);
     }
-    EXPECT_FALSE(C().boton[9]);
+    EXPECT_FALSE(C().boton[BotonPie::AgruparCobros]);
     estado.PonerUltimaCuenta(1);
     estado.ActualizarBotonesMonitor(true);
-    EXPECT_FALSE(C().boton[9]);
+    EXPECT_FALSE(C().boton[BotonPie::AgruparCobros]);
     estado.PonerUltimaCuenta(2);
     estado.ActualizarBotonesMonitor(true);
-    EXPECT_TRUE(C().boton[9]);
+    EXPECT_TRUE(C().boton[BotonPie::AgruparCobros]);
     estado.ActualizarBotonesMonitor(false);
-    for (const std::size_t i : {2U, 3U, 4U, 8U, 9U}) {
-        EXPECT_FALSE(C().boton[i]) << i;
+    for (const BotonPie i : {BotonPie::DarCambio, BotonPie::AnadirCambio, BotonPie::Pago,
+                             BotonPie::CobroManual, BotonPie::AgruparCobros}) {
+        EXPECT_FALSE(C().boton[i]) << static_cast<std::size_t>(i);
     }
     ConectarCon(100);
-    EXPECT_FALSE(C().boton[7]);
-    EXPECT_TRUE(C().boton[6]);
+    EXPECT_FALSE(C().boton[BotonPie::Conectar]);
+    EXPECT_TRUE(C().boton[BotonPie::Desconectar]);
 }
 
 TEST_F(EstadoMonitorTest, BlockedPaymentsDisableTheirButton) {
     configuracio->BLOQUEARPAGOS = 1;
     estado.ActualizarBotonesMonitor(true);
-    EXPECT_FALSE(C().boton[4]);
-    EXPECT_TRUE(C().boton[3]);
+    EXPECT_FALSE(C().boton[BotonPie::Pago]);
+    EXPECT_TRUE(C().boton[BotonPie::AnadirCambio]);
 }
 
 TEST_F(EstadoMonitorTest, PagesStopAtBothEnds) {
@@ -274,24 +276,24 @@ TEST_F(EstadoMonitorTest, AFailedRefillIsShownAndNotRaised) {
 
 TEST_F(EstadoMonitorTest, AFooterButtonBracketsItsOperation) {
     int veces = 0;
-    botones.Registrar(2, [&] {
+    botones.Registrar(BotonPie::DarCambio, [&] {
         ++veces;
         EXPECT_FALSE(C().framePie);
         EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
-        botones.boton_Click(2); // disabled meanwhile
+        botones.boton_Click(BotonPie::DarCambio); // disabled meanwhile
     });
     entorno.ResultadoEnvio = envio::kCancelado;
-    botones.boton_Click(2);
+    botones.boton_Click(BotonPie::DarCambio);
     EXPECT_EQ(veces, 1);
     EXPECT_TRUE(C().framePie);
     EXPECT_EQ(C().lbContador, u"0 cobros"_s);
 }
 
 TEST_F(EstadoMonitorTest, ADisabledOrUnusedButtonDoesNothing) {
-    botones.Registrar(2, [] { FAIL(); });
+    botones.Registrar(BotonPie::DarCambio, [] { FAIL(); });
     estado.ActualizarBotonesMonitor(false);
-    botones.boton_Click(2);
-    botones.boton_Click(11);
+    botones.boton_Click(BotonPie::DarCambio);
+    botones.boton_Click(BotonPie::SinUso);
     EXPECT_TRUE(C().framePie);
 }
 

@@ -58,14 +58,14 @@ TEST_F(PulsoColaTest, ThePulseFooterAndGridRestWhileTheDeviceWorks) {
         EXPECT_FALSE(controles.Estado().timerCola);
         EXPECT_FALSE(controles.Estado().framePie);
         EXPECT_FALSE(controles.Estado().grdZV);
-        EXPECT_FALSE(controles.Estado().boton[2]);
-        EXPECT_FALSE(controles.Estado().boton[4]);
+        EXPECT_FALSE(controles.Estado().boton[BotonPie::DarCambio]);
+        EXPECT_FALSE(controles.Estado().boton[BotonPie::Pago]);
     }));
     pulso.ProcesarCola();
     EXPECT_TRUE(controles.Estado().timerCola);
     EXPECT_TRUE(controles.Estado().framePie);
     EXPECT_TRUE(controles.Estado().grdZV);
-    EXPECT_TRUE(controles.Estado().boton[2]);
+    EXPECT_TRUE(controles.Estado().boton[BotonPie::DarCambio]);
 }
 
 TEST_F(PulsoColaTest, ManualSendsNothingButShowsTheRows) {
@@ -158,10 +158,11 @@ TEST_F(PulsoColaTest, NothingIsSentWhileTheLastResultStands) {
 TEST_F(PulsoColaTest, ARefundWaitsForTheOperatorAndIsThenPaid) {
     ConectarCon(10000);
     const qint32 id = PonerFila(-800);
-    dialogos.EsperaMensaje(u"Abono pendiente"_s, kTextoAbono, resultado::kAceptar, 0, [&] {
-        EXPECT_FALSE(pulso.Armado());
-        EXPECT_EQ(Activo(), u"1"_s);
-    });
+    dialogos.EsperaMensaje(u"Abono pendiente"_s, kTextoAbono, Respuesta::Aceptar,
+                           EstiloMensaje::Aceptar, [&] {
+                               EXPECT_FALSE(pulso.Armado());
+                               EXPECT_EQ(Activo(), u"1"_s);
+                           });
     cliente.EsperaCharge(-800, 0, 800);
     pulso.ProcesarCola();
     EXPECT_TRUE(Cola().empty());
@@ -175,7 +176,7 @@ TEST_F(PulsoColaTest, ARefundThatIsNotAcceptedStaysAndTheModeGoesToManual) {
     ConectarCon(10000);
     ventana.estado = ventana::kMinimizada;
     PonerFila(-800);
-    dialogos.EsperaMensaje(u"Abono pendiente"_s, kTextoAbono, 0);
+    dialogos.EsperaMensaje(u"Abono pendiente"_s, kTextoAbono, Respuesta::Ninguna);
     pulso.ProcesarCola();
     EXPECT_EQ(Cola().size(), 1U);
     EXPECT_TRUE(Procesados().empty());
@@ -206,8 +207,7 @@ TEST_F(PulsoColaTest, ARefusedCreditGoesToManualWithNoRecord) {
     ConectarCon(10000);
     const qint32 id = PonerFila(1000);
     PonerCredito(id, 400);
-    dialogos.EsperaMensaje(u"Confirmación de Operación Parcial"_s, testing::_,
-                           resultado::kCancelar);
+    dialogos.EsperaMensaje(u"Confirmación de Operación Parcial"_s, testing::_, Respuesta::Cancelar);
     pulso.ProcesarCola();
     EXPECT_EQ(configuracio->Modo, modo::kManual);
     EXPECT_TRUE(Procesados().empty());

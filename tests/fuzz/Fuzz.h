@@ -79,9 +79,10 @@ int Numero(Accion&& accion) {
 
 class DialogosMudos final : public Dialogos {
   public:
-    int MostrarMensaje(const QString& /*titulo*/, const QString& texto, int /*estilo*/) override {
+    Respuesta MostrarMensaje(const QString& /*titulo*/, const QString& texto,
+                             EstiloMensaje /*estilo*/) override {
         mensajes << texto;
-        return resultado::kAceptar;
+        return Respuesta::Aceptar;
     }
     QString PedirTexto(const QString& /*titulo*/, const QString& /*texto*/,
                        const QString& porDefecto) override {

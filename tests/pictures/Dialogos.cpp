@@ -59,7 +59,8 @@ class Fotografo {
         return textos_.Traduce(QString::fromUtf8(clave), QString::fromUtf8(porDefecto));
     }
 
-    void Mensaje(const char* nombre, const QString& titulo, const QString& texto, int estilo = 0) {
+    void Mensaje(const char* nombre, const QString& titulo, const QString& texto,
+                 EstiloMensaje estilo = EstiloMensaje::Aceptar) {
         AlAbrir(QString::fromLatin1(nombre),
                 [&] { dialogos_.MostrarMensaje(titulo, texto, estilo); });
     }
@@ -68,15 +69,15 @@ class Fotografo {
         const QString salto = u"\r\n"_s;
         Mensaje("message-one", {}, T("sinConexion", "No hay conexión con Zorvex"));
         Mensaje("message-accept-cancel", T("cerrar0", "Cerrar aplicativo"),
-                T("cerrar1", "¿Desea cerrar ZVMonitor?"), 1);
+                T("cerrar1", "¿Desea cerrar ZVMonitor?"), EstiloMensaje::AceptarCancelar);
         Mensaje("message-yes-no", T("descuadreDetectado", "Descuadre detectado"),
                 T("descuadreDetectado2",
                   "Se ha detectado un descuadre entre el último saldo de Zorvex y el actual de: ") +
                     u"12,50 €"_s + salto + salto +
                     T("descuadreDetectado3", "¿Desea hacer un apunte de cuadre?"),
-                4);
+                EstiloMensaje::SiNo);
         Mensaje("message-retry", T("errorDeZorvex", "Error de Zorvex"),
-                T("sinConexion", "No hay conexión con Zorvex"), 5);
+                T("sinConexion", "No hay conexión con Zorvex"), EstiloMensaje::ReintentarCancelar);
         Mensaje("message-refund", T("abonoPendiente", "Abono pendiente"),
                 T("retireElCambio", "RETIRE EL CAMBIO DE") + salto +
                     T("retireElCambio2", " LA OPERACION ANTERIOR") + salto + salto +
@@ -94,7 +95,7 @@ class Fotografo {
         Mensaje("message-endless", T("atencion", "¡Atención!"),
                 (T("errorDeConfiguracion3", "Revise el fichero LOG de la aplicación") + salto)
                     .repeated(60),
-                1);
+                EstiloMensaje::AceptarCancelar);
         AlAbrir(u"plain-box"_s, [&] {
             dialogos_.CajaSimple(
                 T("errorAlProcesarOperacion",

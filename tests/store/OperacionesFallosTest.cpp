@@ -415,7 +415,7 @@ TEST_F(OperacionesFallosTest, GivingUpAQueuedRowIsShownWhenAskedFor) {
         u"Error de base de datos"_s,
         u"Se ha producido un error al añadir un registro en la cola: \r\n5 - database "
         "is locked"_s,
-        resultado::kAceptar, 0, [&] {
+        Respuesta::Aceptar, EstiloMensaje::Aceptar, [&] {
             // The operator's thinking locks nobody out.
             otro->Ejecutar(u"INSERT INTO cola (importe) VALUES (1)"_s);
         });

@@ -34,19 +34,23 @@ std::string DialogosGuion::Describe(const Paso& paso) {
     paso.titulo.DescribeTo(&salida);
     salida << " and a text that ";
     paso.texto.DescribeTo(&salida);
-    if (paso.estilo >= 0) {
-        salida << " in style " << paso.estilo;
+    if (paso.estilo) {
+        salida << " in style " << *paso.estilo;
     }
     return salida.str();
 }
 
-void DialogosGuion::EsperaMensaje(TextoEsperado titulo, TextoEsperado texto, int respuesta,
-                                  int estilo, Accion mientras) {
+void DialogosGuion::EsperaMensaje(TextoEsperado titulo, TextoEsperado texto, Respuesta respuesta,
+                                  std::optional<EstiloMensaje> estilo, Accion mientras) {
+    std::optional<int> numero;
+    if (estilo) {
+        numero = static_cast<int>(*estilo);
+    }
     guion_.push_back({Kind::Mensaje,
                       std::move(titulo),
                       std::move(texto),
                       testing::_,
-                      estilo,
+                      numero,
                       respuesta,
                       {},
                       {},
@@ -60,8 +64,8 @@ void DialogosGuion::EsperaTexto(TextoEsperado titulo, TextoEsperado texto, const
                       std::move(titulo),
                       std::move(texto),
                       std::move(porDefecto),
-                      -1,
-                      0,
+                      std::nullopt,
+                      Respuesta::Ninguna,
                       respuesta,
                       {},
                       false,
@@ -74,8 +78,8 @@ void DialogosGuion::EsperaImporte(TextoEsperado titulo, TextoEsperado prompt, Cu
                       std::move(titulo),
                       std::move(prompt),
                       testing::_,
-                      -1,
-                      0,
+                      std::nullopt,
+                      Respuesta::Ninguna,
                       {},
                       respuesta,
                       cancelado,
@@ -87,8 +91,8 @@ void DialogosGuion::EsperaCaja(TextoEsperado texto, Accion mientras) {
                       testing::_,
                       std::move(texto),
                       testing::_,
-                      -1,
-                      0,
+                      std::nullopt,
+                      Respuesta::Ninguna,
                       {},
                       {},
                       false,
@@ -108,7 +112,7 @@ std::optional<DialogosGuion::Paso> DialogosGuion::Siguiente(Kind kind, const QSt
     // A wrong question leaves the script as it is, so that each mistake is told once.
     const Paso& paso = guion_.front();
     if (paso.kind != kind || !paso.titulo.Matches(titulo) || !paso.texto.Matches(texto) ||
-        !paso.porDefecto.Matches(porDefecto) || (paso.estilo >= 0 && paso.estilo != estilo)) {
+        !paso.porDefecto.Matches(porDefecto) || (paso.estilo && *paso.estilo != estilo)) {
         ADD_FAILURE() << "dialog " << llamada.toStdString() << "\nwhere the script has "
                       << Describe(paso);
         return std::nullopt;
@@ -121,15 +125,23 @@ std::optional<DialogosGuion::Paso> DialogosGuion::Siguiente(Kind kind, const QSt
     return tomado;
 }
 
-int DialogosGuion::MostrarMensaje(const QString& titulo, const QString& texto, int estilo) {
-    const auto paso = Siguiente(Kind::Mensaje, titulo, texto, estilo, {});
+Respuesta DialogosGuion::MostrarMensaje(const QString& titulo, const QString& texto,
+                                        EstiloMensaje estilo) {
+    const auto paso = Siguiente(Kind::Mensaje, titulo, texto, static_cast<int>(estilo), {});
     if (paso) {
         return paso->boton;
     }
     // What ends most loops of questions: the refusing button of the style.
-    return estilo == 1 || estilo == 5   ? resultado::kCancelar
-           : estilo == 3 || estilo == 4 ? resultado::kNo
-                                        : resultado::kAceptar;
+    switch (estilo) {
+    case EstiloMensaje::AceptarCancelar:
+    case EstiloMensaje::ReintentarCancelar:
+        return Respuesta::Cancelar;
+    case EstiloMensaje::SiNoCancelar:
+    case EstiloMensaje::SiNo:
+        return Respuesta::No;
+    default:
+        return Respuesta::Aceptar;
+    }
 }
 
 QString DialogosGuion::PedirTexto(const QString& titulo, const QString& texto,

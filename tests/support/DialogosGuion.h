@@ -26,9 +26,10 @@ class DialogosGuion final : public Dialogos {
     ~DialogosGuion() override;
 
     // What comes next. mientras runs while the dialog would be up: timers still tick there.
-    // estilo -1 accepts any style.
+    // No estilo accepts any style.
     void EsperaMensaje(TextoEsperado titulo, TextoEsperado texto,
-                       int respuesta = resultado::kAceptar, int estilo = -1, Accion mientras = {});
+                       Respuesta respuesta = Respuesta::Aceptar,
+                       std::optional<EstiloMensaje> estilo = std::nullopt, Accion mientras = {});
     void EsperaTexto(TextoEsperado titulo, TextoEsperado texto, const QString& respuesta,
                      TextoEsperado porDefecto = testing::_, Accion mientras = {});
     // respuesta in minor units.
@@ -46,7 +47,8 @@ class DialogosGuion final : public Dialogos {
     // Forgets what still waits, for a test that stops half way.
     void Olvida() { guion_.clear(); }
 
-    int MostrarMensaje(const QString& titulo, const QString& texto, int estilo = 0) override;
+    Respuesta MostrarMensaje(const QString& titulo, const QString& texto,
+                             EstiloMensaje estilo = EstiloMensaje::Aceptar) override;
     QString PedirTexto(const QString& titulo, const QString& texto,
                        const QString& porDefecto = {}) override;
     Currency PedirImporte(const QString& titulo, const QString& prompt, Currency porDefecto,
@@ -60,8 +62,8 @@ class DialogosGuion final : public Dialogos {
         TextoEsperado titulo;
         TextoEsperado texto;
         TextoEsperado porDefecto;
-        int estilo;
-        int boton;
+        std::optional<int> estilo; // its number, or whether "no amount" is offered
+        Respuesta boton;
         QString respuesta;
         Currency importe;
         bool cancelado;

@@ -309,7 +309,7 @@ TEST_F(LogFilesTest, AFailureToDeleteIsShownOnceAndPurgingEnds) {
                                 texto = t;
                                 return true;
                             }),
-                            resultado::kAceptar, 0);
+                            Respuesta::Aceptar, EstiloMensaje::Aceptar);
     {
         const SinPrivilegios nadie;
         EXPECT_NO_THROW(Log().LimpiarLogs(dialogos_));

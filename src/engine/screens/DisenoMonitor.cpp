@@ -243,7 +243,7 @@ void DisenoMonitor::ConstruirPie(QWidget& ventana) {
     fila->setContentsMargins(4, 6, 4, 6);
     fila->setSpacing(0);
 
-    const std::array<std::pair<QString, QString>, 13> botones{
+    const std::array<std::pair<QString, QString>, kBotonesPie.size()> botones{
         {{u"Registro"_s, u"view-list-details"_s},
          {u"Caja"_s, u"wallet-open"_s},
          {u"Dar Cambio"_s, u"view-refresh"_s},
@@ -257,13 +257,14 @@ void DisenoMonitor::ConstruirPie(QWidget& ventana) {
          {u"Contraseña"_s, u"dialog-password"_s},
          {QString(), QString()},
          {u"Configurar"_s, u"configure"_s}}};
-    for (std::size_t i = 0; i < botones.size(); ++i) {
+    for (const BotonPie cada : kBotonesPie) {
+        const auto i = static_cast<std::size_t>(cada);
         const auto& [caption, icono] = botones[i];
         QToolButton* b = Boton(framePie, Indexado(u"boton"_s, static_cast<int>(i)), caption, icono,
                                tema::kTexto);
         tema::PonerPapel(*b, tema::Papel::Pie);
         b->setFocusPolicy(Qt::NoFocus);
-        boton[i] = b;
+        boton[cada] = b;
         if (caption.isEmpty()) {
             b->hide();
         } else {

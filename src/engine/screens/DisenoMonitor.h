@@ -1,6 +1,7 @@
 // The controls of frmZVMonitor and where they stand. Behaviour is frmZVMonitor's.
 #pragma once
 
+#include "engine/BotonPie.h"
 #include "engine/screens/Lampara.h"
 
 #include <QWidget>
@@ -51,7 +52,7 @@ struct DisenoMonitor {
     QToolButton* btnAbajo = nullptr;
 
     QFrame* framePie = nullptr;
-    std::array<QToolButton*, 13> boton{};
+    PorBotonPie<QToolButton*> boton;
 
     // Never clicked: only their pictures are shown in grid cells.
     QToolButton* btnCobro = nullptr;

@@ -44,7 +44,7 @@ frmZVMonitor::frmZVMonitor(PartesMonitor partes, AccionesVentana acciones)
     ui_.grdZV->setItemDelegate(
         new DelegadoCola(*ui_.btnCancelar, *ui_.btnCobro, *ui_.btnAbono, ui_.grdZV));
     // The widgets start as the engine's own defaults, so that only differences are applied.
-    ui_.boton[11]->hide();
+    ui_.boton[BotonPie::SinUso]->hide();
     Conectar();
     Seguir();
 }
@@ -89,9 +89,9 @@ void frmZVMonitor::Conectar() {
         connect(ui_.btnW[static_cast<std::size_t>(i)], &QToolButton::clicked, this,
                 [this, i] { PulsarVentana(i); });
     }
-    for (std::size_t i = 0; i < ui_.boton.size(); ++i) {
-        connect(ui_.boton[i], &QToolButton::clicked, this,
-                [this, i] { partes_.botones.boton_Click(i); });
+    for (const BotonPie boton : kBotonesPie) {
+        connect(ui_.boton[boton], &QToolButton::clicked, this,
+                [this, boton] { partes_.botones.boton_Click(boton); });
     }
     connect(ui_.btnArriba, &QToolButton::clicked, this, [this] { partes_.estado.PaginaArriba(); });
     connect(ui_.btnAbajo, &QToolButton::clicked, this, [this] { partes_.estado.PaginaAbajo(); });
@@ -144,8 +144,8 @@ void frmZVMonitor::Seguir() {
     if (e == aplicado_) {
         return;
     }
-    for (std::size_t i = 0; i < ui_.boton.size(); ++i) {
-        ui_.boton[i]->setEnabled(e.boton[i] && partes_.botones.TieneOperacion(i));
+    for (const BotonPie boton : kBotonesPie) {
+        ui_.boton[boton]->setEnabled(e.boton[boton] && partes_.botones.TieneOperacion(boton));
     }
     ui_.framePie->setEnabled(e.framePie);
     ui_.grdZV->setEnabled(e.grdZV);
@@ -200,9 +200,10 @@ void frmZVMonitor::PulsarVentana(int indice) {
 
 void frmZVMonitor::PreguntarCierre() {
     const Textos& textos = partes_.entorno.textos;
-    const int respuesta = partes_.entorno.dialogos.MostrarMensaje(
-        textos.Traduce(texto::kCerrarTitulo), textos.Traduce(texto::kCerrarTexto), 1);
-    if (respuesta != resultado::kAceptar) {
+    const Respuesta respuesta = partes_.entorno.dialogos.MostrarMensaje(
+        textos.Traduce(texto::kCerrarTitulo), textos.Traduce(texto::kCerrarTexto),
+        EstiloMensaje::AceptarCancelar);
+    if (respuesta != Respuesta::Aceptar) {
         return;
     }
     setCursor(Qt::WaitCursor);

@@ -26,7 +26,8 @@ QWidget* DialogosPantalla::Padre() const {
     return padre != nullptr && padre->isVisible() && !padre->isMinimized() ? padre : nullptr;
 }
 
-int DialogosPantalla::MostrarMensaje(const QString& titulo, const QString& texto, int estilo) {
+Respuesta DialogosPantalla::MostrarMensaje(const QString& titulo, const QString& texto,
+                                           EstiloMensaje estilo) {
     frmMensaje pantalla(textos_, Padre());
     QString cabecera = programa_.mid(2);
     if (!titulo.isEmpty()) {

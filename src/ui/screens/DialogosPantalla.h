@@ -25,7 +25,8 @@ class DialogosPantalla final : public Dialogos {
     // What the keyboard button of the text prompt does; the desktop's keyboard when nothing is set.
     void PonerTecladoPantalla(std::function<void()> abrir) { abrirTeclado_ = std::move(abrir); }
 
-    int MostrarMensaje(const QString& titulo, const QString& texto, int estilo = 0) override;
+    Respuesta MostrarMensaje(const QString& titulo, const QString& texto,
+                             EstiloMensaje estilo = EstiloMensaje::Aceptar) override;
     QString PedirTexto(const QString& titulo, const QString& texto,
                        const QString& porDefecto = {}) override;
     // Raises 6 for a default or an amount entered that does not fit 32 bits, 11 when the device's

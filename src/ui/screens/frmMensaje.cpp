@@ -69,24 +69,48 @@ void frmMensaje::PonerTextoYTitulo(const QString& titulo, const QString& texto) 
     Ajustar();
 }
 
-void frmMensaje::PonerEstilo(int estilo) {
-    const bool uno = estilo == 0 || estilo == 16 || estilo == 32 || estilo == 48 || estilo == 64;
-    boton_[0]->setVisible(!uno);
-    if (uno) {
+void frmMensaje::PonerEstilo(EstiloMensaje estilo) {
+    const auto poner = [this](int indice, Respuesta respuesta) {
+        boton_[indice]->setProperty("Tag", QString::number(static_cast<int>(respuesta)));
+    };
+    bool uno = false;
+    switch (estilo) {
+    case EstiloMensaje::Aceptar:
+    case EstiloMensaje::Critico:
+    case EstiloMensaje::Pregunta:
+    case EstiloMensaje::Aviso:
+    case EstiloMensaje::Informacion:
+        uno = true;
         PonerCaption(*boton_[1], textos_.Traduce(u"boton_0"_s, u"Aceptar"_s));
-        boton_[1]->setProperty("Tag", u"1"_s);
-    } else {
-        const bool siNo = estilo == 3 || estilo == 4;
-        boton_[0]->setProperty("Tag", siNo ? u"6"_s : estilo == 5 ? u"4"_s : u"1"_s);
-        boton_[1]->setProperty("Tag", estilo == 1 || estilo == 5 ? u"2"_s : u"7"_s);
+        poner(1, Respuesta::Aceptar);
+        break;
+    case EstiloMensaje::AceptarCancelar:
+        poner(0, Respuesta::Aceptar);
+        poner(1, Respuesta::Cancelar);
+        break;
+    case EstiloMensaje::ReintentarCancelar:
+        poner(0, Respuesta::Reintentar);
+        poner(1, Respuesta::Cancelar);
+        break;
+    case EstiloMensaje::SiNoCancelar:
+    case EstiloMensaje::SiNo:
+        poner(0, Respuesta::Si);
+        poner(1, Respuesta::No);
+        break;
+    default:
+        // A number of the platform's box that has no meaning here.
+        poner(0, Respuesta::Aceptar);
+        poner(1, Respuesta::No);
+        break;
     }
+    boton_[0]->setVisible(!uno);
     QPushButton* porDefecto = uno ? boton_[1] : boton_[0];
     porDefecto->setDefault(true);
     porDefecto->setFocus();
 }
 
 void frmMensaje::Pulsar(const QPushButton& boton) {
-    resultado = boton.property("Tag").toString().toInt();
+    resultado = static_cast<Respuesta>(boton.property("Tag").toString().toShort());
     done(QDialog::Accepted);
 }
 
@@ -94,7 +118,7 @@ void frmMensaje::Pulsar(const QPushButton& boton) {
 // there are two, it is the refusing one.
 void frmMensaje::CerrarSinPulsar() {
     if (boton_[0]->isHidden()) {
-        resultado = 0;
+        resultado = Respuesta::Ninguna;
         done(QDialog::Rejected);
     } else {
         Pulsar(*boton_[1]);

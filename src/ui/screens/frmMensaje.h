@@ -1,6 +1,7 @@
 // The message dialog: a text and one or two buttons. It grows with its text.
 #pragma once
 
+#include "ui/Dialogos.h"
 #include "ui/screens/FramelessWindow.h"
 
 class QPushButton;
@@ -18,13 +19,12 @@ class frmMensaje final : public FramelessWindow {
     explicit frmMensaje(const Textos& textos, QWidget* padre = nullptr);
 
     void PonerTextoYTitulo(const QString& titulo, const QString& texto);
-    // Styles of the platform's message box: 0, 16, 32, 48, 64 one button; 1 accept and cancel;
-    // 3, 4 yes and no; 5 retry and cancel. Decides which numbers the buttons give, and shows them.
-    void PonerEstilo(int estilo);
+    // Decides which answers the buttons give, and shows them.
+    void PonerEstilo(EstiloMensaje estilo);
 
-    // Number of the button pressed. Escape presses boton(1); closing the window does so only where
-    // there are two buttons, and is 0 otherwise: no answer.
-    int resultado = 0;
+    // The button pressed. Escape presses boton(1); closing the window does so only where there are
+    // two buttons, and is no answer otherwise.
+    Respuesta resultado = Respuesta::Ninguna;
 
     void reject() override;
 

@@ -22,8 +22,8 @@ class BancoPantalla : public BancoEngine {
         tema::Aplicar(*qApp);
         EscribirIni("[ZVMONITOR]\r\nMODO=MANUAL\r\n");
         configuracio->Modo = modo::kManual;
-        botones.Registrar(6, [this] { pulsados << 6; });
-        botones.Registrar(7, [this] { pulsados << 7; });
+        botones.Registrar(BotonPie::Desconectar, [this] { pulsados << 6; });
+        botones.Registrar(BotonPie::Conectar, [this] { pulsados << 7; });
         pantalla = std::make_unique<frmZVMonitor>(
             PartesMonitor{entorno, controles, grid, estado, pulso, botones},
             AccionesVentana{[this] { ++descargas; }, [this] { ++manuales; }});

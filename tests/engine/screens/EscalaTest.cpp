@@ -19,18 +19,18 @@ class EscalaTest : public BancoPantalla {
 TEST_F(EscalaTest, RowsFooterAndLampsGrowWithTheWindow) {
     EXPECT_EQ(AltoFila(), tema::kAltoFila);
     const int pie = D().framePie->height();
-    const int letra = D().boton[0]->fontMetrics().height();
+    const int letra = D().boton[BotonPie::Registro]->fontMetrics().height();
     const int lampara = D().ShapeOK->width();
     Medir(1920, 1080);
     EXPECT_EQ(AltoFila(), qRound(tema::kAltoFila * 1080 / 768.0));
     EXPECT_GT(D().framePie->height(), pie * 4 / 3);
-    EXPECT_GT(D().boton[0]->fontMetrics().height(), letra * 5 / 4);
+    EXPECT_GT(D().boton[BotonPie::Registro]->fontMetrics().height(), letra * 5 / 4);
     EXPECT_GT(D().ShapeOK->width(), lampara * 4 / 3);
     EXPECT_EQ(D().frameCab->height(), tema::kAltoCabecera);
     Medir(1024, 768);
     EXPECT_EQ(AltoFila(), tema::kAltoFila);
     EXPECT_EQ(D().framePie->height(), pie);
-    EXPECT_EQ(D().boton[0]->fontMetrics().height(), letra);
+    EXPECT_EQ(D().boton[BotonPie::Registro]->fontMetrics().height(), letra);
 }
 
 TEST_F(EscalaTest, GrowthHasItsLimits) {

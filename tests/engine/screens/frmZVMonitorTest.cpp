@@ -67,10 +67,10 @@ TEST_F(frmZVMonitorTest, OnlyButtonsWithAnOperationAreEnabled) {
     pulso.ArrancaTimer();
     estado.ActualizarBotonesMonitor(true);
     QApplication::processEvents();
-    EXPECT_TRUE(D().boton[7]->isEnabled());
-    EXPECT_FALSE(D().boton[6]->isEnabled());
-    EXPECT_FALSE(D().boton[2]->isEnabled());
-    Clic(D().boton[7]);
+    EXPECT_TRUE(D().boton[BotonPie::Conectar]->isEnabled());
+    EXPECT_FALSE(D().boton[BotonPie::Desconectar]->isEnabled());
+    EXPECT_FALSE(D().boton[BotonPie::DarCambio]->isEnabled());
+    Clic(D().boton[BotonPie::Conectar]);
     EXPECT_EQ(pulsados, QList<int>{7});
 }
 
@@ -152,14 +152,14 @@ TEST_F(frmZVMonitorTest, ClosingAsksAndEndsOnlyOnAccept) {
     const QString titulo = u"Cerrar aplicativo"_s;
     const QString texto = u"¿Desea cerrar ZVMonitor?"_s;
     controles.Poner(&EstadoControles::timerCola, true);
-    dialogos.EsperaMensaje(titulo, texto, resultado::kCancelar, 1);
+    dialogos.EsperaMensaje(titulo, texto, Respuesta::Cancelar, EstiloMensaje::AceptarCancelar);
     QTest::mouseClick(D().btnW[1], Qt::LeftButton);
     EXPECT_EQ(descargas, 0);
     EXPECT_TRUE(pulso.Armado());
-    dialogos.EsperaMensaje(titulo, texto, resultado::kCancelar, 1);
+    dialogos.EsperaMensaje(titulo, texto, Respuesta::Cancelar, EstiloMensaje::AceptarCancelar);
     pantalla->close();
     EXPECT_TRUE(pantalla->isVisible());
-    dialogos.EsperaMensaje(titulo, texto, resultado::kAceptar, 1);
+    dialogos.EsperaMensaje(titulo, texto, Respuesta::Aceptar, EstiloMensaje::AceptarCancelar);
     QTest::mouseClick(D().btnW[1], Qt::LeftButton);
     EXPECT_EQ(descargas, 1);
     EXPECT_FALSE(pulso.Armado());
@@ -212,9 +212,9 @@ TEST_F(frmZVMonitorTest, CaptionsComeFromTheLanguageFile) {
     fichero.close();
     pantalla->Traducir();
     EXPECT_EQ(pantalla->windowTitle(), u"Till"_s);
-    EXPECT_EQ(D().boton[2]->text(), u"Give\nchange"_s);
+    EXPECT_EQ(D().boton[BotonPie::DarCambio]->text(), u"Give\nchange"_s);
     EXPECT_EQ(D().btnModo[1]->text(), u"By hand"_s);
-    EXPECT_EQ(D().boton[0]->text(), u"Registro"_s);
+    EXPECT_EQ(D().boton[BotonPie::Registro]->text(), u"Registro"_s);
 }
 
 } // namespace zv::test

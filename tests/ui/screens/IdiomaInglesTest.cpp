@@ -24,8 +24,8 @@ TEST_F(IdiomaInglesTest, MessageDialog) {
     frmMensaje castellana(textos_);
     frmMensaje inglesa(ingleses_);
     ComprobarEnIngles(castellana, inglesa);
-    castellana.PonerEstilo(0);
-    inglesa.PonerEstilo(0);
+    castellana.PonerEstilo(EstiloMensaje::Aceptar);
+    inglesa.PonerEstilo(EstiloMensaje::Aceptar);
     EXPECT_EQ(Boton(inglesa, "boton_1").text(), u"OK"_s);
 }
 

@@ -10,7 +10,14 @@
 namespace zv::test {
 namespace {
 
-class frmMensajeTest : public DialogosPrueba {};
+class frmMensajeTest : public DialogosPrueba {
+  protected:
+    // By the numbers of the platform's message box, for styles and for answers.
+    int Mostrar(const QString& titulo, const QString& texto, int estilo) {
+        return static_cast<int>(
+            dialogos_.MostrarMensaje(titulo, texto, static_cast<EstiloMensaje>(estilo)));
+    }
+};
 
 TEST_F(frmMensajeTest, EmptyTitleShowsOnlyTheProgramsNameWithoutItsFirstTwoCharacters) {
     const AlAbrir abierto([](QDialog& d) {
@@ -20,7 +27,7 @@ TEST_F(frmMensajeTest, EmptyTitleShowsOnlyTheProgramsNameWithoutItsFirstTwoChara
         EXPECT_EQ(d.windowTitle(), u"Zorvex ®"_s);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
+    Mostrar(QString(), u"Hola"_s, 0);
 }
 
 TEST_F(frmMensajeTest, TitleFollowsTheProgramsName) {
@@ -39,7 +46,7 @@ TEST_F(frmMensajeTest, StylesOfOneButtonShowItInThePlaceOfTheSecondAndReturn1) {
             sitio = Boton(d, "boton_1").pos();
             Tocar(d, "boton_1");
         });
-        dialogos_.MostrarMensaje(u"T"_s, u"Hola"_s, 1);
+        Mostrar(u"T"_s, u"Hola"_s, 1);
     }
     for (const int estilo : {0, 16, 32, 48, 64}) {
         const AlAbrir abierto([sitio](QDialog& d) {
@@ -49,7 +56,7 @@ TEST_F(frmMensajeTest, StylesOfOneButtonShowItInThePlaceOfTheSecondAndReturn1) {
             EXPECT_EQ(Boton(d, "boton_1").pos(), sitio);
             Tocar(d, "boton_1");
         });
-        EXPECT_EQ(dialogos_.MostrarMensaje(u"T"_s, u"Hola"_s, estilo), 1) << estilo;
+        EXPECT_EQ(Mostrar(u"T"_s, u"Hola"_s, estilo), 1) << estilo;
     }
 }
 
@@ -68,7 +75,7 @@ TEST_F(frmMensajeTest, EachStyleReturnsTheNumbersOfItsButtons) {
                 EXPECT_EQ(Boton(d, "boton_1").text(), u"Cancelar"_s);
                 Tocar(d, boton);
             });
-            EXPECT_EQ(dialogos_.MostrarMensaje(QString(), u"¿?"_s, caso.estilo),
+            EXPECT_EQ(Mostrar(QString(), u"¿?"_s, caso.estilo),
                       boton == std::string("boton_0") ? caso.primero : caso.segundo)
                 << caso.estilo << boton;
         }
@@ -78,14 +85,14 @@ TEST_F(frmMensajeTest, EachStyleReturnsTheNumbersOfItsButtons) {
 TEST_F(frmMensajeTest, EnterPressesTheVisibleDefaultButton) {
     for (const auto& [estilo, respuesta] : {std::pair{0, 1}, {1, 1}, {4, 6}, {5, 4}}) {
         const AlAbrir abierto([](QDialog& d) { Tecla(d, Qt::Key_Return); });
-        EXPECT_EQ(dialogos_.MostrarMensaje(QString(), u"¿?"_s, estilo), respuesta);
+        EXPECT_EQ(Mostrar(QString(), u"¿?"_s, estilo), respuesta);
     }
 }
 
 TEST_F(frmMensajeTest, EscapePressesTheSecondButton) {
     for (const auto& [estilo, respuesta] : {std::pair{0, 1}, {1, 2}, {4, 7}, {5, 2}}) {
         const AlAbrir abierto([](QDialog& d) { Tecla(d, Qt::Key_Escape); });
-        EXPECT_EQ(dialogos_.MostrarMensaje(QString(), u"¿?"_s, estilo), respuesta);
+        EXPECT_EQ(Mostrar(QString(), u"¿?"_s, estilo), respuesta);
     }
 }
 
@@ -93,10 +100,10 @@ TEST_F(frmMensajeTest, ClosingRefusesWhereThereIsAChoiceAndIsNoAnswerWhereThereI
     for (const auto& [estilo, respuesta] : {std::pair{0, 0}, {64, 0}, {1, 2}, {4, 7}, {5, 2}}) {
         {
             const AlAbrir abierto([](QDialog& d) { Tocar(d, "btnW_1"); });
-            EXPECT_EQ(dialogos_.MostrarMensaje(QString(), u"¿?"_s, estilo), respuesta);
+            EXPECT_EQ(Mostrar(QString(), u"¿?"_s, estilo), respuesta);
         }
         const AlAbrir abierto([](QDialog& d) { d.close(); });
-        EXPECT_EQ(dialogos_.MostrarMensaje(QString(), u"¿?"_s, estilo), respuesta);
+        EXPECT_EQ(Mostrar(QString(), u"¿?"_s, estilo), respuesta);
     }
 }
 
@@ -107,14 +114,14 @@ TEST_F(frmMensajeTest, CaptionOfTheOnlyButtonComesFromItsCommonKey) {
             EXPECT_EQ(Boton(d, "boton_1").text(), u"OK"_s);
             Tocar(d, "boton_1");
         });
-        dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
+        Mostrar(QString(), u"Hola"_s, 0);
     }
     const AlAbrir abierto([](QDialog& d) {
         EXPECT_EQ(Boton(d, "boton_0").text(), u"Yes"_s);
         EXPECT_EQ(Boton(d, "boton_1").text(), u"No"_s);
         Tocar(d, "boton_0");
     });
-    dialogos_.MostrarMensaje(QString(), u"Hola"_s, 4);
+    Mostrar(QString(), u"Hola"_s, 4);
 }
 
 TEST_F(frmMensajeTest, ShortMessageHasTheLeastSizeAndTheFollowingTextDecidesTheHeight) {
@@ -127,14 +134,14 @@ TEST_F(frmMensajeTest, ShortMessageHasTheLeastSizeAndTheFollowingTextDecidesTheH
             alto = d.height();
             Tocar(d, "boton_1");
         });
-        dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
+        Mostrar(QString(), u"Hola"_s, 0);
     }
     const AlAbrir abierto([alto](QDialog& d) {
         EXPECT_EQ(d.width(), 373);
         EXPECT_GE(d.height(), alto + 40);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), u"Hola\r\nadiós\r\ny más"_s, 0);
+    Mostrar(QString(), u"Hola\r\nadiós\r\ny más"_s, 0);
 }
 
 TEST_F(frmMensajeTest, WidthIsWhatTheTitleNeeds) {
@@ -145,7 +152,7 @@ TEST_F(frmMensajeTest, WidthIsWhatTheTitleNeeds) {
         EXPECT_FALSE(titulo.wordWrap());
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(u"Un título que pide bastante más ancho"_s, u"Hola"_s, 0);
+    Mostrar(u"Un título que pide bastante más ancho"_s, u"Hola"_s, 0);
 }
 
 TEST_F(frmMensajeTest, LongTextStaysOnTheScreenAndCanBeScrolledToItsEnd) {
@@ -161,7 +168,7 @@ TEST_F(frmMensajeTest, LongTextStaysOnTheScreenAndCanBeScrolledToItsEnd) {
         ComprobarTactil(d);
         Tocar(d, "boton_0");
     });
-    EXPECT_EQ(dialogos_.MostrarMensaje(u"Error"_s, frase.repeated(300), 4), 6);
+    EXPECT_EQ(Mostrar(u"Error"_s, frase.repeated(300), 4), 6);
 }
 
 TEST_F(frmMensajeTest, WordWiderThanTheWindowIsBrokenAndNotCut) {
@@ -173,7 +180,7 @@ TEST_F(frmMensajeTest, WordWiderThanTheWindowIsBrokenAndNotCut) {
         EXPECT_GE(texto.height(), texto.heightForWidth(texto.width()));
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), QString(200, QLatin1Char('W')), 0);
+    Mostrar(QString(), QString(200, QLatin1Char('W')), 0);
 }
 
 TEST_F(frmMensajeTest, TextIsShownAsItIsAndNotAsMarkUp) {
@@ -182,7 +189,7 @@ TEST_F(frmMensajeTest, TextIsShownAsItIsAndNotAsMarkUp) {
         EXPECT_EQ(Texto(d, "lbTexto"), u"<b>importe</b> & más"_s);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), u"<b>importe</b> & más"_s, 0);
+    Mostrar(QString(), u"<b>importe</b> & más"_s, 0);
 }
 
 TEST_F(frmMensajeTest, IsModalToTheProgramAndAboveAllWindows) {
@@ -192,7 +199,7 @@ TEST_F(frmMensajeTest, IsModalToTheProgramAndAboveAllWindows) {
         ComprobarTactil(d);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), u"Hola"_s, 1);
+    Mostrar(QString(), u"Hola"_s, 1);
 }
 
 TEST_F(frmMensajeTest, DefaultButtonHasTheFocusAndIsTheFilledOne) {
@@ -201,7 +208,7 @@ TEST_F(frmMensajeTest, DefaultButtonHasTheFocusAndIsTheFilledOne) {
         EXPECT_TRUE(static_cast<QPushButton&>(Boton(d, "boton_0")).isDefault());
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), u"¿?"_s, 4);
+    Mostrar(QString(), u"¿?"_s, 4);
 }
 
 TEST_F(frmMensajeTest, TimersRunWhileItIsOpen) {
@@ -215,7 +222,7 @@ TEST_F(frmMensajeTest, TimersRunWhileItIsOpen) {
         EXPECT_GT(tics, antes);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
+    Mostrar(QString(), u"Hola"_s, 0);
 }
 
 TEST_F(frmMensajeTest, ComesUpOverItsWindowButNotOverOneThatIsHidden) {
@@ -224,14 +231,14 @@ TEST_F(frmMensajeTest, ComesUpOverItsWindowButNotOverOneThatIsHidden) {
             EXPECT_EQ(d.parentWidget(), nullptr);
             Tocar(d, "boton_1");
         });
-        dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
+        Mostrar(QString(), u"Hola"_s, 0);
     }
     ventana_.show();
     const AlAbrir abierto([this](QDialog& d) {
         EXPECT_EQ(d.parentWidget(), &ventana_);
         Tocar(d, "boton_1");
     });
-    dialogos_.MostrarMensaje(QString(), u"Hola"_s, 0);
+    Mostrar(QString(), u"Hola"_s, 0);
 }
 
 TEST_F(frmMensajeTest, PlainBoxHasTheProgramsNameTheTextAndOneButton) {
