@@ -1,7 +1,9 @@
 // Reading of /proc. The kernel's short name is cut at 15 bytes and the program's file cannot be
-// read for other users' processes, so each helps the other out.
+// read for other users' processes, so each helps the other out. A script that its interpreter runs
+// under the interpreter's own name is known by the arguments.
 #include "platform/ProcessList.h"
 
+#include "platform/FileDescriptor.h"
 #include "platform/Files.h"
 #include "platform/StringLiterals.h"
 
@@ -12,7 +14,8 @@
 #include <array>
 #include <climits>
 #include <csignal>
-#include <unistd.h>
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace zv {
 namespace {
@@ -23,6 +26,64 @@ QString NombreBase(const QString& ruta) {
     // Back-slashes too: programs of other systems run here under a loader.
     const qsizetype corte = std::max(ruta.lastIndexOf(u'/'), ruta.lastIndexOf(u'\\'));
     return ruta.sliced(corte + 1);
+}
+
+QByteArrayList Orden(const QString& carpeta) {
+    QByteArray orden;
+    LeerFicheroEntero(QFile::encodeName(carpeta + u"/cmdline"_s), orden);
+    return orden.split('\0');
+}
+
+// python3.11 is python3, and that is python.
+QString SinVersion(const QByteArray& programa) {
+    QString nombre = NombreBase(QFile::decodeName(programa));
+    while (!nombre.isEmpty() && (nombre.back().isDigit() || nombre.back() == u'.')) {
+        nombre.chop(1);
+    }
+    return nombre;
+}
+
+// The interpreter that a script's first line names, and its arguments. Empty for any other file.
+QByteArrayList Interprete(const QByteArray& ruta) {
+    struct stat datos {};
+    // Looked at before it is opened: opening a device can do something to it.
+    if (::stat(ruta.constData(), &datos) != 0 || !S_ISREG(datos.st_mode)) {
+        return {};
+    }
+    const FileDescriptor fichero(::open(ruta.constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
+    std::array<char, 256> inicio{}; // as far as the kernel looks
+    const ssize_t largo =
+        fichero.Abierto() ? ::read(fichero.Numero(), inicio.data(), inicio.size()) : 0;
+    if (largo < 2 || inicio[0] != '#' || inicio[1] != '!') {
+        return {};
+    }
+    QByteArray linea(inicio.data() + 2, largo - 2);
+    linea.truncate(linea.indexOf('\n') < 0 ? linea.size() : linea.indexOf('\n'));
+    QByteArrayList palabras = linea.simplified().split(' ');
+    if (NombreBase(QFile::decodeName(palabras.front())) == u"env"_s) {
+        // env puts the interpreter in its own place.
+        do {
+            palabras.removeFirst();
+        } while (!palabras.isEmpty() &&
+                 (palabras.front().startsWith('-') || palabras.front().contains('=')));
+    }
+    return palabras;
+}
+
+// Whether the process is the interpreter of the script that is its argument i. The script says so
+// itself: an editor or a listing of it has the same argument.
+bool Interpreta(const QString& carpeta, const QByteArrayList& orden, qsizetype i) {
+    const QByteArray ruta =
+        orden[i].startsWith('/') ? orden[i] : QFile::encodeName(carpeta) + "/cwd/" + orden[i];
+    const QByteArrayList palabras = Interprete(ruta);
+    const QString programa = SinVersion(orden[0]);
+    if (palabras.isEmpty() || programa.isEmpty() || programa != SinVersion(palabras[0])) {
+        return false;
+    }
+    const QByteArrayList antes = orden.sliced(1, i - 1);
+    return antes == palabras.sliced(1) ||
+           std::all_of(antes.cbegin(), antes.cend(),
+                       [](const QByteArray& argumento) { return argumento.startsWith('-'); });
 }
 
 QString FicheroDelPrograma(const QString& carpeta) {
@@ -77,11 +138,8 @@ QStringList SystemProcessList::Nombres(const QString& carpeta) const {
         return nombres;
     }
     // Perhaps cut: the whole name is the one that begins so.
-    QByteArray orden;
-    LeerFicheroEntero(QFile::encodeName(carpeta + u"/cmdline"_s), orden);
     QString entero = QFile::decodeName(corto);
-    for (const QByteArray& argumento :
-         orden.split('\0').first(std::min<qsizetype>(orden.count('\0') + 1, 2))) {
+    for (const QByteArray& argumento : Orden(carpeta)) {
         const QString nombre = NombreBase(QFile::decodeName(argumento));
         if (QFile::encodeName(nombre).startsWith(corto)) {
             entero = nombre;
@@ -94,8 +152,18 @@ QStringList SystemProcessList::Nombres(const QString& carpeta) const {
     return nombres;
 }
 
-QList<SystemProcessList::Proceso> SystemProcessList::Lista() const {
-    QList<Proceso> lista;
+bool SystemProcessList::EsGuion(const QString& carpeta, const Coincide& coincide) const {
+    const QByteArrayList orden = Orden(carpeta);
+    for (qsizetype i = 1; i < orden.size(); ++i) {
+        if (coincide(NombreBase(QFile::decodeName(orden[i]))) && Interpreta(carpeta, orden, i)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+QList<qint64> SystemProcessList::Pids(const Coincide& coincide) const {
+    QList<qint64> pids;
     const QStringList entradas = QDir(procRoot_).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
     for (const QString& entrada : entradas) {
         bool esNumero = false;
@@ -103,20 +171,20 @@ QList<SystemProcessList::Proceso> SystemProcessList::Lista() const {
         if (!esNumero || pid <= 0) {
             continue;
         }
-        QStringList nombres = Nombres(procRoot_ + u'/' + entrada);
-        if (!nombres.isEmpty()) {
-            lista.append({pid, std::move(nombres)});
+        const QString carpeta = procRoot_ + u'/' + entrada;
+        const QStringList nombres = Nombres(carpeta);
+        if (std::any_of(nombres.cbegin(), nombres.cend(), coincide) ||
+            (!nombres.isEmpty() && EsGuion(carpeta, coincide))) {
+            pids.append(pid);
         }
     }
-    return lista;
+    return pids;
 }
 
 int SystemProcessList::Contar(const QString& nombre) const {
-    const QList<Proceso> lista = Lista();
-    return static_cast<int>(
-        std::count_if(lista.cbegin(), lista.cend(), [&nombre](const Proceso& proceso) {
-            return proceso.nombres.contains(nombre, Qt::CaseInsensitive);
-        }));
+    return static_cast<int>(Pids([&nombre](const QString& suyo) {
+                                return suyo.compare(nombre, Qt::CaseInsensitive) == 0;
+                            }).size());
 }
 
 void SystemProcessList::Terminar(const QString& nombre) {
@@ -124,12 +192,11 @@ void SystemProcessList::Terminar(const QString& nombre) {
     if (buscado.isEmpty()) {
         return;
     }
-    for (const Proceso& proceso : Lista()) {
-        const bool coincide = std::any_of(
-            proceso.nombres.cbegin(), proceso.nombres.cend(),
-            [&buscado](const QString& suyo) { return suyo.trimmed().toLower().contains(buscado); });
-        if (coincide && proceso.pid != ::getpid()) {
-            fin_(proceso.pid);
+    const QList<qint64> pids = Pids(
+        [&buscado](const QString& suyo) { return suyo.trimmed().toLower().contains(buscado); });
+    for (const qint64 pid : pids) {
+        if (pid != ::getpid()) {
+            fin_(pid);
         }
     }
 }

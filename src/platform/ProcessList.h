@@ -14,7 +14,8 @@ namespace zv {
 class ProcessList {
   public:
     virtual ~ProcessList() = default;
-    // Running processes of exactly this file name (no folder), ignoring case.
+    // Running processes of exactly this file name (no folder), ignoring case. A script counts by
+    // its own name.
     virtual int Contar(const QString& nombre) const = 0;
     // Asks every process to end whose name, trimmed and in lower case, contains nombre in lower
     // case; never this one. Errors are ignored; an empty name ends nobody.
@@ -33,13 +34,13 @@ class SystemProcessList final : public ProcessList {
     void Terminar(const QString& nombre) override;
 
   private:
-    struct Proceso {
-        qint64 pid;
-        // The program's file, and the script's where an interpreter runs one.
-        QStringList nombres;
-    };
-    QList<Proceso> Lista() const;
+    // Whether a file name is looked for.
+    using Coincide = std::function<bool(const QString& nombre)>;
+
+    QList<qint64> Pids(const Coincide& coincide) const;
+    // The program's file and the name that the kernel keeps; carpeta: the process in procRoot.
     QStringList Nombres(const QString& carpeta) const;
+    bool EsGuion(const QString& carpeta, const Coincide& coincide) const;
 
     QString procRoot_;
     Fin fin_;

@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # The connector program: a path that is not there and one that names a folder are told and the
 # program goes on; a real one with blanks in its path is started in its folder, found running at the
-# next start, and ended with the monitor.
+# next start, and ended with the monitor; so is a script that runs under its interpreter's name, while
+# who reads it is left alone.
 . "$(dirname "$0")/lib.sh"
 
 set_connector() { # PATH
@@ -56,4 +57,30 @@ wait_sold T0004
 wait_exit_balance $((start_money + 2200))
 stop_monitor
 wait_for 10 "the end of the connector" ended "$connector_pid"
+check_books
+
+script="$folder/zv$$.py"
+cat >"$script" <<'PROGRAM'
+#!/usr/bin/env python3
+import os, time
+with open(__file__ + ".pids", "a") as pids:
+    print(os.getpid(), file=pids)
+time.sleep(600)
+PROGRAM
+chmod +x "$script"
+tail -f "$script" >/dev/null &
+reader=$!
+pids+=("$reader")
+set_connector "$script"
+start_monitor_connected
+wait_for 10 "the script" test -s "$script.pids"
+script_pid=$(cat "$script.pids")
+pids+=("$script_pid")
+equals "the name of its process" python3 "$(cut -d' ' -f2 "/proc/$script_pid/stat" | tr -d '()')"
+cut_off "$monitor_pid"
+start_monitor_connected
+stop_monitor
+wait_for 10 "the end of the script" ended "$script_pid"
+equals "the starts of the script" "$script_pid" "$(cat "$script.pids")"
+! ended "$reader" || fail "who reads the script was ended too"
 check_books
