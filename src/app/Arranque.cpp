@@ -1,9 +1,11 @@
 // The order of the load, and of the unload.
 #include "app/Arranque.h"
 
+#include "app/Claves.h"
 #include "app/Opciones.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
+#include "store/Claves.h"
 #include "store/Esquema.h"
 
 namespace zv {
@@ -15,23 +17,16 @@ Arranque::Arranque(Entorno& entorno, EstadoMonitor& estado, PulsoCola& pulso, Co
       ficherosLog_(ficherosLog), carpeta_(std::move(carpeta)),
       crearCatalogo_(std::move(crearCatalogo)) {}
 
-QString Arranque::Traduce(const char16_t* clave, const char16_t* porDefecto) const {
-    return entorno_.textos.Traduce(QString::fromUtf16(clave), QString::fromUtf16(porDefecto));
-}
-
-Respuesta Arranque::Mensaje(const char16_t* claveTitulo, const char16_t* titulo,
-                            const char16_t* claveTexto, const char16_t* texto) {
-    return entorno_.dialogos.MostrarMensaje(Traduce(claveTitulo, titulo),
-                                            Traduce(claveTexto, texto));
+Respuesta Arranque::Mensaje(const Clave& titulo, const Clave& texto) {
+    return entorno_.dialogos.MostrarMensaje(entorno_.textos.Traduce(titulo),
+                                            entorno_.textos.Traduce(texto));
 }
 
 bool Arranque::Cargar(VentanaPrincipal& ventana) {
     ficherosLog_.LimpiarLogs(entorno_.dialogos);
     ventana.Traducir();
     if (instancia_.OtraInstancia()) {
-        entorno_.dialogos.MostrarMensaje(
-            QString(), Traduce(u"zvMonitorYaEjecutado",
-                               u"ZVMonitor ya está funcionando y no puede ser ejecutado de nuevo"));
+        entorno_.dialogos.MostrarMensaje(QString(), entorno_.textos.Traduce(texto::kYaEjecutado));
         return false;
     }
     ventana.PonerIcono();
@@ -41,9 +36,9 @@ bool Arranque::Cargar(VentanaPrincipal& ventana) {
             return false;
         }
     } catch (const ErrorEjecucion& e) {
-        entorno_.dialogos.MostrarMensaje(
-            Traduce(u"errorDeInicio", u"Error al iniciar la aplicación"),
-            u"Error nº "_s + QString::number(e.Numero()) + u" - "_s + e.Descripcion());
+        entorno_.dialogos.MostrarMensaje(entorno_.textos.Traduce(texto::kErrorDeInicio),
+                                         u"Error nº "_s + QString::number(e.Numero()) + u" - "_s +
+                                             e.Descripcion());
         return false;
     }
     // Past the handler: from here on a failure is nobody's, as in any other event.
@@ -62,15 +57,12 @@ bool Arranque::LeerConfiguracion() {
 
 bool Arranque::CargarProtegido(VentanaPrincipal& ventana) {
     if (!LeerConfiguracion()) {
-        Mensaje(u"iniciando", u"Iniciando...", u"primerUso",
-                u"Configura la aplicación para su primer uso");
+        Mensaje(texto::kIniciando, texto::kPrimerUso);
         if (pasos_.abrirConfiguracion) {
             pasos_.abrirConfiguracion();
         }
         if (!LeerConfiguracion()) {
-            // Title and text share their key, so a language file gives both the same words.
-            Mensaje(u"errorDeConfiguracion", u"Error de configuración", u"errorDeConfiguracion",
-                    u"No se han encontrado los datos de configuración de ZVMonitor");
+            Mensaje(texto::kErrorDeConfiguracion, texto::kSinConfiguracion);
             return false;
         }
     }
@@ -82,8 +74,7 @@ bool Arranque::CargarProtegido(VentanaPrincipal& ventana) {
     }
     conector_.ArrancarConector();
     if (!entorno_.conexion.ConectarBD()) {
-        Mensaje(u"errorDeConfiguracion", u"Error de configuración", u"errorDeConfiguracion3",
-                u"Revise el fichero LOG de la aplicación");
+        Mensaje(texto::kErrorDeConfiguracion, texto::kReviseElLog);
         return false;
     }
     if (pasos_.inicializarDades) {

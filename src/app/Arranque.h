@@ -38,9 +38,7 @@ class Arranque {
   private:
     bool CargarProtegido(VentanaPrincipal& ventana);
     bool LeerConfiguracion();
-    Respuesta Mensaje(const char16_t* claveTitulo, const char16_t* titulo,
-                      const char16_t* claveTexto, const char16_t* texto);
-    QString Traduce(const char16_t* clave, const char16_t* porDefecto) const;
+    Respuesta Mensaje(const Clave& titulo, const Clave& texto);
 
     Entorno& entorno_;
     EstadoMonitor& estado_;

@@ -1,6 +1,7 @@
 // Start and end of the connector program.
 #include "app/Conector.h"
 
+#include "app/Claves.h"
 #include "platform/Files.h"
 #include "platform/StringLiterals.h"
 
@@ -37,11 +38,8 @@ void Conector::ArrancarConector() {
         return;
     }
     if (!ExisteFichero(ruta)) {
-        dialogos_.MostrarMensaje(
-            textos_.Traduce(u"conectorNoCargado"_s, u"Conector no cargado"_s),
-            textos_.Traduce(u"conectorNoDisponible"_s,
-                            u"El conector no está disponible en la ruta especificada "
-                            "en la configuración. Consulte con su técnico"_s));
+        dialogos_.MostrarMensaje(textos_.Traduce(texto::kConectorNoCargado),
+                                 textos_.Traduce(texto::kConectorNoDisponible));
     } else {
         shell_.Abrir(ruta, ruta.left(qMax<qsizetype>(0, UltimoSeparador(ruta))));
     }

@@ -1,6 +1,7 @@
 // Fields of a code by their positions, counted from 1; nothing else of it is looked at.
 #include "barcode/CobroCodigoBarras.h"
 
+#include "barcode/Claves.h"
 #include "platform/Conversions.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
@@ -31,10 +32,8 @@ CobroCodigoBarras::CobroCodigoBarras(ConfiguracioGlobal& configuracio,
     : configuracio_(configuracio), datos_(std::move(datos)), importes_(importes), reloj_(reloj),
       dialogos_(dialogos), textos_(textos), espera_(std::move(espera)) {}
 
-void CobroCodigoBarras::Avisar(const char16_t* clave, const char16_t* porDefecto,
-                               const std::function<void()>& vaciar) {
-    dialogos_.CajaSimple(
-        textos_.Traduce(QString::fromUtf16(clave), QString::fromUtf16(porDefecto)));
+void CobroCodigoBarras::Avisar(const Clave& clave, const std::function<void()>& vaciar) {
+    dialogos_.CajaSimple(textos_.Traduce(clave));
     vaciar();
 }
 
@@ -69,13 +68,11 @@ void CobroCodigoBarras::Enter(const QString& codigo, const std::function<void()>
     ocupado_ = true;
     const auto libre = qScopeGuard([this] { ocupado_ = false; });
     if (codigo.size() != configuracio_->BCEAN) {
-        Avisar(u"errorLongitudCodigoBarras",
-               u"El mensaje tiene que tener la misma lungitud que la de la configuración", vaciar);
+        Avisar(texto::kErrorLongitudCodigo, vaciar);
         return;
     }
     if (LayoutMalo()) {
-        Avisar(u"errorConfiguracionCodigoBarras",
-               u"La configuración no corresponde con la longitud del còdigo de barras", vaciar);
+        Avisar(texto::kErrorConfiguracionCodigo, vaciar);
         return;
     }
     Missatge missatge;
@@ -86,8 +83,7 @@ void CobroCodigoBarras::Enter(const QString& codigo, const std::function<void()>
     try {
         AEntero32(importe, importes_.Formato());
     } catch (const ErrorEjecucion&) {
-        Avisar(u"errorImporteCodigoBarras",
-               u"Configuración de importe en el codigo de barras no admitido", vaciar);
+        Avisar(texto::kErrorImporteCodigo, vaciar);
         return;
     }
     // From here on a failure ends its own step only.

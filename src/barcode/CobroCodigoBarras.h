@@ -28,8 +28,7 @@ class CobroCodigoBarras {
     bool LayoutMalo() const;
     QString Identificador(const QString& codigo) const;
     Currency Importe(const QString& texto) const;
-    void Avisar(const char16_t* clave, const char16_t* porDefecto,
-                const std::function<void()>& vaciar);
+    void Avisar(const Clave& clave, const std::function<void()>& vaciar);
 
     ConfiguracioGlobal& configuracio_;
     std::function<dades*()> datos_;

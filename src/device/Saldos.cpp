@@ -1,5 +1,6 @@
 #include "device/Saldos.h"
 
+#include "device/Claves.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 
@@ -84,9 +85,8 @@ LecturaSaldo Saldos::Leer(TipoSaldo tipo) const {
     try {
         lectura.valor = Sumar(tipo, lectura);
     } catch (const ErrorEjecucion& error) {
-        lectura.caja = textos_.Traduce(u"errorAlRecuperarSaldo"_s,
-                                       u"Error al recuperar el saldo del Zorvex:"_s) +
-                       u' ' + QString::number(error.Numero()) + u" - "_s + error.Descripcion();
+        lectura.caja = textos_.Traduce(texto::kErrorAlRecuperarSaldo) + u' ' +
+                       QString::number(error.Numero()) + u" - "_s + error.Descripcion();
     }
     return lectura;
 }
@@ -128,8 +128,7 @@ Currency Saldos::Sumar(TipoSaldo tipo, LecturaSaldo& lectura) const {
 
 void Saldos::Avisar(const LecturaSaldo& lectura) {
     if (lectura.mensaje) {
-        dialogos_.MostrarMensaje(textos_.Traduce(u"operacionAnulada"_s, u"Operación anulada"_s),
-                                 *lectura.mensaje);
+        dialogos_.MostrarMensaje(textos_.Traduce(texto::kOperacionAnulada), *lectura.mensaje);
     }
     if (lectura.caja) {
         dialogos_.CajaSimple(*lectura.caja);

@@ -1,5 +1,6 @@
 #include "device/SupervisionConexion.h"
 
+#include "device/Claves.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 
@@ -62,15 +63,10 @@ void SupervisionConexion::ComprobarSaldos() {
     if (ultimoSaldo_ != total) {
         const QString ultimo = importes_.FormatoImporte(ultimoSaldo_);
         const QString actual = importes_.FormatoImporte(total);
-        dialogos_.MostrarMensaje(
-            textos_.Traduce(u"inicializacion"_s, u"Inicialización"_s),
-            textos_.Traduce(u"inicializacion2"_s,
-                            u"El saldo de Zorvex ha variado desde la última vez que "
-                            "se ejecutó la aplicación: "_s) +
-                kFinLinea +
-                textos_.Traduce(u"ultimoSaldoRegistrado"_s, u"Último Saldo Registrado: "_s) +
-                ultimo + kFinLinea + textos_.Traduce(u"saldoActual"_s, u"Saldo Actual: "_s) +
-                actual);
+        dialogos_.MostrarMensaje(textos_.Traduce(texto::kInicializacion),
+                                 textos_.Traduce(texto::kSaldoHaVariado) + kFinLinea +
+                                     textos_.Traduce(texto::kUltimoSaldo) + ultimo + kFinLinea +
+                                     textos_.Traduce(texto::kSaldoActual) + actual);
         log_.LogLinea(u">>> Último Saldo Registrado: "_s + ultimo + u" -- Saldo Actual: "_s +
                       actual);
     }
@@ -87,14 +83,10 @@ void SupervisionConexion::MostrarFalloConexion() {
     const qint16 codigo = cliente_.ErrorCode();
     const QString numero = QString::number(codigo);
     const QString mensaje = cliente_.ErrorMessage();
-    dialogos_.MostrarMensaje(
-        textos_.Traduce(u"errorDeZorvex"_s, u"Error de Zorvex"_s),
-        textos_.Traduce(u"problemaComunicacion"_s,
-                        u"Existe un problema de comunicación con Zorvex."_s) +
-            kFinLinea +
-            textos_.Traduce(u"consulteConSuTecnico"_s,
-                            u"Consulte con su técnico el siguiente error: "_s) +
-            kFinLinea + numero + u": "_s + mensaje);
+    dialogos_.MostrarMensaje(textos_.Traduce(texto::kErrorDeZorvex),
+                             textos_.Traduce(texto::kProblemaComunicacion) + kFinLinea +
+                                 textos_.Traduce(texto::kConsulteConSuTecnico) + kFinLinea +
+                                 numero + u": "_s + mensaje);
     if (codigo != 0) {
         log_.LogLinea(u">>> Error Zorvex: "_s + numero + u" - "_s + mensaje);
     } else {
@@ -111,10 +103,8 @@ void SupervisionConexion::Cortar() {
 
 void SupervisionConexion::Desconectar() {
     if (vista_ != nullptr && vista_->Agrupando()) {
-        dialogos_.MostrarMensaje(
-            textos_.Traduce(u"conflictoOperacion"_s, u"Conflicto de operaciones"_s),
-            textos_.Traduce(u"problemaAgrupacion"_s,
-                            u"Esta agrupando pagos, finalize la operacion primero"_s));
+        dialogos_.MostrarMensaje(textos_.Traduce(texto::kConflictoOperacion),
+                                 textos_.Traduce(texto::kProblemaAgrupacion));
         return;
     }
     Cortar();
@@ -168,7 +158,7 @@ void SupervisionConexion::MostrarNivel() {
                                 : u"Cancelado"_s;
         diario_.GetLevels(u"MOSTRARNIVEL"_s, resultado, 4, noms, levels);
     } catch (const ErrorEjecucion& error) {
-        dialogos_.MostrarMensaje(textos_.Traduce(u"errorDeZorvex"_s, u"Error de Zorvex"_s),
+        dialogos_.MostrarMensaje(textos_.Traduce(texto::kErrorDeZorvex),
                                  u"Error nº "_s + QString::number(error.Numero()) + u" - "_s +
                                      error.Descripcion());
     }

@@ -4,6 +4,7 @@
 #include "platform/ErrorEjecucion.h"
 #include "platform/Files.h"
 #include "platform/StringLiterals.h"
+#include "store/Claves.h"
 
 #include <QDir>
 
@@ -87,10 +88,8 @@ bool ConexionBD::ConectarBD() {
         try {
             motor_.Abrir(cadena);
         } catch (const ErrorEjecucion& e) {
-            dialogos_.MostrarMensaje(
-                textos_.Traduce(u"errorDeConfiguracion"_s, u"Error de configuración"_s),
-                textos_.Traduce(u"errorMDB"_s, u"Error al crear el fichero MDB, el archivo ya esta "
-                                               "en uso"_s));
+            dialogos_.MostrarMensaje(textos_.Traduce(texto::kErrorDeConfiguracion),
+                                     textos_.Traduce(texto::kErrorMDB));
             log_.LogLinea(u"ERROR_%1 - "_s.arg(e.Numero()) + e.Descripcion() + u": "_s + cadena);
             return false;
         }

@@ -4,6 +4,7 @@
 #include "platform/ErrorEjecucion.h"
 #include "platform/Files.h"
 #include "platform/StringLiterals.h"
+#include "store/Claves.h"
 #include "store/ConexionBD.h"
 
 namespace zv {
@@ -198,10 +199,8 @@ void CrearBaseDatos(DatabaseEngine& catalogo, const QString& carpeta, Log& log, 
         } catch (const ErrorEjecucion&) {
             // A log that cannot be written must not hide the message.
         }
-        dialogos.MostrarMensaje(
-            textos.Traduce(u"errorDeConfiguracion"_s, u"Error de configuración"_s),
-            textos.Traduce(u"errorMDB"_s, u"Error al crear el fichero MDB, el archivo ya esta en "
-                                          "uso"_s));
+        dialogos.MostrarMensaje(textos.Traduce(texto::kErrorDeConfiguracion),
+                                textos.Traduce(texto::kErrorMDB));
     }
     catalogo.Cerrar();
 }

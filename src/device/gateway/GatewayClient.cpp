@@ -1,6 +1,7 @@
 // Operations, queries and sessions of the gateway client.
 #include "device/gateway/GatewayClient.h"
 
+#include "device/Claves.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 
@@ -58,12 +59,11 @@ GatewayClient::GatewayClient(Log& log, const Textos& textos, VentanaOperacion* v
 GatewayClient::~GatewayClient() = default;
 
 void GatewayClient::FallarSinConexion() {
-    Fallar(errorpasarela::kEnlacePerdido,
-           Texto("pasarelaNoConectado", u"Zorvex no está conectado"_s));
+    Fallar(errorpasarela::kEnlacePerdido, texto::kPasarelaNoConectado);
 }
 
-QString GatewayClient::Texto(const char* clave, const QString& porDefecto) const {
-    return textos_.Traduce(QString::fromLatin1(clave), porDefecto);
+void GatewayClient::Fallar(qint16 codigo, const Clave& mensaje) {
+    Fallar(codigo, textos_.Traduce(mensaje));
 }
 
 void GatewayClient::Fallar(qint16 codigo, const QString& mensaje) {
@@ -76,22 +76,18 @@ void GatewayClient::Fallar(qint16 codigo, const QString& mensaje) {
 void GatewayClient::Connect(bool& result) {
     result = false;
     if (ocupado_) {
-        Fallar(errorpasarela::kEnCurso,
-               Texto("pasarelaEnCurso", u"Zorvex está ocupado con otra operación"_s));
+        Fallar(errorpasarela::kEnCurso, texto::kPasarelaEnCurso);
         return;
     }
     Disconnect();
     if (address_.trimmed().isEmpty()) {
-        Fallar(errorpasarela::kEnlacePerdido,
-               Texto("pasarelaSinDireccion",
-                     u"Falta la dirección IP de Zorvex en la configuración"_s));
+        Fallar(errorpasarela::kEnlacePerdido, texto::kPasarelaSinDireccion);
         return;
     }
     const std::optional<GatewayAddress> direccion = LeerDireccion(address_);
     if (!direccion) {
         Fallar(errorpasarela::kEnlacePerdido,
-               Texto("pasarelaDireccionMala", u"La dirección de Zorvex no es válida:"_s) + u' ' +
-                   address_);
+               textos_.Traduce(texto::kPasarelaDireccionMala) + u' ' + address_);
         return;
     }
     direccion_ = *direccion;
@@ -128,8 +124,7 @@ std::optional<Saludo> GatewayClient::AbrirYSaludar(int milisegundos) {
     if (!sesion_.EsperarConexion(limite)) {
         sesion_.Cerrar();
         Fallar(errorpasarela::kEnlacePerdido,
-               Texto("pasarelaNoResponde", u"No se puede conectar con Zorvex en"_s) + u' ' +
-                   destino);
+               textos_.Traduce(texto::kPasarelaNoResponde) + u' ' + destino);
         return std::nullopt;
     }
     const qint64 id = sesion_.Enviar(u"session.hello"_s, ParamsSaludo());
@@ -137,15 +132,13 @@ std::optional<Saludo> GatewayClient::AbrirYSaludar(int milisegundos) {
     std::optional<Saludo> saludo;
     if (!respuesta) {
         Fallar(errorpasarela::kEnlacePerdido,
-               Texto("pasarelaSinSaludo", u"Zorvex no contesta al saludo de la sesión en"_s) +
-                   u' ' + destino);
+               textos_.Traduce(texto::kPasarelaSinSaludo) + u' ' + destino);
     } else if (respuesta->kind == RpcMessage::Kind::Error) {
         Fallar(errorpasarela::kEnlacePerdido, respuesta->mensaje);
     } else {
         saludo = LeerSaludo(respuesta->resultado);
         if (!saludo) {
-            Fallar(errorpasarela::kEnlacePerdido,
-                   Texto("pasarelaProtocolo", u"Zorvex ha dado una respuesta que no es válida"_s));
+            Fallar(errorpasarela::kEnlacePerdido, texto::kPasarelaProtocolo);
         }
     }
     if (saludo) {
@@ -185,9 +178,7 @@ bool GatewayClient::ResolverPendiente(const EstadoOperacion& abierta) {
         return true;
     }
     log_.LogLinea(u">>> Operación pendiente en Zorvex: "_s + TextoEstado(fin.estado));
-    Fallar(errorpasarela::kEnlacePerdido,
-           Texto("pasarelaPendiente",
-                 u"Zorvex no termina una operación anterior que sigue abierta"_s));
+    Fallar(errorpasarela::kEnlacePerdido, texto::kPasarelaPendiente);
     return false;
 }
 
@@ -231,9 +222,7 @@ void GatewayClient::PingEnReposo() {
 // ---- long operations
 
 GatewayOperation::Entorno GatewayClient::EntornoOperacion() {
-    return {direccion_, storeId_,
-            textos_.TextoForm(u"frmOperacion"_s, u"Reconectando"_s,
-                              u"Recuperando la comunicación con Zorvex…"_s),
+    return {direccion_, storeId_, textos_.Traduce(texto::kReconectando),
             [this](const Saludo& saludo) { SaludoEnMarcha(saludo); }};
 }
 
@@ -284,8 +273,7 @@ EstadoOperacion GatewayClient::Ejecutar(const QString& metodo, const QJsonObject
                                         OperationKind kind, qint32 importe, bool& result) {
     result = false;
     if (ocupado_) {
-        Fallar(errorpasarela::kEnCurso,
-               Texto("pasarelaEnCurso", u"Zorvex está ocupado con otra operación"_s));
+        Fallar(errorpasarela::kEnCurso, texto::kPasarelaEnCurso);
         return {};
     }
     if (!conectado_) {
@@ -344,16 +332,15 @@ QString GatewayClient::MensajeDe(const GatewayOperation::Fin& fin) const {
     case Motivo::Rechazada:
         return fin.mensaje;
     case Motivo::EnlacePerdido:
-        return Texto("pasarelaEnlacePerdido", u"Se ha perdido la comunicación con Zorvex"_s);
+        return textos_.Traduce(texto::kPasarelaEnlacePerdido);
     case Motivo::OtroAlmacen:
-        return Texto("pasarelaOtroAlmacen",
-                     u"Tras perder la comunicación ha contestado otro Zorvex"_s);
+        return textos_.Traduce(texto::kPasarelaOtroAlmacen);
     case Motivo::Protocolo:
-        return Texto("pasarelaProtocolo", u"Zorvex ha dado una respuesta que no es válida"_s);
+        return textos_.Traduce(texto::kPasarelaProtocolo);
     case Motivo::Cerrando:
-        return Texto("pasarelaCerrando", u"La aplicación se cierra con la operación en curso"_s);
+        return textos_.Traduce(texto::kPasarelaCerrando);
     case Motivo::NoTermina:
-        return Texto("pasarelaNoTermina", u"Zorvex no ha terminado la operación cancelada"_s);
+        return textos_.Traduce(texto::kPasarelaNoTermina);
     }
     return {};
 }
@@ -422,8 +409,7 @@ std::optional<QJsonValue> GatewayClient::Consultar(const QString& metodo,
         sesion_.EsperarRespuesta(id, QDeadlineTimer(opciones_.respuesta));
     if (!respuesta) {
         sesion_.Tirar(); // tells an operation that runs
-        Fallar(errorpasarela::kEnlacePerdido,
-               Texto("pasarelaEnlacePerdido", u"Se ha perdido la comunicación con Zorvex"_s));
+        Fallar(errorpasarela::kEnlacePerdido, texto::kPasarelaEnlacePerdido);
         return std::nullopt;
     }
     if (respuesta->kind == RpcMessage::Kind::Error) {
@@ -446,8 +432,7 @@ void GatewayClient::GetLevels(qint32 levelType, QString& noms, QString& levels, 
     }
     const std::optional<GatewayLevels> niveles = LeerNiveles(*valor);
     if (!niveles) {
-        Fallar(errorpasarela::kProtocolo,
-               Texto("pasarelaProtocolo", u"Zorvex ha dado una respuesta que no es válida"_s));
+        Fallar(errorpasarela::kProtocolo, texto::kPasarelaProtocolo);
         return;
     }
     noms = niveles->noms;

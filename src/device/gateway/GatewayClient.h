@@ -73,9 +73,9 @@ class GatewayClient final : public DeviceClient {
     void TomarSaludo(const Saludo& saludo);
     void PingEnReposo();
     void Fallar(qint16 codigo, const QString& mensaje);
+    void Fallar(qint16 codigo, const Clave& mensaje);
     void FallarSinConexion();
     void Bien() { Fallar(0, {}); }
-    QString Texto(const char* clave, const QString& porDefecto) const;
 
     Log& log_;
     const Textos& textos_;

@@ -1,11 +1,13 @@
 // Texts, lines and keys of the window of a running operation.
 #include "device/screens/frmOperacion.h"
 
+#include "device/Claves.h"
 #include "device/screens/BarraActividad.h"
 #include "platform/StringLiterals.h"
 #include "ui/Importes.h"
 #include "ui/Textos.h"
 #include "ui/screens/Tema.h"
+#include "ui/screens/Traduccion.h"
 
 #include <QCloseEvent>
 #include <QFrame>
@@ -17,6 +19,9 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <iterator>
+
 namespace zv {
 
 namespace {
@@ -26,6 +31,30 @@ constexpr int kLetraRotulo = 20;
 constexpr int kLetraImporte = 34;
 constexpr int kLetraPrincipal = 52;
 constexpr int kAltoCancelar = 72;
+
+// What the window says in each kind of operation.
+struct TextosClase {
+    OperationKind clase;
+    const Clave& titulo;
+    const Clave& instruccion;
+    const Clave& pedido = texto::kLbACobrar;
+    const Clave& salido = texto::kLbSalido;
+};
+
+const TextosClase& TextosDe(OperationKind clase) {
+    static constexpr TextosClase kTextos[] = {
+        {OperationKind::Cobro, texto::kTituloCobro, texto::kHacerCobro},
+        {OperationKind::Abono, texto::kTituloAbono, texto::kHacerAbono, texto::kLbADevolver},
+        {OperationKind::Cambio, texto::kTituloCambio, texto::kHacerCambio},
+        {OperationKind::MeterCambio, texto::kTituloMeterCambio, texto::kHacerMeterCambio},
+        {OperationKind::Pago, texto::kTituloPago, texto::kHacerPago, texto::kLbAPagar,
+         texto::kLbPagado},
+        {OperationKind::ControlCajones, texto::kTituloControlCajones, texto::kHacerControlCajones},
+        {OperationKind::VaciadoCajon, texto::kTituloVaciadoCajon, texto::kHacerVaciadoCajon},
+        {OperationKind::Pendiente, texto::kTituloPendiente, texto::kHacerPendiente}};
+    return *std::find_if(std::begin(kTextos), std::end(kTextos) - 1,
+                         [clase](const TextosClase& t) { return t.clase == clase; });
+}
 
 // A label's colour is a style sheet of its own, which costs more than looking first.
 void PonerColor(QLabel& etiqueta, const QColor& color) {
@@ -95,55 +124,16 @@ void frmOperacion::CrearPie() {
     Cuerpo()->addWidget(btnCancelar_);
 }
 
-QString frmOperacion::Texto(const char* clave, const QString& porDefecto) const {
-    return tema::Rotulo(
-        textos_.TextoForm(u"frmOperacion"_s, QString::fromLatin1(clave), porDefecto));
-}
-
 void frmOperacion::PonerTextos() {
-    setWindowTitle(textos_.TextoIdioma(u"GEN"_s, u"FrmCaption"_s, u"Zorvex ®"_s));
-    rotulo_[Entrado]->setText(Texto("lbEntrado", u"Introducido"_s));
-    rotulo_[Salido]->setText(Texto("lbSalido", u"Devuelto"_s));
-    rotulo_[Falta]->setText(Texto("lbFalta", u"Pendiente"_s));
-    switch (clase_) {
-    case OperationKind::Cobro:
-        PonerTitulo(Texto("TituloCobro", u"Cobro"_s));
-        instruccion_ = Texto("Cobro", u"Introduzca el dinero en Zorvex"_s);
-        rotulo_[Pedido]->setText(Texto("lbACobrar", u"A cobrar"_s));
-        break;
-    case OperationKind::Abono:
-        PonerTitulo(Texto("TituloAbono", u"Abono"_s));
-        instruccion_ = Texto("Abono", u"Retire el dinero de Zorvex"_s);
-        rotulo_[Pedido]->setText(Texto("lbADevolver", u"A devolver"_s));
-        break;
-    case OperationKind::Cambio:
-        PonerTitulo(Texto("TituloCambio", u"Dar cambio"_s));
-        instruccion_ = Texto("Cambio", u"Introduzca el dinero que quiere cambiar"_s);
-        break;
-    case OperationKind::MeterCambio:
-        PonerTitulo(Texto("TituloMeterCambio", u"Añadir cambio"_s));
-        instruccion_ = Texto("MeterCambio", u"Introduzca el cambio en Zorvex"_s);
-        break;
-    case OperationKind::Pago:
-        PonerTitulo(Texto("TituloPago", u"Pago"_s));
-        instruccion_ = Texto("Pago", u"Retire el dinero de Zorvex"_s);
-        rotulo_[Pedido]->setText(Texto("lbAPagar", u"A pagar"_s));
-        rotulo_[Salido]->setText(Texto("lbPagado", u"Entregado"_s));
-        break;
-    case OperationKind::ControlCajones:
-        PonerTitulo(Texto("TituloControlCajones", u"Cierre de caja"_s));
-        instruccion_ = Texto("ControlCajones", u"Zorvex está pasando dinero a los cajones"_s);
-        break;
-    case OperationKind::VaciadoCajon:
-        PonerTitulo(Texto("TituloVaciadoCajon", u"Vaciado de cajón"_s));
-        instruccion_ = Texto("VaciadoCajon", u"Vacíe el cajón de Zorvex"_s);
-        break;
-    case OperationKind::Pendiente:
-        PonerTitulo(Texto("TituloPendiente", u"Operación pendiente"_s));
-        instruccion_ = Texto("Pendiente", u"Se está cancelando una operación anterior que seguía "
-                                          "abierta en Zorvex"_s);
-        break;
-    }
+    const TextosClase& textos = TextosDe(clase_);
+    TraducirVentana(*this, textos_);
+    PonerTitulo(textos_.Traduce(textos.titulo));
+    instruccion_ = textos_.Traduce(textos.instruccion);
+    PonerTexto(*rotulo_[Pedido], textos_, textos.pedido);
+    PonerTexto(*rotulo_[Entrado], textos_, texto::kLbEntrado);
+    PonerTexto(*rotulo_[Salido], textos_, textos.salido);
+    PonerTexto(*rotulo_[Falta], textos_, texto::kLbFalta);
+    PonerTexto(*btnCancelar_, textos_, texto::kBtnCancelar);
 }
 
 void frmOperacion::MostrarLinea(Linea linea, bool visible) {
@@ -172,7 +162,6 @@ void frmOperacion::Abrir(OperationKind kind, qint32 importe, std::function<void(
     PonerImporte(Pedido, importe);
     Progreso(0, 0);
     Aviso({});
-    btnCancelar_->setText(Texto("btnCancelar", u"Cancelar"_s));
     btnCancelar_->setVisible(static_cast<bool>(cancelar_));
     btnCancelar_->setEnabled(true);
     Colocar();
@@ -201,7 +190,7 @@ void frmOperacion::Progreso(qint32 paidIn, qint32 paidOut) {
 
 void frmOperacion::Aviso(const QString& texto) {
     const bool aviso = !texto.isEmpty();
-    lbInstruccion_->setText(aviso ? tema::Rotulo(texto) : instruccion_);
+    PonerCaption(*lbInstruccion_, aviso ? texto : instruccion_);
     PonerColor(*lbInstruccion_, aviso ? tema::kRojoTexto : tema::kTexto);
 }
 
@@ -215,7 +204,7 @@ void frmOperacion::Cancelar() {
         return;
     }
     btnCancelar_->setEnabled(false);
-    btnCancelar_->setText(Texto("Cancelando", u"Cancelando…"_s));
+    PonerTexto(*btnCancelar_, textos_, texto::kCancelando);
     // Taken out first: what it leads to may close this window.
     const std::function<void()> cancelar = std::exchange(cancelar_, nullptr);
     cancelar();

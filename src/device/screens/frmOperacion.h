@@ -47,7 +47,6 @@ class frmOperacion final : public FramelessWindow, public VentanaOperacion {
     void PonerImporte(Linea linea, qint64 importe);
     void Cancelar();
     void Colocar();
-    QString Texto(const char* clave, const QString& porDefecto) const;
 
     const Textos& textos_;
     const Importes& importes_;

@@ -2,6 +2,7 @@
 #include "ui/screens/DialogosPantalla.h"
 
 #include "platform/StringLiterals.h"
+#include "ui/Claves.h"
 #include "ui/Importes.h"
 #include "ui/TecladoPantalla.h"
 #include "ui/Textos.h"
@@ -62,7 +63,7 @@ void DialogosPantalla::CajaSimple(const QString& texto) {
     caja.setWindowTitle(programa_);
     caja.setTextFormat(Qt::PlainText);
     caja.setText(texto);
-    caja.addButton(textos_.Traduce(u"boton_0"_s, u"Aceptar"_s), QMessageBox::AcceptRole);
+    caja.addButton(textos_.Traduce(texto::kAceptar), QMessageBox::AcceptRole);
     VentanaEncima(caja, true);
     caja.exec();
 }

@@ -2,6 +2,7 @@
 #include "ui/screens/Traduccion.h"
 
 #include "platform/StringLiterals.h"
+#include "ui/Claves.h"
 #include "ui/Textos.h"
 #include "ui/screens/Tema.h"
 
@@ -107,8 +108,16 @@ void PonerCaption(QWidget& control, const QString& caption) {
     }
 }
 
+void PonerTexto(QWidget& control, const Textos& textos, const Clave& clave) {
+    PonerCaption(control, textos.Traduce(clave));
+}
+
+void TraducirVentana(QWidget& pantalla, const Textos& textos) {
+    pantalla.setWindowTitle(textos.Traduce(texto::kTituloVentana));
+}
+
 void TraducirPantalla(QWidget& pantalla, const Textos& textos) {
-    pantalla.setWindowTitle(textos.TextoIdioma(u"GEN"_s, u"FrmCaption"_s, u"Zorvex ®"_s));
+    TraducirVentana(pantalla, textos);
     const QString nombre = pantalla.objectName();
     const auto controles = pantalla.findChildren<QWidget*>();
     for (QWidget* control : controles) {

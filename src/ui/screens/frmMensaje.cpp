@@ -2,6 +2,7 @@
 #include "ui/screens/frmMensaje.h"
 
 #include "platform/StringLiterals.h"
+#include "ui/Claves.h"
 #include "ui/Textos.h"
 #include "ui/screens/EtiquetaTexto.h"
 #include "ui/screens/Tema.h"
@@ -81,7 +82,7 @@ void frmMensaje::PonerEstilo(EstiloMensaje estilo) {
     case EstiloMensaje::Aviso:
     case EstiloMensaje::Informacion:
         uno = true;
-        PonerCaption(*boton_[1], textos_.Traduce(u"boton_0"_s, u"Aceptar"_s));
+        PonerTexto(*boton_[1], textos_, texto::kAceptar);
         poner(1, Respuesta::Aceptar);
         break;
     case EstiloMensaje::AceptarCancelar:
