@@ -28,6 +28,7 @@ Servicios::Servicios(Opciones lasOpciones, const Clock& elReloj)
 Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exterior)
     : conexion(motor, servicios.opciones.carpeta, servicios.log, exterior.dialogos,
                servicios.textos),
+      transacciones(motor, servicios.log),
       registros(motor, servicios.log, exterior.dialogos, seguretat, importes, servicios.reloj),
       ini(servicios.log, exterior.dialogos),
       configuracio(std::make_unique<Configuracio>(ini, servicios.registro,
@@ -36,6 +37,7 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
       supervision(exterior.cliente, servicios.registro, servicios.log, exterior.dialogos,
                   servicios.textos, importes, [this] { return configuracio->IP; }),
       entorno{conexion,
+              transacciones,
               registros,
               exterior.cliente,
               supervision,
@@ -53,11 +55,11 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
               servicios.reloj},
       grid(servicios.textos, importes), estado(entorno, controles, grid),
       pulso(entorno, controles, grid, estado), botones(entorno, controles, estado),
-      fast(configuracio, servicios.formato, servicios.log,
-           BombaDe(std::move(exterior.dispositivoOcupado)), DireccionFast(servicios.opciones)),
+      fast(configuracio, servicios.formato, servicios.log, BombaDe(),
+           DireccionFast(servicios.opciones)),
       barras(
           configuracio, [this] { return datos.get(); }, importes, servicios.reloj,
-          exterior.dialogos, servicios.textos, Espera),
+          exterior.dialogos, servicios.textos, Espera, [this] { pulso.SaldarAbandonadas(); }),
       instancia(servicios.opciones.carpeta),
       conector(configuracio, exterior.procesos, exterior.shell, exterior.dialogos,
                servicios.textos),
@@ -75,18 +77,11 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
     arranque.PonerPasos(std::move(pasos));
 }
 
-FastPump Monitor::BombaDe(std::function<bool()> dispositivoOcupado) {
+FastPump Monitor::BombaDe() {
     FastPump bomba;
     bomba.datos = [this] { return datos.get(); };
-    bomba.esperar = [this, ocupado = std::move(dispositivoOcupado)] {
-        return motor.Nivel() > 0 && ocupado && ocupado();
-    };
-    // While the pulse is armed nobody works inside a transaction: one that is open was abandoned.
-    bomba.preparar = [this] {
-        if (pulso.Armado()) {
-            pulso.DeshacerAbandonadas();
-        }
-    };
+    bomba.preparar = [this] { pulso.SaldarAbandonadas(); };
+    bomba.esperar = [this] { return transacciones.HayNivelAbierto(); };
     return bomba;
 }
 

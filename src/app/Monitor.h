@@ -28,8 +28,6 @@ struct Exterior {
     Dialogos& dialogos;
     ProcessList& procesos;
     Shell& shell;
-    // True inside a long operation of the device; none: never.
-    std::function<bool()> dispositivoOcupado = {};
 };
 
 class Monitor {
@@ -45,6 +43,7 @@ class Monitor {
 
     SqliteEngine motor;
     ConexionBD conexion;
+    TransactionOwner transacciones;
     Seguretat seguretat;
     OperacionesRegistro registros;
     ModuloIni ini;
@@ -65,7 +64,7 @@ class Monitor {
     Arranque arranque;
 
   private:
-    FastPump BombaDe(std::function<bool()> dispositivoOcupado);
+    FastPump BombaDe();
 
     VentanaPrincipal* ventana_ = nullptr;
 };

@@ -56,9 +56,7 @@ int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
     });
 
     try {
-        Monitor monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell, [&] {
-                                                          return cliente.Ocupado();
-                                                      }});
+        Monitor monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell});
         const auto terminar = [&] {
             monitor.arranque.Descargar();
             // The end of the process: modal windows that stand open go with it.

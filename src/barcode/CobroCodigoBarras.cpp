@@ -28,9 +28,11 @@ double Divisor(int decimales) {
 CobroCodigoBarras::CobroCodigoBarras(ConfiguracioGlobal& configuracio,
                                      std::function<dades*()> datos, const Importes& importes,
                                      const Clock& reloj, Dialogos& dialogos, const Textos& textos,
-                                     std::function<void(int)> espera)
+                                     std::function<void(int)> espera,
+                                     std::function<void()> preparar)
     : configuracio_(configuracio), datos_(std::move(datos)), importes_(importes), reloj_(reloj),
-      dialogos_(dialogos), textos_(textos), espera_(std::move(espera)) {}
+      dialogos_(dialogos), textos_(textos), espera_(std::move(espera)),
+      preparar_(std::move(preparar)) {}
 
 void CobroCodigoBarras::Avisar(const Clave& clave, const std::function<void()>& vaciar) {
     dialogos_.CajaSimple(textos_.Traduce(clave));
@@ -93,6 +95,9 @@ void CobroCodigoBarras::Enter(const QString& codigo, const std::function<void()>
         missatge.Importe = {};
     }
     if (dades* datos = datos_()) {
+        if (preparar_) {
+            preparar_();
+        }
         // A ticket that waits in cola already is no news.
         bool resultado = false;
         datos->Inserta(missatge, resultado);

@@ -7,12 +7,24 @@
 #include "store/Palabras.h"
 #include "till/ResultadoEnvio.h"
 
+#include <limits>
+
 namespace zv {
 
 namespace {
 
 QString N(qint32 numero) {
     return QString::number(numero);
+}
+
+// The device tells a refund by its sign: an amount whose opposite is beyond 32 bits is as much too
+// large as one that is so itself.
+qint32 ParaElDispositivo(Currency importe) {
+    const qint32 valor = importe.AEntero32();
+    if (valor == std::numeric_limits<qint32>::min()) {
+        throw errores::Desbordamiento();
+    }
+    return valor;
 }
 
 } // namespace
@@ -53,13 +65,14 @@ int Envio::Enviar(DeviceClient& cliente, Operacion& op) {
         op.creditoRechazado = true;
         return envio::kCancelado;
     }
-    if (op.importe.EsCero()) {
+    // What the device cannot take, less than half a minor unit, is nothing to charge either.
+    if (op.importe.SeRedondeaACero()) {
         ArchivarSinCobro(op);
         return envio::kBien;
     }
     entorno_.log.LogLinea(u"ENVIARZV_INICIO_CHARGE: "_s + op.importe.ATexto());
     bool cobrado = false;
-    cliente.Charge(op.importe.AEntero32(), op.paidIn, op.paidOut, cobrado);
+    cliente.Charge(ParaElDispositivo(op.importe), op.paidIn, op.paidOut, cobrado);
     if (cobrado) {
         ArchivarCobro(op);
         return envio::kBien;
@@ -110,78 +123,81 @@ QString Envio::EtiquetaSaldo(const QString& prefijo, const Operacion& op) const 
 }
 
 void Envio::ArchivarSinCobro(const Operacion& op) {
-    entorno_.marca.MarcarActivo(true);
-    entorno_.Database().Comenzar();
-    entorno_.log.LogLinea(u"ENVIARZV0_BEGINTRANS"_s);
+    Asiento asiento(entorno_);
+    asiento.Abrir(u"ENVIARZV0_BEGINTRANS"_s);
     const qint32 clave = entorno_.registros.AñadirColaProcesada(
         op.origen, op.idZV, estado::kOk, 0, 0,
         entorno_.saldos.SaldoPorTipo(EtiquetaSaldo(u"ENVIARZV0_"_s, op), TipoSaldo::Todo),
         QString());
-    TerminarArchivo(clave, u"ENVIARZV0_"_s + N(op.idZV));
+    TerminarArchivo(asiento, clave, u"ENVIARZV0_"_s + N(op.idZV));
 }
 
 void Envio::ArchivarCobro(const Operacion& op) {
     diario_.Charge(u"ENVIARZV_"_s + N(op.idZV), u"OK"_s, op.importe.AEntero32(), op.paidIn,
                    op.paidOut);
-    entorno_.marca.MarcarActivo(true);
-    entorno_.Database().Comenzar();
     const QString etiqueta = u"ENVIARZV1_"_s + N(op.idZV);
-    entorno_.log.LogLinea(etiqueta + u"_BEGINTRANS"_s);
+    Asiento asiento(entorno_);
+    asiento.Abrir(etiqueta + u"_BEGINTRANS"_s, Asiento::Espera::TrasMoverDinero);
     entorno_.seguretat.PonerUsuarioFast(true);
     const qint32 clave = entorno_.registros.AñadirColaProcesada(
         op.origen, op.idZV, estado::kOk, op.paidIn, op.paidOut,
         entorno_.saldos.SaldoPorTipo(EtiquetaSaldo(u"ENVIARZV_"_s, op), TipoSaldo::Todo),
         QString());
-    TerminarArchivo(clave, etiqueta);
+    TerminarArchivo(asiento, clave, etiqueta);
     entorno_.seguretat.PonerUsuarioFast(false);
 }
 
-void Envio::TerminarArchivo(qint32 clave, const QString& etiqueta) {
-    if (clave == 0) {
-        entorno_.dialogos.CajaSimple(entorno_.textos.Traduce(texto::kErrorAlProcesar));
-        entorno_.Database().Deshacer();
-        entorno_.log.LogLinea(etiqueta + u"_ROLLBACK"_s);
+void Envio::TerminarArchivo(Asiento& asiento, qint32 clave, const QString& etiqueta) {
+    if (clave != 0) {
+        asiento.Confirmar(etiqueta + u"_COMMIT"_s);
         return;
     }
-    entorno_.Database().Confirmar();
-    entorno_.log.LogLinea(etiqueta + u"_COMMIT"_s);
+    asiento.Deshacer(etiqueta + u"_ROLLBACK"_s, [this] {
+        entorno_.dialogos.CajaSimple(entorno_.textos.Traduce(texto::kErrorAlProcesar));
+    });
 }
 
 int Envio::ArchivarFallo(DeviceClient& cliente, const Operacion& op) {
     const QString etiqueta = u"ENVIARZV2_"_s + N(op.idZV);
-    const QString etiquetaSaldo = u"ENVIARZV_"_s + op.origen;
-    entorno_.marca.MarcarActivo(true);
-    entorno_.Database().Comenzar();
-    entorno_.log.LogLinea(etiqueta + u"_BEGINTRANS"_s);
+    Asiento asiento(entorno_);
+    asiento.Abrir(etiqueta + u"_BEGINTRANS"_s, Asiento::Espera::TrasMoverDinero);
 
     const qint16 codigo = cliente.ErrorCode();
+    if (codigo > 0) {
+        EditarCredito(op.idZV, Currency(op.paidIn) - Currency(op.paidOut));
+        diario_.Charge(etiqueta, u"ERROR_"_s + N(codigo), op.importe.AEntero32(), op.paidIn,
+                       op.paidOut);
+    } else {
+        diario_.Charge(etiqueta, u"CANCEL"_s, op.importe.AEntero32(), op.paidIn, op.paidOut);
+    }
+    // The credit has been written: what is wrong with the balance is told after the commit.
+    const LecturaSaldo saldo = entorno_.saldos.Leer(TipoSaldo::Todo);
+    const int resultado = AnotarFalloDelDispositivo(cliente, op, codigo, saldo);
+    asiento.Confirmar(etiqueta + u"_COMMIT"_s);
+    entorno_.saldos.Avisar(saldo);
+    return resultado;
+}
+
+int Envio::AnotarFalloDelDispositivo(DeviceClient& cliente, const Operacion& op, qint16 codigo,
+                                     const LecturaSaldo& saldo) {
     RegistroProcesado registro;
     registro.fechaVenta = entorno_.reloj.Ahora();
     registro.importeVenta = op.importe;
     registro.cobrado = op.paidIn;
     registro.devuelto = op.paidOut;
     registro.venta = op.venta;
-    int resultado = envio::kCancelado;
+    registro.saldoZV = saldo.valor;
     if (codigo > 0) {
-        EditarCredito(op.idZV, Currency(op.paidIn) - Currency(op.paidOut));
-        diario_.Charge(etiqueta, u"ERROR_"_s + N(codigo), op.importe.AEntero32(), op.paidIn,
-                       op.paidOut);
-        registro.saldoZV = entorno_.saldos.SaldoPorTipo(etiquetaSaldo, TipoSaldo::Todo);
         registro.estado = estado::kError;
         registro.error = N(codigo) + u" - "_s + cliente.ErrorMessage();
         entorno_.registros.AñadirProcesado(op.origen + u"_ERRORZV"_s, registro);
         entorno_.log.LogLinea(u">>> Error en Zorvex: "_s + registro.error);
-        resultado = envio::kError;
-    } else {
-        diario_.Charge(etiqueta, u"CANCEL"_s, op.importe.AEntero32(), op.paidIn, op.paidOut);
-        registro.saldoZV = entorno_.saldos.SaldoPorTipo(etiquetaSaldo, TipoSaldo::Todo);
-        registro.estado = estado::kCancel;
-        registro.error = op.importe < Currency(0) ? u"Abono cancelado"_s : u"Cobro cancelado"_s;
-        entorno_.registros.AñadirProcesado(op.origen + u"_CANCEL"_s, registro);
+        return envio::kError;
     }
-    entorno_.Database().Confirmar();
-    entorno_.log.LogLinea(etiqueta + u"_COMMIT"_s);
-    return resultado;
+    registro.estado = estado::kCancel;
+    registro.error = op.importe < Currency(0) ? u"Abono cancelado"_s : u"Cobro cancelado"_s;
+    entorno_.registros.AñadirProcesado(op.origen + u"_CANCEL"_s, registro);
+    return envio::kCancelado;
 }
 
 void Envio::EditarCredito(qint32 idZV, Currency importe) {

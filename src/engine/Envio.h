@@ -4,7 +4,7 @@
 #pragma once
 
 #include "platform/ErrorEjecucion.h"
-#include "till/Entorno.h"
+#include "till/Asiento.h"
 
 namespace zv {
 
@@ -40,8 +40,11 @@ class Envio {
     void ArchivarSinCobro(const Operacion& op);
     void ArchivarCobro(const Operacion& op);
     int ArchivarFallo(DeviceClient& cliente, const Operacion& op);
-    // Commits a filing that answered a key, otherwise tells the operator and rolls back.
-    void TerminarArchivo(qint32 clave, const QString& etiqueta);
+    // The record of an error or a cancel, and the credit of an error.
+    int AnotarFalloDelDispositivo(DeviceClient& cliente, const Operacion& op, qint16 codigo,
+                                  const LecturaSaldo& saldo);
+    // Commits a filing that answered a key, otherwise rolls back and tells the operator.
+    void TerminarArchivo(Asiento& asiento, qint32 clave, const QString& etiqueta);
     QString EtiquetaSaldo(const QString& prefijo, const Operacion& op) const;
 
     Entorno& entorno_;

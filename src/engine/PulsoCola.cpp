@@ -6,6 +6,9 @@
 #include "platform/StringLiterals.h"
 #include "till/ResultadoEnvio.h"
 
+#include <algorithm>
+#include <limits>
+
 namespace zv {
 
 namespace {
@@ -58,6 +61,8 @@ bool PulsoCola::ConectorActivo() {
 }
 
 void PulsoCola::ProcesarCola() {
+    // A level that stands open now holds the lock against the point of sale.
+    entorno_.transacciones.Saldar();
     if (ConectorActivo()) {
         return;
     }
@@ -103,31 +108,46 @@ bool PulsoCola::DetectarCambiosCola() {
     if (marcaMirada_ == marca) {
         return false;
     }
-    const std::vector<Row> filas = entorno_.Database().Consultar(
-        u"SELECT Max(idZV) AS id,Count(idZv) AS cnt,Sum(Importe) as Importe FROM cola"_s);
-    qint32 id = 0;
-    qint32 cuenta = 0;
-    Currency suma;
-    bool idNulo = true;
-    bool sumaNula = true;
-    if (!filas.empty()) {
-        const Row& fila = filas.front();
-        idNulo = fila.EsNulo(0);
-        sumaNula = fila.EsNulo(2);
-        id = fila.LeerLong(0);
-        cuenta = fila.LeerLong(1);
-        suma = fila.LeerCurrency(2);
-    }
-    // A comparison with Null is no difference; without any row the three count as 0.
-    const bool sinFila = filas.empty();
-    bool cambio = (sinFila || !idNulo) && id != ultimoId_;
-    cambio = cuenta != estado_.UltimaCuenta() || cambio;
-    cambio = ((sinFila || !sumaNula) && suma != ultimaSuma_) || cambio;
-    ultimoId_ = id;
-    estado_.PonerUltimaCuenta(cuenta);
-    ultimaSuma_ = suma;
+    const Mirada mirada = MirarCola();
+    // A comparison with Null is no difference; without any row the three count as 0. A sum that
+    // cannot be told may be any other.
+    bool cambio = (mirada.sinFila || mirada.id) && mirada.id.value_or(0) != ultimoId_;
+    cambio = mirada.cuenta != estado_.UltimaCuenta() || cambio;
+    cambio = mirada.sumaIlegible ||
+             ((mirada.sinFila || mirada.suma) && mirada.suma.value_or(0) != ultimaSuma_) || cambio;
+    ultimoId_ = mirada.id.value_or(0);
+    estado_.PonerUltimaCuenta(mirada.cuenta);
+    ultimaSuma_ = mirada.suma.value_or(0);
     marcaMirada_ = marca;
     return cambio;
+}
+
+PulsoCola::Mirada PulsoCola::MirarCola() {
+    const auto consultar = [this](const QString& sql) {
+        const std::vector<Row> filas = entorno_.Database().Consultar(sql);
+        return filas.empty() ? std::nullopt : std::optional<Row>(filas.front());
+    };
+    Mirada mirada;
+    std::optional<Row> fila;
+    try {
+        fila = consultar(
+            u"SELECT Max(idZV) AS id,Count(idZv) AS cnt,Sum(Importe) as Importe FROM cola"_s);
+        if (fila && !fila->EsNulo(2)) {
+            mirada.suma = fila->LeerCurrency(2);
+        }
+    } catch (const ErrorEjecucion&) {
+        // Each row fits, but not their sum. Anything else that ails the table fails again here.
+        fila = consultar(u"SELECT Max(idZV) AS id,Count(idZv) AS cnt FROM cola"_s);
+        mirada.sumaIlegible = true;
+    }
+    if (fila) {
+        mirada.sinFila = false;
+        if (!fila->EsNulo(0)) {
+            mirada.id = fila->Valor(0).toLongLong();
+        }
+        mirada.cuenta = fila->LeerLong(1);
+    }
+    return mirada;
 }
 
 void PulsoCola::EnviarPrimera() {
@@ -135,16 +155,24 @@ void PulsoCola::EnviarPrimera() {
     if (marcaSinFila_ == marcaMirada_) {
         return;
     }
-    const std::vector<Row> filas =
-        entorno_.Database().Consultar(u"SELECT TOP 1 * FROM cola WHERE NOT manual ORDER BY idZv"_s);
+    // A table that another program has made may hold Null for a row that is not manual.
+    const std::vector<Row> filas = entorno_.Database().Consultar(
+        u"SELECT TOP 1 * FROM cola WHERE manual IS NULL OR NOT manual ORDER BY idZv"_s);
     if (filas.empty()) {
         marcaSinFila_ = marcaMirada_;
         return;
     }
-    const qint32 idZV = filas.front().LeerLong(u"idZV"_s);
-    const Currency importe = filas.front().LeerCurrency(u"importe"_s);
+    const Row& fila = filas.front();
+    qint32 idZV = 0;
+    try {
+        idZV = fila.LeerLong(u"idZV"_s);
+    } catch (const ErrorEjecucion& e) {
+        FallarSinEnviar(e);
+        return;
+    }
+    const std::optional<QString> abono = AbonoDe(fila);
     entorno_.marca.MarcarActivo(true);
-    if (importe < Currency(0) && !ConfirmarAbono(importe)) {
+    if (abono && !ConfirmarAbono(*abono)) {
         RestaurarVentana();
         entorno_.ResultadoEnvio = envio::kCancelado;
         estado_.CambiarModo(modo::kManual);
@@ -155,13 +183,40 @@ void PulsoCola::EnviarPrimera() {
     entorno_.marca.MarcarActivo(false);
 }
 
-bool PulsoCola::ConfirmarAbono(Currency importe) {
+// A row that cannot even be named fails like any other send: the till goes on in "MANUAL".
+void PulsoCola::FallarSinEnviar(const ErrorEjecucion& e) {
+    entorno_.log.LogLinea(u">>> Error nº "_s + QString::number(e.Numero()) +
+                          u" al leer la cola - "_s + e.Descripcion());
+    entorno_.ResultadoEnvio = envio::kError;
+    estado_.CambiarModo(modo::kManual);
+    RestaurarVentana();
+    estado_.ActualizarEstado(true);
+}
+
+std::optional<QString> PulsoCola::AbonoDe(const Row& fila) const {
+    const int columna = fila.Indice(u"importe"_s);
+    Currency importe;
+    try {
+        importe = fila.LeerCurrency(columna);
+    } catch (const ErrorEjecucion&) {
+        // The send fails on it; until then the operator reads what stands in the table.
+        const double valor = fila.Valor(columna).toDouble();
+        return valor < 0 ? std::optional(fila.LeerTexto(columna)) : std::nullopt;
+    }
+    if (importe >= Currency(0)) {
+        return std::nullopt;
+    }
+    // The lowest amount has no opposite; one ten-thousandth less reads the same.
+    const qint64 opuesto = -std::max(importe.Diezmilesimas(), -std::numeric_limits<qint64>::max());
+    return entorno_.importes.FormatoImporteLargo(Currency::DeDiezmilesimas(opuesto));
+}
+
+bool PulsoCola::ConfirmarAbono(const QString& mostrado) {
     const auto t = [this](const Clave& clave) { return entorno_.textos.Traduce(clave); };
     const QString salto = u"\r\n"_s;
     const QString texto = t(texto::kRetireElCambio) + salto + t(texto::kRetireElCambio2) + salto +
                           salto + t(texto::kRetireElCambio3) + salto + salto +
-                          t(texto::kImporteDosPuntos) +
-                          entorno_.importes.FormatoImporte(importe.Absoluto());
+                          t(texto::kImporteDosPuntos) + mostrado;
     return entorno_.dialogos.MostrarMensaje(t(texto::kAbonoPendiente), texto) == Respuesta::Aceptar;
 }
 
@@ -180,8 +235,10 @@ bool PulsoCola::EnviarConReconexion(qint32 idZV) {
             return false;
         }
         estado_.ActualizarBotonesMonitor(false);
-        DeshacerAbandonadas();
+        entorno_.transacciones.Saldar();
         entorno_.ResultadoEnvio = envio_.EnviarOperacion(u"ENVIARCOLA"_s, entorno_.cliente, idZV);
+        // What it may have left open must not outlast the dialogs that follow.
+        entorno_.transacciones.Saldar();
         const qint16 codigo = entorno_.cliente.ErrorCode();
         if (codigo != kEnlacePerdido || entorno_.ResultadoEnvio != envio::kError) {
             break;
@@ -205,12 +262,10 @@ bool PulsoCola::EnviarConReconexion(qint32 idZV) {
     return true;
 }
 
-// A send that failed inside its transaction leaves it open. The next one would nest in it, and its
-// books would go with it at the end of the process.
-void PulsoCola::DeshacerAbandonadas() {
-    while (entorno_.Database().Nivel() > 0) {
-        entorno_.Database().Deshacer();
-        entorno_.log.LogLinea(u">>> Transacción abandonada: deshecha"_s);
+void PulsoCola::SaldarAbandonadas() {
+    // While the pulse is armed nobody works inside a transaction.
+    if (Armado()) {
+        entorno_.transacciones.Saldar();
     }
 }
 

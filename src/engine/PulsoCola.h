@@ -23,9 +23,8 @@ class PulsoCola {
     // The bracket of every operation that uses the device.
     void ParaTimer();
     void ArrancaTimer();
-    // Rolls back what a send that failed inside its transaction has left open, with a log line.
-    // Only while no operation runs.
-    void DeshacerAbandonadas();
+    // Ends what an operation that failed inside its transaction has left open, unless one runs.
+    void SaldarAbandonadas();
     bool Armado() const { return controles_.Estado().timerCola; }
 
     // One tick of timerCola. Raises what no routine inside it is told to catch.
@@ -42,7 +41,11 @@ class PulsoCola {
     void ReflejarCambios();
     bool PuedeEnviar() const;
     void EnviarPrimera();
-    bool ConfirmarAbono(Currency importe);
+    // mostrado: the amount as the operator is to read it, without its sign.
+    bool ConfirmarAbono(const QString& mostrado);
+    void FallarSinEnviar(const ErrorEjecucion& e);
+    // The amount of a refund as the operator is to read it; nothing for a charge.
+    std::optional<QString> AbonoDe(const Row& fila) const;
     void EnviarYRefrescar(qint32 idZV);
 
     Entorno& entorno_;
@@ -52,8 +55,18 @@ class PulsoCola {
     Envio envio_;
     VentanaPrincipal* ventana_ = nullptr;
 
+    // What a look at cola finds; without a sum when the amounts are too large for one.
+    struct Mirada {
+        bool sinFila = true;
+        std::optional<qint64> id;
+        qint32 cuenta = 0;
+        std::optional<Currency> suma;
+        bool sumaIlegible = false;
+    };
+    Mirada MirarCola();
+
     // Last look at cola.
-    qint32 ultimoId_ = 0;
+    qint64 ultimoId_ = 0;
     Currency ultimaSuma_;
 
     // Marks of the database at the last look and at the last search that found no row to send:

@@ -49,7 +49,13 @@ void ServidorFast::Tick() {
         return;
     }
     dades* datos = bomba_.datos();
-    if (datos == nullptr || (bomba_.esperar && bomba_.esperar())) {
+    if (datos == nullptr) {
+        return;
+    }
+    if (bomba_.preparar) {
+        bomba_.preparar();
+    }
+    if (bomba_.esperar && bomba_.esperar()) {
         return;
     }
     const Entrada entrada = std::move(ColaMissatges_.front());
@@ -64,9 +70,6 @@ void ServidorFast::Tick() {
 
 QString ServidorFast::Contestar(dades& datos, const Missatge& missatge) {
     try {
-        if (bomba_.preparar) {
-            bomba_.preparar();
-        }
         return ContestarMissatge(datos, missatge);
     } catch (const ErrorEjecucion& e) {
         // A look-up that the database refuses is no reason to end a till: the client is told that

@@ -17,10 +17,10 @@ namespace zv {
 struct FastPump {
     // The sales of the store; nullptr while there is none yet: messages wait.
     std::function<dades*()> datos;
-    // True while an answer has to wait: during a device call with a transaction open.
+    // True while an answer has to wait: a transaction is open, so that a row added now would not
+    // be durable when its sender is told so.
     std::function<bool()> esperar;
-    // Called before a message that may be queued: leaves no abandoned transaction open, in which
-    // the new row would be lost.
+    // Called before esperar: ends a transaction that somebody has left open.
     std::function<void()> preparar;
 };
 

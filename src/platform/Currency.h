@@ -37,6 +37,10 @@ class Currency {
     QString ATexto() const;
 
     constexpr bool EsCero() const { return valor_ == 0; }
+    // AEntero32 would give 0.
+    constexpr bool SeRedondeaACero() const {
+        return valor_ >= -kEscala / 2 && valor_ <= kEscala / 2;
+    }
     constexpr auto operator<=>(const Currency&) const = default; // NOLINT(modernize-use-nullptr)
 
     // Raise 6 on overflow.

@@ -14,6 +14,7 @@
 #include <QStringList>
 #include <QVariant>
 
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -168,10 +169,16 @@ class DatabaseEngine {
 
     // Transactions nest; Confirmar and Deshacer end the innermost level only. The begin is lazy:
     // the write lock is taken by the first write.
-    virtual void Comenzar() = 0;
+    // espera: how long in all the writes of this level and of those inside it wait for the lock of
+    // another program, with no event running meanwhile; without one, each waits as the engine's
+    // options say.
+    virtual void Comenzar(std::optional<std::chrono::milliseconds> espera = {}) = 0;
     virtual void Confirmar() = 0;
     virtual void Deshacer() = 0;
     virtual int Nivel() const = 0;
+    // The innermost open level has written something itself; what inner levels have committed
+    // into it does not count.
+    virtual bool NivelEscrito() const = 0;
 
     // A mark that differs from the last one whenever the data may have changed, by this
     // connection or by another program. Costs a few microseconds at any size.

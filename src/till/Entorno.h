@@ -14,6 +14,7 @@
 #include "platform/RegistryTree.h"
 #include "store/ConexionBD.h"
 #include "store/OperacionesRegistro.h"
+#include "store/TransactionOwner.h"
 #include "ui/Dialogos.h"
 #include "ui/Importes.h"
 #include "ui/Log.h"
@@ -23,6 +24,7 @@ namespace zv {
 
 struct Entorno {
     ConexionBD& conexion;
+    TransactionOwner& transacciones;
     OperacionesRegistro& registros;
     DeviceClient& cliente;
     SupervisionConexion& supervision;

@@ -17,6 +17,8 @@ class Importes {
     QString FormatoImporte(qint32 importe) const;
     // The same for an amount held as Currency. Raises 6 beyond 32 bits.
     QString FormatoImporte(Currency importe) const { return FormatoImporte(importe.AEntero32()); }
+    // The same for any amount, also one that is larger than the device can take.
+    QString FormatoImporteLargo(Currency importe) const;
 
     const FormatoRegional& Formato() const { return formato_; }
     quint8 Multiplicador() const { return multiplicador_(); }

@@ -133,29 +133,44 @@ TEST_F(EnlaceFastTest, AChargeNeverJoinsAnAbandonedTransaction) {
     EXPECT_TRUE(LineasLog().contains(u">>> Transacción abandonada: deshecha"_s));
 }
 
-TEST_F(EnlaceFastTest, DuringADeviceCallWithATransactionOpenItWaits) {
-    bool ocupado = true;
-    monitor = std::make_unique<Monitor>(
-        *servicios, *importes,
-        Exterior{cliente, dialogos, procesos, shell, [&] { return ocupado; }});
-    monitor->PonerVentana(ventana);
+TEST_F(EnlaceFastTest, NoChargeIsConfirmedWhileATransactionStandsOpen) {
     Cargar();
     const auto socket = Conectar();
-    // A device call alone keeps nobody waiting.
+    monitor->pulso.ParaTimer(); // as every operation does
     EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("NOK|Not found"));
 
-    monitor->pulso.ParaTimer(); // as every operation does
+    for (const bool escrito : {false, true}) {
+        monitor->motor.Comenzar();
+        if (escrito) {
+            static_cast<DatabaseEngine&>(monitor->motor).Ejecutar(u"DELETE FROM historial"_s);
+        }
+        const QByteArray id = escrito ? "T2" : "T1";
+        socket->write("C|" + id + "|1250");
+        ASSERT_TRUE(Esperar([&] { return monitor->fast.MensajesEnCola() == 1; }));
+        for (int i = 0; i < 3; ++i) {
+            monitor->fast.Tick();
+        }
+        EXPECT_EQ(monitor->fast.MensajesEnCola(), 1u);
+        // The operation is rolled back; the charge does not go with it.
+        monitor->motor.Deshacer();
+        ASSERT_TRUE(Esperar([&] { return socket->bytesAvailable() > 0; }));
+        EXPECT_EQ(socket->readAll(), QByteArray("OK|Added"));
+        EXPECT_EQ(Pregunta(*socket, "S|" + id), QByteArray("OK|PENDING"));
+    }
+}
+
+TEST_F(EnlaceFastTest, AScannedSaleNeverJoinsAnAbandonedTransaction) {
+    Cargar("[BARCODE]\r\nBCEAN=6\r\nBCTPRE=1\r\nBCTINI=1\r\nBCTFIN=2\r\nBCIINI=3\r\nBCIFIN=6\r\n"
+           "BCDEC=2\r\n");
     monitor->motor.Comenzar();
-    socket->write("C|T1|1250");
-    ASSERT_TRUE(Esperar([&] { return monitor->fast.MensajesEnCola() == 1; }));
-    monitor->fast.Tick();
-    EXPECT_EQ(monitor->fast.MensajesEnCola(), 1u);
-    ocupado = false;
-    ASSERT_TRUE(Esperar([&] { return socket->bytesAvailable() > 0; }));
-    EXPECT_EQ(socket->readAll(), QByteArray("OK|Added"));
-    EXPECT_EQ(monitor->motor.Nivel(), 1);
-    monitor->motor.Confirmar();
-    EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("OK|PENDING"));
+    monitor->barras.Enter(u"A70950"_s, [] {});
+    EXPECT_EQ(monitor->motor.Nivel(), 0);
+    monitor->motor.Comenzar();
+    static_cast<DatabaseEngine&>(monitor->motor).Ejecutar(u"DELETE FROM historial"_s);
+    monitor->barras.Enter(u"B80950"_s, [] {});
+    SqliteEngine otro;
+    otro.Abrir(CadenaConexion(u"MDB"_s, {}, monitor->conexion.RutaFichero(), {}, {}));
+    EXPECT_EQ(static_cast<DatabaseEngine&>(otro).Consultar(u"SELECT * FROM cola"_s).size(), 2U);
 }
 
 TEST_F(EnlaceFastTest, AScannedCodeIsQueuedThoughTheDeviceIsDisconnected) {

@@ -26,27 +26,20 @@
 
 namespace zv::test {
 
-struct FirmaDe final : Firma {
-    explicit FirmaDe(const Seguretat& s) : seguretat(s) {}
-    bool UsuarioFast() const override { return seguretat.UsuarioFast(); }
-    QString GetNom() const override { return seguretat.GetNom(); }
-    const Seguretat& seguretat;
-};
-
 class BancoEngine : public testing::Test {
   protected:
     BancoEngine()
         : textos(carpeta.path()), registro(carpeta.filePath(u"Registro"_s)),
           importes(FormatoRegional(u"es_ES"_s), [this] { return cliente.Multiplier(); }),
-          firma(seguretat), conexion(motor, carpeta.path(), log, dialogos, textos),
-          registros(motor, log, dialogos, firma, importes, reloj), ini(log, dialogos),
+          transacciones(motor, log), conexion(motor, carpeta.path(), log, dialogos, textos),
+          registros(motor, log, dialogos, seguretat, importes, reloj), ini(log, dialogos),
           configuracio(std::make_unique<Configuracio>(ini, registro, carpeta.path())),
           marca(registro), supervision(cliente, registro, log, dialogos, textos, importes,
                                        [this] { return configuracio->IP; }),
-          entorno{conexion,  registros,    cliente,  supervision, supervision.LosSaldos(),
-                  seguretat, configuracio, ini,      RutaIni(),   registro,
-                  marca,     log,          dialogos, textos,      importes,
-                  reloj},
+          entorno{
+              conexion,  transacciones, registros, cliente,   supervision, supervision.LosSaldos(),
+              seguretat, configuracio,  ini,       RutaIni(), registro,    marca,
+              log,       dialogos,      textos,    importes,  reloj},
           grid(textos, importes), estado(entorno, controles, grid),
           pulso(entorno, controles, grid, estado), botones(entorno, controles, estado) {
         bool existe = false;
@@ -118,7 +111,7 @@ class BancoEngine : public testing::Test {
     SqliteEngine motorSQLite;
     DatabaseEngine& motor = motorSQLite;
     Seguretat seguretat;
-    FirmaDe firma;
+    TransactionOwner transacciones;
     ConexionBD conexion;
     OperacionesRegistro registros;
     ModuloIni ini;

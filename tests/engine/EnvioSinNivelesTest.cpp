@@ -40,7 +40,13 @@ class EnvioSinNivelesTest : public BancoEngine {
 TEST_F(EnvioSinNivelesTest, ALostLinkIsFiledWithItsMoneyAndWithoutABalance) {
     const qint32 id = PonerFila(1250);
     cliente.EsperaCharge(1250, 1000, 0, EnlacePerdido());
-    EsperaAnulada([this] { EXPECT_EQ(Activo(), u"1"_s); });
+    EsperaAnulada([this] {
+        EXPECT_EQ(Activo(), u"1"_s);
+        // The books are closed: nothing is locked while the operator reads.
+        EXPECT_EQ(motor.Nivel(), 0);
+        EXPECT_EQ(log.lineas.last(), u"ENVIARZV2_1_COMMIT"_s);
+        EXPECT_EQ(Procesados().size(), 1U);
+    });
 
     EXPECT_EQ(Enviar(id), envio::kError);
 
@@ -116,6 +122,22 @@ TEST_F(EnvioSinNivelesTest, LevelListsOfUnequalLengthAreToldAndTheSaleIsFiled) {
     EXPECT_TRUE(Cola().empty());
     EXPECT_EQ(Procesados().front().LeerCurrency(u"saldoZV"_s), Currency(0));
     EXPECT_EQ(motor.Nivel(), 0);
+}
+
+TEST_F(EnvioSinNivelesTest, LevelsWithoutSenseAreToldAfterTheCommitOfAnError) {
+    const qint32 id = PonerFila(1250);
+    cliente.EsperaCharge(1250, 300, 0, FinGuion::Error(5, u"Atasco"_s).Durante([this] {
+        cliente.PonerNiveles(2, u"100,200"_s, u"5"_s);
+    }));
+    dialogos.EsperaCaja(u"Error al recuperar el saldo del Zorvex: 9 - El subíndice "
+                        "está fuera del intervalo"_s,
+                        [this] {
+                            EXPECT_EQ(motor.Nivel(), 0);
+                            EXPECT_EQ(log.lineas.last(), u"ENVIARZV2_1_COMMIT"_s);
+                        });
+    EXPECT_EQ(Enviar(id), envio::kError);
+    EXPECT_EQ(Cola().front().LeerCurrency(u"creditoError"_s), Currency(300));
+    EXPECT_EQ(Procesados().front().LeerCurrency(u"saldoZV"_s), Currency(0));
 }
 
 TEST_F(EnvioSinNivelesTest, AMultiplierOfZeroKeepsARefundInTheQueue) {

@@ -4,6 +4,7 @@
 #include "BancoEngine.h"
 #include "platform/StringLiterals.h"
 #include "store/Palabras.h"
+#include "support/NumeroError.h"
 #include "till/ResultadoEnvio.h"
 
 namespace zv::test {
@@ -15,6 +16,28 @@ class EnvioTest : public BancoEngine {
     void SetUp() override { ConectarCon(50000); }
 
     int Enviar(qint32 idZV) { return sujeto.EnviarOperacion(u"ENVIARCOLA"_s, cliente, idZV); }
+    // Another program on the same file: it can write at once, or not.
+    bool OtroPuedeEscribir() const {
+        SqliteEngine otroSQLite({std::chrono::milliseconds(0)});
+        DatabaseEngine& otro = otroSQLite;
+        otro.Abrir(CadenaConexion(u"MDB"_s, {}, conexion.RutaFichero(), {}, {}));
+        return NumeroError([&] { otro.Ejecutar(u"INSERT INTO cola (id1) VALUES ('POS')"_s); }) == 0;
+    }
+    // The wait for a lock, in milliseconds, at each begin that is issued.
+    std::vector<qint32> EsperasAlEnviar(qint32 idZV) {
+        std::vector<qint32> esperas;
+        motor.PonerGancho([&](const Statement& s) {
+            if (s.sql == u"BEGIN IMMEDIATE"_s) {
+                esperas.push_back(motor.Consultar(u"PRAGMA busy_timeout"_s).front().LeerLong(0));
+            }
+        });
+        Enviar(idZV);
+        motor.PonerGancho({});
+        return esperas;
+    }
+    static QString TextoFallo() {
+        return u"Error al procesar la operación, consulte con el técnico de Zorvex"_s;
+    }
     static QString TituloCredito() { return u"Confirmación de Operación Parcial"_s; }
 
     Envio sujeto;
@@ -341,7 +364,7 @@ TEST_F(EnvioTest, ARaisingDeviceIsLoggedAndAnsweredAsAnError) {
     EXPECT_TRUE(Procesados().empty());
 }
 
-TEST_F(EnvioTest, AFailureInsideTheTransactionLeavesItOpenAndTheSignatureUp) {
+TEST_F(EnvioTest, ACommitLineThatCannotBeWrittenIsAnErrorOfASaleThatIsFiled) {
     const qint32 id = PonerFila(500);
     cliente.EsperaCharge(500, 500, 0);
     // The commit line cannot be written: the commit itself has been done.
@@ -424,6 +447,165 @@ TEST_F(EnvioTest, ASaleNamedLikeAManualKindIsFiledLikeAnyOther) {
     EXPECT_EQ(Enviar(id), envio::kBien);
     EXPECT_EQ(Procesados().front().LeerTexto(u"id1"_s), tipo::kPago);
     EXPECT_EQ(Procesados().front().LeerLong(u"idcola"_s), id);
+}
+
+TEST_F(EnvioTest, TheBusyMarkStandsWhileAZeroAmountIsFiled) {
+    const qint32 id = PonerFila(0);
+    QStringList marcas;
+    motor.PonerGancho([&](const Statement& s) {
+        if (s.kind == Statement::Kind::Escritura) {
+            marcas << Activo();
+        }
+    });
+    EXPECT_EQ(Enviar(id), envio::kBien);
+    motor.PonerGancho({});
+    EXPECT_EQ(marcas, (QStringList{u"1"_s, u"1"_s})); // the record, the row
+    EXPECT_EQ(Activo(), u"0"_s);
+}
+
+TEST_F(EnvioTest, AnAmountThatTheDeviceCannotTakeIsFiledWithoutIt) {
+    for (const char* importe : {"0.4", "-0.4", "0.5", "-0.5"}) {
+        motor.Ejecutar(
+            u"INSERT INTO cola (importe,id1) VALUES (%1,'T')"_s.arg(QLatin1String(importe)));
+        EXPECT_EQ(Enviar(0), envio::kBien) << importe;
+    }
+    EXPECT_TRUE(Cola().empty());
+    const auto filas = Procesados();
+    ASSERT_EQ(filas.size(), 4U);
+    EXPECT_EQ(filas.front().LeerTexto(u"estado"_s), u"OK"_s);
+    EXPECT_EQ(filas.front().LeerCurrency(u"importeVenta"_s), Currency::DeDiezmilesimas(4000));
+    EXPECT_EQ(filas.front().LeerCurrency(u"cobrado"_s), Currency(0));
+    motor.Ejecutar(u"INSERT INTO cola (importe,id1) VALUES (0.5001,'T')"_s);
+    cliente.EsperaCharge(1, 1, 0);
+    EXPECT_EQ(Enviar(0), envio::kBien);
+}
+
+TEST_F(EnvioTest, AFilingAfterMoneyHasMovedWaitsTenSecondsForTheLock) {
+    const std::vector<qint32> diezSegundos{10000};
+    qint32 id = PonerFila(500);
+    cliente.EsperaCharge(500, 500, 0);
+    EXPECT_EQ(EsperasAlEnviar(id), diezSegundos);
+
+    id = PonerFila(500);
+    cliente.EsperaCharge(500, 300, 0, FinGuion::Error(5, u"Atasco"_s));
+    EXPECT_EQ(EsperasAlEnviar(id), diezSegundos);
+
+    PonerCredito(id, 0);
+    cliente.EsperaCharge(500, 300, 300, FinGuion::Cancelado());
+    EXPECT_EQ(EsperasAlEnviar(id), diezSegundos);
+}
+
+TEST_F(EnvioTest, WhereNoMoneyHasMovedTheFilingWaitsAsEveryStatementDoes) {
+    const qint32 id = PonerFila(0);
+    EXPECT_EQ(EsperasAlEnviar(id), std::vector<qint32>{1000});
+}
+
+TEST_F(EnvioTest, TheRecordOfAnErrorTellsOfItsRow) {
+    PonerFila(100, u"OTRA"_s);
+    const qint32 id = PonerFila(3000);
+    reloj.Avanzar(5000);
+    cliente.EsperaCharge(3000, 2000, 500, FinGuion::Error(5, u"Atasco"_s));
+    EXPECT_EQ(Enviar(id), envio::kError);
+    const auto filas = Procesados();
+    ASSERT_EQ(filas.size(), 1U);
+    const Row& f = filas.front();
+    EXPECT_EQ(f.LeerFecha(u"fechaZV"_s), reloj.Ahora());
+    EXPECT_EQ(f.LeerFecha(u"fechaVenta"_s), reloj.Ahora());
+    EXPECT_EQ(f.LeerTexto(u"id1"_s), u"T1"_s);
+    EXPECT_EQ(f.LeerTexto(u"id2"_s), u"L2"_s);
+    EXPECT_EQ(f.LeerLong(u"idcaja"_s), 3);
+    EXPECT_EQ(f.LeerTexto(u"terminal"_s), u"TPV1"_s);
+    EXPECT_EQ(f.LeerTexto(u"vendedor"_s), u"Ana"_s);
+    EXPECT_EQ(f.LeerTexto(u"formapago"_s), u"EFECTIVO"_s);
+    EXPECT_EQ(f.LeerCurrency(u"saldoZV"_s), Currency(50000));
+    EXPECT_EQ(f.LeerLong(u"idcola"_s), 0);
+    // The credit is that of the row that was sent.
+    EXPECT_EQ(Cola().front().LeerCurrency(u"creditoError"_s), Currency(0));
+    EXPECT_EQ(Cola().back().LeerCurrency(u"creditoError"_s), Currency(1500));
+}
+
+TEST_F(EnvioTest, TheRecordOfACancelTellsOfItsRow) {
+    PonerFila(100, u"OTRA"_s);
+    const qint32 id = PonerFila(1000);
+    reloj.Avanzar(5000);
+    cliente.EsperaCharge(1000, 700, 200, FinGuion::Cancelado());
+    EXPECT_EQ(Enviar(id), envio::kCancelado);
+    const auto filas = Procesados();
+    ASSERT_EQ(filas.size(), 1U);
+    const Row& f = filas.front();
+    EXPECT_EQ(f.LeerFecha(u"fechaZV"_s), reloj.Ahora());
+    EXPECT_EQ(f.LeerFecha(u"fechaVenta"_s), reloj.Ahora());
+    EXPECT_EQ(f.LeerTexto(u"id1"_s), u"T1"_s);
+    EXPECT_EQ(f.LeerTexto(u"id2"_s), u"L2"_s);
+    EXPECT_EQ(f.LeerLong(u"idcaja"_s), 3);
+    EXPECT_EQ(f.LeerTexto(u"terminal"_s), u"TPV1"_s);
+    EXPECT_EQ(f.LeerTexto(u"vendedor"_s), u"Ana"_s);
+    EXPECT_EQ(f.LeerTexto(u"formapago"_s), u"EFECTIVO"_s);
+    EXPECT_EQ(f.LeerCurrency(u"importeVenta"_s), Currency(1000));
+    EXPECT_EQ(f.LeerCurrency(u"devuelto"_s), Currency(200));
+    EXPECT_EQ(f.LeerCurrency(u"saldoZV"_s), Currency(50000));
+    EXPECT_EQ(f.LeerLong(u"idcola"_s), 0);
+}
+
+TEST_F(EnvioTest, ACancelLeavesAFormerCreditAsItWas) {
+    const qint32 id = PonerFila(1000);
+    PonerCredito(id, 300);
+    dialogos.EsperaMensaje(TituloCredito(), testing::_, Respuesta::Reintentar,
+                           EstiloMensaje::ReintentarCancelar);
+    cliente.EsperaCharge(700, 200, 0, FinGuion::Cancelado());
+    EXPECT_EQ(Enviar(id), envio::kCancelado);
+    EXPECT_EQ(Cola().front().LeerCurrency(u"creditoError"_s), Currency(300));
+}
+
+TEST_F(EnvioTest, NobodyIsLockedOutWhileTheOperatorReadsOfAFailedFiling) {
+    const qint32 id = PonerFila(500);
+    cliente.EsperaCharge(500, 500, 0);
+    // The record is written, its row of the queue cannot be deleted.
+    motor.PonerGancho([](const Statement& s) {
+        if (s.kind == Statement::Kind::Escritura && s.sql.startsWith(u"DELETE"_s)) {
+            throw ErrorEjecucion(10, u"disk I/O error"_s);
+        }
+    });
+    dialogos.EsperaCaja(TextoFallo(), [&] {
+        EXPECT_EQ(motor.Nivel(), 0);
+        EXPECT_TRUE(OtroPuedeEscribir());
+        EXPECT_EQ(log.Cuenta(u"ENVIARZV1_1_ROLLBACK"_s), 0);
+        EXPECT_EQ(Activo(), u"1"_s);
+    });
+    EXPECT_EQ(Enviar(id), envio::kBien);
+    motor.PonerGancho({});
+    EXPECT_EQ(log.lineas.last(), u"ENVIARZV1_1_ROLLBACK"_s);
+}
+
+TEST_F(EnvioTest, NorWhileHeReadsThatAZeroAmountCouldNotBeFiled) {
+    const qint32 id = PonerFila(0);
+    motor.PonerGancho([](const Statement& s) {
+        if (s.kind == Statement::Kind::Escritura && s.sql.startsWith(u"DELETE"_s)) {
+            throw ErrorEjecucion(10, u"disk I/O error"_s);
+        }
+    });
+    dialogos.EsperaCaja(TextoFallo(), [&] {
+        EXPECT_EQ(motor.Nivel(), 0);
+        EXPECT_TRUE(OtroPuedeEscribir());
+        EXPECT_EQ(log.Cuenta(u"ENVIARZV0_1_ROLLBACK"_s), 0);
+    });
+    EXPECT_EQ(Enviar(id), envio::kBien);
+    motor.PonerGancho({});
+    EXPECT_EQ(log.lineas.last(), u"ENVIARZV0_1_ROLLBACK"_s);
+}
+
+TEST_F(EnvioTest, ARollbackThatFailsIsAnErrorOfTheSendAfterTheBox) {
+    motor.PonerGancho([](const Statement& s) {
+        if (s.kind == Statement::Kind::Deshacer) {
+            throw ErrorEjecucion(10, u"disk I/O error"_s);
+        }
+    });
+    dialogos.EsperaCaja(TextoFallo());
+    EXPECT_EQ(Enviar(77), envio::kError);
+    motor.PonerGancho({});
+    EXPECT_EQ(log.Cuenta(u"ENVIARZV0_77_ROLLBACK"_s), 0);
+    EXPECT_EQ(log.lineas.last(), u">>> Error nº 10 al procesar operación nº 77 - disk I/O error"_s);
+    EXPECT_EQ(motor.Nivel(), 0);
 }
 
 TEST_F(EnvioTest, EditarCreditoOfARowThatHasGoneWritesNothing) {

@@ -2,6 +2,7 @@
 #include "BancoEngine.h"
 #include "config/Modo.h"
 #include "platform/StringLiterals.h"
+#include "support/NumeroError.h"
 #include "till/ResultadoEnvio.h"
 
 namespace zv::test {
@@ -15,6 +16,25 @@ const QString kTextoAbono =
 class PulsoColaTest : public BancoEngine {
   protected:
     void Modo(const QString& modo) { configuracio->Modo = modo; }
+    // Another program on the same file, which waits for nobody.
+    std::unique_ptr<SqliteEngine> Otro() const {
+        auto otro = std::make_unique<SqliteEngine>(SqliteOptions{std::chrono::milliseconds(0)});
+        otro->Abrir(CadenaConexion(u"MDB"_s, {}, conexion.RutaFichero(), {}, {}));
+        return otro;
+    }
+    bool OtroPuedeEscribir() const {
+        const auto otro = Otro();
+        return NumeroError([&] {
+                   static_cast<DatabaseEngine&>(*otro).Ejecutar(
+                       u"UPDATE cola SET id2='POS' WHERE idZV=0"_s);
+               }) == 0;
+    }
+    // A queue as another program may have made it: without a word on what a column takes.
+    void PonerColaAjena() {
+        motor.Ejecutar(u"DROP TABLE cola"_s);
+        motor.Ejecutar(u"CREATE TABLE cola (idZV INTEGER PRIMARY KEY, fecha, importe, id1, id2, "
+                       "idcaja, terminal, vendedor, formapago, creditoError, manual)"_s);
+    }
     // Statements that the engine runs while it does something.
     int Sentencias(const std::function<void()>& hacer) {
         int cuenta = 0;
@@ -294,6 +314,205 @@ TEST_F(PulsoColaTest, AnAbandonedTransactionDoesNotSwallowTheNextSale) {
     EXPECT_TRUE(otro.Consultar(u"SELECT * FROM cola"_s).empty());
 }
 
+TEST_F(PulsoColaTest, AnArmedTickEndsWhatWasLeftOpenBeforeItDoesAnything) {
+    PonerFila(500, u"M"_s, true);
+    motor.Comenzar();
+    motor.Ejecutar(u"UPDATE cola SET creditoError = 77"_s);
+    EXPECT_FALSE(OtroPuedeEscribir());
+    pulso.ProcesarCola();
+    EXPECT_EQ(motor.Nivel(), 0);
+    EXPECT_TRUE(OtroPuedeEscribir());
+    EXPECT_EQ(Cola().front().LeerCurrency(u"creditoError"_s), Currency(0));
+}
+
+TEST_F(PulsoColaTest, SoDoesATickThatYieldsToTheConnector) {
+    registro.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Activo"_s, u"1"_s);
+    PonerFila(500, u"M"_s, true);
+    motor.Comenzar();
+    motor.Ejecutar(u"UPDATE cola SET creditoError = 77"_s);
+    pulso.ProcesarCola();
+    EXPECT_TRUE(OtroPuedeEscribir());
+}
+
+TEST_F(PulsoColaTest, WorkThatAnInnerLevelHasCommittedIsKept) {
+    motor.Comenzar();
+    motor.Comenzar();
+    PonerFila(500, u"M"_s, true);
+    motor.Confirmar();
+    pulso.ProcesarCola();
+    EXPECT_EQ(Otro()->Consultar(u"SELECT * FROM cola"_s).size(), 1U);
+    EXPECT_TRUE(log.lineas.isEmpty());
+}
+
+TEST_F(PulsoColaTest, NothingIsSettledWhileAnOperationRuns) {
+    pulso.ParaTimer();
+    motor.Comenzar();
+    PonerFila(500);
+    pulso.SaldarAbandonadas();
+    EXPECT_EQ(motor.Nivel(), 1);
+    pulso.ArrancaTimer();
+    pulso.SaldarAbandonadas();
+    EXPECT_EQ(motor.Nivel(), 0);
+}
+
+TEST_F(PulsoColaTest, ARowThatVanishesBeforeItsCreditLocksNobodyOut) {
+    ConectarCon(10000);
+    EscribirIni("[ZVMONITOR]\r\nMODO=MANUAL\r\n");
+    PonerFila(500);
+    cliente.EsperaCharge(500, 300, 0, FinGuion::Error(5, u"Atasco"_s));
+    const auto otro = Otro();
+    bool borrada = false;
+    motor.PonerGancho([&](const Statement& s) {
+        if (s.sql == u"BEGIN IMMEDIATE"_s && !borrada) {
+            borrada = true;
+            static_cast<DatabaseEngine&>(*otro).Ejecutar(u"DELETE FROM cola"_s);
+        }
+    });
+    // The operator is told; meanwhile the point of sale can write.
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"5 - Atasco"_s, Respuesta::Aceptar,
+                           EstiloMensaje::Aceptar, [&] {
+                               EXPECT_TRUE(borrada);
+                               EXPECT_EQ(motor.Nivel(), 0);
+                               EXPECT_TRUE(OtroPuedeEscribir());
+                           });
+    pulso.ProcesarCola();
+    motor.PonerGancho({});
+    EXPECT_EQ(log.Cuenta(u">>> Error nº 12 al procesar operación nº 1 - la fila ya no está en la "
+                         "tabla"_s),
+              1);
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+    EXPECT_TRUE(Procesados().empty());
+}
+
+TEST_F(PulsoColaTest, ARefundBeyondTheDeviceIsToldWithItsAmountAndFailsLikeAnySend) {
+    const std::pair<const char*, const char16_t*> casos[] = {
+        {"-2147483648", u"21.474.836,48 €"},
+        {"-3000000000", u"30.000.000,00 €"},
+        {"-922337203685477", u"9.223.372.036.854,77 €"}};
+    ConectarCon(10000);
+    EscribirIni("[ZVMONITOR]\r\nMODO=AUTO\r\n");
+    for (const auto& [importe, mostrado] : casos) {
+        entorno.ResultadoEnvio = envio::kBien;
+        configuracio->Modo = modo::kAuto;
+        motor.Ejecutar(u"DELETE FROM cola"_s);
+        motor.Ejecutar(
+            u"INSERT INTO cola (importe,id1) VALUES (%1,'R')"_s.arg(QLatin1String(importe)));
+        dialogos.EsperaMensaje(
+            u"Abono pendiente"_s,
+            testing::Truly([fin = QString::fromUtf16(mostrado)](const QString& texto) {
+                return texto.endsWith(u"Importe:"_s + fin);
+            }),
+            Respuesta::Aceptar, EstiloMensaje::Aceptar);
+        pulso.ProcesarCola();
+        EXPECT_EQ(Cola().size(), 1U) << importe;
+        EXPECT_EQ(entorno.ResultadoEnvio, envio::kError) << importe;
+        EXPECT_EQ(configuracio->Modo, modo::kManual) << importe;
+        EXPECT_EQ(controles.Estado().lbEstado, u"Error de Zorvex. Consulte con su técnico"_s);
+        EXPECT_TRUE(pulso.Armado());
+        pulso.ProcesarCola(); // nothing is asked again
+    }
+    EXPECT_TRUE(Procesados().empty());
+    EXPECT_EQ(log.CuentaInicio(u">>> Error nº 6 al procesar operación nº "_s), 3);
+}
+
+TEST_F(PulsoColaTest, AQueueWhoseSumOverflowsCountsAsChanged) {
+    // As whole numbers the sum is too large for SQLite, as money for the type.
+    for (const char* importe : {"9000000000000000000", "900000000000000"}) {
+        motor.Ejecutar(u"DELETE FROM cola"_s);
+        PonerColaAjena();
+        for (int i = 0; i < 2; ++i) {
+            motor.Ejecutar(
+                u"INSERT INTO cola (importe,manual) VALUES (%1,1)"_s.arg(QLatin1String(importe)));
+        }
+        EXPECT_TRUE(pulso.DetectarCambiosCola()) << importe;
+        EXPECT_EQ(estado.UltimaCuenta(), 2);
+        EXPECT_FALSE(pulso.DetectarCambiosCola()) << importe; // nothing has been written
+        motor.Ejecutar(u"UPDATE cola SET id1='x' WHERE idZV=1"_s);
+        EXPECT_TRUE(pulso.DetectarCambiosCola()) << importe;
+    }
+}
+
+TEST_F(PulsoColaTest, ANullInManualIsNoManualRow) {
+    ConectarCon(10000);
+    PonerColaAjena();
+    motor.Ejecutar(u"INSERT INTO cola (importe,id1,manual) VALUES (100,'M',1)"_s);
+    motor.Ejecutar(u"INSERT INTO cola (importe,id1) VALUES (500,'N')"_s);
+    cliente.EsperaCharge(500, 500, 0);
+    pulso.ProcesarCola();
+    ASSERT_EQ(Cola().size(), 1U);
+    EXPECT_EQ(Cola().front().LeerTexto(u"id1"_s), u"M"_s);
+}
+
+TEST_F(PulsoColaTest, ASearchThatFoundNoRowIsRepeatedOnlyAfterAChange) {
+    ConectarCon(10000);
+    const qint32 id = PonerFila(500, u"M"_s, true);
+    pulso.ProcesarCola();
+    int busquedas = 0;
+    motor.PonerGancho([&](const Statement& s) {
+        busquedas += s.sql.contains(u"ORDER BY idZv LIMIT"_s, Qt::CaseInsensitive) ? 1 : 0;
+    });
+    pulso.ProcesarCola();
+    EXPECT_EQ(busquedas, 0);
+    motor.PonerGancho({});
+    // A change that the look does not call one: number, id and sum are the same.
+    static_cast<DatabaseEngine&>(*Otro()).Ejecutar(u"UPDATE cola SET manual=0 WHERE idZV=?"_s,
+                                                   {id});
+    cliente.EsperaCharge(500, 500, 0);
+    pulso.ProcesarCola();
+    EXPECT_TRUE(Cola().empty());
+}
+
+TEST_F(PulsoColaTest, TheWindowComesUpOnlyWhereTheOperatorIsNeeded) {
+    struct Caso {
+        QString modo;
+        int filas;
+        bool sube;
+    };
+    EscribirIni("[ZVMONITOR]\r\nMODO=MANUAL\r\n");
+    const Caso casos[] = {{modo::kManual, 1, true}, {modo::kManual, 2, true},
+                          {modo::kSemi, 1, false},  {modo::kSemi, 2, true},
+                          {modo::kAuto, 1, false},  {modo::kAuto, 2, false}};
+    for (const Caso& caso : casos) {
+        motor.Ejecutar(u"DELETE FROM cola"_s);
+        pulso.DetectarCambiosCola();
+        Modo(caso.modo);
+        ventana.estado = ventana::kMinimizada;
+        for (int i = 0; i < caso.filas; ++i) {
+            PonerFila(500, u"T"_s, true);
+        }
+        pulso.ProcesarCola();
+        EXPECT_EQ(ventana.estado, caso.sube ? ventana::kMaximizada : ventana::kMinimizada)
+            << caso.modo.toStdString() << ' ' << caso.filas;
+    }
+}
+
+TEST_F(PulsoColaTest, AnEmptyQueueBringsTheWindowDownInEveryModeIfTheSettingIsOne) {
+    for (const int minimizado : {0, 1, 2}) {
+        for (const QString& m : {modo::kAuto, modo::kManual, modo::kSemi}) {
+            PonerFila(500, u"T"_s, true);
+            pulso.DetectarCambiosCola();
+            motor.Ejecutar(u"DELETE FROM cola"_s);
+            Modo(m);
+            configuracio->MINIMIZADO = static_cast<quint8>(minimizado);
+            ventana.estado = ventana::kNormal;
+            pulso.ProcesarCola();
+            EXPECT_EQ(ventana.estado, minimizado == 1 ? ventana::kMinimizada : ventana::kNormal)
+                << minimizado << ' ' << m.toStdString();
+        }
+    }
+    // A window that is down already is left alone, and one over rows stays up.
+    configuracio->MINIMIZADO = 1;
+    PonerFila(500, u"T"_s, true);
+    ventana.estado = ventana::kNormal;
+    pulso.ProcesarCola();
+    EXPECT_EQ(ventana.estado, ventana::kNormal);
+    motor.Ejecutar(u"DELETE FROM cola"_s);
+    ventana.estado = ventana::kMinimizada;
+    ventana.llamadas.clear();
+    pulso.ProcesarCola();
+    EXPECT_TRUE(ventana.llamadas.isEmpty());
+}
+
 TEST_F(PulsoColaTest, TheBalanceIsKeptAfterEachSend) {
     ConectarCon(10000);
     PonerFila(500);
@@ -418,10 +637,9 @@ TEST_F(PulsoColaTest, RestoringConcernsOnlyAMinimisedWindow) {
 TEST_F(PulsoColaTest, AMissingDatabaseIsToldAndThePulseGoesOn) {
     SqliteEngine cerrado;
     ConexionBD rota(cerrado, carpeta.filePath(u"no"_s), log, dialogos, textos);
-    Entorno e{rota,      registros,    cliente,  supervision, supervision.LosSaldos(),
-              seguretat, configuracio, ini,      RutaIni(),   registro,
-              marca,     log,          dialogos, textos,      importes,
-              reloj};
+    Entorno e{rota,      transacciones, registros, cliente,   supervision, supervision.LosSaldos(),
+              seguretat, configuracio,  ini,       RutaIni(), registro,    marca,
+              log,       dialogos,      textos,    importes,  reloj};
     PulsoCola otro(e, controles, grid, estado);
     otro.PonerVentana(&ventana);
     dialogos.EsperaMensaje(u"Error de configuración"_s,

@@ -52,6 +52,25 @@ TEST(ImportesTest, MultiplierOfZeroRaisesADivisionFailure) {
     }
 }
 
+TEST(ImportesTest, ALargeAmountKeepsAllItsDigits) {
+    const auto largo = [](quint8 multiplicador, qint64 diezmilesimas) {
+        return Con(multiplicador).FormatoImporteLargo(Currency::DeDiezmilesimas(diezmilesimas));
+    };
+    const qint64 maximo = std::numeric_limits<qint64>::max();
+    EXPECT_EQ(largo(1, maximo), u"922.337.203.685.477,58 €"_s);
+    EXPECT_EQ(largo(100, maximo), u"9.223.372.036.854,78 €"_s);
+    EXPECT_EQ(largo(100, -maximo - 1), u"-9.223.372.036.854,78 €"_s);
+    // Rounded to four decimals first, halves to even, as the short form.
+    EXPECT_EQ(largo(210, 10490000), u"5,00 €"_s);
+    EXPECT_EQ(largo(4, 199998), u"5,00 €"_s); // 4,99995 is 5,0000
+    EXPECT_EQ(largo(4, 199994), u"5,00 €"_s); // 4,99985 is 4,9998
+    EXPECT_EQ(largo(4, -199998), u"-5,00 €"_s);
+    for (const qint32 importe : {0, 1, -1, 5, 123450, -8}) {
+        EXPECT_EQ(Con(100).FormatoImporteLargo(importe), Con(100).FormatoImporte(importe));
+    }
+    EXPECT_THROW(Con(0).FormatoImporteLargo(1), ErrorEjecucion);
+}
+
 TEST(ImportesTest, CurrencyBeyond32BitsOverflows) {
     const Currency grande = Currency::DeEntero(qint64{1} << 31);
     try {

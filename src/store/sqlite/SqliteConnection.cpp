@@ -82,6 +82,7 @@ ErrorEjecucion SqliteConnection::Cerrada() {
 
 void SqliteConnection::Abrir(const QString& ruta, Modo modo, std::chrono::milliseconds espera) {
     Cerrar();
+    espera_ = espera;
     const QString nombre = u"zv_"_s + QUuid::createUuid().toString(QUuid::WithoutBraces);
     base_ = QSqlDatabase::addDatabase(u"QSQLITE"_s, nombre);
     if (!base_.isValid()) {
@@ -100,6 +101,18 @@ void SqliteConnection::Abrir(const QString& ruta, Modo modo, std::chrono::millis
         const ErrorEjecucion fallo = Fallo(base_.lastError());
         Cerrar();
         throw fallo;
+    }
+}
+
+void SqliteConnection::PonerEspera(std::chrono::milliseconds espera) {
+    Ejecutar(u"PRAGMA busy_timeout=%1"_s.arg(espera.count()));
+}
+
+SqliteConnection::LockWait::~LockWait() {
+    try {
+        conexion_.PonerEspera(conexion_.espera_);
+    } catch (const ErrorEjecucion&) {
+        return; // a connection that cannot take it fails at its next statement
     }
 }
 

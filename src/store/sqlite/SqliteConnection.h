@@ -29,6 +29,20 @@ class SqliteConnection {
 
     // espera: how long a statement waits for another program's lock.
     void Abrir(const QString& ruta, Modo modo, std::chrono::milliseconds espera);
+    // Another wait for as long as the object lives.
+    class LockWait {
+      public:
+        LockWait(SqliteConnection& conexion, std::chrono::milliseconds espera)
+            : conexion_(conexion) {
+            conexion_.PonerEspera(espera);
+        }
+        ~LockWait();
+        LockWait(const LockWait&) = delete;
+        LockWait& operator=(const LockWait&) = delete;
+
+      private:
+        SqliteConnection& conexion_;
+    };
     bool Abierta() const { return base_.isValid(); }
     // An open transaction is rolled back. Harmless when closed.
     void Cerrar();
@@ -52,10 +66,12 @@ class SqliteConnection {
         std::size_t parametros = 0;
         quint64 usada = 0;
     };
+    void PonerEspera(std::chrono::milliseconds espera);
     Preparada& Preparar(const QString& sql, std::size_t parametros);
 
     QSqlDatabase base_;
     std::unordered_map<QString, Preparada> preparadas_;
+    std::chrono::milliseconds espera_{};
     quint64 usos_ = 0;
     bool ocupada_ = false;
 };

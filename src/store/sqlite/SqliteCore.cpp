@@ -155,13 +155,16 @@ void SqliteCore::Preparar(const QString& sql, std::size_t parametros) {
 qint64 SqliteCore::Escribir(const QString& sql, const Parametros& parametros) {
     niveles_.PrepararEscritura();
     ContarCambio();
-    return Ejecutar(Statement::Kind::Escritura, sql, parametros, {});
+    const qint64 tocadas = Ejecutar(Statement::Kind::Escritura, sql, parametros, {});
+    niveles_.AnotarEscritura();
+    return tocadas;
 }
 
 void SqliteCore::EscribirAlta(const QString& sql, const Parametros& parametros, const void* dueño) {
     niveles_.PrepararEscritura(dueño);
     ++altas_;
     Ejecutar(Statement::Kind::Escritura, sql, parametros, {});
+    niveles_.AnotarEscritura();
 }
 
 void SqliteCore::Definir(const QString& sql) {

@@ -175,8 +175,8 @@ std::unique_ptr<RecordSet> SqliteEngine::AbrirConsulta(const QString& tabla, con
     return conjunto;
 }
 
-void SqliteEngine::Comenzar() {
-    nucleo_.Niveles().Comenzar();
+void SqliteEngine::Comenzar(std::optional<std::chrono::milliseconds> espera) {
+    nucleo_.Niveles().Comenzar(espera);
 }
 void SqliteEngine::Confirmar() {
     nucleo_.Niveles().Confirmar();
@@ -186,6 +186,9 @@ void SqliteEngine::Deshacer() {
 }
 int SqliteEngine::Nivel() const {
     return nucleo_.Niveles().Nivel();
+}
+bool SqliteEngine::NivelEscrito() const {
+    return nucleo_.Niveles().Escrito();
 }
 
 quint64 SqliteEngine::ChangeStamp() {

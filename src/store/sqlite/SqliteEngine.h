@@ -40,10 +40,11 @@ class SqliteEngine final : public DatabaseEngine {
     std::unique_ptr<RecordSet> AbrirConsulta(const QString& tabla, const QString& sql,
                                              const Parametros& parametros) override;
 
-    void Comenzar() override;
+    void Comenzar(std::optional<std::chrono::milliseconds> espera = {}) override;
     void Confirmar() override;
     void Deshacer() override;
     int Nivel() const override;
+    bool NivelEscrito() const override;
 
     quint64 ChangeStamp() override;
     quint64 ChangeStampExceptAdded() override;

@@ -4,6 +4,8 @@
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 
+#include <algorithm>
+
 namespace zv {
 
 namespace {
@@ -51,31 +53,31 @@ void TransactionLevels::ExigirSinPropia() const {
     }
 }
 
-void TransactionLevels::Comenzar() {
+void TransactionLevels::Comenzar(std::optional<std::chrono::milliseconds> espera) {
     ExigirSinPropia();
     if (!conexion_.Abierta()) {
         throw SqliteConnection::Cerrada();
     }
     aviso_(Statement::Kind::Comenzar, {});
-    ++nivel_;
+    niveles_.push_back({false, espera});
 }
 
 void TransactionLevels::Confirmar() {
-    if (nivel_ == 0) {
+    if (niveles_.empty()) {
         throw SinTransaccion();
     }
     try {
-        const bool escrito = !perdida_ && fisico_ == nivel_;
+        const bool escrito = !perdida_ && fisico_ == Nivel();
         if (!escrito) {
             aviso_(Statement::Kind::Confirmar, {});
             if (perdida_) {
                 throw Perdida();
             }
-        } else if (nivel_ == 1) {
+        } else if (Nivel() == 1) {
             verificar_();
             Emitir(Statement::Kind::Confirmar, OrdenConfirmar());
         } else {
-            Emitir(Statement::Kind::Confirmar, Guarda("RELEASE", nivel_));
+            Emitir(Statement::Kind::Confirmar, Guarda("RELEASE", Nivel()));
         }
         fisico_ -= escrito ? 1 : 0;
     } catch (...) {
@@ -88,14 +90,14 @@ void TransactionLevels::Confirmar() {
 }
 
 void TransactionLevels::Deshacer() {
-    if (nivel_ == 0) {
+    if (niveles_.empty()) {
         throw SinTransaccion();
     }
-    const bool escrito = !perdida_ && fisico_ == nivel_;
+    const bool escrito = !perdida_ && fisico_ == Nivel();
     try {
-        aviso_(Statement::Kind::Deshacer, !escrito      ? QString()
-                                          : nivel_ == 1 ? OrdenDeshacer()
-                                                        : Guarda("ROLLBACK TO", nivel_));
+        aviso_(Statement::Kind::Deshacer, !escrito       ? QString()
+                                          : Nivel() == 1 ? OrdenDeshacer()
+                                                         : Guarda("ROLLBACK TO", Nivel()));
     } catch (...) {
         DeshacerFisico();
         BajarNivel();
@@ -106,15 +108,15 @@ void TransactionLevels::Deshacer() {
 }
 
 void TransactionLevels::DeshacerFisico() noexcept {
-    if (perdida_ || fisico_ == 0 || fisico_ != nivel_) {
+    if (perdida_ || fisico_ == 0 || fisico_ != Nivel()) {
         return;
     }
     try {
-        if (nivel_ == 1) {
+        if (Nivel() == 1) {
             conexion_.Ejecutar(OrdenDeshacer());
         } else {
-            conexion_.Ejecutar(Guarda("ROLLBACK TO", nivel_));
-            conexion_.Ejecutar(Guarda("RELEASE", nivel_));
+            conexion_.Ejecutar(Guarda("ROLLBACK TO", Nivel()));
+            conexion_.Ejecutar(Guarda("RELEASE", Nivel()));
         }
         --fisico_;
     } catch (...) {
@@ -135,8 +137,8 @@ void TransactionLevels::DescartarTodo() noexcept {
 }
 
 void TransactionLevels::BajarNivel() {
-    --nivel_;
-    if (nivel_ == 0) {
+    niveles_.pop_back();
+    if (niveles_.empty()) {
         fisico_ = 0;
         perdida_ = false;
     }
@@ -153,10 +155,40 @@ void TransactionLevels::PrepararEscritura(const void* dueño) {
     if (fisico_ == 0) {
         verificar_();
     }
-    while (fisico_ < nivel_) {
-        Emitir(Statement::Kind::Comenzar,
-               fisico_ == 0 ? OrdenComenzar() : Guarda("SAVEPOINT", fisico_ + 1));
+    while (fisico_ < Nivel()) {
+        if (fisico_ == 0) {
+            TomarBloqueo();
+        } else {
+            Emitir(Statement::Kind::Comenzar, Guarda("SAVEPOINT", fisico_ + 1));
+        }
         ++fisico_;
+    }
+}
+
+// The wait is one for the whole level: a filing that is tried again has only what is left of it.
+void TransactionLevels::TomarBloqueo() {
+    const auto conEspera = std::find_if(niveles_.rbegin(), niveles_.rend(),
+                                        [](const Nivelado& n) { return n.espera.has_value(); });
+    if (conEspera == niveles_.rend()) {
+        Emitir(Statement::Kind::Comenzar, OrdenComenzar());
+        return;
+    }
+    std::chrono::milliseconds& restante = *conEspera->espera;
+    const SqliteConnection::LockWait espera(conexion_, restante);
+    const auto inicio = std::chrono::steady_clock::now();
+    try {
+        Emitir(Statement::Kind::Comenzar, OrdenComenzar());
+    } catch (...) {
+        const auto pasado = std::chrono::duration_cast<std::chrono::milliseconds>(
+            std::chrono::steady_clock::now() - inicio);
+        restante = std::max(restante - pasado, std::chrono::milliseconds(0));
+        throw;
+    }
+}
+
+void TransactionLevels::AnotarEscritura() {
+    if (!niveles_.empty()) {
+        niveles_.back().escrito = true;
     }
 }
 
@@ -171,7 +203,7 @@ void TransactionLevels::TrasFallo() {
     } catch (const ErrorEjecucion&) {
         return;
     }
-    perdida_ = nivel_ > 0;
+    perdida_ = !niveles_.empty();
     fisico_ = 0;
     propia_ = nullptr;
 }
@@ -209,7 +241,7 @@ void TransactionLevels::DeshacerPropia() noexcept {
 }
 
 void TransactionLevels::Olvidar() {
-    nivel_ = 0;
+    niveles_.clear();
     fisico_ = 0;
     perdida_ = false;
     propia_ = nullptr;

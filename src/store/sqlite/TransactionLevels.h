@@ -4,6 +4,10 @@
 
 #include "store/sqlite/SqliteConnection.h"
 
+#include <chrono>
+#include <optional>
+#include <vector>
+
 namespace zv {
 
 class TransactionLevels {
@@ -14,8 +18,11 @@ class TransactionLevels {
     // before the outermost commit.
     TransactionLevels(SqliteConnection& conexion, Aviso aviso, std::function<void()> verificar);
 
-    int Nivel() const { return nivel_; }
-    void Comenzar();
+    int Nivel() const { return static_cast<int>(niveles_.size()); }
+    // The innermost level has written something itself.
+    bool Escrito() const { return !niveles_.empty() && niveles_.back().escrito; }
+    // espera: how long in all this level and those inside it wait for another program's lock.
+    void Comenzar(std::optional<std::chrono::milliseconds> espera = {});
     // A failure rolls the level back, ends it and is raised.
     void Confirmar();
     // Ends the level even when it raises.
@@ -25,6 +32,8 @@ class TransactionLevels {
     // has rolled the transaction back by itself: what was written is gone, and nothing more may be
     // written until the caller has rolled back all levels.
     void PrepararEscritura(const void* dueño = nullptr);
+    // After each write that succeeded.
+    void AnotarEscritura();
     // After each failed statement: finds out whether SQLite has rolled back by itself.
     void TrasFallo();
 
@@ -39,7 +48,12 @@ class TransactionLevels {
     void Olvidar();
 
   private:
+    struct Nivelado {
+        bool escrito = false;
+        std::optional<std::chrono::milliseconds> espera; // what is left of it
+    };
     void Emitir(Statement::Kind kind, const QString& sql);
+    void TomarBloqueo();
     void DeshacerFisico() noexcept;
     void DescartarTodo() noexcept;
     void BajarNivel();
@@ -48,7 +62,7 @@ class TransactionLevels {
     SqliteConnection& conexion_;
     Aviso aviso_;
     std::function<void()> verificar_;
-    int nivel_ = 0;
+    std::vector<Nivelado> niveles_;
     int fisico_ = 0; // levels that SQLite knows of
     bool perdida_ = false;
     const void* propia_ = nullptr;

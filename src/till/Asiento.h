@@ -1,0 +1,34 @@
+// The bracket of a booked operation: busy mark, begin, and the end of the transaction, each with
+// its log line. It does nothing by itself when it is destroyed: a level that its operation leaves
+// open is the business of TransactionOwner.
+#pragma once
+
+#include "till/Entorno.h"
+
+#include <functional>
+
+namespace zv {
+
+class Asiento {
+  public:
+    // What the filing may cost when another program holds the lock.
+    enum class Espera {
+        Normal,
+        TrasMoverDinero // up to 10 s: the books must tell of money that has moved
+    };
+
+    explicit Asiento(Entorno& entorno) : entorno_(entorno) {}
+
+    // Busy mark, begin, log line.
+    void Abrir(const QString& linea, Espera espera = Espera::Normal);
+    // Commit, log line.
+    void Confirmar(const QString& linea);
+    // Rollback, then what the operator is to be told, then the log line: nobody is waited for
+    // under the write lock. A rollback that fails is raised when the operator has been told.
+    void Deshacer(const QString& linea, const std::function<void()>& avisar = {});
+
+  private:
+    Entorno& entorno_;
+};
+
+} // namespace zv
