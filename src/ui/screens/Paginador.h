@@ -1,0 +1,27 @@
+// The two buttons beside a grid that turn its pages.
+#pragma once
+
+#include <QFrame>
+
+class QToolButton;
+
+namespace zv {
+
+class Paginador final : public QFrame {
+    Q_OBJECT
+
+  public:
+    explicit Paginador(const QString& nombre, QWidget* padre);
+
+    QToolButton* BtnArriba() const { return btnArriba_; }
+    QToolButton* BtnAbajo() const { return btnAbajo_; }
+    void Habilitar(bool arriba, bool abajo);
+
+  private:
+    QToolButton* Boton(const QString& nombre, const QString& accesible, const QString& icono);
+
+    QToolButton* btnArriba_;
+    QToolButton* btnAbajo_;
+};
+
+} // namespace zv

@@ -1,0 +1,70 @@
+// A Rejilla on the screen. The view follows the grid: rows, widths, and which row stands on top,
+// also one that a table would not let come up so far. What the operator does with the pointer is
+// told by signals.
+#pragma once
+
+#include "ui/Rejilla.h"
+#include "ui/screens/DelegadoRejilla.h"
+#include "ui/screens/ModeloRejilla.h"
+
+#include <QTableView>
+
+#include <optional>
+
+namespace zv {
+
+class VistaRejilla final : public QTableView {
+    Q_OBJECT
+
+  public:
+    // The grid must outlive the view, and has no other.
+    VistaRejilla(Rejilla& rejilla, const QString& nombre, QWidget* padre);
+    ~VistaRejilla() override;
+
+    // The picture of a button, on a ground of that colour.
+    void PonerImagen(Imagen imagen, const QAbstractButton& boton, const QColor& fondo);
+    // Heights and letters; 1 is a window of 1024x768.
+    void Escalar(double escala);
+    int AltoFila() const;
+    // Of the system's scroll bar, in pixels.
+    int AnchoBarra() const;
+
+  Q_SIGNALS:
+    // The operator has scrolled; the grid knows its new top row.
+    void Desplazada();
+    // The left button has been released over the cell in which it was pressed. fila 0: the titles;
+    // columna -1: beside the columns; debajo: below the last row.
+    void Soltado(int fila, int columna, bool debajo);
+
+  protected:
+    void scrollContentsBy(int dx, int dy) override;
+    void updateGeometries() override;
+    void mousePressEvent(QMouseEvent* evento) override;
+    void mouseDoubleClickEvent(QMouseEvent* evento) override;
+    void mouseMoveEvent(QMouseEvent* evento) override;
+    void mouseReleaseEvent(QMouseEvent* evento) override;
+    bool eventFilter(QObject* objeto, QEvent* evento) override;
+
+  private:
+    struct Lugar {
+        int fila = 0;
+        int columna = 0;
+        bool debajo = false;
+        bool operator==(const Lugar&) const = default;
+    };
+
+    Lugar LugarDe(const QPoint& punto) const;
+    void Soltar(const std::optional<Lugar>& lugar);
+    void PonerAnchos();
+    void SeguirPosicion();
+    void PonerArriba(int fila);
+
+    Rejilla& rejilla_;
+    ModeloRejilla modelo_;
+    DelegadoRejilla delegado_;
+    std::optional<Lugar> pulsado_;
+    int ultimaPagina_ = 0; // value of the scroll bar at which the last page is filled
+    bool siguiendo_ = false;
+};
+
+} // namespace zv
