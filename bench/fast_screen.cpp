@@ -93,7 +93,8 @@ int main(int argc, char** argv) {
     ShellSistema shell;
     Monitor monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell});
     frmZVMonitor pantalla(PartesMonitor{monitor.entorno, monitor.controles, monitor.grid,
-                                        monitor.estado, monitor.pulso, monitor.botones},
+                                        monitor.estado, monitor.pulso, monitor.botones,
+                                        monitor.clic},
                           {});
     principal = &pantalla;
     monitor.PonerVentana(pantalla);

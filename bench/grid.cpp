@@ -40,7 +40,8 @@ int main(int argc, char** argv) {
     zv::bench::BancoMedida banco;
     zv::Monitor& m = banco.monitor;
     zv::frmZVMonitor pantalla(
-        zv::PartesMonitor{m.entorno, m.controles, m.grid, m.estado, m.pulso, m.botones}, {});
+        zv::PartesMonitor{m.entorno, m.controles, m.grid, m.estado, m.pulso, m.botones, m.clic},
+        {});
     m.PonerVentana(pantalla);
     if (!m.Cargar()) {
         return EXIT_FAILURE;

@@ -63,7 +63,8 @@ int main(int argc, char** argv) {
     PonerIdioma(banco.carpeta.filePath(u"RWLang.ini"_s));
     zv::Monitor& m = banco.monitor;
     zv::frmZVMonitor pantalla(
-        zv::PartesMonitor{m.entorno, m.controles, m.grid, m.estado, m.pulso, m.botones}, {});
+        zv::PartesMonitor{m.entorno, m.controles, m.grid, m.estado, m.pulso, m.botones, m.clic},
+        {});
     m.PonerVentana(pantalla);
     if (!m.Cargar()) {
         return EXIT_FAILURE;

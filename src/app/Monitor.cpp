@@ -55,8 +55,8 @@ Monitor::Monitor(Servicios& servicios, const Importes& importes, Exterior exteri
               servicios.reloj},
       grid(servicios.textos, importes), estado(entorno, controles, grid),
       pulso(entorno, controles, grid, estado), botones(entorno, controles, estado),
-      fast(configuracio, servicios.formato, servicios.log, BombaDe(),
-           DireccionFast(servicios.opciones)),
+      clic(controles, grid), fast(configuracio, servicios.formato, servicios.log, BombaDe(),
+                                  DireccionFast(servicios.opciones)),
       barras(
           configuracio, [this] { return datos.get(); }, importes, servicios.reloj,
           exterior.dialogos, servicios.textos, Espera, [this] { pulso.SaldarAbandonadas(); }),

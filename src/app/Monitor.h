@@ -10,6 +10,7 @@
 #include "config/MarcaActivo.h"
 #include "config/ModuloIni.h"
 #include "engine/BotonesMonitor.h"
+#include "engine/ClicGrid.h"
 #include "engine/Controles.h"
 #include "engine/EstadoMonitor.h"
 #include "engine/GridCola.h"
@@ -56,6 +57,7 @@ class Monitor {
     EstadoMonitor estado;
     PulsoCola pulso;
     BotonesMonitor botones;
+    ClicGrid clic;
     std::unique_ptr<dades> datos; // made by the start, once the database is open
     ServidorFast fast;
     CobroCodigoBarras barras;

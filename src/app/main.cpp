@@ -64,7 +64,7 @@ int Ejecutar(zv::Aplicacion& app, const zv::Opciones& opciones) {
         };
         frmZVMonitor pantalla(
             PartesMonitor{monitor.entorno, monitor.controles, monitor.grid, monitor.estado,
-                          monitor.pulso, monitor.botones},
+                          monitor.pulso, monitor.botones, monitor.clic},
             AccionesVentana{terminar, [&] { shell.AbrirDireccion(kDireccionManuales); },
                             [&](const QString& codigo, const std::function<void()>& vaciar) {
                                 monitor.barras.Enter(codigo, vaciar);

@@ -8,8 +8,6 @@
 #include "platform/StringLiterals.h"
 #include "till/ResultadoEnvio.h"
 
-#include <algorithm>
-
 namespace zv {
 
 EstadoMonitor::EstadoMonitor(Entorno& entorno, Controles& controles, GridCola& grid)
@@ -34,9 +32,7 @@ void EstadoMonitor::ActualizarEstado(bool automatico) {
     ActualizarContador();
     ActualizarTexto(automatico);
 
-    const int superior = grid_.FilaSuperior();
-    controles_.Poner(&EstadoControles::btnArriba, superior != 1);
-    controles_.Poner(&EstadoControles::btnAbajo, superior + grid_.Pagina() <= grid_.FilasDatos());
+    ActualizarPaginas();
 
     const QString& actual = entorno_.configuracio->Modo;
     controles_.Poner(
@@ -120,35 +116,34 @@ void EstadoMonitor::CambiarModo(const QString& nuevo) {
     configuracio.Modo = nuevo;
 }
 
-void EstadoMonitor::IrAFila(int fila) {
-    grid_.PonerFilaSuperior(fila);
-    grid_.PonerFilaActual(fila);
-    ActualizarEstado(true);
+void EstadoMonitor::ActualizarPaginas() {
+    controles_.Poner(&EstadoControles::btnArriba, grid_.Celdas().HayAnterior());
+    controles_.Poner(&EstadoControles::btnAbajo, grid_.Celdas().HaySiguiente());
 }
 
 void EstadoMonitor::PaginaArriba() {
-    IrAFila(std::max(1, grid_.FilaSuperior() - grid_.Pagina()));
+    grid_.Celdas().PaginaArriba();
+    ActualizarEstado(true);
 }
 
 void EstadoMonitor::PaginaAbajo() {
-    IrAFila(std::max(1, std::min(grid_.FilasDatos(), grid_.FilaSuperior() + grid_.Pagina())));
+    grid_.Celdas().PaginaAbajo();
+    ActualizarEstado(true);
 }
 
 void EstadoMonitor::FilaArriba() {
-    if (grid_.FilaSuperior() > 1) {
-        Desplazado(grid_.FilaSuperior() - 1);
-    }
+    Desplazar(-1);
 }
 
 void EstadoMonitor::FilaAbajo() {
-    if (grid_.FilaSuperior() < grid_.FilasDatos()) {
-        Desplazado(grid_.FilaSuperior() + 1);
-    }
+    Desplazar(1);
 }
 
-void EstadoMonitor::Desplazado(int fila) {
-    if (fila != grid_.FilaSuperior()) {
-        grid_.PonerFilaSuperior(fila);
+void EstadoMonitor::Desplazar(int filas) {
+    Rejilla& celdas = grid_.Celdas();
+    const int antes = celdas.FilaSuperior();
+    celdas.PonerFilaSuperior(antes + filas);
+    if (celdas.FilaSuperior() != antes) {
         ActualizarEstado(true);
     }
 }

@@ -29,8 +29,8 @@ class EstadoMonitor final : public VistaConexion {
     // Keys Up and Down.
     void FilaArriba();
     void FilaAbajo();
-    // The operator scrolled the grid; fila is the first row in view, 1 the first data row.
-    void Desplazado(int fila);
+    // The page buttons alone: the size of a page has changed.
+    void ActualizarPaginas();
 
     // Data rows of the grid.
     int FilasGrid() const { return grid_.FilasDatos(); }
@@ -46,7 +46,7 @@ class EstadoMonitor final : public VistaConexion {
   private:
     void ActualizarContador();
     void ActualizarTexto(bool automatico);
-    void IrAFila(int fila);
+    void Desplazar(int filas);
 
     Entorno& entorno_;
     Controles& controles_;

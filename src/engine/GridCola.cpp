@@ -1,4 +1,4 @@
-// Filling of the queue grid, its widths and its pages.
+// Filling of the queue grid and the widths of its columns.
 #include "engine/GridCola.h"
 
 #include "engine/Claves.h"
@@ -6,31 +6,62 @@
 #include "platform/StringLiterals.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace zv {
 
 namespace {
 
-enum Columna {
-    kAnular,
-    kIdCola,
-    kFecha,
-    kId1,
-    kId2,
-    kIdCaja,
-    kTerminal,
-    kVendedor,
-    kFormaPago,
-    kImporte,
-    kEnviar
+constexpr int kAnchoBotonTwips = 1300;
+constexpr ColorCelda kRojo = ColorRGB(255, 0, 0);
+const QString kMarcaCredito = u"! >>> "_s;
+
+constexpr auto kCentro = Qt::AlignCenter;
+constexpr auto kDerecha = Qt::AlignRight | Qt::AlignVCenter;
+
+struct Definicion {
+    Columna columna;
+    QString campo = {};                     // of cola
+    quint8 Configuracio::*ajuste = nullptr; // shown only while this setting is 1
 };
 
-constexpr int kAnchoBotonTwips = 1300;
+// In the order of ColumnaCola.
+const std::array<Definicion, ColumnaCola::Cuantas> kColumnas{{
+    {{.clave = &texto::kAnular, .alineacion = kCentro, .contenido = Contenido::Imagen}},
+    {{.delante = u"IdCola"_s}, u"idZV"_s},
+    {{.clave = &texto::kFechaVenta, .alineacion = kDerecha}, u"fecha"_s},
+    {{.clave = &texto::kIdVenta}, u"id1"_s},
+    {{.clave = &texto::kIdVenta, .detras = u" 2"_s}, u"id2"_s, &Configuracio::COLID2},
+    {{.clave = &texto::kCaja, .delante = u"Id. "_s}, u"idcaja"_s, &Configuracio::COLIDCAJA},
+    {{.clave = &texto::kTerminal}, u"terminal"_s, &Configuracio::COLTERMINAL},
+    {{.clave = &texto::kVendedor}, u"vendedor"_s, &Configuracio::COLVENDEDOR},
+    {{.clave = &texto::kFormaPago}, u"formapago"_s, &Configuracio::COLFORMAPAGO},
+    {{.clave = &texto::kImporte, .alineacion = kDerecha, .contenido = Contenido::Importe},
+     u"importe"_s},
+    {{.clave = &texto::kEnviar, .alineacion = kCentro, .contenido = Contenido::Imagen}},
+}};
+
+std::vector<Columna> Columnas() {
+    std::vector<Columna> columnas;
+    for (const Definicion& definicion : kColumnas) {
+        columnas.push_back(definicion.columna);
+    }
+    return columnas;
+}
 
 void PonerDosCifras(QString& texto, int valor) {
     texto += QLatin1Char(static_cast<char>('0' + valor / 10 % 10));
     texto += QLatin1Char(static_cast<char>('0' + valor % 10));
+}
+
+// Nothing for an amount beyond the type, or for a value that is no number.
+std::optional<Currency> LeerImporte(const Row& fila, int campo) {
+    try {
+        return fila.LeerCurrency(campo);
+    } catch (const ErrorEjecucion&) {
+        return std::nullopt;
+    }
 }
 
 } // namespace
@@ -63,164 +94,120 @@ QString FechaCorta(const QDateTime& fecha, bool sinHora) {
     return texto;
 }
 
+// Places of the columns of cola in its rows. By name: another program may have made the file, with
+// its columns in another order.
+struct GridCola::Campos {
+    explicit Campos(const Row& fila)
+        : creditoError(fila.Indice(u"creditoError"_s)), manual(fila.Indice(u"manual"_s)) {
+        for (std::size_t i = 0; i < de.size(); ++i) {
+            de[i] = kColumnas[i].campo.isEmpty() ? -1 : fila.Indice(kColumnas[i].campo);
+        }
+    }
+
+    std::array<int, ColumnaCola::Cuantas> de{}; // by the columns of the grid
+    int creditoError;
+    int manual;
+};
+
 GridCola::GridCola(const Textos& textos, const Importes& importes)
-    : textos_(textos), importes_(importes) {}
+    : textos_(textos), importes_(importes), celdas_(Columnas()) {}
 
 void GridCola::PonerTitulos() {
-    const auto t = [this](const Clave& clave) { return textos_.Traduce(clave); };
-    titulos_ = {t(texto::kAnular),
-                u"IdCola"_s,
-                t(texto::kFechaVenta),
-                t(texto::kIdVenta),
-                t(texto::kIdVenta) + u" 2"_s,
-                u"Id. "_s + t(texto::kCaja),
-                t(texto::kTerminal),
-                t(texto::kVendedor),
-                t(texto::kFormaPago),
-                t(texto::kImporte),
-                t(texto::kEnviar)};
+    celdas_.PonerTitulos(textos_);
 }
 
-LineaGrid GridCola::LeerLinea(const Row& fila, bool sinHora) const {
-    // By name: another program may have made the file, with its columns in another order.
-    LineaGrid linea;
-    linea.idZV = fila.LeerLong(u"idZV"_s);
-    linea.fecha = FechaCorta(fila.LeerFecha(u"fecha"_s), sinHora);
-    linea.id1 = fila.LeerTexto(u"id1"_s);
-    linea.id2 = fila.LeerTexto(u"id2"_s);
-    linea.idcaja = fila.LeerTexto(u"idcaja"_s);
-    linea.terminal = fila.LeerTexto(u"terminal"_s);
-    linea.vendedor = fila.LeerTexto(u"vendedor"_s);
-    linea.formapago = fila.LeerTexto(u"formapago"_s);
-    const Currency importe = fila.LeerCurrency(u"importe"_s);
+void GridCola::PonerFila(const Row& fila, const Campos& campos, bool sinHora) {
+    // What can fail is read before the row is there: none stays half filled.
+    std::array<QString, ColumnaCola::Cuantas> celdas;
+    const qint32 idZV = fila.LeerLong(campos.de[ColumnaCola::IdCola]);
+    celdas[ColumnaCola::IdCola] = QString::number(idZV);
+    celdas[ColumnaCola::Fecha] = FechaCorta(fila.LeerFecha(campos.de[ColumnaCola::Fecha]), sinHora);
+    for (std::size_t i = ColumnaCola::Id1; i <= ColumnaCola::FormaPago; ++i) {
+        celdas[i] = TextoDeCelda(fila.LeerTexto(campos.de[i]));
+    }
+    const bool manual = fila.LeerBooleano(campos.manual);
+
+    // An amount that cannot be read or shown leaves its cell empty; the row stands for a person to
+    // act on it.
+    const int campoImporte = campos.de[ColumnaCola::Importe];
+    const std::optional<Currency> importe = LeerImporte(fila, campoImporte);
+    const bool abono = importe ? *importe < Currency(0) : fila.Valor(campoImporte).toDouble() < 0;
+    const std::optional<Currency> credito = LeerImporte(fila, campos.creditoError);
+    const bool conCredito = !credito || !credito->EsCero();
     try {
-        linea.importe = importes_.FormatoImporte(importe);
+        if (importe) {
+            celdas[ColumnaCola::Importe] =
+                (conCredito ? kMarcaCredito : QString()) + importes_.FormatoImporte(*importe);
+        }
     } catch (const ErrorEjecucion&) {
-        // An amount that cannot be shown leaves the cell empty.
-        linea.importe.clear();
+        celdas[ColumnaCola::Importe].clear();
     }
-    linea.credito = !fila.LeerCurrency(u"creditoError"_s).EsCero();
-    if (linea.credito && !linea.importe.isEmpty()) {
-        linea.importe.prepend(u"! >>> "_s);
+
+    const int n = celdas_.AñadirFila();
+    for (std::size_t i = 0; i < celdas.size(); ++i) {
+        celdas_.PonerTexto(n, static_cast<int>(i), std::move(celdas[i]));
     }
-    linea.abono = importe < Currency(0);
-    linea.manual = fila.LeerBooleano(u"manual"_s);
-    return linea;
+    celdas_.PonerImagen(n, ColumnaCola::Anular, Imagen::Cancelar);
+    celdas_.PonerImagen(n, ColumnaCola::Enviar, abono ? Imagen::Abono : Imagen::Cobro);
+    if (manual) {
+        celdas_.PonerColorFila(n, kRojo, true);
+    }
+    ultimoId_ = idZV;
+    abonos_ += abono ? 1 : 0;
 }
 
 void GridCola::Rellenar(DatabaseEngine& motor, bool sinHora) {
     const std::optional<Lectura> anterior = std::exchange(lectura_, std::nullopt);
-    filaSuperior_ = 1;
-    filaActual_ = 0;
-    conservadas_ = 0;
-    const auto avisar = [this] {
-        if (alRellenar_) {
-            alRellenar_();
-        }
-    };
-    try {
-        // The mark is taken before the reading: a row written in between is read the next time.
-        const Lectura ahora{motor.ChangeStampExceptAdded(), sinHora, importes_.Multiplicador()};
-        LeerFilas(motor, anterior == ahora, sinHora);
-        lectura_ = ahora;
-    } catch (...) {
-        avisar();
-        throw;
+    const SinDibujo sinDibujo(celdas_);
+    celdas_.PonerFilaSuperior(1);
+    celdas_.PonerFilaActual(0);
+    // The mark is taken before the reading: a row written in between is read the next time.
+    const Lectura ahora{motor.ChangeStampExceptAdded(), sinHora, importes_.Multiplicador()};
+    LeerFilas(motor, anterior == ahora, sinHora);
+    lectura_ = ahora;
+    if (celdas_.FilasDatos() > 0) {
+        celdas_.PonerFilaActual(1);
     }
-    if (!lineas_.empty()) {
-        filaActual_ = 1;
-    }
-    avisar();
 }
 
 void GridCola::LeerFilas(DatabaseEngine& motor, bool soloNuevas, bool sinHora) {
     if (!soloNuevas) {
-        lineas_.clear();
+        celdas_.Vaciar();
         abonos_ = 0;
     }
-    conservadas_ = FilasDatos();
-    const auto leer = [this, sinHora](const Row& fila) {
-        lineas_.push_back(LeerLinea(fila, sinHora));
-        abonos_ += lineas_.back().abono ? 1 : 0;
+    std::optional<Campos> campos;
+    const auto leer = [&](const Row& fila) {
+        if (!campos) {
+            campos.emplace(fila);
+        }
+        PonerFila(fila, *campos, sinHora);
         return true;
     };
-    if (lineas_.empty()) {
+    if (celdas_.FilasDatos() == 0) {
         motor.Recorrer(u"SELECT * FROM cola ORDER BY idZV"_s, {}, leer);
     } else {
-        motor.Recorrer(u"SELECT * FROM cola WHERE idZV>? ORDER BY idZV"_s, {lineas_.back().idZV},
-                       leer);
-    }
-}
-
-QString GridCola::Texto(int fila, int columna) const {
-    if (fila == 0) {
-        return Titulo(columna);
-    }
-    const LineaGrid& linea = Linea(fila);
-    switch (columna) {
-    case kIdCola:
-        return QString::number(linea.idZV);
-    case kFecha:
-        return linea.fecha;
-    case kId1:
-        return linea.id1;
-    case kId2:
-        return linea.id2;
-    case kIdCaja:
-        return linea.idcaja;
-    case kTerminal:
-        return linea.terminal;
-    case kVendedor:
-        return linea.vendedor;
-    case kFormaPago:
-        return linea.formapago;
-    case kImporte:
-        return linea.importe;
-    default:
-        return {};
+        motor.Recorrer(u"SELECT * FROM cola WHERE idZV>? ORDER BY idZV"_s, {ultimoId_}, leer);
     }
 }
 
 void GridCola::ColocarColumnas(const Configuracio& configuracio, int anchoGrid, int anchoBarra,
                                int altoGrid, int altoFila) {
-    const std::array<std::pair<int, bool>, 5> opcionales{
-        {{kId2, configuracio.COLID2 == 1},
-         {kIdCaja, configuracio.COLIDCAJA == 1},
-         {kTerminal, configuracio.COLTERMINAL == 1},
-         {kVendedor, configuracio.COLVENDEDOR == 1},
-         {kFormaPago, configuracio.COLFORMAPAGO == 1}}};
-    const auto ocultas = static_cast<int>(std::count_if(
-        opcionales.begin(), opcionales.end(), [](const auto& par) { return !par.second; }));
+    const auto oculta = [&configuracio](const Definicion& definicion) {
+        return definicion.ajuste != nullptr && configuracio.*definicion.ajuste != 1;
+    };
+    const auto ocultas =
+        static_cast<int>(std::count_if(kColumnas.begin(), kColumnas.end(), oculta));
     const int parte = std::max(0, (anchoGrid - 2 * kAnchoBotonTwips - anchoBarra) / (8 - ocultas));
 
-    anchos_.fill(parte);
-    anchos_[kAnular] = kAnchoBotonTwips;
-    anchos_[kEnviar] = kAnchoBotonTwips;
-    anchos_[kIdCola] = 0;
-    for (const auto& [columna, visible] : opcionales) {
-        if (!visible) {
-            anchos_[static_cast<std::size_t>(columna)] = 0;
-        }
+    const SinDibujo sinDibujo(celdas_);
+    for (int columna = 0; columna < ColumnaCola::Cuantas; ++columna) {
+        const Definicion& definicion = kColumnas[static_cast<std::size_t>(columna)];
+        const bool visible = columna != ColumnaCola::IdCola && !oculta(definicion);
+        const int ancho =
+            definicion.columna.contenido == Contenido::Imagen ? kAnchoBotonTwips : parte;
+        celdas_.PonerAncho(columna, visible ? ancho : 0);
     }
-    pagina_ = altoFila > 0 ? std::max(1, altoGrid / altoFila - 1) : 1;
-}
-
-void GridCola::PonerFilaSuperior(int fila) {
-    if (filaSuperior_ != fila) {
-        filaSuperior_ = fila;
-        if (alMover_) {
-            alMover_();
-        }
-    }
-}
-
-void GridCola::PonerFilaActual(int fila) {
-    if (filaActual_ != fila) {
-        filaActual_ = fila;
-        if (alMover_) {
-            alMover_();
-        }
-    }
+    celdas_.PonerPagina(altoFila > 0 ? altoGrid / altoFila - 1 : 1);
 }
 
 } // namespace zv

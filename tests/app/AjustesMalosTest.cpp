@@ -151,7 +151,8 @@ TEST_F(AjustesMalosTest, OnlyExactlyOneDropsTheTimeOfTheQueue) {
         PonerSaldo(5000);
         cliente.EsperaConnect();
         ArrancaYSigueIgual();
-        EXPECT_EQ(monitor->grid.Linea(1).fecha, QString::fromUtf8(fecha)) << valor;
+        EXPECT_EQ(monitor->grid.Celdas().Texto(1, ColumnaCola::Fecha), QString::fromUtf8(fecha))
+            << valor;
         Montar();
     }
 }

@@ -91,8 +91,8 @@ TEST_F(ArranqueDatosMalosTest, AMultiplierOfZeroShowsNoAmountsInTheGrid) {
     cliente.PonerMultiplier(0);
     cliente.EsperaConnect();
     EXPECT_TRUE(monitor->Cargar());
-    EXPECT_EQ(monitor->grid.Texto(1, 3), u"POS"_s);
-    EXPECT_EQ(monitor->grid.Texto(1, 9), QString());
+    EXPECT_EQ(monitor->grid.Celdas().Texto(1, 3), u"POS"_s);
+    EXPECT_EQ(monitor->grid.Celdas().Texto(1, 9), QString());
     EXPECT_EQ(Libros(), libros);
 }
 

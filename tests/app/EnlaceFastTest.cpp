@@ -189,8 +189,8 @@ TEST_F(EnlaceFastTest, AScannedCodeIsQueuedThoughTheDeviceIsDisconnected) {
     // The fast link went on meanwhile.
     EXPECT_EQ(socket->readAll(), QByteArray("OK|PENDING"));
     monitor->pulso.ProcesarCola();
-    EXPECT_EQ(monitor->grid.Linea(1).id1, u"A7"_s);
-    EXPECT_EQ(monitor->grid.Linea(1).importe, u"9,50 €"_s);
+    EXPECT_EQ(monitor->grid.Celdas().Texto(1, ColumnaCola::Id1), u"A7"_s);
+    EXPECT_EQ(monitor->grid.Celdas().Texto(1, ColumnaCola::Importe), u"9,50 €"_s);
 }
 
 } // namespace zv::test

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "engine/BotonesMonitor.h"
+#include "engine/ClicGrid.h"
 #include "engine/Controles.h"
 #include "engine/EstadoMonitor.h"
 #include "engine/GridCola.h"
@@ -41,7 +42,8 @@ class BancoEngine : public testing::Test {
               seguretat, configuracio,  ini,       RutaIni(), registro,    marca,
               log,       dialogos,      textos,    importes,  reloj},
           grid(textos, importes), estado(entorno, controles, grid),
-          pulso(entorno, controles, grid, estado), botones(entorno, controles, estado) {
+          pulso(entorno, controles, grid, estado), botones(entorno, controles, estado),
+          clic(controles, grid) {
         bool existe = false;
         configuracio->LeerCfgIni(RutaIni(), existe);
         SqliteEngine catalogo;
@@ -124,6 +126,7 @@ class BancoEngine : public testing::Test {
     EstadoMonitor estado;
     PulsoCola pulso;
     BotonesMonitor botones;
+    ClicGrid clic;
     VentanaFalsa ventana;
 };
 

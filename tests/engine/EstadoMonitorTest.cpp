@@ -210,25 +210,25 @@ TEST_F(EstadoMonitorTest, PagesStopAtBothEnds) {
     PonerFilas(10);
     grid.ColocarColumnas(*configuracio, 15000, 300, 400, 100); // 3 rows a page
     estado.ActualizarEstado(true);
-    EXPECT_EQ(grid.Pagina(), 3);
+    EXPECT_EQ(grid.Celdas().Pagina(), 3);
     EXPECT_FALSE(C().btnArriba);
     EXPECT_TRUE(C().btnAbajo);
     estado.PaginaAbajo();
-    EXPECT_EQ(grid.FilaSuperior(), 4);
-    EXPECT_EQ(grid.FilaActual(), 4);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 4);
+    EXPECT_EQ(grid.Celdas().FilaActual(), 4);
     EXPECT_TRUE(C().btnArriba);
     estado.PaginaAbajo();
     estado.PaginaAbajo();
-    EXPECT_EQ(grid.FilaSuperior(), 10);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 10);
     EXPECT_FALSE(C().btnAbajo);
     estado.PaginaAbajo();
-    EXPECT_EQ(grid.FilaSuperior(), 10);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 10);
     estado.PaginaArriba();
-    EXPECT_EQ(grid.FilaSuperior(), 7);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 7);
     estado.PaginaArriba();
     estado.PaginaArriba();
     estado.PaginaArriba();
-    EXPECT_EQ(grid.FilaSuperior(), 1);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 1);
 }
 
 TEST_F(EstadoMonitorTest, TheNextPageButtonGoesOutWhenTheLastRowIsInView) {
@@ -246,7 +246,7 @@ TEST_F(EstadoMonitorTest, PagingAndScrollingAreGoodRefreshes) {
     EscribirIni("[ZVMONITOR]\r\nMODO=AUTO\r\n");
     const std::array<std::function<void()>, 3> gestos{[this] { estado.PaginaAbajo(); },
                                                       [this] { estado.PaginaArriba(); },
-                                                      [this] { estado.Desplazado(3); }};
+                                                      [this] { estado.FilaAbajo(); }};
     for (const auto& gesto : gestos) {
         configuracio->Modo = modo::kManual;
         gesto();
@@ -257,13 +257,37 @@ TEST_F(EstadoMonitorTest, PagingAndScrollingAreGoodRefreshes) {
 TEST_F(EstadoMonitorTest, KeysMoveTheTopRowByOne) {
     PonerFilas(2);
     estado.FilaArriba();
-    EXPECT_EQ(grid.FilaSuperior(), 1);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 1);
     estado.FilaAbajo();
-    EXPECT_EQ(grid.FilaSuperior(), 2);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 2);
     estado.FilaAbajo();
-    EXPECT_EQ(grid.FilaSuperior(), 2);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 2);
     estado.FilaArriba();
-    EXPECT_EQ(grid.FilaSuperior(), 1);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 1);
+}
+
+TEST_F(EstadoMonitorTest, AListThatFitsIntoAPageDoesNotMove) {
+    PonerFilas(3);
+    grid.ColocarColumnas(*configuracio, 15000, 300, 400, 100);
+    for (const auto& gesto : std::array<std::function<void()>, 2>{
+             [this] { estado.FilaAbajo(); }, [this] { estado.PaginaAbajo(); }}) {
+        gesto();
+        EXPECT_EQ(grid.Celdas().FilaSuperior(), 1);
+        EXPECT_FALSE(C().btnArriba);
+        EXPECT_FALSE(C().btnAbajo);
+    }
+}
+
+TEST_F(EstadoMonitorTest, ALargerPageBringsAListThatFitsBackToItsStart) {
+    PonerFilas(5);
+    grid.ColocarColumnas(*configuracio, 15000, 300, 400, 100);
+    estado.PaginaAbajo();
+    EXPECT_TRUE(C().btnArriba);
+    grid.ColocarColumnas(*configuracio, 15000, 300, 600, 100);
+    estado.ActualizarPaginas();
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 1);
+    EXPECT_FALSE(C().btnArriba);
+    EXPECT_FALSE(C().btnAbajo);
 }
 
 TEST_F(EstadoMonitorTest, AFailedRefillIsShownAndNotRaised) {

@@ -7,10 +7,8 @@
 
 #include <QFrame>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTableView>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -38,10 +36,10 @@ QString Indexado(const QString& nombre, int indice) {
 
 } // namespace
 
-void DisenoMonitor::Construir(QWidget& ventana) {
+void DisenoMonitor::Construir(QWidget& ventana, Rejilla& cola) {
     ConstruirCabecera(ventana);
     ConstruirEstado(ventana);
-    ConstruirGrid(ventana);
+    ConstruirGrid(ventana, cola);
     ConstruirPie(ventana);
 
     auto* centro = new QHBoxLayout;
@@ -94,9 +92,7 @@ void DisenoMonitor::AplicarEscala() {
     for (Lampara* lampara : {ShapeOK, ShapeAlert, ShapeCritico}) {
         lampara->setFixedSize(px(32), px(32));
     }
-    grdZV->verticalHeader()->setDefaultSectionSize(px(tema::kAltoFila));
-    grdZV->horizontalHeader()->setFixedHeight(px(44));
-    tema::PonerLetra(*grdZV, escala_ > 1 ? px(14) : 0);
+    grdZV->Escalar(escala_);
     framePie->setFixedHeight(px(104));
     for (QToolButton* b : boton) {
         b->setIconSize(QSize(px(32), px(32)));
@@ -192,41 +188,11 @@ void DisenoMonitor::ConstruirEstado(QWidget& ventana) {
     fila->addWidget(ShapeCritico);
 }
 
-void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
-    grdZV = new QTableView(&ventana);
-    grdZV->setObjectName(u"grdZV"_s);
-    grdZV->setFocusPolicy(Qt::NoFocus);
-    grdZV->setSelectionMode(QAbstractItemView::NoSelection);
-    grdZV->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    grdZV->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
-    grdZV->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    grdZV->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    grdZV->setShowGrid(false);
-    grdZV->setFrameShape(QFrame::NoFrame);
-    grdZV->verticalHeader()->hide();
-    grdZV->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    QHeaderView* cabecera = grdZV->horizontalHeader();
-    cabecera->setSectionResizeMode(QHeaderView::Fixed);
-    cabecera->setMinimumSectionSize(0);
-    cabecera->setHighlightSections(false);
-    cabecera->setSectionsClickable(false);
-
-    pctScrollBar = new QFrame(&ventana);
-    pctScrollBar->setObjectName(u"pctScrollBar"_s);
-    pctScrollBar->setFixedWidth(76);
-    btnArriba = Boton(pctScrollBar, u"btnArriba"_s, QString(), u"go-up"_s, tema::kTexto);
-    btnArriba->setAccessibleName(u"Página anterior"_s);
-    btnAbajo = Boton(pctScrollBar, u"btnAbajo"_s, QString(), u"go-down"_s, tema::kTexto);
-    btnAbajo->setAccessibleName(u"Página siguiente"_s);
-    auto* columna = new QVBoxLayout(pctScrollBar);
-    columna->setContentsMargins(6, 6, 6, 6);
-    for (QToolButton* control : {btnArriba, btnAbajo}) {
-        control->setFixedSize(tema::kTeclaMinima, tema::kTeclaMinima + 16);
-        control->setIconSize(QSize(36, 36));
-    }
-    columna->addWidget(btnArriba);
-    columna->addStretch(1);
-    columna->addWidget(btnAbajo);
+void DisenoMonitor::ConstruirGrid(QWidget& ventana, Rejilla& cola) {
+    grdZV = new VistaRejilla(cola, u"grdZV"_s, &ventana);
+    pctScrollBar = new Paginador(u"pctScrollBar"_s, &ventana);
+    btnArriba = pctScrollBar->BtnArriba();
+    btnAbajo = pctScrollBar->BtnAbajo();
 
     btnCobro = Boton(&ventana, u"btnCobro"_s, QString(), u"list-add"_s, tema::kTexto);
     btnAbono = Boton(&ventana, u"btnAbono"_s, QString(), u"list-remove"_s, tema::kTexto);
@@ -234,6 +200,9 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana) {
     for (QToolButton* control : {btnCobro, btnAbono, btnCancelar}) {
         control->hide();
     }
+    grdZV->PonerImagen(Imagen::Cancelar, *btnCancelar, tema::kFondoAnular);
+    grdZV->PonerImagen(Imagen::Cobro, *btnCobro, tema::kVerde);
+    grdZV->PonerImagen(Imagen::Abono, *btnAbono, tema::kAmbar);
 }
 
 void DisenoMonitor::ConstruirPie(QWidget& ventana) {

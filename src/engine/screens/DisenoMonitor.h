@@ -3,6 +3,8 @@
 
 #include "engine/BotonPie.h"
 #include "engine/screens/Lampara.h"
+#include "ui/screens/Paginador.h"
+#include "ui/screens/VistaRejilla.h"
 
 #include <QWidget>
 
@@ -13,7 +15,6 @@ class QFrame;
 class QLabel;
 class QLineEdit;
 class QPushButton;
-class QTableView;
 class QToolButton;
 
 namespace zv {
@@ -22,7 +23,7 @@ class Textos;
 
 struct DisenoMonitor {
     // Builds all controls as children of the window; captions are the Spanish defaults.
-    void Construir(QWidget& ventana);
+    void Construir(QWidget& ventana, Rejilla& cola);
     // Breaks the footer's captions at their blanks: the buttons are narrow and high.
     void PartirRotulos();
     // Letters, rows and footer grow with a window larger than 1024x768, up to half as much again.
@@ -46,8 +47,8 @@ struct DisenoMonitor {
     Lampara* ShapeCritico = nullptr;
     QLineEdit* TextIni = nullptr;
 
-    QTableView* grdZV = nullptr;
-    QFrame* pctScrollBar = nullptr;
+    VistaRejilla* grdZV = nullptr;
+    Paginador* pctScrollBar = nullptr;
     QToolButton* btnArriba = nullptr;
     QToolButton* btnAbajo = nullptr;
 
@@ -64,7 +65,7 @@ struct DisenoMonitor {
 
     void ConstruirCabecera(QWidget& ventana);
     void ConstruirEstado(QWidget& ventana);
-    void ConstruirGrid(QWidget& ventana);
+    void ConstruirGrid(QWidget& ventana, Rejilla& cola);
     void ConstruirPie(QWidget& ventana);
     void AplicarEscala();
     void AjustarEstado();

@@ -3,7 +3,6 @@
 #include "engine/screens/frmZVMonitor.h"
 
 #include "engine/Claves.h"
-#include "engine/screens/DelegadoCola.h"
 #include "platform/StringLiterals.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
@@ -11,13 +10,10 @@
 #include <QAbstractEventDispatcher>
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QScreen>
-#include <QScrollBar>
-#include <QTableView>
 #include <QToolButton>
 
 namespace zv {
@@ -32,17 +28,14 @@ constexpr int kTwipsPorPixel = 15;
 } // namespace
 
 frmZVMonitor::frmZVMonitor(PartesMonitor partes, AccionesVentana acciones)
-    : partes_(partes), acciones_(std::move(acciones)), modelo_(partes.grid),
+    : partes_(partes), acciones_(std::move(acciones)),
       arrastre_(*this, [this] { return !maximizando_; }) {
     setObjectName(u"frmZVMonitor"_s);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     setWindowTitle(u"Zorvex ®"_s);
     setMinimumSize(1000, 600);
-    ui_.Construir(*this);
+    ui_.Construir(*this, partes_.grid.Celdas());
     ui_.PonerSentidos(partes_.entorno.textos);
-    ui_.grdZV->setModel(&modelo_);
-    ui_.grdZV->setItemDelegate(
-        new DelegadoCola(*ui_.btnCancelar, *ui_.btnCobro, *ui_.btnAbono, ui_.grdZV));
     // The widgets start as the engine's own defaults, so that only differences are applied.
     ui_.boton[BotonPie::SinUso]->hide();
     Conectar();
@@ -51,18 +44,11 @@ frmZVMonitor::frmZVMonitor(PartesMonitor partes, AccionesVentana acciones)
 
 frmZVMonitor::~frmZVMonitor() {
     partes_.controles.AlCambiar({});
-    partes_.grid.AlRellenar({});
-    partes_.grid.AlMover({});
 }
 
 void frmZVMonitor::Conectar() {
     partes_.controles.AlCambiar([this] { porSeguir_ = true; });
     SeguirAlBucle();
-    partes_.grid.AlRellenar([this] {
-        modelo_.Refrescar();
-        SeguirGrid();
-    });
-    partes_.grid.AlMover([this] { SeguirGrid(); });
 
     timerCola_.setObjectName(u"timerCola"_s);
     timerParpadeo_.setObjectName(u"timerParpadeo"_s);
@@ -95,16 +81,13 @@ void frmZVMonitor::Conectar() {
     }
     connect(ui_.btnArriba, &QToolButton::clicked, this, [this] { partes_.estado.PaginaArriba(); });
     connect(ui_.btnAbajo, &QToolButton::clicked, this, [this] { partes_.estado.PaginaAbajo(); });
-    connect(ui_.grdZV->verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int valor) {
-        if (!moviendoGrid_) {
-            partes_.estado.Desplazado(valor + 1);
-        }
+    connect(ui_.grdZV, &VistaRejilla::Desplazada, this,
+            [this] { partes_.estado.ActualizarEstado(true); });
+    connect(ui_.grdZV, &VistaRejilla::Soltado, this, [this](int fila, int columna, bool debajo) {
+        partes_.clic.grdZV_MouseUp(fila, columna, debajo);
+        // A click in the grid takes the focus out of it.
+        EnviaTeclas(u"{TAB}"_s);
     });
-    // A click in the grid takes the focus out of it.
-    connect(ui_.grdZV, &QTableView::clicked, this,
-            [](const QModelIndex&) { EnviaTeclas(u"{TAB}"_s); });
-    connect(ui_.grdZV, &QTableView::pressed, this,
-            [this](const QModelIndex& indice) { partes_.grid.PonerFilaActual(indice.row() + 1); });
 
     for (QWidget* asidero : std::initializer_list<QWidget*>{ui_.frameCab, ui_.btnLogo, ui_.lbVer}) {
         arrastre_.Añadir(*asidero);
@@ -152,8 +135,7 @@ void frmZVMonitor::Seguir() {
     for (std::size_t i = 0; i < ui_.btnModo.size(); ++i) {
         ui_.btnModo[i]->setChecked(e.btnModo[i]);
     }
-    ui_.btnArriba->setEnabled(e.btnArriba);
-    ui_.btnAbajo->setEnabled(e.btnAbajo);
+    ui_.pctScrollBar->Habilitar(e.btnArriba, e.btnAbajo);
     ui_.ShapeOK->setVisible(e.ShapeOK);
     ui_.ShapeAlert->setVisible(e.ShapeAlert);
     ui_.ShapeCritico->setVisible(e.ShapeCritico);
@@ -168,12 +150,6 @@ void frmZVMonitor::Seguir() {
         e.punteroEspera ? setCursor(Qt::WaitCursor) : unsetCursor();
     }
     aplicado_ = e;
-}
-
-void frmZVMonitor::SeguirGrid() {
-    moviendoGrid_ = true;
-    ui_.grdZV->verticalScrollBar()->setValue(partes_.grid.FilaSuperior() - 1);
-    moviendoGrid_ = false;
 }
 
 void frmZVMonitor::Tick() {
@@ -263,7 +239,6 @@ void frmZVMonitor::PonerIcono() {
 
 void frmZVMonitor::PrepararGrid() {
     partes_.grid.PonerTitulos();
-    modelo_.Refrescar();
     ColocarColumnas();
 }
 
@@ -279,22 +254,11 @@ void frmZVMonitor::Mostrar() {
 }
 
 void frmZVMonitor::ColocarColumnas() {
-    QTableView& vista = *ui_.grdZV;
-    const int barra = vista.verticalScrollBar()->sizeHint().width();
+    const VistaRejilla& vista = *ui_.grdZV;
     partes_.grid.ColocarColumnas(*partes_.entorno.configuracio, vista.width() * kTwipsPorPixel,
-                                 barra * kTwipsPorPixel, vista.height(),
-                                 vista.verticalHeader()->defaultSectionSize());
-    // Edges are rounded, not widths: the columns together fill the grid.
-    int twips = 0;
-    for (int columna = 0; columna < kColumnasGrid; ++columna) {
-        const int izquierda = tema::TwipsAPixeles(twips);
-        twips += partes_.grid.AnchoColumna(columna);
-        const int ancho = tema::TwipsAPixeles(twips) - izquierda;
-        vista.setColumnHidden(columna, ancho == 0);
-        if (ancho != 0) {
-            vista.setColumnWidth(columna, ancho);
-        }
-    }
+                                 vista.AnchoBarra() * kTwipsPorPixel, vista.height(),
+                                 vista.AltoFila());
+    partes_.estado.ActualizarPaginas();
 }
 
 void frmZVMonitor::resizeEvent(QResizeEvent* evento) {

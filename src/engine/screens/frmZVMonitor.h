@@ -2,13 +2,13 @@
 #pragma once
 
 #include "engine/BotonesMonitor.h"
+#include "engine/ClicGrid.h"
 #include "engine/Controles.h"
 #include "engine/EstadoMonitor.h"
 #include "engine/GridCola.h"
 #include "engine/PulsoCola.h"
 #include "engine/VentanaPrincipal.h"
 #include "engine/screens/DisenoMonitor.h"
-#include "engine/screens/ModeloCola.h"
 #include "ui/screens/FramelessWindow.h"
 
 #include <QTimer>
@@ -26,6 +26,7 @@ struct PartesMonitor {
     EstadoMonitor& estado;
     PulsoCola& pulso;
     BotonesMonitor& botones;
+    ClicGrid& clic;
 };
 
 // Window buttons whose work lies outside the engine.
@@ -73,7 +74,6 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     void PulsarVentana(int indice);
     void PreguntarCierre();
     void ColocarColumnas();
-    void SeguirGrid();
     bool TeclaDeLista(int tecla);
     void DobleClicCabecera();
     void SeguirAlBucle();
@@ -81,10 +81,8 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     PartesMonitor partes_;
     AccionesVentana acciones_;
     DisenoMonitor ui_;
-    ModeloCola modelo_;
     EstadoControles aplicado_; // what the widgets show
     bool porSeguir_ = false;   // the logical state has changed since
-    bool moviendoGrid_ = false;
     bool maximizando_ = false; // a maximise by double click settles
     bool parpadeoAmbar_ = false;
     Arrastre arrastre_;

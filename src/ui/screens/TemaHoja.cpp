@@ -67,12 +67,10 @@ QToolButton:disabled { color: @apagado; background: transparent; }
 #frmEstado { background: @barra; border: none; }
 #frmEstado QLabel { color: @cabtexto; }
 #frmEstado QLineEdit { min-height: 40px; max-height: 40px; }
-#pctScrollBar { background: @cuerpo; border: none; }
-#pctScrollBar QToolButton { background: white; border: 2px solid @borde; }
-#pctScrollBar QToolButton:pressed { background: #cbd5e1; }
-#pctScrollBar QToolButton:disabled { background: transparent; border-color: #e2e8f0; }
-#grdZV, #grdZV:disabled { border: none; background: @cuerpo; }
-#grdZV QHeaderView::section { padding: 0 6px; font-size: 14px; }
+zv--Paginador { background: @cuerpo; border: none; }
+zv--Paginador QToolButton { background: white; border: 2px solid @borde; }
+zv--Paginador QToolButton:pressed { background: #cbd5e1; }
+zv--Paginador QToolButton:disabled { background: transparent; border-color: #e2e8f0; }
 
 #framePie { background: white; border: none; border-top: 1px solid @borde; }
 QToolButton[papel="pie"] { font-size: 13px; padding: 4px 0; }
@@ -170,6 +168,8 @@ QHeaderView::section {
   padding: 0 8px; min-height: 44px; font-size: 15px; font-weight: bold;
 }
 QHeaderView::section:disabled { color: @apagado; }
+zv--VistaRejilla, zv--VistaRejilla:disabled { border: none; background: @cuerpo; }
+zv--VistaRejilla QHeaderView::section { padding: 0 6px; font-size: 14px; }
 QTableCornerButton::section { background: #e2e8f0; border: none; }
 
 QScrollArea { background: transparent; border: none; }

@@ -20,7 +20,7 @@ class CodigoBarrasTest : public BancoPantalla {
     void Montar(decltype(AccionesVentana::codigoLeido) alLeer) {
         pantalla.reset();
         pantalla = std::make_unique<frmZVMonitor>(
-            PartesMonitor{entorno, controles, grid, estado, pulso, botones},
+            PartesMonitor{entorno, controles, grid, estado, pulso, botones, clic},
             AccionesVentana{[] {}, [] {}, std::move(alLeer)});
         pulso.PonerVentana(pantalla.get());
         pantalla->show();

@@ -45,7 +45,7 @@ TEST_F(EscalaTest, GrowthHasItsLimits) {
 TEST_F(EscalaTest, APageIsWhatTheRowsLeaveRoomFor) {
     for (const QSize medida : {QSize(1024, 768), QSize(1920, 1080)}) {
         Medir(medida.width(), medida.height());
-        EXPECT_EQ(grid.Pagina(), D().grdZV->height() / AltoFila() - 1) << medida.width();
+        EXPECT_EQ(grid.Celdas().Pagina(), D().grdZV->height() / AltoFila() - 1) << medida.width();
     }
 }
 
@@ -55,7 +55,7 @@ TEST_F(EscalaTest, TheColumnsTogetherFillTheGrid) {
     for (const int ancho : {1000, 1024, 1152, 1280, 1366, 1440, 1600, 1920}) {
         Medir(ancho, 768);
         int suma = 0;
-        for (int columna = 0; columna < kColumnasGrid; ++columna) {
+        for (int columna = 0; columna < ColumnaCola::Cuantas; ++columna) {
             suma += D().grdZV->columnWidth(columna);
         }
         EXPECT_LE(suma, D().grdZV->viewport()->width()) << ancho;

@@ -14,7 +14,8 @@ class IdiomaInglesMonitorTest : public BancoEngine {
   protected:
     std::unique_ptr<frmZVMonitor> Crear() {
         auto pantalla = std::make_unique<frmZVMonitor>(
-            PartesMonitor{entorno, controles, grid, estado, pulso, botones}, AccionesVentana{});
+            PartesMonitor{entorno, controles, grid, estado, pulso, botones, clic},
+            AccionesVentana{});
         pantalla->Traducir();
         pantalla->PrepararGrid();
         return pantalla;
@@ -35,8 +36,8 @@ TEST_F(IdiomaInglesMonitorTest, TitlesOfTheColumns) {
     const QStringList titulos{u"Void"_s,      u"IdCola"_s,   u"Sale date"_s, u"Sale ID"_s,
                               u"Sale ID 2"_s, u"Id. Till"_s, u"Terminal"_s,  u"Cashier"_s,
                               u"Payment"_s,   u"Amount"_s,   u"Send"_s};
-    for (int columna = 0; columna < kColumnasGrid; ++columna) {
-        EXPECT_EQ(grid.Titulo(columna), titulos[columna]);
+    for (int columna = 0; columna < ColumnaCola::Cuantas; ++columna) {
+        EXPECT_EQ(grid.Celdas().Texto(0, columna), titulos[columna]);
     }
 }
 

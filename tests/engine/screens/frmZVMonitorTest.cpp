@@ -30,7 +30,7 @@ TEST_F(frmZVMonitorTest, ShowsTheQueueAndItsCounter) {
 TEST_F(frmZVMonitorTest, ColumnsFillTheGridAndHideByTheirSettings) {
     const auto ancho = [&] {
         int suma = 0;
-        for (int i = 0; i < kColumnasGrid; ++i) {
+        for (int i = 0; i < ColumnaCola::Cuantas; ++i) {
             suma += D().grdZV->columnWidth(i);
         }
         return suma;
@@ -99,8 +99,8 @@ TEST_F(frmZVMonitorTest, PageButtonsScrollAndGoOutAtTheEnds) {
     EXPECT_FALSE(D().btnArriba->isEnabled());
     EXPECT_TRUE(D().btnAbajo->isEnabled());
     Clic(D().btnAbajo);
-    EXPECT_EQ(grid.FilaSuperior(), 1 + grid.Pagina());
-    EXPECT_EQ(D().grdZV->verticalScrollBar()->value(), grid.Pagina());
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 1 + grid.Celdas().Pagina());
+    EXPECT_EQ(D().grdZV->verticalScrollBar()->value(), grid.Celdas().Pagina());
     EXPECT_TRUE(D().btnArriba->isEnabled());
     Clic(D().btnArriba);
     EXPECT_EQ(D().grdZV->verticalScrollBar()->value(), 0);
@@ -110,8 +110,62 @@ TEST_F(frmZVMonitorTest, ScrollingTheGridMovesTheTopRow) {
     PonerFilas(40);
     D().grdZV->verticalScrollBar()->setValue(5);
     QApplication::processEvents();
-    EXPECT_EQ(grid.FilaSuperior(), 6);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 6);
     EXPECT_TRUE(D().btnArriba->isEnabled());
+    // It is a good refresh.
+    EscribirIni("[ZVMONITOR]\r\nMODO=AUTO\r\n");
+    D().grdZV->verticalScrollBar()->setValue(4);
+    EXPECT_EQ(configuracio->Modo, modo::kAuto);
+}
+
+TEST_F(frmZVMonitorTest, TheViewKeepsToTheLogicalTopRowBehindTheLastPage) {
+    const auto arriba = [this] {
+        QApplication::processEvents();
+        const int fila = D().grdZV->rowAt(0);
+        EXPECT_EQ(D().grdZV->rowViewportPosition(fila), 0);
+        return fila + 1;
+    };
+    pulso.ArrancaTimer();
+    PonerFilas(40);
+    while (D().btnAbajo->isEnabled()) {
+        Clic(D().btnAbajo);
+        EXPECT_EQ(arriba(), grid.Celdas().FilaSuperior());
+    }
+    const int ultima = grid.Celdas().FilaSuperior();
+    EXPECT_GT(ultima, 40 - grid.Celdas().Pagina());
+    for (int i = 1; i <= 3; ++i) {
+        QTest::keyClick(D().TextIni, Qt::Key_Up);
+        EXPECT_EQ(grid.Celdas().FilaSuperior(), ultima - i);
+        EXPECT_EQ(arriba(), ultima - i);
+    }
+    for (int i = 0; i < 50; ++i) {
+        QTest::keyClick(D().TextIni, Qt::Key_Down);
+    }
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 40);
+    EXPECT_EQ(arriba(), 40);
+}
+
+TEST_F(frmZVMonitorTest, AListThatFitsHasNoPages) {
+    PonerFilas(3);
+    QTest::keyClick(D().TextIni, Qt::Key_Down);
+    QApplication::processEvents();
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 1);
+    EXPECT_FALSE(D().btnArriba->isEnabled());
+    EXPECT_FALSE(D().btnAbajo->isEnabled());
+    EXPECT_EQ(D().grdZV->rowAt(0), 0);
+}
+
+TEST_F(frmZVMonitorTest, AWindowThatGrowsTakesThePagesOfAListThatFitsThen) {
+    pulso.ArrancaTimer();
+    PonerFilas(grid.Celdas().Pagina() + 2);
+    Clic(D().btnAbajo);
+    EXPECT_TRUE(D().btnArriba->isEnabled());
+    pantalla->resize(1024, 1000);
+    QApplication::processEvents();
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 1);
+    EXPECT_EQ(D().grdZV->rowAt(0), 0);
+    EXPECT_FALSE(D().btnArriba->isEnabled());
+    EXPECT_FALSE(D().btnAbajo->isEnabled());
 }
 
 TEST_F(frmZVMonitorTest, UpAndDownMoveTheListAndOtherKeysReachTheBox) {
@@ -119,9 +173,9 @@ TEST_F(frmZVMonitorTest, UpAndDownMoveTheListAndOtherKeysReachTheBox) {
     D().TextIni->setFocus();
     QTest::keyClick(D().TextIni, Qt::Key_Down);
     QTest::keyClick(D().TextIni, Qt::Key_Down);
-    EXPECT_EQ(grid.FilaSuperior(), 3);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 3);
     QTest::keyClick(D().TextIni, Qt::Key_Up);
-    EXPECT_EQ(grid.FilaSuperior(), 2);
+    EXPECT_EQ(grid.Celdas().FilaSuperior(), 2);
     QTest::keyClick(D().TextIni, Qt::Key_7);
     EXPECT_EQ(D().TextIni->text(), u"7"_s);
 }

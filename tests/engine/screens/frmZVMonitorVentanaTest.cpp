@@ -101,14 +101,14 @@ TEST_F(frmZVMonitorVentanaTest, ARestoredWindowIsMaximisedAndNotKeptOnTop) {
 
 TEST_F(frmZVMonitorVentanaTest, AResizeSharesTheColumnsAnew) {
     const int antes = D().grdZV->columnWidth(3);
-    const int pagina = grid.Pagina();
+    const int pagina = grid.Celdas().Pagina();
     pantalla->resize(1300, 768);
     QApplication::processEvents();
     EXPECT_GT(D().grdZV->columnWidth(3), antes);
     pantalla->resize(1024, 900); // higher, but not wide enough for larger rows
     QApplication::processEvents();
-    EXPECT_GT(grid.Pagina(), pagina);
-    EXPECT_EQ(grid.Pagina(), D().grdZV->height() / tema::kAltoFila - 1);
+    EXPECT_GT(grid.Celdas().Pagina(), pagina);
+    EXPECT_EQ(grid.Celdas().Pagina(), D().grdZV->height() / tema::kAltoFila - 1);
 }
 
 TEST_F(frmZVMonitorVentanaTest, AClickInTheGridSendsATab) {
@@ -134,7 +134,17 @@ TEST_F(frmZVMonitorVentanaTest, AClickInTheGridSendsATab) {
     QTest::mouseClick(vista.viewport(), Qt::LeftButton, {},
                       vista.visualRect(vista.model()->index(1, 3)).center());
     EXPECT_EQ(oido.teclas, QList<int>{Qt::Key_Tab});
-    EXPECT_EQ(grid.FilaActual(), 2);
+    EXPECT_EQ(grid.Celdas().FilaActual(), 2);
+    EXPECT_EQ(grid.Celdas().ColumnaActual(), 3);
+}
+
+TEST_F(frmZVMonitorVentanaTest, PicturesAreReadAloudByTheWordOfTheirColumn) {
+    PonerFilas(1);
+    const auto palabra = [this](int columna) {
+        return D().grdZV->model()->index(0, columna).data(Qt::AccessibleTextRole).toString();
+    };
+    EXPECT_EQ(palabra(0), u"Anular"_s);
+    EXPECT_EQ(palabra(10), u"Enviar"_s);
 }
 
 TEST_F(frmZVMonitorVentanaTest, ColumnsAreAlignedByTheirKind) {
