@@ -201,6 +201,8 @@ QString TextoErrorSistema(int numero) {
         return u"demasiados ficheros abiertos"_s;
     case EFBIG:
         return u"fichero demasiado grande"_s;
+    case ENXIO:
+        return u"no es un fichero normal"_s;
     case EIO:
         return u"error de entrada o salida"_s;
     default:

@@ -1,5 +1,9 @@
 // One running program per application folder, by a locked file in it. The system releases the lock
 // when the program ends, in whatever way.
+//
+// Whoever can open a file can lock it. So the file is for those who may write in the folder, as who
+// runs the program must: another user of the till finds it locked, and a user who may only look at
+// the folder cannot hold the program off.
 #pragma once
 
 #include "platform/FileDescriptor.h"
@@ -19,6 +23,11 @@ class SingleInstance {
     bool OtraInstancia();
 
   private:
+    FileDescriptor Abrir() const;
+    bool CogidoPorOtro() const;
+    void Reservar(int fichero) const;
+
+    QByteArray carpeta_;
     QByteArray ruta_;
     FileDescriptor cerrojo_;
 };

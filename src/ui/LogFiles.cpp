@@ -9,7 +9,6 @@
 #include "ui/Dialogos.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QStringList>
 
 #include <cerrno>
@@ -40,11 +39,28 @@ ErrorEjecucion FalloDe(int error, const QByteArray& ruta) {
     }
 }
 
-int AbrirParaAñadir(const QByteArray& ruta) {
+int Abrir(const QByteArray& ruta, int modo) {
     int fd = -1;
     do {
-        fd = ::open(ruta.constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666);
+        fd = ::open(ruta.constData(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC | modo, 0666);
     } while (fd < 0 && errno == EINTR);
+    return fd;
+}
+
+// -1 with errno set. A pipe in the place of the log must not hold the program up, and what goes
+// into one is on no disk: it cannot be written, whether somebody reads it or not.
+int AbrirParaAñadir(const QByteArray& ruta) {
+    int fd = Abrir(ruta, O_NONBLOCK);
+    if (fd < 0 && errno == EWOULDBLOCK) {
+        // A file server has lent the file out and takes it back now, which is waited for.
+        fd = Abrir(ruta, 0);
+    }
+    struct stat estado {};
+    if (fd >= 0 && ::fstat(fd, &estado) == 0 && S_ISFIFO(estado.st_mode)) {
+        ::close(fd);
+        errno = ENXIO;
+        return -1;
+    }
     return fd;
 }
 
@@ -83,7 +99,7 @@ void Hora(QByteArray& a, const QTime& hora) {
 
 LogFiles::LogFiles(const QString& carpeta, const QString& programa, const QString& version,
                    const Clock& reloj)
-    : carpetaDebug_(QFile::encodeName(carpeta)), programa_(QFileInfo(programa).completeBaseName()),
+    : carpetaDebug_(QFile::encodeName(carpeta)), programa_(programa),
       programaEnDisco_(QFile::encodeName(programa_)), version_(ACodePage(version)), reloj_(reloj) {
     if (!carpetaDebug_.endsWith('/')) {
         carpetaDebug_ += '/';

@@ -14,8 +14,8 @@ class Dialogos;
 
 class LogFiles final : public Log {
   public:
-    // carpeta: the program's folder. programa: name or path of the program file; without its
-    // extension it begins the general log's name. version: "26.5.1". The clock must outlive this.
+    // carpeta: the program's folder. programa: name of the program file without its extension; it
+    // begins the general log's name. version: "26.5.1". The clock must outlive this.
     LogFiles(const QString& carpeta, const QString& programa, const QString& version,
              const Clock& reloj);
 

@@ -1,7 +1,10 @@
 // The command line of ZVMonitor.
 #include "app/Opciones.h"
 
+#include "app/Servicios.h"
 #include "platform/StringLiterals.h"
+#include "support/CarpetaTemporal.h"
+#include "support/FixedClock.h"
 #include "support/ImprimeQt.h"
 
 #include <QTemporaryDir>
@@ -18,6 +21,18 @@ TEST(OpcionesTest, ByDefaultEverythingStandsBesideTheProgram) {
     EXPECT_EQ(lectura.opciones->registro, carpeta.path() + u"/Registro"_s);
     EXPECT_EQ(lectura.opciones->programa, u"ZVMonitor"_s);
     EXPECT_EQ(lectura.opciones->region, QString());
+}
+
+TEST(OpcionesTest, TheLogHasTheNameOfTheProgramWithoutItsExtension) {
+    for (const auto& [programa, log] : {std::pair{u"Otro.v2.exe"_s, u"Otro.v220260509.log"_s},
+                                        std::pair{u"ZVMonitor"_s, u"ZVMonitor20260509.log"_s}}) {
+        const test::CarpetaTemporal carpeta;
+        const LecturaOpciones lectura = LeerOpciones({carpeta.Ruta(programa)});
+        ASSERT_TRUE(lectura.opciones);
+        const test::FixedClock reloj(QDateTime(QDate(2026, 5, 9), QTime(18, 4, 11)));
+        Servicios(*lectura.opciones, reloj).log.LogLinea(u"A"_s);
+        EXPECT_EQ(carpeta.Entradas(u"Debug"_s), QStringList{log});
+    }
 }
 
 TEST(OpcionesTest, FoldersAndRegionAreTaken) {

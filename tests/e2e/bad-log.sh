@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# bad-log.sh locked|folder|read-only|full: a log that another program holds a lock on, that cannot be
-# opened, or whose disk fills up in the middle of a sale. A locked one is written all the same; any
-# other ends in a message, and queue and books stay as they were.
+# bad-log.sh locked|folder|pipe|read-only|full: a log that another program holds a lock on, that cannot
+# be opened, that is a pipe, or whose disk fills up in the middle of a sale. A locked one is written all
+# the same; any other ends in a message, and queue and books stay as they were.
 . "$(dirname "$0")/lib.sh"
 
 small_disk() { # OPTIONS: for the logs
@@ -30,7 +30,7 @@ case $1 in
     stop_monitor
     exit 0
     ;;
-  folder | read-only)
+  folder | pipe | read-only)
     # A database with a row that waits.
     start_monitor_connected
     stop_monitor
@@ -40,6 +40,8 @@ case $1 in
     mkdir "$till/Debug"
     if [ "$1" = folder ]; then
       mkdir "$log"
+    elif [ "$1" = pipe ]; then
+      mkfifo "$log"
     else
       small_disk ro
     fi

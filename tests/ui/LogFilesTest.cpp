@@ -16,6 +16,9 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace zv::test {
 namespace {
@@ -83,10 +86,12 @@ TEST_F(LogFilesTest, KeepsALineBreakInsideTheText) {
               "v26.5.25 - 18:04:11 - uno\r\ndos\ntres\r\n");
 }
 
-TEST_F(LogFilesTest, NameOfTheFileIsTheProgramsWithoutFolderAndExtension) {
-    LogFiles log(carpeta_.Ruta(), u"/opt/caja/Otro.bin"_s, u"1.2.3"_s, reloj_);
+TEST_F(LogFilesTest, NameOfTheFileIsTheProgramsWithItsDots) {
+    Poner({"Otro.v220260501.log", "Otro20260501.log"});
+    LogFiles log(carpeta_.Ruta(), u"Otro.v2"_s, u"1.2.3"_s, reloj_);
     log.LogLinea(u"A"_s);
-    EXPECT_EQ(EnDebug(), QStringList{u"Otro20260509.log"_s});
+    log.LimpiarLogs(dialogos_);
+    EXPECT_EQ(EnDebug(), QStringList({u"Otro.v220260509.log"_s, u"Otro20260501.log"_s}));
 }
 
 TEST_F(LogFilesTest, FolderThatEndsInASlashIsUsedAsItIs) {
@@ -148,6 +153,64 @@ TEST_F(LogFilesTest, FolderInThePlaceOfTheFileRaises75) {
         EXPECT_EQ(e.Descripcion(),
                   u"Error de acceso a la ruta o al archivo: %1 (es una carpeta)"_s.arg(
                       carpeta_.Ruta(u"Debug/ZVMonitor20260509.log"_s)));
+    }
+}
+
+// With a reader and without: a line that nobody keeps is no line.
+TEST_F(LogFilesTest, APipeInThePlaceOfTheFileRaises75AndIsNotWaitedFor) {
+    carpeta_.PonCarpeta(u"Debug"_s);
+    const QByteArray ruta = QFile::encodeName(carpeta_.Ruta(u"Debug/ZVMonitor20260509.log"_s));
+    const QByteArray rapido = QFile::encodeName(carpeta_.Ruta(u"Debug/20260509_Fast.log"_s));
+    ASSERT_EQ(::mkfifo(ruta.constData(), 0600), 0);
+    ASSERT_EQ(::mkfifo(rapido.constData(), 0600), 0);
+    EXPECT_EQ(NumeroError([this] { Log().LogLinea(u"A"_s); }), 75);
+    EXPECT_NO_THROW(Log().LogFast(u"A"_s));
+    const FileDescriptor lector(::open(ruta.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    const FileDescriptor lectorFast(::open(rapido.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
+    try {
+        Log().LogLinea(u"A"_s);
+        FAIL() << "nothing was raised";
+    } catch (const ErrorEjecucion& e) {
+        EXPECT_EQ(e.Numero(), 75);
+        EXPECT_EQ(e.Descripcion(),
+                  u"Error de acceso a la ruta o al archivo: %1 (no es un fichero normal)"_s.arg(
+                      QFile::decodeName(ruta)));
+    }
+    EXPECT_NO_THROW(Log().LogFast(u"A"_s));
+    char letra = 0;
+    EXPECT_EQ(::read(lector.Numero(), &letra, 1), 0);
+    EXPECT_EQ(::read(lectorFast.Numero(), &letra, 1), 0);
+    QFile::remove(QFile::decodeName(ruta));
+    Log().LogLinea(u"B"_s);
+    EXPECT_EQ(carpeta_.Lee(u"Debug/ZVMonitor20260509.log"_s), "v26.5.25 - 18:04:11 - B\r\n");
+}
+
+// As file servers do for their clients: whoever opens the file waits until they have let it go.
+TEST_F(LogFilesTest, WaitsForAFileThatIsLentOut) {
+    carpeta_.Pon(u"Debug/ZVMonitor20260509.log"_s, "");
+    const QByteArray ruta = QFile::encodeName(carpeta_.Ruta(u"Debug/ZVMonitor20260509.log"_s));
+    int tubo[2] = {-1, -1};
+    ASSERT_EQ(::pipe(tubo), 0);
+    const pid_t hijo = ::fork();
+    if (hijo == 0) {
+        const int fd = ::open(ruta.constData(), O_RDWR);
+        const char prestado = ::fcntl(fd, F_SETLEASE, F_WRLCK) == 0 ? 's' : 'n';
+        if (::write(tubo[1], &prestado, 1) == 1 && prestado == 's') {
+            ::pause(); // the signal that asks for the file back ends this process
+        }
+        ::_exit(0);
+    }
+    char prestado = '?';
+    ASSERT_EQ(::read(tubo[0], &prestado, 1), 1);
+    if (prestado == 's') {
+        EXPECT_NO_THROW(Log().LogLinea(u"A"_s));
+        EXPECT_EQ(carpeta_.Lee(u"Debug/ZVMonitor20260509.log"_s), "v26.5.25 - 18:04:11 - A\r\n");
+    }
+    ASSERT_EQ(::waitpid(hijo, nullptr, 0), hijo);
+    ::close(tubo[0]);
+    ::close(tubo[1]);
+    if (prestado != 's') {
+        GTEST_SKIP() << "this file system lends no files";
     }
 }
 
