@@ -95,8 +95,7 @@ class BancoMedida {
   public:
     BancoMedida()
         : servicios(OpcionesDe(carpeta), reloj),
-          importes(servicios.formato, [this] { return cliente.Multiplier(); }),
-          monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell}) {
+          monitor(servicios, Exterior{cliente, dialogos, procesos, shell}) {
         QFile ini(carpeta.filePath(u"ZVMonitor.ini"_s));
         if (!ini.open(QIODevice::WriteOnly)) {
             std::exit(EXIT_FAILURE);
@@ -106,7 +105,7 @@ class BancoMedida {
 
     // n rows that no mode sends, in one transaction.
     void PonerFilas(int n) {
-        DatabaseEngine& motor = monitor.motor;
+        DatabaseEngine& motor = monitor.Partes().entorno.Database();
         motor.Comenzar();
         motor.Ejecutar(u"DELETE FROM cola"_s);
         for (int i = 0; i < n; ++i) {
@@ -123,7 +122,6 @@ class BancoMedida {
     SystemClock reloj;
     Servicios servicios;
     DispositivoListo cliente;
-    Importes importes;
     DialogosProhibidos dialogos;
     SinProcesos procesos;
     SinShell shell;

@@ -3,20 +3,13 @@
 // manual: "MANUAL", the pulse armed, the queue growing. paying: a customer stands at the device and
 // the operation's window is up. LOAD is a program that is started with the address and the port
 // of the fast link put in place of @; the measurement ends with it.
-#include "app/Monitor.h"
-#include "device/gateway/GatewayClient.h"
-#include "device/screens/frmOperacion.h"
-#include "engine/screens/frmZVMonitor.h"
-#include "platform/ProcessList.h"
-#include "platform/Shell.h"
+#include "app/screens/Programa.h"
 #include "platform/StringLiterals.h"
-#include "ui/screens/DialogosPantalla.h"
 #include "ui/screens/Tema.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEvent>
-#include <QPointer>
 #include <QProcess>
 #include <QTemporaryDir>
 
@@ -78,26 +71,9 @@ int main(int argc, char** argv) {
     ini.close();
 
     const SystemClock reloj;
-    Servicios servicios({carpeta.path(), carpeta.filePath(u"Registro"_s), u"es_ES"_s,
-                         u"ZVMonitor"_s, u"127.0.0.1"_s},
-                        reloj);
-    DeviceClient* dispositivo = nullptr;
-    const Importes importes(servicios.formato, [&] { return dispositivo->Multiplier(); });
-    QPointer<QWidget> principal;
-    const auto padre = [&]() -> QWidget* { return principal.data(); };
-    frmOperacion ventana(servicios.textos, importes, padre);
-    GatewayClient cliente(servicios.log, servicios.textos, &ventana);
-    dispositivo = &cliente;
-    DialogosPantalla dialogos(u"ZVMonitor"_s, servicios.textos, importes, padre);
-    SystemProcessList procesos;
-    ShellSistema shell;
-    Monitor monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell});
-    frmZVMonitor pantalla(PartesMonitor{monitor.entorno, monitor.controles, monitor.grid,
-                                        monitor.estado, monitor.pulso, monitor.botones,
-                                        monitor.clic},
-                          {});
-    principal = &pantalla;
-    monitor.PonerVentana(pantalla);
+    Programa programa({carpeta.path(), carpeta.filePath(u"Registro"_s), u"es_ES"_s, u"ZVMonitor"_s,
+                       u"127.0.0.1"_s},
+                      reloj);
     // The balance of the device is none of this folder's: its message is answered at once.
     QTimer respuestas;
     QObject::connect(&respuestas, &QTimer::timeout, &app, [] {
@@ -107,10 +83,11 @@ int main(int argc, char** argv) {
         }
     });
     respuestas.start(50);
-    if (!monitor.Cargar() || !monitor.supervision.Conectado()) {
+    if (!programa.Arrancar() || !programa.Monitor().Partes().entorno.supervision.Conectado()) {
         std::fputs("no device\n", stderr);
         return EXIT_FAILURE;
     }
+    frmZVMonitor& pantalla = programa.Pantalla();
     respuestas.stop();
 
     Cronometro cronometro;
@@ -136,7 +113,7 @@ int main(int argc, char** argv) {
         const qsizetype sitio = resto.indexOf(u"@"_s);
         if (sitio >= 0) {
             resto.replace(sitio, u"127.0.0.1"_s);
-            resto.insert(sitio + 1, QString::number(monitor.fast.WS().Puerto()));
+            resto.insert(sitio + 1, QString::number(programa.Monitor().Fast().WS().Puerto()));
         }
         carga.start(argumentos.at(3), resto);
         cronometro.Empezar();
@@ -153,11 +130,12 @@ int main(int argc, char** argv) {
         std::_Exit(codigo);
     });
     if (pagando) {
-        static_cast<DatabaseEngine&>(monitor.motor)
-            .Ejecutar(u"INSERT INTO cola (id1,importe) VALUES ('CUSTOMER',5000)"_s);
+        programa.Monitor().Partes().entorno.Database().Ejecutar(
+            u"INSERT INTO cola (id1,importe) VALUES ('CUSTOMER',5000)"_s);
         QTimer mirar;
         QObject::connect(&mirar, &QTimer::timeout, &app, [&] {
-            if (cliente.Ocupado() && carga.state() == QProcess::NotRunning) {
+            if (QApplication::activeModalWidget() != nullptr &&
+                carga.state() == QProcess::NotRunning) {
                 mirar.stop();
                 empezar();
             }

@@ -39,27 +39,24 @@ int main(int argc, char** argv) {
     zv::tema::Aplicar(app);
     zv::bench::BancoMedida banco;
     zv::Monitor& m = banco.monitor;
-    zv::frmZVMonitor pantalla(
-        zv::PartesMonitor{m.entorno, m.controles, m.grid, m.estado, m.pulso, m.botones, m.clic},
-        {});
+    zv::frmZVMonitor pantalla(m.Partes(), {});
     m.PonerVentana(pantalla);
     if (!m.Cargar()) {
         return EXIT_FAILURE;
     }
-    m.pulso.ParaTimer();
+    m.Partes().pulso.ParaTimer();
     banco.PonerFilas(1000);
     QApplication::processEvents();
     // Any change but an added row makes it read all of them.
     const auto cambiar = [&] {
-        static_cast<zv::DatabaseEngine&>(m.motor).Ejecutar(
-            u"UPDATE cola SET importe=importe WHERE idZV=1"_s);
+        m.Partes().entorno.Database().Ejecutar(u"UPDATE cola SET importe=importe WHERE idZV=1"_s);
     };
     const auto medida = zv::bench::Medir(
-        100, [&] { m.estado.RellenarGrid(); }, cambiar);
+        100, [&] { m.Partes().estado.RellenarGrid(); }, cambiar);
     const auto pintado = zv::bench::Medir(
         20,
         [&] {
-            m.estado.RellenarGrid();
+            m.Partes().estado.RellenarGrid();
             pantalla.repaint();
         },
         cambiar);

@@ -53,9 +53,10 @@ int main(int argc, char** argv) {
     for (const int filas : {0, 1000, 10000}) {
         banco.PonerFilas(filas);
         for (int i = 0; i < 10; ++i) {
-            banco.monitor.pulso.ProcesarCola();
+            banco.monitor.Partes().pulso.ProcesarCola();
         }
-        const auto medida = zv::bench::Medir(kVeces, [&] { banco.monitor.pulso.ProcesarCola(); });
+        const auto medida =
+            zv::bench::Medir(kVeces, [&] { banco.monitor.Partes().pulso.ProcesarCola(); });
         std::printf("idle pulse, %5d rows: median %6.1f us, worst %8.1f us (limit: median 60 us)\n",
                     filas, medida.medianaUs, medida.peorUs);
         bien = bien && medida.medianaUs <= 60;

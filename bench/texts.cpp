@@ -62,14 +62,12 @@ int main(int argc, char** argv) {
     zv::bench::BancoMedida banco;
     PonerIdioma(banco.carpeta.filePath(u"RWLang.ini"_s));
     zv::Monitor& m = banco.monitor;
-    zv::frmZVMonitor pantalla(
-        zv::PartesMonitor{m.entorno, m.controles, m.grid, m.estado, m.pulso, m.botones, m.clic},
-        {});
+    zv::frmZVMonitor pantalla(m.Partes(), {});
     m.PonerVentana(pantalla);
     if (!m.Cargar()) {
         return EXIT_FAILURE;
     }
-    m.pulso.ParaTimer();
+    m.Partes().pulso.ParaTimer();
     // A file written just now is read again each time: its clock might not show a further change.
     QThread::msleep(100);
 
@@ -97,7 +95,7 @@ int main(int argc, char** argv) {
                 desnuda);
     Mostrar("LogLinea to the bare line", linea.medianaUs / desnuda, 3, "times");
 
-    const zv::Importes& importes = banco.importes;
+    const zv::Importes& importes = banco.servicios.importes;
     qint32 importe = 1;
     const auto escribir = zv::bench::Medir(kVeces, [&] {
         letras += importes.FormatoImporte(importe).size();

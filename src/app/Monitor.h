@@ -1,25 +1,15 @@
-// One whole monitor without its windows: owns the objects of which there is one per process and
-// hands each to the others by reference. Two of them can live side by side.
+// One whole monitor without its windows: the engine on its till, the two other ways in, start and
+// end. Two of them can live side by side.
 #pragma once
 
 #include "app/Arranque.h"
 #include "app/Conector.h"
 #include "app/Servicios.h"
 #include "barcode/CobroCodigoBarras.h"
-#include "config/ConfiguracioGlobal.h"
-#include "config/MarcaActivo.h"
-#include "config/ModuloIni.h"
-#include "engine/BotonesMonitor.h"
-#include "engine/ClicGrid.h"
-#include "engine/Controles.h"
-#include "engine/EstadoMonitor.h"
-#include "engine/GridCola.h"
-#include "engine/PulsoCola.h"
+#include "engine/EngineGraph.h"
 #include "fastlink/ServidorFast.h"
 #include "platform/SingleInstance.h"
 #include "store/dades.h"
-#include "store/sqlite/SqliteEngine.h"
-#include "till/Entorno.h"
 
 namespace zv {
 
@@ -33,41 +23,36 @@ struct Exterior {
 
 class Monitor {
   public:
-    Monitor(Servicios& servicios, const Importes& importes, Exterior exterior);
+    // The amounts of servicios are counted in the units of this monitor's device from here on.
+    Monitor(Servicios& servicios, const Exterior& exterior);
     Monitor(const Monitor&) = delete;
     Monitor& operator=(const Monitor&) = delete;
 
     // The main window, which must outlive the last tick.
     void PonerVentana(VentanaPrincipal& ventana);
     // Start-up; false when the program is to end at once.
-    bool Cargar() { return arranque.Cargar(*ventana_); }
+    bool Cargar() { return arranque_.Cargar(*ventana_); }
+    // Unload: after it the process ends.
+    void Descargar() { arranque_.Descargar(); }
+    // No send starts any more, and the connector is not held off for ever.
+    void Detener();
 
-    SqliteEngine motor;
-    ConexionBD conexion;
-    TransactionOwner transacciones;
-    Seguretat seguretat;
-    OperacionesRegistro registros;
-    ModuloIni ini;
-    ConfiguracioGlobal configuracio;
-    MarcaActivo marca;
-    SupervisionConexion supervision;
-    Entorno entorno;
-    Controles controles;
-    GridCola grid;
-    EstadoMonitor estado;
-    PulsoCola pulso;
-    BotonesMonitor botones;
-    ClicGrid clic;
-    std::unique_ptr<dades> datos; // made by the start, once the database is open
-    ServidorFast fast;
-    CobroCodigoBarras barras;
-    SingleInstance instancia;
-    Conector conector;
-    Arranque arranque;
+    const PartesMonitor& Partes() const { return engine_.Partes(); }
+    ServidorFast& Fast() { return fast_; }
+    CobroCodigoBarras& Barras() { return barras_; }
+    zv::Conector& Conector() { return conector_; }
+    zv::Arranque& Arranque() { return arranque_; }
 
   private:
     FastPump BombaDe();
 
+    EngineGraph engine_;
+    std::unique_ptr<dades> dades_; // made by the start, once the database is open
+    ServidorFast fast_;
+    CobroCodigoBarras barras_;
+    SingleInstance instancia_;
+    zv::Conector conector_;
+    zv::Arranque arranque_;
     VentanaPrincipal* ventana_ = nullptr;
 };
 

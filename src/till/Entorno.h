@@ -1,5 +1,5 @@
-// What the engine works with. The objects belong to whoever puts the program together and outlive
-// the engine; there is one of each per monitor.
+// What the operations of a till work with. Everything outlives them; there is one of each per
+// monitor, put together by TillGraph.
 #pragma once
 
 #include "access/Seguretat.h"
@@ -22,24 +22,30 @@
 
 namespace zv {
 
-struct Entorno {
+// What reaches outside the till: the program hands in the real ones, a test what stands in for
+// them.
+struct TillServices {
+    QString carpeta; // application folder, without a separator at its end
+    DeviceClient& cliente;
+    RegistryTree& registro;
+    Log& log;
+    Dialogos& dialogos;
+    const Textos& textos;
+    const Importes& importes;
+    const Clock& reloj;
+};
+
+struct Entorno : TillServices {
     ConexionBD& conexion;
     TransactionOwner& transacciones;
     OperacionesRegistro& registros;
-    DeviceClient& cliente;
     SupervisionConexion& supervision;
     Saldos& saldos;
     Seguretat& seguretat;
     ConfiguracioGlobal& configuracio;
     const ModuloIni& ini;
     QString rutaIni;
-    RegistryTree& registro;
     MarcaActivo& marca;
-    Log& log;
-    Dialogos& dialogos;
-    const Textos& textos;
-    const Importes& importes;
-    const Clock& reloj;
 
     // Result of the last send, process-wide: 0 good, 1 cancelled, 2 error.
     int ResultadoEnvio = 0;

@@ -68,14 +68,14 @@ class AjustesMalosTest : public BancoMonitor {
         dialogos.EsperaMensaje(u"Error al iniciar la aplicación"_s, QString::fromUtf8(texto),
                                Respuesta::Aceptar, EstiloMensaje::Aceptar);
         EXPECT_FALSE(monitor->Cargar());
-        EXPECT_FALSE(monitor->pulso.Armado());
-        EXPECT_FALSE(monitor->motor.Abierta());
+        EXPECT_FALSE(Pulso().Armado());
+        EXPECT_FALSE(Database().Abierta());
         EXPECT_TRUE(cliente.Llamadas().isEmpty());
         EXPECT_EQ(Libros(), libros_);
     }
     void ArrancaYSigueIgual() {
         EXPECT_TRUE(monitor->Cargar());
-        EXPECT_TRUE(monitor->pulso.Armado());
+        EXPECT_TRUE(Pulso().Armado());
         EXPECT_EQ(dialogos.Pendientes(), 0U);
         EXPECT_EQ(Libros(), libros_);
     }
@@ -103,7 +103,7 @@ TEST_F(AjustesMalosTest, ANumberTooBigForItsKeyEndsTheStartWithItsNumber) {
 TEST_F(AjustesMalosTest, AFileThatCannotBeReadIsToldAndTakenAsAFirstUse) {
     ASSERT_TRUE(QDir(carpeta.path()).mkdir(u"ZVMonitor.ini"_s));
     int abierta = 0;
-    monitor->arranque.PonerPasos({[&] { ++abierta; }, {}, {}, {}});
+    monitor->Arranque().PonerPasos({[&] { ++abierta; }, {}, {}, {}});
     const QString motivo =
         u"Error nº 75: Error de acceso a la ruta o al archivo: %1 (es una carpeta)"_s.arg(
             Ruta("ZVMonitor.ini"));
@@ -123,25 +123,19 @@ TEST_F(AjustesMalosTest, AnEmptyFileStartsWithTheDefaults) {
     PonerSaldo(5000);
     cliente.EsperaConnect();
     ArrancaYSigueIgual();
-    EXPECT_EQ(monitor->configuracio->Modo, u"AUTO"_s);
+    EXPECT_EQ(Ajustes().Modo, u"AUTO"_s);
 }
 
 // Numbers are read in the region that the program was started with, whatever the machine's is.
 TEST_F(AjustesMalosTest, NumbersAreReadInTheRegionOfTheProgram) {
-    Opciones opciones = servicios->opciones;
+    Opciones opciones = OpcionesPropias();
     opciones.region = u"en_US"_s;
-    monitor.reset();
-    servicios = std::make_unique<Servicios>(opciones, reloj);
-    importes =
-        std::make_unique<Importes>(servicios->formato, [this] { return cliente.Multiplier(); });
-    monitor = std::make_unique<Monitor>(*servicios, *importes,
-                                        Exterior{cliente, dialogos, procesos, shell});
-    monitor->PonerVentana(ventana);
+    Montar(opciones);
     EscribirIni("[ZVMONITOR]\r\nREFRESCO=7.0\r\nMINIMIZADO=0.4\r\n");
     PonerSaldo(5000);
     cliente.EsperaConnect();
     ArrancaYSigueIgual();
-    EXPECT_EQ(monitor->configuracio->REFRESCO, 7);
+    EXPECT_EQ(Ajustes().REFRESCO, 7);
 }
 
 TEST_F(AjustesMalosTest, OnlyExactlyOneDropsTheTimeOfTheQueue) {
@@ -151,8 +145,7 @@ TEST_F(AjustesMalosTest, OnlyExactlyOneDropsTheTimeOfTheQueue) {
         PonerSaldo(5000);
         cliente.EsperaConnect();
         ArrancaYSigueIgual();
-        EXPECT_EQ(monitor->grid.Celdas().Texto(1, ColumnaCola::Fecha), QString::fromUtf8(fecha))
-            << valor;
+        EXPECT_EQ(Grid().Celdas().Texto(1, ColumnaCola::Fecha), QString::fromUtf8(fecha)) << valor;
         Montar();
     }
 }
@@ -185,9 +178,9 @@ TEST_F(AjustesMalosTest, FoldersInThePlaceOfValuesAreMissingValues) {
     cliente.EsperaConnect();
     dialogos.EsperaMensaje(u"Inicialización"_s, testing::_);
     ArrancaYSigueIgual();
-    EXPECT_EQ(monitor->configuracio->CLAVE_ADMIN, QString());
-    monitor->marca.MarcarActivo(true);
-    monitor->arranque.Descargar();
+    EXPECT_EQ(Ajustes().CLAVE_ADMIN, QString());
+    monitor->Partes().entorno.marca.MarcarActivo(true);
+    monitor->Descargar();
     EXPECT_TRUE(QFileInfo(Ruta("Registro/HKLM/Software/Zorvex/ZVMonitor/Saldo_Exit")).isDir());
     EXPECT_TRUE(QFileInfo(Ruta("Registro/HKLM/Software/Zorvex/ZVMonitor/Activo")).isDir());
 }
@@ -205,7 +198,7 @@ TEST_F(AjustesMalosTest, AReadOnlyRegistryIsReadAndKeepsItsValues) {
     cliente.EsperaConnect();
     dialogos.EsperaMensaje(u"Inicialización"_s, testing::_);
     ArrancaYSigueIgual();
-    monitor->arranque.Descargar();
+    monitor->Descargar();
     EXPECT_EQ(LeerValor(u"Saldo_Exit"_s), u"5000"_s);
     EXPECT_EQ(LeerValor(u"Saldo_Inicial"_s), u"100"_s);
     EXPECT_EQ(LeerValor(u"Activo"_s), u"1"_s);

@@ -63,11 +63,11 @@ TEST_F(ArranqueDatosMalosTest, TheBalancesAreReadBeforeTheDatabase) {
     EscribirIni();
     PonerSaldo(5000);
     PonerValor(u"Saldo_Inicial"_s, u"4000"_s);
-    monitor->arranque.PonerPasos({{}, [] { throw ErrorEjecucion(1, u"x"_s); }, {}, {}});
+    monitor->Arranque().PonerPasos({{}, [] { throw ErrorEjecucion(1, u"x"_s); }, {}, {}});
     EsperaErrorDeInicio(u"Error nº 1 - x"_s);
     EXPECT_FALSE(monitor->Cargar());
-    EXPECT_EQ(monitor->supervision.SaldoInicial(), 4000);
-    EXPECT_EQ(monitor->supervision.UltimoSaldo(), Currency(5000));
+    EXPECT_EQ(Supervision().SaldoInicial(), 4000);
+    EXPECT_EQ(Supervision().UltimoSaldo(), Currency(5000));
 }
 
 TEST_F(ArranqueDatosMalosTest, AMultiplierOfZeroEndsTheStartWhenABalanceMustBeShown) {
@@ -79,7 +79,7 @@ TEST_F(ArranqueDatosMalosTest, AMultiplierOfZeroEndsTheStartWhenABalanceMustBeSh
     cliente.EsperaConnect();
     EsperaErrorDeInicio(u"Error nº 11 - División por cero"_s);
     EXPECT_FALSE(monitor->Cargar());
-    EXPECT_FALSE(monitor->pulso.Armado());
+    EXPECT_FALSE(Pulso().Armado());
     EXPECT_EQ(Libros(), libros);
     EXPECT_EQ(LeerValor(u"Saldo_Exit"_s), u"5000"_s);
 }
@@ -91,8 +91,8 @@ TEST_F(ArranqueDatosMalosTest, AMultiplierOfZeroShowsNoAmountsInTheGrid) {
     cliente.PonerMultiplier(0);
     cliente.EsperaConnect();
     EXPECT_TRUE(monitor->Cargar());
-    EXPECT_EQ(monitor->grid.Celdas().Texto(1, 3), u"POS"_s);
-    EXPECT_EQ(monitor->grid.Celdas().Texto(1, 9), QString());
+    EXPECT_EQ(Grid().Celdas().Texto(1, 3), u"POS"_s);
+    EXPECT_EQ(Grid().Celdas().Texto(1, 9), QString());
     EXPECT_EQ(Libros(), libros);
 }
 
@@ -108,7 +108,7 @@ TEST_F(ArranqueDatosMalosTest, LevelListsOfUnequalLengthAreToldAndTheStartGoesOn
     dialogos.EsperaMensaje(u"Inicialización"_s, testing::_);
     dialogos.EsperaCaja(caja);
     EXPECT_TRUE(monitor->Cargar());
-    EXPECT_TRUE(monitor->supervision.Conectado());
+    EXPECT_TRUE(Supervision().Conectado());
     EXPECT_EQ(LeerValor(u"Saldo_Exit"_s), u"0"_s);
     EXPECT_EQ(Libros(), libros);
 }
@@ -125,9 +125,9 @@ TEST_F(ArranqueDatosMalosTest, AFailureOfTheLastStepsIsNobodysEither) {
     EscribirIni("[ZVMONITOR]\r\nBOTONACCESO=1\r\n");
     PonerSaldo(5000);
     cliente.EsperaConnect();
-    monitor->arranque.PonerPasos({{}, {}, {}, [] { throw ErrorEjecucion(5, u"x"_s); }});
+    monitor->Arranque().PonerPasos({{}, {}, {}, [] { throw ErrorEjecucion(5, u"x"_s); }});
     EXPECT_THROW(monitor->Cargar(), ErrorEjecucion);
-    EXPECT_FALSE(monitor->pulso.Armado());
+    EXPECT_FALSE(Pulso().Armado());
 }
 
 TEST_F(ArranqueDatosMalosTest, LogsThatGetOldDuringTheLoadGoAtItsEnd) {
@@ -148,7 +148,7 @@ TEST_F(ArranqueDatosMalosTest, TheUnloadWritesNoBalance) {
     cliente.EsperaConnect();
     EXPECT_TRUE(monitor->Cargar());
     cliente.PonerTotal(7000);
-    monitor->arranque.Descargar();
+    monitor->Descargar();
     EXPECT_EQ(LeerValor(u"Saldo_Exit"_s), u"5000"_s);
 }
 

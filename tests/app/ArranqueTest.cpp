@@ -26,18 +26,18 @@ TEST_F(ArranqueTest, TheLoadGoesThroughItsStepsInOrder) {
     ventana.alLlamar = [&](const QString& paso) { pasos << paso; };
     cliente.AlLlamar([&](const QString& paso) { pasos << paso; });
     cliente.EsperaConnect();
-    monitor->arranque.PonerPasos({[&] { pasos << u"configuración"_s; },
-                                  [&] {
-                                      pasos << u"fast"_s;
-                                      EXPECT_TRUE(
-                                          QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
-                                      EXPECT_FALSE(monitor->motor.Abierta());
-                                  },
-                                  [&] {
-                                      pasos << u"dades"_s;
-                                      EXPECT_TRUE(monitor->motor.Abierta());
-                                  },
-                                  [&] { pasos << u"botón"_s; }});
+    monitor->Arranque().PonerPasos({[&] { pasos << u"configuración"_s; },
+                                    [&] {
+                                        pasos << u"fast"_s;
+                                        EXPECT_TRUE(
+                                            QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
+                                        EXPECT_FALSE(Database().Abierta());
+                                    },
+                                    [&] {
+                                        pasos << u"dades"_s;
+                                        EXPECT_TRUE(Database().Abierta());
+                                    },
+                                    [&] { pasos << u"botón"_s; }});
 
     EXPECT_TRUE(monitor->Cargar());
 
@@ -45,10 +45,10 @@ TEST_F(ArranqueTest, TheLoadGoesThroughItsStepsInOrder) {
                                   u"Monitor v26.5.1"_s, u"mostrar"_s, u"Address(127.0.0.1)"_s,
                                   u"SessionFlag(1)"_s, u"Connect()"_s}));
     EXPECT_EQ(LineasLog().first(), u"INICIADO"_s);
-    EXPECT_TRUE(monitor->pulso.Armado());
-    EXPECT_EQ(monitor->controles.Estado().lbContador, u"0 cobros"_s);
-    EXPECT_TRUE(monitor->controles.Estado().ShapeOK);
-    EXPECT_FALSE(monitor->controles.Estado().boton[BotonPie::Conectar]);
+    EXPECT_TRUE(Pulso().Armado());
+    EXPECT_EQ(Controles().lbContador, u"0 cobros"_s);
+    EXPECT_TRUE(Controles().ShapeOK);
+    EXPECT_FALSE(Controles().boton[BotonPie::Conectar]);
     EXPECT_EQ(LeerValor(u"Saldo_Inicial"_s), u"5000"_s);
 }
 
@@ -57,7 +57,7 @@ TEST_F(ArranqueTest, TheAccessButtonComesOnlyWithItsSetting) {
     PonerSaldo(5000);
     cliente.EsperaConnect();
     bool mostrado = false;
-    monitor->arranque.PonerPasos({{}, {}, {}, [&] { mostrado = true; }});
+    monitor->Arranque().PonerPasos({{}, {}, {}, [&] { mostrado = true; }});
     EXPECT_TRUE(monitor->Cargar());
     EXPECT_TRUE(mostrado);
 }
@@ -75,7 +75,7 @@ TEST_F(ArranqueTest, ASecondInstanceSaysSoAndTouchesNothing) {
 
 TEST_F(ArranqueTest, AFirstUseLeftWithoutSavingEndsTheProgram) {
     int abierta = 0;
-    monitor->arranque.PonerPasos({[&] { ++abierta; }, {}, {}, {}});
+    monitor->Arranque().PonerPasos({[&] { ++abierta; }, {}, {}, {}});
     dialogos.EsperaMensaje(u"Iniciando..."_s, u"Configura la aplicación para su primer uso"_s);
     dialogos.EsperaMensaje(u"Error de configuración"_s,
                            u"No se han encontrado los datos de configuración de ZVMonitor"_s);
@@ -87,7 +87,7 @@ TEST_F(ArranqueTest, AFirstUseLeftWithoutSavingEndsTheProgram) {
 TEST_F(ArranqueTest, AFirstUseThatSavesGoesOn) {
     PonerSaldo(100);
     cliente.EsperaConnect();
-    monitor->arranque.PonerPasos({[&] { EscribirIni(); }, {}, {}, {}});
+    monitor->Arranque().PonerPasos({[&] { EscribirIni(); }, {}, {}, {}});
     dialogos.EsperaMensaje(u"Iniciando..."_s, testing::_);
     EXPECT_TRUE(monitor->Cargar());
 }
@@ -102,7 +102,7 @@ TEST_F(ArranqueTest, ALetterInANumericSettingEndsTheStartWithItsNumber) {
 
 TEST_F(ArranqueTest, AFailureOfAStepIsShownAndEndsTheStart) {
     EscribirIni();
-    monitor->arranque.PonerPasos(
+    monitor->Arranque().PonerPasos(
         {{}, [] { throw ErrorEjecucion(10048, u"Dirección en uso"_s); }, {}, {}});
     dialogos.EsperaMensaje(u"Error al iniciar la aplicación"_s,
                            u"Error nº 10048 - Dirección en uso"_s);
@@ -138,11 +138,11 @@ TEST_F(ArranqueTest, WithoutADeviceTheScreenOpensDisconnected) {
     cliente.EsperaConnect(FinGuion::EnlacePerdido());
     dialogos.EsperaMensaje(u"Error de Zorvex"_s, testing::_);
     EXPECT_TRUE(monitor->Cargar());
-    EXPECT_FALSE(monitor->supervision.Conectado());
-    EXPECT_TRUE(monitor->controles.Estado().boton[BotonPie::Conectar]);
-    EXPECT_FALSE(monitor->controles.Estado().boton[BotonPie::Desconectar]);
-    EXPECT_TRUE(monitor->controles.Estado().ShapeCritico);
-    EXPECT_TRUE(monitor->pulso.Armado());
+    EXPECT_FALSE(Supervision().Conectado());
+    EXPECT_TRUE(Controles().boton[BotonPie::Conectar]);
+    EXPECT_FALSE(Controles().boton[BotonPie::Desconectar]);
+    EXPECT_TRUE(Controles().ShapeCritico);
+    EXPECT_TRUE(Pulso().Armado());
 }
 
 TEST_F(ArranqueTest, TheBalancesAreComparedWithTheWindowShown) {
@@ -152,7 +152,7 @@ TEST_F(ArranqueTest, TheBalancesAreComparedWithTheWindowShown) {
     cliente.EsperaConnect();
     dialogos.EsperaMensaje(u"Inicialización"_s, testing::_, Respuesta::Aceptar, std::nullopt, [&] {
         EXPECT_TRUE(ventana.llamadas.contains(u"mostrar"_s));
-        EXPECT_FALSE(monitor->pulso.Armado());
+        EXPECT_FALSE(Pulso().Armado());
     });
     EXPECT_TRUE(monitor->Cargar());
     EXPECT_EQ(LeerValor(u"Saldo_Exit"_s), u"5001"_s);
@@ -173,7 +173,7 @@ TEST_F(ArranqueTest, AMinimisedStartWithRowsStaysOpen) {
     cliente.EsperaConnect();
     EXPECT_TRUE(monitor->Cargar());
     EXPECT_EQ(ventana.estado, ventana::kNormal);
-    EXPECT_EQ(monitor->controles.Estado().lbContador, u"1 cobros"_s);
+    EXPECT_EQ(Controles().lbContador, u"1 cobros"_s);
 }
 
 TEST_F(ArranqueTest, OldLogsGoAtTheStart) {
@@ -196,25 +196,23 @@ TEST_F(ArranqueTest, TheUnloadStopsThePulseClearsTheMarkAndEndsTheConnector) {
     procesos.enMarcha << u"ZVConnector.exe"_s;
     cliente.EsperaConnect();
     EXPECT_TRUE(monitor->Cargar());
-    monitor->marca.MarcarActivo(true);
-    monitor->arranque.Descargar();
-    EXPECT_FALSE(monitor->pulso.Armado());
+    monitor->Partes().entorno.marca.MarcarActivo(true);
+    monitor->Descargar();
+    EXPECT_FALSE(Pulso().Armado());
     EXPECT_EQ(LeerValor(u"Activo"_s), u"0"_s);
     EXPECT_EQ(procesos.terminados, QStringList{u"ZVConnector.exe"_s});
-    EXPECT_TRUE(monitor->supervision.Conectado()); // the device is not disconnected
+    EXPECT_TRUE(Supervision().Conectado()); // the device is not disconnected
 }
 
 TEST_F(ArranqueTest, TwoMonitorsLiveSideBySide) {
     QTemporaryDir otra;
-    Opciones opciones = servicios->opciones;
+    Opciones opciones = OpcionesPropias();
     opciones.carpeta = otra.path();
     opciones.registro = otra.filePath(u"Registro"_s);
     opciones.fastDireccion = u"127.2.255.255"_s;
     Servicios segundos(opciones, reloj);
     DeviceGuion segundoCliente;
-    Importes segundosImportes(segundos.formato, [&] { return segundoCliente.Multiplier(); });
-    Monitor segundo(segundos, segundosImportes,
-                    Exterior{segundoCliente, dialogos, procesos, shell});
+    Monitor segundo(segundos, Exterior{segundoCliente, dialogos, procesos, shell});
     VentanaFalsa segundaVentana;
     segundo.PonerVentana(segundaVentana);
 
@@ -226,9 +224,9 @@ TEST_F(ArranqueTest, TwoMonitorsLiveSideBySide) {
     segundoCliente.EsperaConnect();
     EXPECT_TRUE(monitor->Cargar());
     EXPECT_TRUE(segundo.Cargar());
-    segundo.estado.PulsarModo(1);
-    EXPECT_EQ(monitor->configuracio->Modo, modo::kAuto);
-    EXPECT_EQ(segundo.configuracio->Modo, modo::kManual);
+    segundo.Partes().estado.PulsarModo(1);
+    EXPECT_EQ(Ajustes().Modo, modo::kAuto);
+    EXPECT_EQ(segundo.Partes().entorno.configuracio->Modo, modo::kManual);
 }
 
 } // namespace zv::test

@@ -25,23 +25,31 @@ class BancoMonitor : public testing::Test {
   protected:
     BancoMonitor() : shell(procesos) { Montar(); }
 
-    // Builds the monitor again on the same folder, as a second start does.
-    void Montar() {
-        monitor.reset();
-        servicios.reset();
+    Opciones OpcionesPropias() const {
         Opciones opciones;
         opciones.carpeta = carpeta.path();
         opciones.registro = carpeta.filePath(u"Registro"_s);
         opciones.region = u"es_ES"_s;
         opciones.programa = u"ZVMonitor"_s;
         opciones.fastDireccion = DireccionPropia();
+        return opciones;
+    }
+    // Builds the monitor again on the same folder, as a second start does.
+    void Montar() { Montar(OpcionesPropias()); }
+    void Montar(const Opciones& opciones) {
+        monitor.reset();
         servicios = std::make_unique<Servicios>(opciones, reloj);
-        importes =
-            std::make_unique<Importes>(servicios->formato, [this] { return cliente.Multiplier(); });
-        monitor = std::make_unique<Monitor>(*servicios, *importes,
-                                            Exterior{cliente, dialogos, procesos, shell});
+        monitor =
+            std::make_unique<Monitor>(*servicios, Exterior{cliente, dialogos, procesos, shell});
         monitor->PonerVentana(ventana);
     }
+
+    PulsoCola& Pulso() const { return monitor->Partes().pulso; }
+    const GridCola& Grid() const { return monitor->Partes().grid; }
+    const EstadoControles& Controles() const { return monitor->Partes().controles.Estado(); }
+    Configuracio& Ajustes() const { return *monitor->Partes().entorno.configuracio; }
+    SupervisionConexion& Supervision() const { return monitor->Partes().entorno.supervision; }
+    DatabaseEngine& Database() const { return monitor->Partes().entorno.Database(); }
 
     void EscribirIni(const QByteArray& contenido = "[ZORVEX]\r\nIP=127.0.0.1\r\n") {
         QFile fichero(carpeta.filePath(u"ZVMonitor.ini"_s));
@@ -87,7 +95,6 @@ class BancoMonitor : public testing::Test {
     ShellFalsa shell;
     VentanaFalsa ventana;
     std::unique_ptr<Servicios> servicios;
-    std::unique_ptr<Importes> importes;
     std::unique_ptr<Monitor> monitor;
 };
 

@@ -7,8 +7,8 @@ namespace zv::test {
 class ConectorTest : public BancoMonitor {
   protected:
     ConectorTest() : ruta(carpeta.filePath(u"con ector/ZVConnector.exe"_s)) {
-        monitor->configuracio->ZVConectorActive = true;
-        monitor->configuracio->ZVConectorPath = ruta;
+        Ajustes().ZVConectorActive = true;
+        Ajustes().ZVConectorPath = ruta;
     }
     void CrearPrograma() {
         QDir(carpeta.path()).mkdir(u"con ector"_s);
@@ -20,44 +20,44 @@ class ConectorTest : public BancoMonitor {
 };
 
 TEST_F(ConectorTest, IsNotStartedWithoutPathOrFlag) {
-    monitor->configuracio->ZVConectorActive = false;
-    monitor->conector.ArrancarConector();
-    EXPECT_FALSE(monitor->conector.EnMarcha());
-    monitor->configuracio->ZVConectorActive = true;
-    monitor->configuracio->ZVConectorPath.clear();
-    monitor->conector.ArrancarConector();
-    EXPECT_FALSE(monitor->conector.EnMarcha());
+    Ajustes().ZVConectorActive = false;
+    monitor->Conector().ArrancarConector();
+    EXPECT_FALSE(monitor->Conector().EnMarcha());
+    Ajustes().ZVConectorActive = true;
+    Ajustes().ZVConectorPath.clear();
+    monitor->Conector().ArrancarConector();
+    EXPECT_FALSE(monitor->Conector().EnMarcha());
     EXPECT_TRUE(shell.abiertos.isEmpty());
 }
 
 TEST_F(ConectorTest, OneThatRunsIsLeftAlone) {
     procesos.enMarcha << u"ZVConnector.exe"_s;
-    monitor->conector.ArrancarConector();
-    EXPECT_TRUE(monitor->conector.EnMarcha());
+    monitor->Conector().ArrancarConector();
+    EXPECT_TRUE(monitor->Conector().EnMarcha());
     EXPECT_TRUE(shell.abiertos.isEmpty());
 }
 
 TEST_F(ConectorTest, IsStartedInItsOwnFolder) {
     CrearPrograma();
-    monitor->conector.ArrancarConector();
+    monitor->Conector().ArrancarConector();
     EXPECT_EQ(shell.abiertos,
               QStringList{ruta + QLatin1Char('|') + carpeta.filePath(u"con ector"_s)});
-    EXPECT_TRUE(monitor->conector.EnMarcha());
+    EXPECT_TRUE(monitor->Conector().EnMarcha());
 }
 
 TEST_F(ConectorTest, AStartThatFailsIsSeenInTheProcessList) {
     CrearPrograma();
     shell.arranca = false;
-    monitor->conector.ArrancarConector();
-    EXPECT_FALSE(monitor->conector.EnMarcha());
+    monitor->Conector().ArrancarConector();
+    EXPECT_FALSE(monitor->Conector().EnMarcha());
 }
 
 TEST_F(ConectorTest, AMissingProgramIsTold) {
     dialogos.EsperaMensaje(u"Conector no cargado"_s,
                            u"El conector no está disponible en la ruta especificada en la "
                            "configuración. Consulte con su técnico"_s);
-    monitor->conector.ArrancarConector();
-    EXPECT_FALSE(monitor->conector.EnMarcha());
+    monitor->Conector().ArrancarConector();
+    EXPECT_FALSE(monitor->Conector().EnMarcha());
     EXPECT_TRUE(shell.abiertos.isEmpty());
 }
 
@@ -65,8 +65,8 @@ TEST_F(ConectorTest, OneThatSomebodyStartsUnderTheMessageCounts) {
     dialogos.EsperaMensaje(u"Conector no cargado"_s, testing::_, Respuesta::Aceptar,
                            EstiloMensaje::Aceptar,
                            [this] { procesos.enMarcha << u"ZVConnector.exe"_s; });
-    monitor->conector.ArrancarConector();
-    EXPECT_TRUE(monitor->conector.EnMarcha());
+    monitor->Conector().ArrancarConector();
+    EXPECT_TRUE(monitor->Conector().EnMarcha());
 }
 
 TEST_F(ConectorTest, ItsWordsComeFromTheLanguageFile) {
@@ -75,16 +75,16 @@ TEST_F(ConectorTest, ItsWordsComeFromTheLanguageFile) {
     fichero.write("[COMMON]\r\nconectorNoCargado=a\r\nconectorNoDisponible=b\r\n");
     fichero.close();
     dialogos.EsperaMensaje(u"a"_s, u"b"_s);
-    monitor->conector.ArrancarConector();
+    monitor->Conector().ArrancarConector();
 }
 
 TEST_F(ConectorTest, APathThatEndsInASeparatorNamesNoProgram) {
     QDir(carpeta.path()).mkdir(u"con ector"_s);
-    monitor->configuracio->ZVConectorPath = carpeta.filePath(u"con ector"_s) + QLatin1Char('/');
+    Ajustes().ZVConectorPath = carpeta.filePath(u"con ector"_s) + QLatin1Char('/');
     dialogos.EsperaMensaje(u"Conector no cargado"_s, testing::_);
-    monitor->conector.ArrancarConector();
-    EXPECT_FALSE(monitor->conector.EnMarcha());
-    monitor->conector.PararConector();
+    monitor->Conector().ArrancarConector();
+    EXPECT_FALSE(monitor->Conector().EnMarcha());
+    monitor->Conector().PararConector();
     EXPECT_TRUE(procesos.terminados.isEmpty());
     EXPECT_TRUE(shell.abiertos.isEmpty());
 }
@@ -92,26 +92,26 @@ TEST_F(ConectorTest, APathThatEndsInASeparatorNamesNoProgram) {
 TEST_F(ConectorTest, AFolderIsNoProgram) {
     QDir(carpeta.path()).mkpath(u"con ector/ZVConnector.exe"_s);
     dialogos.EsperaMensaje(u"Conector no cargado"_s, testing::_);
-    monitor->conector.ArrancarConector();
+    monitor->Conector().ArrancarConector();
     EXPECT_TRUE(shell.abiertos.isEmpty());
 }
 
 TEST_F(ConectorTest, IsEndedOnlyIfItRuns) {
-    monitor->conector.PararConector();
+    monitor->Conector().PararConector();
     EXPECT_TRUE(procesos.terminados.isEmpty());
     procesos.enMarcha << u"ZVConnector.exe"_s;
-    monitor->conector.PararConector();
+    monitor->Conector().PararConector();
     EXPECT_EQ(procesos.terminados, QStringList{u"ZVConnector.exe"_s});
-    monitor->configuracio->ZVConectorPath.clear();
-    monitor->conector.PararConector();
+    Ajustes().ZVConectorPath.clear();
+    monitor->Conector().PararConector();
     EXPECT_EQ(procesos.terminados.size(), 1);
 }
 
 TEST_F(ConectorTest, APathOfTheOtherPlatformNamesItsProgramToo) {
-    monitor->configuracio->ZVConectorPath = u"C:\\Zorvex\\ZVConnector.exe"_s;
+    Ajustes().ZVConectorPath = u"C:\\Zorvex\\ZVConnector.exe"_s;
     procesos.enMarcha << u"ZVConnector.exe"_s;
-    monitor->conector.ArrancarConector();
-    EXPECT_TRUE(monitor->conector.EnMarcha());
+    monitor->Conector().ArrancarConector();
+    EXPECT_TRUE(monitor->Conector().EnMarcha());
 }
 
 } // namespace zv::test

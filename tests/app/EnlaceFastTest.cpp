@@ -39,29 +39,25 @@ TEST_F(EnlaceFastTest, AStartOpensItByTheSettings) {
     const auto socket = Conectar();
     EXPECT_EQ(Pregunta(*socket, "C|T1|1250"), QByteArray("OK|Added"));
     EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("OK|PENDING"));
-    monitor->pulso.ProcesarCola();
-    EXPECT_EQ(monitor->controles.Estado().lbContador, u"1 cobros"_s);
+    Pulso().ProcesarCola();
+    EXPECT_EQ(Controles().lbContador, u"1 cobros"_s);
     // The pulse sees what this program itself has added since.
     EXPECT_EQ(Pregunta(*socket, "C|T2|300"), QByteArray("OK|Added"));
-    monitor->pulso.ProcesarCola();
-    EXPECT_EQ(monitor->controles.Estado().lbContador, u"2 cobros"_s);
+    Pulso().ProcesarCola();
+    EXPECT_EQ(Controles().lbContador, u"2 cobros"_s);
 }
 
 TEST_F(EnlaceFastTest, SwitchedOffItStaysClosed) {
     Cargar("ZVFastActive=0\r\n");
-    EXPECT_FALSE(monitor->fast.WS().Escuchando());
+    EXPECT_FALSE(monitor->Fast().WS().Escuchando());
 }
 
 TEST_F(EnlaceFastTest, UnlessToldOtherwiseItListensOnEveryInterface) {
-    Opciones opciones = servicios->opciones;
+    Opciones opciones = OpcionesPropias();
     opciones.fastDireccion.clear();
-    monitor.reset();
-    servicios = std::make_unique<Servicios>(opciones, reloj);
-    monitor = std::make_unique<Monitor>(*servicios, *importes,
-                                        Exterior{cliente, dialogos, procesos, shell});
-    monitor->PonerVentana(ventana);
+    Montar(opciones);
     Cargar({}, "MANUAL", "0");
-    const quint16 puerto = monitor->fast.WS().Puerto();
+    const quint16 puerto = monitor->Fast().WS().Puerto();
     for (const QString& direccion : {u"127.0.0.1"_s, DireccionPropia()}) {
         const auto socket = Conectar(direccion, puerto);
         EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("NOK|Not found"));
@@ -76,9 +72,9 @@ TEST_F(EnlaceFastTest, ItIsOpenBeforeTheConnectorStartsAndMessagesWaitForTheStor
             preguntado = true;
             socket = Conectar();
             socket->write("C|T1|1250");
-            ASSERT_TRUE(Esperar([&] { return monitor->fast.MensajesEnCola() == 1; }));
-            monitor->fast.Tick();
-            EXPECT_EQ(monitor->fast.MensajesEnCola(), 1u);
+            ASSERT_TRUE(Esperar([&] { return monitor->Fast().MensajesEnCola() == 1; }));
+            monitor->Fast().Tick();
+            EXPECT_EQ(monitor->Fast().MensajesEnCola(), 1u);
         });
     Cargar("ZVConectorActive=1\r\nZVConectorPath=/no/hay/Conector\r\n");
     ASSERT_TRUE(preguntado);
@@ -97,7 +93,7 @@ TEST_F(EnlaceFastTest, ItAnswersUnderADialogAndWhileACustomerPays) {
         EXPECT_EQ(Pregunta(*socket, "C|T3|900"), QByteArray("OK|Added"));
         EXPECT_EQ(Pregunta(*socket, "S|R1"), QByteArray("OK|PENDING"));
     }));
-    monitor->pulso.ProcesarCola();
+    Pulso().ProcesarCola();
     EXPECT_EQ(Pregunta(*socket, "S|R1"), QByteArray("OK|OK"));
     EXPECT_EQ(Pregunta(*socket, "S|T2"), QByteArray("OK|PENDING"));
     EXPECT_EQ(Pregunta(*socket, "S|T3"), QByteArray("OK|PENDING"));
@@ -123,12 +119,11 @@ TEST_F(EnlaceFastTest, APortThatIsNoNumberEndsTheStart) {
 
 TEST_F(EnlaceFastTest, AChargeNeverJoinsAnAbandonedTransaction) {
     Cargar();
-    monitor->motor.Comenzar();
-    static_cast<DatabaseEngine&>(monitor->motor)
-        .Ejecutar(u"INSERT INTO cola (id1,importe) VALUES ('ABANDONADA',1)"_s);
+    Database().Comenzar();
+    Database().Ejecutar(u"INSERT INTO cola (id1,importe) VALUES ('ABANDONADA',1)"_s);
     const auto socket = Conectar();
     EXPECT_EQ(Pregunta(*socket, "C|T1|1250"), QByteArray("OK|Added"));
-    EXPECT_EQ(monitor->motor.Nivel(), 0);
+    EXPECT_EQ(Database().Nivel(), 0);
     EXPECT_EQ(Pregunta(*socket, "S|ABANDONADA"), QByteArray("NOK|Not found"));
     EXPECT_TRUE(LineasLog().contains(u">>> Transacción abandonada: deshecha"_s));
 }
@@ -136,23 +131,23 @@ TEST_F(EnlaceFastTest, AChargeNeverJoinsAnAbandonedTransaction) {
 TEST_F(EnlaceFastTest, NoChargeIsConfirmedWhileATransactionStandsOpen) {
     Cargar();
     const auto socket = Conectar();
-    monitor->pulso.ParaTimer(); // as every operation does
+    Pulso().ParaTimer(); // as every operation does
     EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("NOK|Not found"));
 
     for (const bool escrito : {false, true}) {
-        monitor->motor.Comenzar();
+        Database().Comenzar();
         if (escrito) {
-            static_cast<DatabaseEngine&>(monitor->motor).Ejecutar(u"DELETE FROM historial"_s);
+            Database().Ejecutar(u"DELETE FROM historial"_s);
         }
         const QByteArray id = escrito ? "T2" : "T1";
         socket->write("C|" + id + "|1250");
-        ASSERT_TRUE(Esperar([&] { return monitor->fast.MensajesEnCola() == 1; }));
+        ASSERT_TRUE(Esperar([&] { return monitor->Fast().MensajesEnCola() == 1; }));
         for (int i = 0; i < 3; ++i) {
-            monitor->fast.Tick();
+            monitor->Fast().Tick();
         }
-        EXPECT_EQ(monitor->fast.MensajesEnCola(), 1u);
+        EXPECT_EQ(monitor->Fast().MensajesEnCola(), 1u);
         // The operation is rolled back; the charge does not go with it.
-        monitor->motor.Deshacer();
+        Database().Deshacer();
         ASSERT_TRUE(Esperar([&] { return socket->bytesAvailable() > 0; }));
         EXPECT_EQ(socket->readAll(), QByteArray("OK|Added"));
         EXPECT_EQ(Pregunta(*socket, "S|" + id), QByteArray("OK|PENDING"));
@@ -162,14 +157,15 @@ TEST_F(EnlaceFastTest, NoChargeIsConfirmedWhileATransactionStandsOpen) {
 TEST_F(EnlaceFastTest, AScannedSaleNeverJoinsAnAbandonedTransaction) {
     Cargar("[BARCODE]\r\nBCEAN=6\r\nBCTPRE=1\r\nBCTINI=1\r\nBCTFIN=2\r\nBCIINI=3\r\nBCIFIN=6\r\n"
            "BCDEC=2\r\n");
-    monitor->motor.Comenzar();
-    monitor->barras.Enter(u"A70950"_s, [] {});
-    EXPECT_EQ(monitor->motor.Nivel(), 0);
-    monitor->motor.Comenzar();
-    static_cast<DatabaseEngine&>(monitor->motor).Ejecutar(u"DELETE FROM historial"_s);
-    monitor->barras.Enter(u"B80950"_s, [] {});
+    Database().Comenzar();
+    monitor->Barras().Enter(u"A70950"_s, [] {});
+    EXPECT_EQ(Database().Nivel(), 0);
+    Database().Comenzar();
+    Database().Ejecutar(u"DELETE FROM historial"_s);
+    monitor->Barras().Enter(u"B80950"_s, [] {});
     SqliteEngine otro;
-    otro.Abrir(CadenaConexion(u"MDB"_s, {}, monitor->conexion.RutaFichero(), {}, {}));
+    otro.Abrir(
+        CadenaConexion(u"MDB"_s, {}, monitor->Partes().entorno.conexion.RutaFichero(), {}, {}));
     EXPECT_EQ(static_cast<DatabaseEngine&>(otro).Consultar(u"SELECT * FROM cola"_s).size(), 2U);
 }
 
@@ -177,20 +173,20 @@ TEST_F(EnlaceFastTest, AScannedCodeIsQueuedThoughTheDeviceIsDisconnected) {
     Cargar("[BARCODE]\r\nBCEAN=6\r\nBCTPRE=1\r\nBCTINI=1\r\nBCTFIN=2\r\nBCIINI=3\r\nBCIFIN=6\r\n"
            "BCDEC=2\r\n");
     cliente.EsperaDisconnect();
-    monitor->botones.boton_Click(BotonPie::Desconectar);
+    monitor->Partes().botones.boton_Click(BotonPie::Desconectar);
     const auto socket = Conectar();
     socket->write("S|A7");
     bool vacia = false;
     QElapsedTimer desde;
     desde.start();
-    monitor->barras.Enter(u"A70950"_s, [&] { vacia = true; });
+    monitor->Barras().Enter(u"A70950"_s, [&] { vacia = true; });
     EXPECT_GE(desde.elapsed(), 990);
     EXPECT_TRUE(vacia);
     // The fast link went on meanwhile.
     EXPECT_EQ(socket->readAll(), QByteArray("OK|PENDING"));
-    monitor->pulso.ProcesarCola();
-    EXPECT_EQ(monitor->grid.Celdas().Texto(1, ColumnaCola::Id1), u"A7"_s);
-    EXPECT_EQ(monitor->grid.Celdas().Texto(1, ColumnaCola::Importe), u"9,50 €"_s);
+    Pulso().ProcesarCola();
+    EXPECT_EQ(Grid().Celdas().Texto(1, ColumnaCola::Id1), u"A7"_s);
+    EXPECT_EQ(Grid().Celdas().Texto(1, ColumnaCola::Importe), u"9,50 €"_s);
 }
 
 } // namespace zv::test

@@ -149,8 +149,8 @@ class DeviceMortal final : public DeviceClient {
     Puntos& puntos_;
 };
 
-bool Vacia(Monitor& monitor) {
-    return monitor.motor.Consultar(u"SELECT Count(*) AS n FROM cola"_s).front().LeerLong(0) == 0;
+bool Vacia(DatabaseEngine& database) {
+    return database.Consultar(u"SELECT Count(*) AS n FROM cola"_s).front().LeerLong(0) == 0;
 }
 
 int Ejecutar(const QString& carpeta, int mortal) {
@@ -165,25 +165,25 @@ int Ejecutar(const QString& carpeta, int mortal) {
     OperacionMortal operacion(puntos);
     GatewayClient pasarela(servicios.log, servicios.textos, &operacion);
     DeviceMortal cliente(pasarela, puntos);
-    const Importes importes(servicios.formato, [&] { return cliente.Multiplier(); });
     OperadorMortal dialogos(puntos);
     test::FakeProcessList procesos;
     test::ShellFalsa shell(procesos);
     test::VentanaFalsa ventana;
-    Monitor monitor(servicios, importes, Exterior{cliente, dialogos, procesos, shell});
+    Monitor monitor(servicios, Exterior{cliente, dialogos, procesos, shell});
     monitor.PonerVentana(ventana);
-    monitor.motor.PonerGancho([&](const Statement&) { puntos.Pasar(); });
+    DatabaseEngine& database = monitor.Partes().entorno.Database();
+    database.PonerGancho([&](const Statement&) { puntos.Pasar(); });
     if (!monitor.Cargar()) {
         return EXIT_FAILURE;
     }
     const QDeadlineTimer limite(kLimiteMs);
     bool vacia = false;
     while (!vacia && !limite.hasExpired()) {
-        monitor.pulso.ProcesarCola();
+        monitor.Partes().pulso.ProcesarCola();
         QCoreApplication::processEvents();
-        vacia = Vacia(monitor);
+        vacia = Vacia(database);
     }
-    monitor.arranque.Descargar();
+    monitor.Descargar();
     std::printf("%d\n", puntos.Pasados());
     return vacia ? EXIT_SUCCESS : EXIT_FAILURE;
 }

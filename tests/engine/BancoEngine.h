@@ -2,12 +2,7 @@
 // clock that stands still. One call of Pulso().ProcesarCola() is one tick.
 #pragma once
 
-#include "engine/BotonesMonitor.h"
-#include "engine/ClicGrid.h"
-#include "engine/Controles.h"
-#include "engine/EstadoMonitor.h"
-#include "engine/GridCola.h"
-#include "engine/PulsoCola.h"
+#include "engine/EngineGraph.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 #include "store/Esquema.h"
@@ -18,7 +13,6 @@
 #include "support/ImprimeQt.h"
 #include "support/LogMemoria.h"
 #include "support/VentanaFalsa.h"
-#include "till/Entorno.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -32,29 +26,21 @@ class BancoEngine : public testing::Test {
     BancoEngine()
         : textos(carpeta.path()), registro(carpeta.filePath(u"Registro"_s)),
           importes(FormatoRegional(u"es_ES"_s), [this] { return cliente.Multiplier(); }),
-          transacciones(motor, log), conexion(motor, carpeta.path(), log, dialogos, textos),
-          registros(motor, log, dialogos, seguretat, importes, reloj), ini(log, dialogos),
-          configuracio(std::make_unique<Configuracio>(ini, registro, carpeta.path())),
-          marca(registro), supervision(cliente, registro, log, dialogos, textos, importes,
-                                       [this] { return configuracio->IP; }),
-          entorno{
-              conexion,  transacciones, registros, cliente,   supervision, supervision.LosSaldos(),
-              seguretat, configuracio,  ini,       RutaIni(), registro,    marca,
-              log,       dialogos,      textos,    importes,  reloj},
-          grid(textos, importes), estado(entorno, controles, grid),
-          pulso(entorno, controles, grid, estado), botones(entorno, controles, estado),
-          clic(controles, grid) {
+          graph(ServiciosEn(carpeta.path())) {
         bool existe = false;
         configuracio->LeerCfgIni(RutaIni(), existe);
         SqliteEngine catalogo;
         CrearBaseDatos(catalogo, carpeta.path(), log, dialogos, textos);
         EXPECT_TRUE(conexion.ConectarBD());
-        supervision.PonerVista(&estado);
         pulso.PonerVentana(&ventana);
         grid.PonerTitulos();
         log.Toma();
     }
 
+    // What a till in that folder stands on.
+    TillServices ServiciosEn(const QString& donde) {
+        return {donde, cliente, registro, log, dialogos, textos, importes, reloj};
+    }
     QString RutaIni() const { return carpeta.filePath(u"ZVMonitor.ini"_s); }
 
     // Connected, with that much money in the device, and the pulse armed.
@@ -110,23 +96,20 @@ class BancoEngine : public testing::Test {
     Textos textos;
     RegistryTree registro;
     Importes importes;
-    SqliteEngine motorSQLite;
-    DatabaseEngine& motor = motorSQLite;
-    Seguretat seguretat;
-    TransactionOwner transacciones;
-    ConexionBD conexion;
-    OperacionesRegistro registros;
-    ModuloIni ini;
-    ConfiguracioGlobal configuracio;
-    MarcaActivo marca;
-    SupervisionConexion supervision;
-    Entorno entorno;
-    Controles controles;
-    GridCola grid;
-    EstadoMonitor estado;
-    PulsoCola pulso;
-    BotonesMonitor botones;
-    ClicGrid clic;
+    EngineGraph graph;
+    Entorno& entorno = graph.Partes().entorno;
+    DatabaseEngine& motor = entorno.Database();
+    ConexionBD& conexion = entorno.conexion;
+    TransactionOwner& transacciones = entorno.transacciones;
+    Seguretat& seguretat = entorno.seguretat;
+    ConfiguracioGlobal& configuracio = entorno.configuracio;
+    SupervisionConexion& supervision = entorno.supervision;
+    Controles& controles = graph.Partes().controles;
+    GridCola& grid = graph.Partes().grid;
+    EstadoMonitor& estado = graph.Partes().estado;
+    PulsoCola& pulso = graph.Partes().pulso;
+    BotonesMonitor& botones = graph.Partes().botones;
+    ClicGrid& clic = graph.Partes().clic;
     VentanaFalsa ventana;
 };
 

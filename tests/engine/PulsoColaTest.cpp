@@ -635,12 +635,8 @@ TEST_F(PulsoColaTest, RestoringConcernsOnlyAMinimisedWindow) {
 }
 
 TEST_F(PulsoColaTest, AMissingDatabaseIsToldAndThePulseGoesOn) {
-    SqliteEngine cerrado;
-    ConexionBD rota(cerrado, carpeta.filePath(u"no"_s), log, dialogos, textos);
-    Entorno e{rota,      transacciones, registros, cliente,   supervision, supervision.LosSaldos(),
-              seguretat, configuracio,  ini,       RutaIni(), registro,    marca,
-              log,       dialogos,      textos,    importes,  reloj};
-    PulsoCola otro(e, controles, grid, estado);
+    EngineGraph sinBase(ServiciosEn(carpeta.filePath(u"no"_s)));
+    PulsoCola& otro = sinBase.Partes().pulso;
     otro.PonerVentana(&ventana);
     dialogos.EsperaMensaje(u"Error de configuración"_s,
                            u"No se encuentra la base de datos de ZVMonitor"_s);

@@ -1,12 +1,7 @@
 // The main screen: draws the logical state of the engine and hands it what the operator does.
 #pragma once
 
-#include "engine/BotonesMonitor.h"
-#include "engine/ClicGrid.h"
-#include "engine/Controles.h"
-#include "engine/EstadoMonitor.h"
-#include "engine/GridCola.h"
-#include "engine/PulsoCola.h"
+#include "engine/PartesMonitor.h"
 #include "engine/VentanaPrincipal.h"
 #include "engine/screens/DisenoMonitor.h"
 #include "ui/screens/FramelessWindow.h"
@@ -17,17 +12,6 @@
 #include <functional>
 
 namespace zv {
-
-// What the screen stands on.
-struct PartesMonitor {
-    Entorno& entorno;
-    Controles& controles;
-    GridCola& grid;
-    EstadoMonitor& estado;
-    PulsoCola& pulso;
-    BotonesMonitor& botones;
-    ClicGrid& clic;
-};
 
 // Window buttons whose work lies outside the engine.
 struct AccionesVentana {

@@ -25,8 +25,7 @@ class BancoPantalla : public BancoEngine {
         botones.Registrar(BotonPie::Desconectar, [this] { pulsados << 6; });
         botones.Registrar(BotonPie::Conectar, [this] { pulsados << 7; });
         pantalla = std::make_unique<frmZVMonitor>(
-            PartesMonitor{entorno, controles, grid, estado, pulso, botones, clic},
-            AccionesVentana{[this] { ++descargas; }, [this] { ++manuales; }});
+            graph.Partes(), AccionesVentana{[this] { ++descargas; }, [this] { ++manuales; }});
         pulso.PonerVentana(pantalla.get());
         pantalla->PrepararGrid();
         pantalla->resize(1024, 768);

@@ -19,9 +19,8 @@ class CodigoBarrasTest : public BancoPantalla {
     // The window anew, with that handler of Enter.
     void Montar(decltype(AccionesVentana::codigoLeido) alLeer) {
         pantalla.reset();
-        pantalla = std::make_unique<frmZVMonitor>(
-            PartesMonitor{entorno, controles, grid, estado, pulso, botones, clic},
-            AccionesVentana{[] {}, [] {}, std::move(alLeer)});
+        pantalla = std::make_unique<frmZVMonitor>(graph.Partes(),
+                                                  AccionesVentana{[] {}, [] {}, std::move(alLeer)});
         pulso.PonerVentana(pantalla.get());
         pantalla->show();
         pantalla->activateWindow();

@@ -13,9 +13,7 @@ namespace zv::test {
 class IdiomaInglesMonitorTest : public BancoEngine {
   protected:
     std::unique_ptr<frmZVMonitor> Crear() {
-        auto pantalla = std::make_unique<frmZVMonitor>(
-            PartesMonitor{entorno, controles, grid, estado, pulso, botones, clic},
-            AccionesVentana{});
+        auto pantalla = std::make_unique<frmZVMonitor>(graph.Partes(), AccionesVentana{});
         pantalla->Traducir();
         pantalla->PrepararGrid();
         return pantalla;

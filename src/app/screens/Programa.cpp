@@ -1,0 +1,61 @@
+#include "app/screens/Programa.h"
+
+#include "platform/ErrorEjecucion.h"
+#include "platform/StringLiterals.h"
+
+#include <cstdlib>
+
+namespace zv {
+
+namespace {
+
+// Page of the operating manuals.
+const QString kDireccionManuales = u"https://zorvex.example/manuales"_s;
+
+} // namespace
+
+Programa::Programa(const Opciones& opciones, const Clock& reloj)
+    : servicios_(opciones, reloj),
+      operacion_(servicios_.textos, servicios_.importes, [this] { return Padre(); }),
+      cliente_(servicios_.log, servicios_.textos, &operacion_),
+      dialogos_(opciones.programa, servicios_.textos, servicios_.importes,
+                [this] { return Padre(); }) {}
+
+QWidget* Programa::Padre() {
+    // A dialog on a window that is not shown would not be shown either.
+    return pantalla_ && pantalla_->isVisible() ? &*pantalla_ : nullptr;
+}
+
+bool Programa::Arrancar() {
+    monitor_.emplace(servicios_, Exterior{cliente_, dialogos_, procesos_, shell_});
+    pantalla_.emplace(
+        monitor_->Partes(),
+        AccionesVentana{[this] { Terminar(); },
+                        [this] { shell_.AbrirDireccion(kDireccionManuales); },
+                        [this](const QString& codigo, const std::function<void()>& vaciar) {
+                            monitor_->Barras().Enter(codigo, vaciar);
+                        }});
+    monitor_->PonerVentana(*pantalla_);
+    senal_.emplace([this] { Terminar(); });
+    return monitor_->Cargar();
+}
+
+void Programa::Terminar() {
+    monitor_->Descargar();
+    std::_Exit(EXIT_SUCCESS);
+}
+
+void Programa::ContarFallo(const QString& texto) {
+    if (monitor_) {
+        // No sale may start under the box of a program that is about to end.
+        monitor_->Detener();
+    }
+    try {
+        servicios_.log.LogLinea(texto);
+    } catch (const ErrorEjecucion&) {
+        // The log cannot be written; the operator is told all the same.
+    }
+    dialogos_.CajaSimple(texto);
+}
+
+} // namespace zv
