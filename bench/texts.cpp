@@ -9,7 +9,9 @@
 #include <QThread>
 
 #include <fcntl.h>
+#include <string>
 #include <unistd.h>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -72,11 +74,15 @@ int main(int argc, char** argv) {
     QThread::msleep(100);
 
     const zv::Textos& textos = banco.servicios.textos;
-    int i = 14;
+    std::vector<std::u16string> nombres;
+    for (int i = 14; i < kClaves; ++i) {
+        nombres.push_back(u"clave%1"_s.arg(i).toStdU16String());
+    }
+    std::size_t i = 0;
     qsizetype letras = 0;
     const auto traduce = zv::bench::Medir(kVeces, [&] {
-        letras += textos.Traduce(u"clave"_s + QString::number(i), u"Por defecto"_s).size();
-        i = i + 1 < kClaves ? i + 1 : 14;
+        letras += textos.Traduce(zv::Clave(nombres[i], u"Por defecto")).size();
+        i = (i + 1) % nombres.size();
     });
     if (letras < kVeces * 20) {
         std::puts("the language file was not read");

@@ -39,6 +39,32 @@ inline constexpr Clave kClavesEngine[] = {
     // closing
     {u"cerrar0", u"Cerrar aplicativo"},
     {u"cerrar1", u"¿Desea cerrar ZVMonitor?"},
+    // captions of the main screen
+    {u"frmZVMonitor", u"lbVer", u"Monitor"},
+    {u"frmZVMonitor", u"btnModo_0", u"Automático"},
+    {u"frmZVMonitor", u"btnModo_1", u"Manual"},
+    {u"frmZVMonitor", u"btnModo_2", u"Semiautomático"},
+    {u"frmZVMonitor", u"btnW_0", u"Minimizar"},
+    {u"frmZVMonitor", u"btnW_2", u"Manuales"},
+    {u"frmZVMonitor", u"lbContador", u"Comprobando operaciones pendientes..."},
+    {u"frmZVMonitor", u"lbEstado", u"Inicializando..."},
+    {u"frmZVMonitor", u"boton_0", u"Registro"},
+    {u"frmZVMonitor", u"boton_1", u"Caja"},
+    {u"frmZVMonitor", u"boton_2", u"Dar Cambio"},
+    {u"frmZVMonitor", u"boton_3", u"Añadir Cambio"},
+    {u"frmZVMonitor", u"boton_4", u"Pago"},
+    {u"frmZVMonitor", u"boton_5", u"Incidencias"},
+    {u"frmZVMonitor", u"boton_6", u"Desconectar"},
+    {u"frmZVMonitor", u"boton_7", u"Conectar"},
+    {u"frmZVMonitor", u"boton_8", u"Cobro¬Manual"},
+    {u"frmZVMonitor", u"boton_9", u"Agrupar¬cobros"},
+    {u"frmZVMonitor", u"boton_10", u"Contraseña"},
+    {u"frmZVMonitor", u"boton_12", u"Configurar"},
+    // what its box and its lamps mean
+    {u"frmZVMonitor", u"TextIni", u"Código de barras"},
+    {u"frmZVMonitor", u"ShapeOK", u"Niveles normales"},
+    {u"frmZVMonitor", u"ShapeAlert", u"Niveles en alerta"},
+    {u"frmZVMonitor", u"ShapeCritico", u"Niveles críticos o sin conexión"},
 };
 
 inline constexpr const Clave& kCobros = Entrada(kClavesEngine, u"cobros");
@@ -69,5 +95,32 @@ inline constexpr const Clave& kImporte = Entrada(kClavesEngine, u"importe2");
 inline constexpr const Clave& kEnviar = Entrada(kClavesEngine, u"enviar");
 inline constexpr const Clave& kCerrarTitulo = Entrada(kClavesEngine, u"cerrar0");
 inline constexpr const Clave& kCerrarTexto = Entrada(kClavesEngine, u"cerrar1");
+inline constexpr const Clave& kLbVer = Entrada(kClavesEngine, u"frmZVMonitor", u"lbVer");
+inline constexpr const Clave& kLbContador = Entrada(kClavesEngine, u"frmZVMonitor", u"lbContador");
+inline constexpr const Clave& kLbEstado = Entrada(kClavesEngine, u"frmZVMonitor", u"lbEstado");
+inline constexpr const Clave& kBtnMinimizar = Entrada(kClavesEngine, u"frmZVMonitor", u"btnW_0");
+inline constexpr const Clave& kBtnManuales = Entrada(kClavesEngine, u"frmZVMonitor", u"btnW_2");
+inline constexpr const Clave& kCodigoBarras = Entrada(kClavesEngine, u"frmZVMonitor", u"TextIni");
+inline constexpr const Clave& kShapeOK = Entrada(kClavesEngine, u"frmZVMonitor", u"ShapeOK");
+inline constexpr const Clave& kShapeAlert = Entrada(kClavesEngine, u"frmZVMonitor", u"ShapeAlert");
+inline constexpr const Clave& kShapeCritico =
+    Entrada(kClavesEngine, u"frmZVMonitor", u"ShapeCritico");
+inline constexpr const Clave* kBtnModo[] = {&Entrada(kClavesEngine, u"frmZVMonitor", u"btnModo_0"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"btnModo_1"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"btnModo_2")};
+// By number; the one without use has no caption.
+inline constexpr const Clave* kBotones[] = {&Entrada(kClavesEngine, u"frmZVMonitor", u"boton_0"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"boton_1"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"boton_2"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"boton_3"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"boton_4"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"boton_5"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"boton_6"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"boton_7"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"boton_8"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"boton_9"),
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"boton_10"),
+                                            nullptr,
+                                            &Entrada(kClavesEngine, u"frmZVMonitor", u"boton_12")};
 
 } // namespace zv::texto

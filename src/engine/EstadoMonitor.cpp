@@ -12,8 +12,8 @@ namespace zv {
 
 EstadoMonitor::EstadoMonitor(Entorno& entorno, Controles& controles, GridCola& grid)
     : entorno_(entorno), controles_(controles), grid_(grid) {
-    controles_.Poner(&EstadoControles::lbContador, u"Comprobando operaciones pendientes..."_s);
-    controles_.Poner(&EstadoControles::lbEstado, u"Inicializando..."_s);
+    controles_.Poner(&EstadoControles::lbContador, texto::kLbContador.PorDefecto());
+    controles_.Poner(&EstadoControles::lbEstado, texto::kLbEstado.PorDefecto());
 }
 
 void EstadoMonitor::RellenarGrid() {

@@ -10,6 +10,9 @@
 
 namespace zv {
 
+// Section of an entry for a control that many screens have: it stands in the section of each.
+inline constexpr std::u16string_view kCadaPantalla = u"*";
+
 // Views of literals: they outlive every text that is looked up with them.
 struct Clave {
     // A text that code asks for, in the section of all screens.

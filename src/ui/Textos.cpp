@@ -2,7 +2,6 @@
 #include "ui/Textos.h"
 
 #include "platform/Files.h"
-#include "platform/IniDocument.h"
 #include "platform/StringLiterals.h"
 
 #include <QByteArray>
@@ -56,6 +55,21 @@ QString SinBlancos(const QString& texto) {
     return fin - inicio == texto.size() ? texto : texto.mid(inicio, fin - inicio);
 }
 
+QString Buscar(const IniDocument& documento, const QString& seccion, const QString& clave,
+               const QString& porDefecto) {
+    const std::optional<QString> valor = documento.Valor(seccion, clave);
+    QString texto = valor ? *valor : porDefecto;
+    if (valor && texto.size() > kValorMaximo) {
+        // Never half of a character.
+        const bool par = texto[kValorMaximo - 1].isHighSurrogate();
+        texto.truncate(par ? kValorMaximo - 1 : kValorMaximo);
+    }
+    if (texto.contains(QLatin1String("/CRLF/"))) {
+        texto.replace(QLatin1String("/CRLF/"), QLatin1String("\r\n"));
+    }
+    return SinBlancos(texto);
+}
+
 } // namespace
 
 struct Textos::Fichero {
@@ -96,17 +110,7 @@ Textos::~Textos() = default;
 
 QString Textos::TextoIdioma(const QString& seccion, const QString& clave,
                             const QString& porDefecto) const {
-    const std::optional<QString> valor = fichero_->AlDia().Valor(seccion, clave);
-    QString texto = valor ? *valor : porDefecto;
-    if (valor && texto.size() > kValorMaximo) {
-        // Never half of a character.
-        const bool par = texto[kValorMaximo - 1].isHighSurrogate();
-        texto.truncate(par ? kValorMaximo - 1 : kValorMaximo);
-    }
-    if (texto.contains(QLatin1String("/CRLF/"))) {
-        texto.replace(QLatin1String("/CRLF/"), QLatin1String("\r\n"));
-    }
-    return SinBlancos(texto);
+    return Buscar(fichero_->AlDia(), seccion, clave, porDefecto);
 }
 
 QString Textos::Traduce(const Clave& clave) const {
@@ -117,13 +121,12 @@ QString Textos::Traduce(const Clave& clave, const QString& detalle) const {
     return TextoIdioma(clave.Seccion(), clave.Nombre(), clave.PorDefecto().arg(detalle));
 }
 
-QString Textos::Traduce(const QString& clave, const QString& porDefecto) const {
-    return TextoIdioma(u"COMMON"_s, clave, porDefecto);
+TextosPantalla Textos::DePantalla(const QString& pantalla) const {
+    return {fichero_->AlDia(), pantalla};
 }
 
-QString Textos::TextoForm(const QString& pantalla, const QString& clave,
-                          const QString& porDefecto) const {
-    return TextoIdioma(pantalla, clave, porDefecto);
+QString TextosPantalla::TextoForm(const QString& clave, const QString& porDefecto) const {
+    return Buscar(documento_, seccion_, clave, porDefecto);
 }
 
 } // namespace zv

@@ -3,13 +3,30 @@
 // when it has changed.
 #pragma once
 
+#include "platform/IniDocument.h"
 #include "ui/Clave.h"
 
 #include <QString>
 
 #include <memory>
+#include <utility>
 
 namespace zv {
+
+// The section of one screen as the file stands at one moment: many look-ups for one look at the
+// file.
+class TextosPantalla {
+  public:
+    QString TextoForm(const QString& clave, const QString& porDefecto) const;
+
+  private:
+    friend class Textos;
+    TextosPantalla(IniDocument documento, QString seccion)
+        : documento_(std::move(documento)), seccion_(std::move(seccion)) {}
+
+    IniDocument documento_;
+    QString seccion_;
+};
 
 class Textos {
   public:
@@ -26,11 +43,8 @@ class Textos {
     // For a default that tells of something: detalle stands in it at %1. A text of the file is
     // taken as it is.
     QString Traduce(const Clave& clave, const QString& detalle) const;
-    // The same in section COMMON, for a key that is made at run time.
-    QString Traduce(const QString& clave, const QString& porDefecto) const;
-    // The same in the section named by the screen.
-    QString TextoForm(const QString& pantalla, const QString& clave,
-                      const QString& porDefecto) const;
+    // What a screen's controls are called, by their names; the section is the screen's name.
+    TextosPantalla DePantalla(const QString& pantalla) const;
 
   private:
     struct Fichero;

@@ -40,6 +40,11 @@ void MirarValor(const QString& texto, const QString& valor) {
           "no character is cut in half");
 }
 
+std::u16string_view Vista(const QString& texto) {
+    return {reinterpret_cast<const char16_t*>(texto.utf16()),
+            static_cast<std::size_t>(texto.size())};
+}
+
 void UnaEntrada(Entrada entrada) {
     static const QTemporaryDir carpeta;
     const QStringList campos = entrada.Campos(3);
@@ -59,7 +64,8 @@ void UnaEntrada(Entrada entrada) {
         return texto;
     };
     mirar(campos[0], campos[1]);
-    Exige(textos.Traduce(campos[1], campos[2]) == mirar(u"COMMON"_s, campos[1]),
+    Exige(textos.Traduce(Clave(Vista(campos[1]), Vista(campos[2]))) ==
+              mirar(u"COMMON"_s, campos[1]),
           "section COMMON is the one of code");
     IniLines lineas(bytes);
     QString seccion;

@@ -1,5 +1,6 @@
 // Pictures of the dialogs, each opened on its own, also of those that a till seldom shows:
 // screen_pictures APPLICATION-FOLDER OUTPUT-FOLDER. The language file is the application folder's.
+#include "device/Claves.h"
 #include "device/screens/frmOperacion.h"
 #include "platform/FormatoRegional.h"
 #include "platform/StringLiterals.h"
@@ -56,7 +57,8 @@ class Fotografo {
     }
 
     QString T(const char* clave, const char* porDefecto) const {
-        return textos_.Traduce(QString::fromUtf8(clave), QString::fromUtf8(porDefecto));
+        return textos_.TextoIdioma(u"COMMON"_s, QString::fromUtf8(clave),
+                                   QString::fromUtf8(porDefecto));
     }
 
     void Mensaje(const char* nombre, const QString& titulo, const QString& texto,
@@ -130,8 +132,7 @@ class Fotografo {
 
     void Operaciones() {
         Operacion("operation-charge", OperationKind::Cobro, 1250, 500, 0);
-        operacion_.Aviso(textos_.TextoForm(u"frmOperacion"_s, u"Reconectando"_s,
-                                           u"Recuperando la comunicación con Zorvex…"_s));
+        operacion_.Aviso(textos_.Traduce(texto::kReconectando));
         Guardar(operacion_, u"operation-charge-reconnecting"_s);
         operacion_.Aviso({});
         operacion_.reject();

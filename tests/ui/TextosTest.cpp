@@ -22,7 +22,8 @@ class TextosTest : public testing::Test {
         carpeta_.Pon(u"RWLang.ini"_s, "\xef\xbb\xbf" + texto.toUtf8());
     }
     QString T(const char* clave, const char* porDefecto) const {
-        return textos_.Traduce(QString::fromUtf8(clave), QString::fromUtf8(porDefecto));
+        return textos_.TextoIdioma(u"COMMON"_s, QString::fromUtf8(clave),
+                                   QString::fromUtf8(porDefecto));
     }
 
     CarpetaTemporal carpeta_;
@@ -40,7 +41,7 @@ TEST_F(TextosTest, WithoutAFileEachLookUpGivesItsDefaultTrimmed) {
 TEST_F(TextosTest, TakesTheValueOfSectionAndKeyIgnoringCase) {
     Fichero(u"[common]\r\nCOBROS=charges\r\n[frmCash]\r\nlbTitulo=Amount\r\n"_s);
     EXPECT_EQ(T("cobros", "cobros"), u"charges"_s);
-    EXPECT_EQ(textos_.TextoForm(u"FRMCASH"_s, u"LBTITULO"_s, u"x"_s), u"Amount"_s);
+    EXPECT_EQ(textos_.DePantalla(u"FRMCASH"_s).TextoForm(u"LBTITULO"_s, u"x"_s), u"Amount"_s);
     EXPECT_EQ(textos_.TextoIdioma(u"GEN"_s, u"cobros"_s, u"x"_s), u"x"_s);
 }
 
@@ -52,6 +53,15 @@ TEST_F(TextosTest, AnEntryHoldsSectionKeyAndDefault) {
     Fichero(u"[COMMON]\r\ncobros=charges\r\nlbTitulo=no\r\n[frmCash]\r\nlbTitulo=Amount\r\n"_s);
     EXPECT_EQ(textos_.Traduce(comun), u"charges"_s);
     EXPECT_EQ(textos_.Traduce(deCaja), u"Amount"_s);
+}
+
+TEST_F(TextosTest, TextsOfAScreenAreThoseOfOneMoment) {
+    Fichero(u"[frmCash]\r\nuno=one/CRLF/1 \r\n"_s);
+    const TextosPantalla antes = textos_.DePantalla(u"frmCash"_s);
+    Fichero(u"[frmCash]\r\nuno=two\r\n"_s);
+    EXPECT_EQ(antes.TextoForm(u"uno"_s, u"x"_s), u"one\r\n1"_s);
+    EXPECT_EQ(antes.TextoForm(u"dos"_s, u" x "_s), u"x"_s);
+    EXPECT_EQ(textos_.DePantalla(u"frmCash"_s).TextoForm(u"uno"_s, u"x"_s), u"two"_s);
 }
 
 TEST_F(TextosTest, DetailStandsInTheDefaultOnly) {
@@ -113,7 +123,7 @@ TEST_F(TextosTest, CutNeverLeavesHalfOfACharacter) {
 
 TEST_F(TextosTest, LongDefaultsComeWhole) {
     const QString largo(600, QLatin1Char('x'));
-    EXPECT_EQ(textos_.Traduce(u"a"_s, largo), largo);
+    EXPECT_EQ(textos_.TextoIdioma(u"COMMON"_s, u"a"_s, largo), largo);
 }
 
 TEST_F(TextosTest, KeysWithNonAsciiCharactersWork) {
@@ -129,7 +139,7 @@ TEST_F(TextosTest, ReadsUtf16OfBothByteOrders) {
         QStringEncoder codificador(codigo, QStringConverter::Flag::WriteBom);
         const QByteArray bytes = codificador.encode(texto);
         carpeta_.Pon(u"RWLang.ini"_s, bytes);
-        EXPECT_EQ(Textos(carpeta_.Ruta()).Traduce(u"a"_s, QString()), u"Ελληνικά €"_s);
+        EXPECT_EQ(Textos(carpeta_.Ruta()).TextoIdioma(u"COMMON"_s, u"a"_s, {}), u"Ελληνικά €"_s);
     }
 }
 
@@ -210,7 +220,7 @@ TEST_F(TextosTest, TwoMonitorsLookIntoTheirOwnFiles) {
     Fichero(u"[COMMON]\r\na=esta\r\n"_s);
     const Textos otros(otra.Ruta());
     EXPECT_EQ(T("a", ""), u"esta"_s);
-    EXPECT_EQ(otros.Traduce(u"a"_s, QString()), u"otra"_s);
+    EXPECT_EQ(otros.TextoIdioma(u"COMMON"_s, u"a"_s, {}), u"otra"_s);
     EXPECT_EQ(T("a", ""), u"esta"_s);
 }
 

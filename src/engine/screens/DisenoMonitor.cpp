@@ -1,9 +1,11 @@
 // Layout of the main screen: header, state bar, grid with its page buttons, footer.
 #include "engine/screens/DisenoMonitor.h"
 
+#include "engine/Claves.h"
 #include "platform/StringLiterals.h"
-#include "ui/Textos.h"
+#include "ui/Claves.h"
 #include "ui/screens/Tema.h"
+#include "ui/screens/Traduccion.h"
 
 #include <QFrame>
 #include <QHBoxLayout>
@@ -16,23 +18,23 @@ namespace zv {
 
 namespace {
 
-QToolButton* Boton(QWidget* padre, const QString& nombre, const QString& caption,
-                   const QString& icono, const QColor& color) {
+QToolButton* Boton(QWidget* padre, const QString& icono, const QColor& color) {
     auto* control = new QToolButton(padre);
-    control->setObjectName(nombre);
-    control->setText(tema::Rotulo(caption));
     control->setIcon(tema::Icono(icono, color));
-    control->setAccessibleName(QString(caption).replace(QChar(0x00AC), QLatin1Char(' ')));
     // The keyboard belongs to the barcode box.
     control->setFocusPolicy(Qt::NoFocus);
     return control;
 }
 
-constexpr double kEscalaMaxima = 1.5;
-
-QString Indexado(const QString& nombre, int indice) {
-    return nombre + QLatin1Char('_') + QString::number(indice);
+// A button whose picture alone is shown.
+QToolButton* Boton(QWidget* padre, const QString& nombre, const QString& icono,
+                   const QColor& color) {
+    QToolButton* control = Boton(padre, icono, color);
+    control->setObjectName(nombre);
+    return control;
 }
+
+constexpr double kEscalaMaxima = 1.5;
 
 } // namespace
 
@@ -105,11 +107,11 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
     frameCab->setObjectName(u"frameCab"_s);
     frameCab->setFixedHeight(tema::kAltoCabecera);
 
-    btnLogo = Boton(frameCab, u"btnLogo"_s, QString(), u"zvmonitor"_s, tema::kCabeceraTexto);
+    btnLogo = Boton(frameCab, u"btnLogo"_s, u"zvmonitor"_s, tema::kCabeceraTexto);
     btnLogo->setAccessibleName(u"ZVMonitor"_s);
     btnLogo->setIconSize(QSize(32, 32));
-    lbVer = new QLabel(u"Monitor"_s, frameCab);
-    lbVer->setObjectName(u"lbVer"_s);
+    lbVer = new QLabel(frameCab);
+    Rotular(*lbVer, texto::kLbVer);
     lbVer->setFont(tema::Fuente(17, true));
 
     auto* fila = new QHBoxLayout(frameCab);
@@ -119,38 +121,33 @@ void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
     fila->addWidget(lbVer);
     fila->addStretch(1);
 
-    const std::array<std::pair<QString, QString>, 3> modos{
-        {{u"Automático"_s, u"media-playback-start"_s},
-         {u"Manual"_s, u"hand"_s},
-         {u"Semiautomático"_s, u"media-repeat-none"_s}}};
-    for (int i = 0; i < 3; ++i) {
-        const auto& [caption, icono] = modos[static_cast<std::size_t>(i)];
-        QToolButton* control =
-            Boton(frameCab, Indexado(u"btnModo"_s, i), caption, icono, tema::kCabeceraTexto);
+    const std::array<QString, 3> modos{u"media-playback-start"_s, u"hand"_s,
+                                       u"media-repeat-none"_s};
+    for (std::size_t i = 0; i < modos.size(); ++i) {
+        QToolButton* control = Boton(frameCab, modos[i], tema::kCabeceraTexto);
+        Rotular(*control, *texto::kBtnModo[i]);
         tema::PonerPapel(*control, tema::Papel::Cabecera);
         control->setFocusPolicy(Qt::NoFocus);
-        control->setIcon(tema::Icono(icono, tema::kCabeceraTexto, tema::kTexto));
+        control->setIcon(tema::Icono(modos[i], tema::kCabeceraTexto, tema::kTexto));
         control->setCheckable(true);
         control->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
         control->setMinimumWidth(tema::kToqueMinimo * 3);
-        btnModo[static_cast<std::size_t>(i)] = control;
+        btnModo[i] = control;
         fila->addWidget(control);
     }
     fila->addStretch(1);
 
-    const std::array<std::pair<QString, QString>, 3> ventanas{
-        {{u"Minimizar"_s, u"window-minimize"_s},
-         {u"Cerrar"_s, u"window-close"_s},
-         {u"Manuales"_s, u"help-contents"_s}}};
-    for (int i = 0; i < 3; ++i) {
-        const auto& [accesible, icono] = ventanas[static_cast<std::size_t>(i)];
-        QToolButton* control =
-            Boton(frameCab, Indexado(u"btnW"_s, i), QString(), icono, tema::kCabeceraTexto);
-        control->setAccessibleName(accesible);
-        control->setToolTip(accesible);
+    const std::array<std::pair<const Clave&, QString>, 3> ventanas{
+        {{texto::kBtnMinimizar, u"window-minimize"_s},
+         {texto::kCerrar, u"window-close"_s},
+         {texto::kBtnManuales, u"help-contents"_s}}};
+    for (std::size_t i = 0; i < ventanas.size(); ++i) {
+        const auto& [clave, icono] = ventanas[i];
+        QToolButton* control = Boton(frameCab, icono, tema::kCabeceraTexto);
+        Nombrar(*control, clave, Pista::Si);
         control->setFixedSize(tema::kToqueMinimo + 4, tema::kToqueMinimo);
         control->setIconSize(QSize(24, 24));
-        btnW[static_cast<std::size_t>(i)] = control;
+        btnW[i] = control;
     }
     // Manuals, minimise, close: the closing one stands where every window has it.
     fila->addWidget(btnW[2]);
@@ -162,19 +159,19 @@ void DisenoMonitor::ConstruirEstado(QWidget& ventana) {
     frmEstado = new QFrame(&ventana);
     frmEstado->setObjectName(u"frmEstado"_s);
 
-    lbContador = new QLabel(u"Comprobando operaciones pendientes..."_s, frmEstado);
-    lbContador->setObjectName(u"lbContador"_s);
-    lbEstado = new QLabel(u"Inicializando..."_s, frmEstado);
-    lbEstado->setObjectName(u"lbEstado"_s);
+    lbContador = new QLabel(frmEstado);
+    Rotular(*lbContador, texto::kLbContador);
+    lbEstado = new QLabel(frmEstado);
+    Rotular(*lbEstado, texto::kLbEstado);
     lbEstado->setAlignment(Qt::AlignCenter);
     lbEstado->setWordWrap(true);
 
-    ShapeOK = new Lampara(Lampara::Marca::Bien, u"ShapeOK"_s, frmEstado);
-    ShapeAlert = new Lampara(Lampara::Marca::Alerta, u"ShapeAlert"_s, frmEstado);
-    ShapeCritico = new Lampara(Lampara::Marca::Critico, u"ShapeCritico"_s, frmEstado);
+    ShapeOK = new Lampara(Lampara::Marca::Bien, texto::kShapeOK, frmEstado);
+    ShapeAlert = new Lampara(Lampara::Marca::Alerta, texto::kShapeAlert, frmEstado);
+    ShapeCritico = new Lampara(Lampara::Marca::Critico, texto::kShapeCritico, frmEstado);
 
     TextIni = new QLineEdit(frmEstado);
-    TextIni->setObjectName(u"TextIni"_s);
+    Nombrar(*TextIni, texto::kCodigoBarras, Pista::Si);
     TextIni->setFixedSize(190, 48);
 
     auto* fila = new QHBoxLayout(frmEstado);
@@ -194,9 +191,9 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana, Rejilla& cola) {
     btnArriba = pctScrollBar->BtnArriba();
     btnAbajo = pctScrollBar->BtnAbajo();
 
-    btnCobro = Boton(&ventana, u"btnCobro"_s, QString(), u"list-add"_s, tema::kTexto);
-    btnAbono = Boton(&ventana, u"btnAbono"_s, QString(), u"list-remove"_s, tema::kTexto);
-    btnCancelar = Boton(&ventana, u"btnCancelar"_s, QString(), u"edit-delete"_s, tema::kRojoTexto);
+    btnCobro = Boton(&ventana, u"btnCobro"_s, u"list-add"_s, tema::kTexto);
+    btnAbono = Boton(&ventana, u"btnAbono"_s, u"list-remove"_s, tema::kTexto);
+    btnCancelar = Boton(&ventana, u"btnCancelar"_s, u"edit-delete"_s, tema::kRojoTexto);
     for (QToolButton* control : {btnCobro, btnAbono, btnCancelar}) {
         control->hide();
     }
@@ -212,52 +209,24 @@ void DisenoMonitor::ConstruirPie(QWidget& ventana) {
     fila->setContentsMargins(4, 6, 4, 6);
     fila->setSpacing(0);
 
-    const std::array<std::pair<QString, QString>, kBotonesPie.size()> botones{
-        {{u"Registro"_s, u"view-list-details"_s},
-         {u"Caja"_s, u"wallet-open"_s},
-         {u"Dar Cambio"_s, u"view-refresh"_s},
-         {u"Añadir Cambio"_s, u"download"_s},
-         {u"Pago"_s, u"cloud-upload"_s},
-         {u"Incidencias"_s, u"dialog-warning"_s},
-         {u"Desconectar"_s, u"network-disconnect"_s},
-         {u"Conectar"_s, u"network-connect"_s},
-         {u"Cobro¬Manual"_s, u"document-edit"_s},
-         {u"Agrupar¬cobros"_s, u"object-group"_s},
-         {u"Contraseña"_s, u"dialog-password"_s},
-         {QString(), QString()},
-         {u"Configurar"_s, u"configure"_s}}};
+    const std::array<QString, kBotonesPie.size()> iconos{
+        u"view-list-details"_s, u"wallet-open"_s,    u"view-refresh"_s,       u"download"_s,
+        u"cloud-upload"_s,      u"dialog-warning"_s, u"network-disconnect"_s, u"network-connect"_s,
+        u"document-edit"_s,     u"object-group"_s,   u"dialog-password"_s,    QString(),
+        u"configure"_s};
     for (const BotonPie cada : kBotonesPie) {
         const auto i = static_cast<std::size_t>(cada);
-        const auto& [caption, icono] = botones[i];
-        QToolButton* b = Boton(framePie, Indexado(u"boton"_s, static_cast<int>(i)), caption, icono,
-                               tema::kTexto);
+        QToolButton* b = Boton(framePie, iconos[i], tema::kTexto);
         tema::PonerPapel(*b, tema::Papel::Pie);
         b->setFocusPolicy(Qt::NoFocus);
         boton[cada] = b;
-        if (caption.isEmpty()) {
-            b->hide();
-        } else {
+        if (const Clave* clave = texto::kBotones[i]) {
+            Rotular(*b, *clave);
             fila->addWidget(b, 1);
+        } else {
+            b->setObjectName(u"boton_%1"_s.arg(i));
+            b->hide();
         }
-    }
-    PartirRotulos();
-}
-
-void DisenoMonitor::PonerSentidos(const Textos& textos) {
-    const auto sentido = [&](const QString& clave, const QString& porDefecto) {
-        return textos.TextoForm(u"frmZVMonitor"_s, clave, porDefecto);
-    };
-    const QString barras = sentido(u"TextIni"_s, u"Código de barras"_s);
-    TextIni->setAccessibleName(barras);
-    TextIni->setPlaceholderText(barras);
-    ShapeOK->PonerSentido(sentido(u"ShapeOK"_s, u"Niveles normales"_s));
-    ShapeAlert->PonerSentido(sentido(u"ShapeAlert"_s, u"Niveles en alerta"_s));
-    ShapeCritico->PonerSentido(sentido(u"ShapeCritico"_s, u"Niveles críticos o sin conexión"_s));
-}
-
-void DisenoMonitor::PartirRotulos() {
-    for (QToolButton* b : boton) {
-        b->setText(b->text().replace(QLatin1Char(' '), QLatin1Char('\n')));
     }
 }
 

@@ -19,19 +19,13 @@ class QToolButton;
 
 namespace zv {
 
-class Textos;
-
 struct DisenoMonitor {
     // Builds all controls as children of the window; captions are the Spanish defaults.
     void Construir(QWidget& ventana, Rejilla& cola);
-    // Breaks the footer's captions at their blanks: the buttons are narrow and high.
-    void PartirRotulos();
     // Letters, rows and footer grow with a window larger than 1024x768, up to half as much again.
     void Escalar(const QSize& ventana);
     // The state line: a text too long for two lines takes smaller letters.
     void PonerEstado(const QString& texto);
-    // What controls without a caption mean, for hints and for reading aloud.
-    void PonerSentidos(const Textos& textos);
 
     QFrame* frameCab = nullptr;
     QToolButton* btnLogo = nullptr;

@@ -2,6 +2,7 @@
 #include "engine/screens/Lampara.h"
 
 #include "ui/screens/Tema.h"
+#include "ui/screens/Traduccion.h"
 
 #include <QPainter>
 
@@ -14,15 +15,9 @@ constexpr double kBorde = 2.5;
 
 } // namespace
 
-Lampara::Lampara(Marca marca, const QString& nombre, QWidget* padre)
-    : QWidget(padre), marca_(marca) {
-    setObjectName(nombre);
+Lampara::Lampara(Marca marca, const Clave& clave, QWidget* padre) : QWidget(padre), marca_(marca) {
+    Nombrar(*this, clave, Pista::Si);
     hide();
-}
-
-void Lampara::PonerSentido(const QString& sentido) {
-    setAccessibleName(sentido);
-    setToolTip(sentido);
 }
 
 void Lampara::paintEvent(QPaintEvent* /*evento*/) {

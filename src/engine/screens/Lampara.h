@@ -7,16 +7,16 @@
 
 namespace zv {
 
+struct Clave;
+
 class Lampara final : public QWidget {
     Q_OBJECT
 
   public:
     enum class Marca { Bien, Alerta, Critico };
 
-    Lampara(Marca marca, const QString& nombre, QWidget* padre);
-
-    // What the lamp means, read aloud and shown as a hint.
-    void PonerSentido(const QString& sentido);
+    // clave: its name, and what it means, read aloud and shown as a hint.
+    Lampara(Marca marca, const Clave& clave, QWidget* padre);
 
   protected:
     void paintEvent(QPaintEvent* evento) override;

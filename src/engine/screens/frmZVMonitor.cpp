@@ -32,10 +32,8 @@ frmZVMonitor::frmZVMonitor(PartesMonitor partes, AccionesVentana acciones)
       arrastre_(*this, [this] { return !maximizando_; }) {
     setObjectName(u"frmZVMonitor"_s);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
-    setWindowTitle(u"Zorvex ®"_s);
     setMinimumSize(1000, 600);
     ui_.Construir(*this, partes_.grid.Celdas());
-    ui_.PonerSentidos(partes_.entorno.textos);
     // The widgets start as the engine's own defaults, so that only differences are applied.
     ui_.boton[BotonPie::SinUso]->hide();
     Conectar();
@@ -228,9 +226,7 @@ void frmZVMonitor::TraerAlFrente() {
 
 void frmZVMonitor::Traducir() {
     TraducirPantalla(*this, partes_.entorno.textos);
-    ui_.PonerEstado(ui_.lbEstado->text());
-    ui_.PartirRotulos();
-    ui_.PonerSentidos(partes_.entorno.textos);
+    ui_.PonerEstado(ui_.lbEstado->text()); // a longer text may need smaller letters
 }
 
 void frmZVMonitor::PonerIcono() {

@@ -2,7 +2,9 @@
 #include "ui/screens/FramelessWindow.h"
 
 #include "platform/StringLiterals.h"
+#include "ui/Claves.h"
 #include "ui/screens/Tema.h"
+#include "ui/screens/Traduccion.h"
 
 #include <QFrame>
 #include <QGuiApplication>
@@ -93,8 +95,7 @@ FramelessWindow::FramelessWindow(const QString& nombre, QWidget* padre)
     lbTitulo_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     cabecera_->addWidget(lbTitulo_, 1);
 
-    btnCerrar_->setObjectName(u"btnW_1"_s);
-    btnCerrar_->setAccessibleName(u"Cerrar"_s);
+    Nombrar(*btnCerrar_, texto::kCerrar);
     tema::PonerPapel(*btnCerrar_, tema::Papel::Cabecera);
     btnCerrar_->setIcon(tema::Icono(u"window-close"_s, tema::kCabeceraTexto));
     cabecera_->addWidget(btnCerrar_);
@@ -148,7 +149,7 @@ QString FramelessWindow::Titulo() const {
 QToolButton* FramelessWindow::PonerLogo(const QIcon& icono) {
     auto* btnLogo = new QToolButton(frameCab_);
     btnLogo->setObjectName(u"btnLogo"_s);
-    btnLogo->setAccessibleName(u"Logotipo"_s);
+    btnLogo->setAccessibleName(u"ZVMonitor"_s);
     btnLogo->setFocusPolicy(Qt::NoFocus);
     btnLogo->setIcon(icono);
     btnLogo->setIconSize(QSize(32, 32));

@@ -2,7 +2,9 @@
 #include "ui/screens/Paginador.h"
 
 #include "platform/StringLiterals.h"
+#include "ui/Claves.h"
 #include "ui/screens/Tema.h"
+#include "ui/screens/Traduccion.h"
 
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -16,8 +18,8 @@ constexpr int kAncho = 76;
 } // namespace
 
 Paginador::Paginador(const QString& nombre, QWidget* padre)
-    : QFrame(padre), btnArriba_(Boton(u"btnArriba"_s, u"Página anterior"_s, u"go-up"_s)),
-      btnAbajo_(Boton(u"btnAbajo"_s, u"Página siguiente"_s, u"go-down"_s)) {
+    : QFrame(padre), btnArriba_(Boton(texto::kPaginaAnterior, u"go-up"_s)),
+      btnAbajo_(Boton(texto::kPaginaSiguiente, u"go-down"_s)) {
     setObjectName(nombre);
     setFixedWidth(kAncho);
     auto* columna = new QVBoxLayout(this);
@@ -27,11 +29,9 @@ Paginador::Paginador(const QString& nombre, QWidget* padre)
     columna->addWidget(btnAbajo_);
 }
 
-QToolButton* Paginador::Boton(const QString& nombre, const QString& accesible,
-                              const QString& icono) {
+QToolButton* Paginador::Boton(const Clave& clave, const QString& icono) {
     auto* boton = new QToolButton(this);
-    boton->setObjectName(nombre);
-    boton->setAccessibleName(accesible);
+    Nombrar(*boton, clave);
     boton->setIcon(tema::Icono(icono));
     boton->setIconSize(QSize(36, 36));
     boton->setFixedSize(tema::kTeclaMinima, tema::kTeclaMinima + 16);

@@ -7,6 +7,8 @@ class QToolButton;
 
 namespace zv {
 
+struct Clave;
+
 class Paginador final : public QFrame {
     Q_OBJECT
 
@@ -18,7 +20,7 @@ class Paginador final : public QFrame {
     void Habilitar(bool arriba, bool abajo);
 
   private:
-    QToolButton* Boton(const QString& nombre, const QString& accesible, const QString& icono);
+    QToolButton* Boton(const Clave& clave, const QString& icono);
 
     QToolButton* btnArriba_;
     QToolButton* btnAbajo_;

@@ -96,6 +96,10 @@ void PonerPapel(QWidget& boton, Papel papel) {
     boton.style()->polish(&boton);
 }
 
+bool EsPie(const QWidget& boton) {
+    return boton.property("papel").toString() == QLatin1String(NombreDe(Papel::Pie));
+}
+
 void Aplicar(QApplication& app) {
     // The desktop's style, colours and icons differ from till to till; ours must not.
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));

@@ -54,6 +54,7 @@ enum class Papel {
 };
 // Sets the role, and what follows from it for the control itself: sizes, icon size, focus policy.
 void PonerPapel(QWidget& boton, Papel papel);
+bool EsPie(const QWidget& boton);
 
 // Fonts, style sheet and icon theme for the whole program; once, before the first window.
 void Aplicar(QApplication& app);

@@ -11,18 +11,28 @@
 #include <QCheckBox>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
 #include <QRadioButton>
 
+#include <optional>
 #include <utility>
 
 namespace zv {
 
 namespace {
 
-bool EsBotonConCaption(const QAbstractButton* boton) {
-    return boton != nullptr && qobject_cast<const QCheckBox*>(boton) == nullptr &&
-           qobject_cast<const QRadioButton*>(boton) == nullptr;
+// Labels, command buttons and image buttons have captions; those of other kinds stay as they are.
+std::optional<QString> CaptionDe(const QWidget& control) {
+    if (const auto* etiqueta = qobject_cast<const QLabel*>(&control)) {
+        return etiqueta->text();
+    }
+    const auto* boton = qobject_cast<const QAbstractButton*>(&control);
+    if (boton == nullptr || qobject_cast<const QCheckBox*>(boton) != nullptr ||
+        qobject_cast<const QRadioButton*>(boton) != nullptr) {
+        return std::nullopt;
+    }
+    return boton->text();
 }
 
 // 0 for a name that is no key.
@@ -91,19 +101,29 @@ void EnviarCaracter(const QString& caracter) {
 
 } // namespace
 
+void PonerSentido(QWidget& control, const QString& sentido) {
+    const QString antes = control.accessibleName();
+    if (!antes.isEmpty() && control.toolTip() == antes) {
+        control.setToolTip(sentido);
+    }
+    if (auto* caja = qobject_cast<QLineEdit*>(&control);
+        caja != nullptr && !antes.isEmpty() && caja->placeholderText() == antes) {
+        caja->setPlaceholderText(sentido);
+    }
+    control.setAccessibleName(sentido);
+}
+
 void PonerCaption(QWidget& control, const QString& caption) {
-    const QString rotulo = tema::Rotulo(caption);
+    QString rotulo = tema::Rotulo(caption);
     if (auto* etiqueta = qobject_cast<QLabel*>(&control)) {
         etiqueta->setText(rotulo);
     } else if (auto* boton = qobject_cast<QAbstractButton*>(&control)) {
-        boton->setText(rotulo);
-        // A picture button is read aloud, and explained, by this name; others by their text.
-        if (!boton->accessibleName().isEmpty() && !rotulo.trimmed().isEmpty()) {
-            const QString nombre = QString(rotulo).replace(QLatin1Char('\n'), QLatin1Char(' '));
-            if (boton->toolTip() == boton->accessibleName()) {
-                boton->setToolTip(nombre);
-            }
-            boton->setAccessibleName(nombre);
+        const QString nombre = QString(rotulo).replace(QLatin1Char('\n'), QLatin1Char(' '));
+        // The footer's buttons are narrow and high.
+        boton->setText(tema::EsPie(*boton) ? rotulo.replace(u' ', u'\n') : rotulo);
+        // Read aloud in one line; a picture button keeps its meaning where it has no caption.
+        if (!nombre.trimmed().isEmpty()) {
+            PonerSentido(*boton, nombre);
         }
     }
 }
@@ -112,13 +132,28 @@ void PonerTexto(QWidget& control, const Textos& textos, const Clave& clave) {
     PonerCaption(control, textos.Traduce(clave));
 }
 
+void Rotular(QWidget& control, const Clave& clave) {
+    control.setObjectName(clave.Nombre());
+    PonerCaption(control, clave.PorDefecto());
+}
+
+void Nombrar(QWidget& control, const Clave& clave, Pista pista) {
+    control.setObjectName(clave.Nombre());
+    control.setAccessibleName(clave.PorDefecto());
+    if (pista == Pista::Si) {
+        auto* caja = qobject_cast<QLineEdit*>(&control);
+        caja != nullptr ? caja->setPlaceholderText(clave.PorDefecto())
+                        : control.setToolTip(clave.PorDefecto());
+    }
+}
+
 void TraducirVentana(QWidget& pantalla, const Textos& textos) {
     pantalla.setWindowTitle(textos.Traduce(texto::kTituloVentana));
 }
 
 void TraducirPantalla(QWidget& pantalla, const Textos& textos) {
     TraducirVentana(pantalla, textos);
-    const QString nombre = pantalla.objectName();
+    const TextosPantalla suyos = textos.DePantalla(pantalla.objectName());
     const auto controles = pantalla.findChildren<QWidget*>();
     for (QWidget* control : controles) {
         const QString clave = control->objectName();
@@ -127,18 +162,13 @@ void TraducirPantalla(QWidget& pantalla, const Textos& textos) {
             control->window() != pantalla.window()) {
             continue;
         }
-        QString caption;
-        if (const auto* etiqueta = qobject_cast<QLabel*>(control)) {
-            caption = etiqueta->text();
-        } else if (const auto* boton = qobject_cast<QAbstractButton*>(control);
-                   EsBotonConCaption(boton)) {
-            caption = boton->text();
-        } else {
-            continue;
-        }
-        const QString traducido = textos.TextoForm(nombre, clave, caption);
-        if (traducido != caption || traducido.contains(QChar(u'¬'))) {
-            PonerCaption(*control, traducido);
+        if (const std::optional<QString> caption = CaptionDe(*control)) {
+            const QString traducido = suyos.TextoForm(clave, *caption);
+            if (traducido != *caption || traducido.contains(QChar(u'¬'))) {
+                PonerCaption(*control, traducido);
+            }
+        } else if (const QString sentido = control->accessibleName(); !sentido.isEmpty()) {
+            PonerSentido(*control, suyos.TextoForm(clave, sentido));
         }
     }
 }

@@ -3,6 +3,7 @@
 
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
+#include "ui/Claves.h"
 #include "ui/Importes.h"
 #include "ui/screens/EtiquetaTexto.h"
 #include "ui/screens/Tema.h"
@@ -82,7 +83,7 @@ void frmCash::CrearTeclado() {
         teci_[static_cast<std::size_t>(i)] = tecla;
     }
     auto* retroceso = new QToolButton(this);
-    retroceso->setText(u"Retroceso"_s);
+    Rotular(*retroceso, texto::kCashRetroceso);
     retroceso->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     tema::PonerPapel(*retroceso, tema::Papel::Tecla);
     retroceso->setIcon(tema::Icono(u"edit-clear"_s));
@@ -91,17 +92,18 @@ void frmCash::CrearTeclado() {
     rejilla->addWidget(retroceso, 3, 2);
     teci_[kRetroceso] = retroceso;
 
-    const auto orden = [this](int indice, const QString& caption) {
-        auto* boton = new QPushButton(caption, this);
+    const auto orden = [this](int indice, const Clave& clave) {
+        auto* boton = new QPushButton(this);
+        Rotular(*boton, clave);
         boton->setAutoDefault(false);
         boton->setFixedWidth(kAnchoOrdenes);
         boton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
         teci_[static_cast<std::size_t>(indice)] = boton;
         return boton;
     };
-    QPushButton* cancelar = orden(kCancelar, u"Cancelar"_s);
-    QPushButton* sinImporte = orden(kSinImporte, u"Sin importe"_s);
-    QPushButton* entrar = orden(kEntrar, u"Entrar"_s);
+    QPushButton* cancelar = orden(kCancelar, texto::kCashCancelar);
+    QPushButton* sinImporte = orden(kSinImporte, texto::kCashSinImporte);
+    QPushButton* entrar = orden(kEntrar, texto::kCashEntrar);
     tema::PonerPapel(*entrar, tema::Papel::Principal);
     entrar->setFixedWidth(kAnchoOrdenes);
     entrar->setDefault(true);
@@ -120,7 +122,7 @@ void frmCash::CrearTeclado() {
     for (int columna = 0; columna < 3; ++columna) {
         rejilla->setColumnMinimumWidth(columna, kTecla.width());
     }
-    for (std::size_t i = 0; i < teci_.size(); ++i) {
+    for (std::size_t i = 0; i <= kDecimal; ++i) {
         teci_[i]->setObjectName(u"teci_%1"_s.arg(i));
     }
     setTabOrder(tbImporte_, entrar);

@@ -2,6 +2,7 @@
 #include "ui/screens/frmImpresio.h"
 
 #include "platform/StringLiterals.h"
+#include "ui/Claves.h"
 #include "ui/screens/EtiquetaTexto.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
@@ -19,19 +20,19 @@ constexpr int kAncho = tema::TwipsAPixeles(5595);
 
 frmImpresio::frmImpresio(const Textos& textos, QWidget* padre)
     : FramelessWindow(u"frmImpresio"_s, padre) {
-    PonerTitulo(u"Imprimir"_s);
+    PonerTitulo(texto::kImpresioTitulo.PorDefecto());
     auto* lbTexto = new EtiquetaTexto(this);
-    lbTexto->setObjectName(u"lbTexto"_s);
     lbTexto->setFont(tema::Fuente(18));
-    lbTexto->setText(u"¿Que desea imprimir?"_s);
+    Rotular(*lbTexto, texto::kImpresioTexto);
     Cuerpo()->addWidget(lbTexto);
 
     auto* columna = new QVBoxLayout;
     columna->setSpacing(12);
-    const QString captions[] = {u"Resumen Caja"_s, u"Listado Movimientos"_s, u"Todo"_s};
+    const Clave* const claves[] = {&texto::kImpresioResumen, &texto::kImpresioListado,
+                                   &texto::kImpresioTodo};
     for (int i = 0; i < 3; ++i) {
-        auto* boton = new QPushButton(captions[i], this);
-        boton->setObjectName(u"boton_%1"_s.arg(i));
+        auto* boton = new QPushButton(this);
+        Rotular(*boton, *claves[i]);
         boton->setProperty("Tag", QString::number(i + 1));
         boton->setMinimumHeight(tema::kTeclaMinima);
         connect(boton, &QPushButton::clicked, this, [this, boton] {

@@ -44,10 +44,10 @@ frmMensaje::frmMensaje(const Textos& textos, QWidget* padre)
 
     auto* fila = new QGridLayout;
     fila->setHorizontalSpacing(16);
-    const QString captions[] = {u"Aceptar"_s, u"Cancelar"_s};
+    const Clave* const claves[] = {&texto::kMensajeAceptar, &texto::kMensajeCancelar};
     for (int i = 0; i < 2; ++i) {
-        boton_[i] = new QPushButton(captions[i], this);
-        boton_[i]->setObjectName(u"boton_%1"_s.arg(i));
+        boton_[i] = new QPushButton(this);
+        Rotular(*boton_[i], *claves[i]);
         // A hidden boton(0) leaves its place empty: boton(1) is always found where it was.
         QSizePolicy politica(QSizePolicy::Expanding, QSizePolicy::Fixed);
         politica.setRetainSizeWhenHidden(true);

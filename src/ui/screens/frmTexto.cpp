@@ -2,6 +2,7 @@
 #include "ui/screens/frmTexto.h"
 
 #include "platform/StringLiterals.h"
+#include "ui/Claves.h"
 #include "ui/screens/EtiquetaTexto.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
@@ -32,9 +33,7 @@ frmTexto::frmTexto(const Textos& textos, std::function<void()> abrirTeclado, QWi
     tbTexto_->setObjectName(u"tbTexto"_s);
     tbTexto_->installEventFilter(this);
 
-    teclado_->setObjectName(u"boton_2"_s);
-    teclado_->setAccessibleName(u"Teclado en pantalla"_s);
-    teclado_->setToolTip(teclado_->accessibleName());
+    Nombrar(*teclado_, texto::kTextoTeclado, Pista::Si);
     tema::PonerPapel(*teclado_, tema::Papel::Normal);
     teclado_->setIcon(tema::Icono(u"input-keyboard"_s));
     teclado_->setIconSize(QSize(32, 32));
@@ -49,10 +48,10 @@ frmTexto::frmTexto(const Textos& textos, std::function<void()> abrirTeclado, QWi
     auto* fila = new QHBoxLayout;
     fila->setSpacing(16);
     fila->addStretch(1);
-    const QString captions[] = {u"Aceptar"_s, u"Cancelar"_s};
+    const Clave* const claves[] = {&texto::kTextoAceptar, &texto::kTextoCancelar};
     for (int i = 0; i < 2; ++i) {
-        boton_[i] = new QPushButton(captions[i], this);
-        boton_[i]->setObjectName(u"boton_%1"_s.arg(i));
+        boton_[i] = new QPushButton(this);
+        Rotular(*boton_[i], *claves[i]);
         boton_[i]->setMinimumWidth(172);
         fila->addWidget(boton_[i]);
         connect(boton_[i], &QPushButton::clicked, this, [this, i] { Terminar(i + 1); });

@@ -5,6 +5,7 @@
 #include "support/CarpetaTemporal.h"
 #include "support/ImprimeQt.h"
 #include "ui/Textos.h"
+#include "ui/screens/Tema.h"
 
 #include <QCheckBox>
 #include <QDialog>
@@ -145,6 +146,69 @@ TEST_F(TraduccionTest, NameReadAloudFollowsTheCaptionOfAPictureButton) {
     Traducir();
     EXPECT_EQ(imagen->accessibleName(), u"Close it"_s);
     EXPECT_EQ(imagen->toolTip(), u"Close it"_s);
+}
+
+TEST_F(TraduccionTest, ControlIsNamedByTheKeyOfItsText) {
+    static constexpr Clave clave{u"frmPrueba", u"boton_9", u"Cobro¬Manual"};
+    QPushButton boton;
+    Rotular(boton, clave);
+    EXPECT_EQ(boton.objectName(), u"boton_9"_s);
+    EXPECT_EQ(boton.text(), u"Cobro\nManual"_s);
+    EXPECT_EQ(boton.accessibleName(), u"Cobro Manual"_s);
+}
+
+TEST_F(TraduccionTest, MeaningOfAControlWithoutACaptionIsTranslatedWithItsHint) {
+    static constexpr Clave deCaja{u"frmPrueba", u"TextIni", u"Código de barras"};
+    static constexpr Clave deImagen{u"frmPrueba", u"btnImagen", u"Página anterior"};
+    static constexpr Clave deLampara{u"frmPrueba", u"Lampara", u"Niveles normales"};
+    auto* caja = new QLineEdit(&pantalla_);
+    auto* imagen = new QToolButton(&pantalla_);
+    auto* lampara = new QWidget(&pantalla_);
+    Nombrar(*caja, deCaja, Pista::Si);
+    Nombrar(*imagen, deImagen);
+    Nombrar(*lampara, deLampara, Pista::Si);
+    Traducir();
+    EXPECT_EQ(caja->objectName(), u"TextIni"_s);
+    EXPECT_EQ(caja->accessibleName(), u"Código de barras"_s);
+    EXPECT_EQ(caja->placeholderText(), u"Código de barras"_s);
+    EXPECT_EQ(imagen->accessibleName(), u"Página anterior"_s);
+    EXPECT_EQ(lampara->toolTip(), u"Niveles normales"_s);
+    Fichero(u"[frmPrueba]\r\nTextIni=Barcode\r\nbtnImagen=Previous page\r\n"
+            "Lampara=Levels normal\r\n"_s);
+    Traducir();
+    EXPECT_EQ(caja->accessibleName(), u"Barcode"_s);
+    EXPECT_EQ(caja->placeholderText(), u"Barcode"_s);
+    EXPECT_EQ(caja->toolTip(), QString());
+    EXPECT_EQ(caja->text(), QString());
+    EXPECT_EQ(imagen->accessibleName(), u"Previous page"_s);
+    EXPECT_EQ(imagen->toolTip(), QString());
+    EXPECT_EQ(lampara->accessibleName(), u"Levels normal"_s);
+    EXPECT_EQ(lampara->toolTip(), u"Levels normal"_s);
+}
+
+TEST_F(TraduccionTest, ControlWithoutAMeaningGetsNone) {
+    auto* caja = Con(new QLineEdit(&pantalla_), u"tb"_s);
+    Fichero(u"[frmPrueba]\r\ntb=x\r\n"_s);
+    Traducir();
+    EXPECT_EQ(caja->accessibleName() + caja->placeholderText() + caja->toolTip(), QString());
+}
+
+TEST_F(TraduccionTest, CaptionsOfTheFooterBreakAtBlanksAndAreReadInOneLine) {
+    tema::PonerPapel(*boton_[0], tema::Papel::Pie);
+    Fichero(u"[frmPrueba]\r\nboton_0=Give change\r\nboton_1=Give change\r\n"_s);
+    Traducir();
+    EXPECT_EQ(boton_[0]->text(), u"Give\nchange"_s);
+    EXPECT_EQ(boton_[0]->accessibleName(), u"Give change"_s);
+    EXPECT_EQ(boton_[1]->text(), u"Give change"_s);
+}
+
+TEST_F(TraduccionTest, CaptionThatChangesComesFromItsEntry) {
+    static constexpr Clave clave{u"frmPrueba", u"Cancelando", u"Cancelando…"};
+    PonerTexto(*boton_[0], textos_, clave);
+    EXPECT_EQ(boton_[0]->text(), u"Cancelando…"_s);
+    Fichero(u"[frmPrueba]\r\nCancelando=Cancelling…\r\n"_s);
+    PonerTexto(*boton_[0], textos_, clave);
+    EXPECT_EQ(boton_[0]->text(), u"Cancelling…"_s);
 }
 
 class EnviaTeclasTest : public testing::Test {
