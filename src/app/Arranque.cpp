@@ -1,4 +1,3 @@
-// The order of the load, and of the unload.
 #include "app/Arranque.h"
 
 #include "app/Claves.h"
@@ -41,7 +40,7 @@ bool Arranque::Cargar(VentanaPrincipal& ventana) {
                                              e.Descripcion());
         return false;
     }
-    // Past the handler: from here on a failure is nobody's, as in any other event.
+    // Outside the handler on purpose: from here on a failure ends the program, as in any event.
     if (entorno_.configuracio->BOTONACCESO == 1 && pasos_.mostrarBotonAcceso) {
         pasos_.mostrarBotonAcceso();
     }

@@ -1,4 +1,3 @@
-// Start and end of the connector program.
 #include "app/Conector.h"
 
 #include "app/Claves.h"

@@ -34,7 +34,8 @@ class Monitor {
     bool Cargar() { return arranque_.Cargar(*ventana_); }
     // Unload: after it the process ends.
     void Descargar() { arranque_.Descargar(); }
-    // No send starts any more, and the connector is not held off for ever.
+    // For a program that is about to end: stops the pulse, so that no send starts any more, and
+    // clears the busy mark, or the connector would wait for ever.
     void Detener();
 
     const PartesMonitor& Partes() const { return engine_.Partes(); }

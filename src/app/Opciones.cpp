@@ -1,4 +1,3 @@
-// Reading of the command line.
 #include "app/Opciones.h"
 
 #include "platform/StringLiterals.h"

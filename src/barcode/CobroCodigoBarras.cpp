@@ -88,7 +88,7 @@ void CobroCodigoBarras::Enter(const QString& codigo, const std::function<void()>
         Avisar(texto::kErrorImporteCodigo, vaciar);
         return;
     }
-    // From here on a failure ends its own step only.
+    // From here on a failure ends its own step only: an amount that does not fit is queued as 0.
     try {
         missatge.Importe = Importe(importe);
     } catch (const ErrorEjecucion&) {
@@ -98,7 +98,7 @@ void CobroCodigoBarras::Enter(const QString& codigo, const std::function<void()>
         if (preparar_) {
             preparar_();
         }
-        // A ticket that waits in cola already is no news.
+        // False when the ticket waits in cola already: the operator need not be told.
         bool resultado = false;
         datos->Inserta(missatge, resultado);
     }

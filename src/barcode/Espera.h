@@ -1,9 +1,8 @@
-// A wait in which everything else goes on.
 #pragma once
 
 namespace zv {
 
-// Runs the event loop until so many seconds have passed.
+// Waits for so many seconds while the event loop runs, so that everything else goes on.
 void Espera(int segundos);
 
 } // namespace zv

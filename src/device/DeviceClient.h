@@ -17,7 +17,8 @@ class DeviceClient {
   public:
     virtual ~DeviceClient() = default;
 
-    // The members stand in interface order; the numbers that are missing have no use here.
+    // The numbers are those of the members in the device's own interface, in its order; a number
+    // that is missing is a member that nobody here calls.
     virtual qint16 ErrorCode() const = 0;                                     // 1
     virtual QString ErrorMessage() const = 0;                                 // 3
     virtual void Address(const QString& direccion) = 0;                       // 10

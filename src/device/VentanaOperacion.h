@@ -1,5 +1,5 @@
-// What the gateway client shows while an operation of the device runs. The window is the screens'
-// business; without one (nullptr) operations run all the same.
+// What the gateway client shows while an operation of the device runs. The screens implement it;
+// operations also run without a window (nullptr).
 #pragma once
 
 #include <QString>

@@ -19,7 +19,7 @@ enum class BotonPie : std::size_t {
     CobroManual = 8,
     AgruparCobros = 9,
     Contrasena = 10,
-    SinUso = 11, // stands in the row of numbers only
+    SinUso = 11, // a number without a button of its own
     Configurar = 12
 };
 

@@ -1,4 +1,3 @@
-// Entry and exit of every footer button.
 #include "engine/BotonesMonitor.h"
 
 #include "till/ResultadoEnvio.h"

@@ -1,4 +1,4 @@
-// The way of a click in grdZV into the engine. A click makes its cell the current one.
+// What a click in grdZV does: it makes its cell the current one.
 #pragma once
 
 #include "engine/Controles.h"

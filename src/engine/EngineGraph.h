@@ -1,4 +1,4 @@
-// Owns a till and the engine on it, wired here and nowhere else.
+// Owns a till and the engine on it. Their objects are put together here and nowhere else.
 #pragma once
 
 #include "engine/PartesMonitor.h"

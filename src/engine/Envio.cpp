@@ -1,4 +1,3 @@
-// Sending of one sale operation: credit, charge, and the filing of its outcome.
 #include "engine/Envio.h"
 
 #include "engine/Claves.h"
@@ -17,8 +16,8 @@ QString N(qint32 numero) {
     return QString::number(numero);
 }
 
-// The device tells a refund by its sign: an amount whose opposite is beyond 32 bits is as much too
-// large as one that is so itself.
+// A refund is a negative amount, and what is shown and told of it is its opposite: the one amount
+// of 32 bits that has no opposite there is too large as well.
 qint32 ParaElDispositivo(Currency importe) {
     const qint32 valor = importe.AEntero32();
     if (valor == std::numeric_limits<qint32>::min()) {
@@ -40,7 +39,7 @@ int Envio::EnviarOperacion(const QString& origen, DeviceClient& cliente, qint32 
         resultado = Enviar(cliente, op);
     } catch (const ErrorEjecucion& e) {
         resultado = envio::kError;
-        // An open transaction stays open and UsuarioFast stays as it is.
+        // A transaction that is open here is ended by TransactionOwner; UsuarioFast is not reset.
         AnotarFallo(op, e);
     }
     if (!op.creditoRechazado) {
@@ -65,7 +64,8 @@ int Envio::Enviar(DeviceClient& cliente, Operacion& op) {
         op.creditoRechazado = true;
         return envio::kCancelado;
     }
-    // What the device cannot take, less than half a minor unit, is nothing to charge either.
+    // Half a minor unit and less rounds to 0, which is no charge that the device could be asked
+    // for.
     if (op.importe.SeRedondeaACero()) {
         ArchivarSinCobro(op);
         return envio::kBien;

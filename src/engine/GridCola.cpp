@@ -1,4 +1,3 @@
-// Filling of the queue grid and the widths of its columns.
 #include "engine/GridCola.h"
 
 #include "engine/Claves.h"

@@ -1,5 +1,5 @@
-// What is the queue's own about grdZV: how a row of cola becomes cells, the count of refunds, and
-// how the columns share the width. The cells are a Rejilla.
+// The queue in grdZV: how a row of cola becomes cells, the count of refunds, and how the columns
+// share the width. The cells themselves are a Rejilla.
 #pragma once
 
 #include "config/Configuracio.h"

@@ -1,5 +1,5 @@
 // The engine's pulse: watches cola, keeps the grid up to date, decides by the mode whether the
-// oldest row may go to the device, and yields to the connector while that one owns the device.
+// oldest row may go to the device, and does nothing while the connector has the device.
 #pragma once
 
 #include "engine/Controles.h"
@@ -23,7 +23,7 @@ class PulsoCola {
     // The bracket of every operation that uses the device.
     void ParaTimer();
     void ArrancaTimer();
-    // Ends what an operation that failed inside its transaction has left open, unless one runs.
+    // Ends the transaction that a failed operation has left open, unless an operation runs now.
     void SaldarAbandonadas();
     bool Armado() const { return controles_.Estado().timerCola; }
 

@@ -1,4 +1,3 @@
-// Listening, accepting into the lowest closed index, receiving, sending, closing.
 #include "fastlink/FastListener.h"
 
 #include "platform/ErrorEjecucion.h"
@@ -45,8 +44,8 @@ int MaximoAbiertos() {
     return static_cast<int>(std::min<rlim_t>(sitio, kIndices));
 }
 
-// Index and connection in what the system keeps for each descriptor. An event of a connection that
-// has been closed since finds another one.
+// What the system hands back with each event: the index and the number of the connection. An event
+// of a connection that has been closed meanwhile is so told from one of the next on that index.
 constexpr int kBitsIndice = 16;
 quint64 Clave(qint16 indice, quint64 serie) {
     return (serie << kBitsIndice) | static_cast<quint16>(indice);
@@ -139,7 +138,7 @@ void FastListener::incomingConnection(qintptr descriptor) {
     FileDescriptor socket(static_cast<int>(descriptor));
     const qint16 indice = abiertos_ < maximoAbiertos_ ? LibreOMas() : qint16(0);
     if (indice == 0) {
-        // Beyond its means the till refuses; those that are connected are served.
+        // No descriptor to spare: the new connection is closed, so that the others can be served.
         return;
     }
     // Answers are short and waited for.
@@ -197,7 +196,7 @@ void FastListener::Recibir(qint16 indice) {
             break;
         }
     }
-    // What came with the farewell is a message too.
+    // What came together with the close is a message too.
     if (!datos.isEmpty()) {
         oyente_.llegada(indice, datos);
     }

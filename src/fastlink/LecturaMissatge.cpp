@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kCamposMaximos = 8;
 
-// The first fields only: a megabyte of "|" makes no list.
+// Only the fields that mean something: a megabyte of "|" must not become a list of a million.
 using Campos = QVarLengthArray<QStringView, kCamposMaximos>;
 
 Campos Partir(QStringView texto) {

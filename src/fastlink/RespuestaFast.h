@@ -1,4 +1,3 @@
-// The answer to one message.
 #pragma once
 
 #include "store/Missatge.h"
@@ -6,8 +5,9 @@
 
 namespace zv {
 
-// Commands "C" (queue a charge) and "S" (state of a charge), in either case of letters; anything
-// else is unknown. Raises the engine's failure of a look-up, with nothing queued.
+// The answer to one message: commands "C" (queue a charge) and "S" (state of a charge), in either
+// case of letters; anything else is unknown. Raises the engine's failure of a look-up, with nothing
+// queued.
 QString ContestarMissatge(dades& datos, const Missatge& missatge);
 
 } // namespace zv

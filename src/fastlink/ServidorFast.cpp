@@ -1,4 +1,3 @@
-// Receiving queues, ticking answers.
 #include "fastlink/ServidorFast.h"
 
 #include "fastlink/LecturaMissatge.h"
@@ -78,7 +77,7 @@ QString ServidorFast::Contestar(dades& datos, const Missatge& missatge) {
             log_.LogLinea(u">>> Error nº "_s + QString::number(e.Numero()) +
                           u" en el enlace ZVFast - "_s + e.Descripcion());
         } catch (const ErrorEjecucion&) {
-            // Nor is a log that cannot be written.
+            // Nor does a log that cannot be written end the till.
             return u"NOK|Failed"_s;
         }
         return u"NOK|Failed"_s;

@@ -1,4 +1,3 @@
-// The machine's clock.
 #include "platform/Clock.h"
 
 #include <ctime>

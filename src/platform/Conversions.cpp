@@ -1,4 +1,3 @@
-// Text to the whole number types of the settings.
 #include "platform/Conversions.h"
 
 #include "platform/ErrorEjecucion.h"

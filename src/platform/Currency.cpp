@@ -1,4 +1,3 @@
-// Checked arithmetic and rounding of Currency.
 #include "platform/Currency.h"
 
 #include "platform/ErrorEjecucion.h"

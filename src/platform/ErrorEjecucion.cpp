@@ -1,4 +1,3 @@
-// Run-time failures of the platform, with their numbers and texts.
 #include "platform/ErrorEjecucion.h"
 
 #include "platform/StringLiterals.h"

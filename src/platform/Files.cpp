@@ -1,4 +1,3 @@
-// Existence tests, whole reads and atomic replacement on the file system.
 #include "platform/Files.h"
 
 #include "platform/FileDescriptor.h"

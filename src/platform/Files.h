@@ -19,8 +19,8 @@ bool ExisteCarpeta(const QString& ruta);
 // limite bytes is EFBIG.
 int LeerFicheroEntero(const QByteArray& ruta, QByteArray& contenido,
                       qsizetype limite = qsizetype{1} << 28);
-// Whether a replaced file must outlive a power cut. A passing one is whole for every reader all the
-// same, and costs no wait for the disk.
+// Whether a replaced file must outlive a power cut. One that need not (Pasajero) costs no wait for
+// the disk; every reader still finds it whole.
 enum class Guardado { Duradero, Pasajero };
 
 // Writes a temporary file beside it, flushes it to disk if it is to last, and renames it. Keeps

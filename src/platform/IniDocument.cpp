@@ -1,4 +1,3 @@
-// Parsing of an INI file into hashes.
 #include "platform/IniDocument.h"
 
 #include "platform/IniLines.h"

@@ -1,4 +1,3 @@
-// Case-blind look-up of entries.
 #include "platform/NameTree.h"
 
 #include "platform/StringLiterals.h"

@@ -1,4 +1,3 @@
-// Reading and changing one value of an INI file.
 #include "platform/PrivateProfile.h"
 
 #include "platform/CodePage.h"

@@ -18,11 +18,11 @@ std::optional<QString> Leer(const QString& fichero, const QString& seccion, cons
 // likewise.
 IniDocument LeerTodo(const QString& fichero);
 
-// Writes one value and creates file, section and key as needed; the file keeps its encoding, line
-// ends and permissions, but for text of the code page that would look like UTF-8 then: that is made
-// UTF-8. Text behind a line break or a NUL is left out. A value that reads the same
-// already leaves the file alone. After a crash the old or the new file stands. Raises 75 when it
-// cannot be written; then the file is as it was.
+// Writes one value and creates file, section and key as needed. The file keeps its encoding, line
+// ends and permissions; only text of the code page that the new value would make look like UTF-8 is
+// rewritten as UTF-8, or it would be read wrongly. Text behind a line break or a NUL is left out. A
+// value that reads the same already leaves the file alone. After a crash the old or the new file
+// stands. Raises 75 when it cannot be written; then the file is as it was.
 void Escribir(const QString& fichero, const QString& seccion, const QString& clave,
               const QString& valor);
 

@@ -1,4 +1,3 @@
-// The registry tree on the file system, and INI files as a root of it.
 #include "platform/RegistryTree.h"
 
 #include "platform/CodePage.h"
@@ -23,8 +22,8 @@
 
 namespace zv {
 
-// A time stamp alone can miss a change within its own granularity, so a folder counts as settled
-// only when its last change is older than the coarsest one.
+// Two changes within one tick of the file system's clock leave the same time stamp, so a folder
+// counts as settled only when its last change is older than the coarsest tick.
 struct RegistryTree::Sello {
     QByteArray carpeta;
     bool existe = false;
@@ -83,7 +82,8 @@ void RegistryTree::Sitio::Buscar(const QByteArray& carpeta) {
         if (ultima) {
             real = ruta;
         } else if (*entrada == partes[i]) {
-            // Nothing comes before the exact name: what lies deeper tells of a change here too.
+            // An exact name comes before all others: nothing new in this folder changes the answer,
+            // and if the entry itself goes, the stamps below it show that.
             sellos.removeLast();
         }
     }

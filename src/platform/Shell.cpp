@@ -1,4 +1,3 @@
-// Detached starts of programs.
 #include "platform/Shell.h"
 
 #include <QFileInfo>

@@ -1,4 +1,3 @@
-// The lock of the application folder.
 #include "platform/SingleInstance.h"
 
 #include "platform/Files.h"

@@ -1,4 +1,3 @@
-// Connection texts for every kind of database, and the opening of the one that is used.
 #include "store/ConexionBD.h"
 
 #include "platform/ErrorEjecucion.h"

@@ -1,4 +1,3 @@
-// The tables, indexes and views of the system as data, and the walk that creates what is missing.
 #include "store/Esquema.h"
 
 #include "platform/ErrorEjecucion.h"

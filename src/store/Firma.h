@@ -1,4 +1,4 @@
-// Who signs the records.
+// Who signs the records: the store writes them, but only the folder access knows the user.
 #pragma once
 
 #include <QString>

@@ -13,8 +13,8 @@ namespace zv {
 namespace {
 
 constexpr int kMaximoTexto = 50;
-constexpr int kReintentosProcesado = 3; // the count is tested before it is raised
-constexpr int kReintentosDiez = 9;      // raised first, and retried while below ten
+constexpr int kReintentosProcesado = 3;
+constexpr int kReintentosDiez = 9; // ten attempts in all
 
 // How an operation meets a failure.
 struct Manejador {
@@ -49,7 +49,7 @@ class Rutina {
   private:
     void Manejar(const ErrorEjecucion& e) {
         if (manejador_.borraResultado) {
-            // A retry that succeeds does not bring it back.
+            // For good: even when a retry succeeds, a key read before it is not answered.
             resultado_ = 0;
         }
         if (cuenta_ < manejador_.reintentos) {
@@ -194,7 +194,7 @@ qint32 OperacionesRegistro::AñadirColaProcesada(const QString& origen, qint32 i
     if (encontrada) {
         paso([&] {
             const Row& fila = cola->Actual();
-            // A credit of no value counts as 0.
+            // A credit that is Null counts as 0.
             registro.importeVenta =
                 fila.LeerCurrency(u"importe"_s) - fila.LeerCurrency(u"creditoError"_s);
         });

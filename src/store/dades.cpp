@@ -1,4 +1,3 @@
-// State and queueing of one sale, named by its id1.
 #include "store/dades.h"
 
 #include "platform/ErrorEjecucion.h"
@@ -13,7 +12,7 @@ const QString kPendiente = u"PENDING"_s;
 const QString kDesconocida = u"NOT FOUND"_s;
 const QString kComandaEstado = u"S"_s;
 
-// The data layer's own number for an object that is open already.
+// The number that the platform's data layer gives an object that is open already.
 constexpr int kErrorAbierto = 3705;
 constexpr int kErrorSinPreparar = 91;
 

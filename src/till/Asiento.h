@@ -1,6 +1,6 @@
 // The bracket of a booked operation: busy mark, begin, and the end of the transaction, each with
 // its log line. It does nothing by itself when it is destroyed: a level that its operation leaves
-// open is the business of TransactionOwner.
+// open is ended by TransactionOwner.
 #pragma once
 
 #include "till/Entorno.h"
@@ -11,7 +11,7 @@ namespace zv {
 
 class Asiento {
   public:
-    // What the filing may cost when another program holds the lock.
+    // How long the filing may wait when another program holds the lock.
     enum class Espera {
         Normal,
         TrasMoverDinero // up to 10 s: the books must tell of money that has moved

@@ -1,4 +1,3 @@
-// Amounts as text.
 #include "ui/Importes.h"
 
 #include "platform/ErrorEjecucion.h"

@@ -1,4 +1,3 @@
-// Cells, positions and notices of the logical grid.
 #include "ui/Rejilla.h"
 
 #include "ui/Textos.h"

@@ -1,4 +1,3 @@
-// Last resort for failures that nobody catches.
 #include "app/screens/Aplicacion.h"
 
 #include "platform/StringLiterals.h"

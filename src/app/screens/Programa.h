@@ -1,5 +1,5 @@
 // The program with its windows: the real device client, dialogs, processes and main window around
-// one monitor. The event loop is whoever's who builds it.
+// one monitor. Whoever builds it runs the event loop.
 #pragma once
 
 #include "app/Monitor.h"

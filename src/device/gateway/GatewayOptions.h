@@ -13,10 +13,10 @@ struct GatewayOptions {
     int intento = 2000;         // one attempt
     int reanudar = 8000;        // all attempts
     int reapertura = 1000;      // the one attempt of a query on a link that was lost at rest
-    int pausaReapertura = 3000; // no such attempt so soon after one that failed
+    int pausaReapertura = 3000; // from a reopening that failed to the next one
     int pendiente = 30000;      // end of a cancelled operation found by Connect
     int cancelacion = 300000;   // end of an operation that the cashier has cancelled
-    int tic = 100;              // grain of the supervision
+    int tic = 100;              // how often the limits above are looked at
 };
 
 } // namespace zv

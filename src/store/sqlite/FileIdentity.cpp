@@ -1,4 +1,3 @@
-// The system's own identity of a file: device and inode.
 #include "store/sqlite/FileIdentity.h"
 
 #include <fcntl.h>

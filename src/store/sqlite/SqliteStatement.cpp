@@ -1,4 +1,3 @@
-// Runs of a prepared query, each finished before the call returns.
 #include "store/sqlite/SqliteStatement.h"
 
 #include "store/sqlite/SqliteRecordSet.h"

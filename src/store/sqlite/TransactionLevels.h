@@ -1,5 +1,5 @@
 // Nested transactions over SQLite: the begin is issued at the first write, inner levels are
-// savepoints, and the level that callers see never lies about what SQLite holds.
+// savepoints, and the level that callers see always agrees with what SQLite holds.
 #pragma once
 
 #include "store/sqlite/SqliteConnection.h"

@@ -1,4 +1,3 @@
-// One look at the file system instead of a statement.
 #include "store/sqlite/WalFingerprint.h"
 
 #include <sys/stat.h>

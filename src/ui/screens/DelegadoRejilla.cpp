@@ -1,4 +1,3 @@
-// Painting of a grid's cells.
 #include "ui/screens/DelegadoRejilla.h"
 
 #include "ui/screens/Tema.h"
@@ -10,7 +9,7 @@ namespace zv {
 
 namespace {
 
-// As in the header, whose sections end with a line.
+// As in the header, where a line one pixel wide ends each section.
 constexpr int kMargenIzquierdo = 6;
 constexpr int kMargenDerecho = 7;
 

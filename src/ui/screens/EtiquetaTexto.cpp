@@ -1,4 +1,3 @@
-// Wrapping of a message's text.
 #include "ui/screens/EtiquetaTexto.h"
 
 #include <QPainter>

@@ -1,4 +1,3 @@
-// What a view is told of a grid.
 #include "ui/screens/ModeloRejilla.h"
 
 namespace zv {

@@ -13,7 +13,7 @@ class ModeloRejilla final : public QAbstractTableModel {
   public:
     explicit ModeloRejilla(const Rejilla& rejilla, QObject* parent = nullptr);
 
-    // The grid has changed so since the last time: rows that join, cells, titles, or all anew.
+    // Tells the views what has changed since the last call: new rows, cells, titles, or everything.
     void Seguir(const Rejilla::Cambio& cambio);
 
     int rowCount(const QModelIndex& parent = {}) const override;
