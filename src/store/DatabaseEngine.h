@@ -1,7 +1,8 @@
 // The port behind which every database engine stands: open by connection text, catalogue,
 // statements, updatable keyed record sets, nested transactions. Statements are written in the
-// system's own dialect (TOP 1, text joined with +, positional ? and @x); the engine adapts them in
-// one place and raises its own failure for a statement it does not know.
+// system's own dialect (TOP 1 at the head of a SELECT, ? and @x by position, in a view text joined
+// with +); the engine adapts them in one place and raises its own failure for what it does not
+// know.
 //
 // Every failure is an ErrorEjecucion with the engine's number and description. No result set stays
 // open after a call: rows are copied and the statement is finished.
@@ -118,7 +119,8 @@ class PreparedStatement {
     virtual ~PreparedStatement() = default;
     // The first row, if there is one; the others are not read.
     virtual std::optional<Row> Primera(const Parametros& parametros) = 0;
-    // A record set over its rows, as DatabaseEngine::AbrirConsulta.
+    // A record set over its rows, which are of that table: the first one current if there is one;
+    // new rows go to the table.
     virtual std::unique_ptr<RecordSet> AbrirConjunto(const QString& tabla,
                                                      const Parametros& parametros) = 0;
 };
@@ -163,9 +165,6 @@ class DatabaseEngine {
     virtual qint64 Ejecutar(const QString& sql, const Parametros& parametros = {}) = 0;
 
     virtual std::unique_ptr<RecordSet> AbrirTabla(const QString& tabla) = 0;
-    // On a query over one table, its first row current if there is one; new rows go to that table.
-    virtual std::unique_ptr<RecordSet> AbrirConsulta(const QString& tabla, const QString& sql,
-                                                     const Parametros& parametros) = 0;
 
     // Transactions nest; Confirmar and Deshacer end the innermost level only. The begin is lazy:
     // the write lock is taken by the first write.

@@ -221,8 +221,8 @@ TEST_F(ConjuntoTest, AQueryStandsOnItsFirstRow) {
     Añadir(10);
     Añadir(20);
     const auto abrir = [&](const QVariant& importe) {
-        return motor.AbrirConsulta(u"Cola"_s, u"select * from Cola where IMPORTE= @imp"_s,
-                                   {importe});
+        return motor.Preparar(u"select * from Cola where IMPORTE= @imp"_s, 1)
+            ->AbrirConjunto(u"Cola"_s, {importe});
     };
     auto filas = abrir(20);
     ASSERT_TRUE(filas->HayActual());

@@ -1,17 +1,17 @@
-// Adapts a statement of the system's dialect to SQLite: TOP n, text joined with +, parameters by
-// name. Literals, quoted names and whatever is unknown stay as they are, so that SQLite refuses
-// what it does not know.
+// The two places where the statements of the system differ from SQLite's own: TOP at the head of a
+// simple SELECT, and + between texts in a view. Whatever is not exactly that stays as it is, so
+// that SQLite refuses what it does not know. Parameters need nothing: SQLite takes ? and @x.
 #pragma once
 
-#include <QSet>
 #include <QString>
-
-#include <functional>
 
 namespace zv {
 
-// columnasTexto: lower-case names of the columns that hold text, asked for only when the statement
-// has a + outside its literals. Raises 13 for a text join mixed with arithmetic.
-QString AdaptToSqlite(const QString& sql, const std::function<QSet<QString>()>& columnasTexto);
+// "SELECT TOP n ... FROM ..." over plain names, with LIMIT in its place.
+QString AdaptToSqlite(const QString& sql);
+
+// The text of a view, with || where two names are joined around a literal. Raises 13 for any other
+// +: stored as it stands it would add up numbers without a word.
+QString AdaptViewToSqlite(const QString& sql);
 
 } // namespace zv

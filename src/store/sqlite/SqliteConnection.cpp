@@ -2,6 +2,7 @@
 #include "store/sqlite/SqliteConnection.h"
 
 #include "platform/StringLiterals.h"
+#include "store/sqlite/SqliteErrors.h"
 
 #include <QFileInfo>
 #include <QSqlError>
@@ -17,11 +18,6 @@ namespace {
 
 // Statements of the system are few; those with a number in their text must not pile up.
 constexpr std::size_t kMaximoPreparadas = 64;
-
-constexpr int kErrorSQLite = 1;
-constexpr int kErrorUso = 21;
-constexpr int kErrorParametros = 25;
-constexpr int kErrorCerrada = 3704;
 
 ErrorEjecucion Fallo(const QSqlError& error) {
     bool esNumero = false;

@@ -3,6 +3,7 @@
 
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
+#include "store/sqlite/SqliteErrors.h"
 #include "store/sqlite/SqliteSchema.h"
 
 #include <QFile>
@@ -11,11 +12,6 @@
 namespace zv {
 
 namespace {
-
-constexpr int kErrorSQLite = 1;
-constexpr int kErrorSoloLectura = 8;
-constexpr int kErrorNoEsBaseDeDatos = 26;
-constexpr int kErrorFicheroMovido = 1032;
 
 // For the log: what stands there instead of a SQLite database.
 QString DescribirFichero(const QString& ruta) {

@@ -4,6 +4,7 @@
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 #include "store/sqlite/SqlDialect.h"
+#include "store/sqlite/SqliteErrors.h"
 #include "store/sqlite/SqliteRecordSet.h"
 #include "store/sqlite/SqliteSchema.h"
 #include "store/sqlite/SqliteStatement.h"
@@ -17,7 +18,7 @@ namespace {
 QString RutaExigida(const QString& cadena) {
     QString ruta = RutaDeCadena(cadena);
     if (ruta.isEmpty()) {
-        throw ErrorEjecucion(1, u"la cadena de conexión no nombra ningún fichero"_s);
+        throw ErrorEjecucion(kErrorSQLite, u"la cadena de conexión no nombra ningún fichero"_s);
     }
     return ruta;
 }
@@ -120,19 +121,8 @@ void SqliteEngine::AñadirColumna(const QString& tabla, const ColumnDef& columna
 }
 
 void SqliteEngine::CrearVista(const QString& nombre, const QString& sql) {
-    nucleo_.Definir(u"CREATE VIEW "_s + sqliteschema::Citar(nombre) + u" AS "_s + Adaptar(sql));
-}
-
-QString SqliteEngine::Adaptar(const QString& sql) {
-    return AdaptToSqlite(sql, [this] {
-        // A name that holds text in one table and a number in another is left alone.
-        const QStringList nombres =
-            Nombres(u"SELECT lower(c.name) FROM sqlite_master AS t JOIN "
-                    "pragma_table_info(t.name) AS c WHERE t.type='table' GROUP BY 1 HAVING "
-                    "min(c.type LIKE '%CHAR%' OR c.type LIKE '%TEXT%')=1"_s,
-                    {});
-        return QSet<QString>(nombres.begin(), nombres.end());
-    });
+    nucleo_.Definir(u"CREATE VIEW "_s + sqliteschema::Citar(nombre) + u" AS "_s +
+                    AdaptViewToSqlite(sql));
 }
 
 QString SqliteEngine::AdaptarLectura(const QString& sql) {
@@ -140,10 +130,10 @@ QString SqliteEngine::AdaptarLectura(const QString& sql) {
     const QStringView inicio = QStringView(sql).trimmed();
     for (const char* palabra : {"SELECT", "WITH", "VALUES", "PRAGMA"}) {
         if (inicio.startsWith(QLatin1String(palabra), Qt::CaseInsensitive)) {
-            return Adaptar(sql);
+            return AdaptToSqlite(sql);
         }
     }
-    throw ErrorEjecucion(1, u"la sentencia no devuelve filas"_s);
+    throw ErrorEjecucion(kErrorSQLite, u"la sentencia no devuelve filas"_s);
 }
 
 std::vector<Row> SqliteEngine::Consultar(const QString& sql, const Parametros& parametros) {
@@ -161,18 +151,11 @@ std::unique_ptr<PreparedStatement> SqliteEngine::Preparar(const QString& sql,
 }
 
 qint64 SqliteEngine::Ejecutar(const QString& sql, const Parametros& parametros) {
-    return nucleo_.Escribir(Adaptar(sql), parametros);
+    return nucleo_.Escribir(sql, parametros);
 }
 
 std::unique_ptr<RecordSet> SqliteEngine::AbrirTabla(const QString& tabla) {
     return std::make_unique<SqliteRecordSet>(nucleo_, tabla);
-}
-
-std::unique_ptr<RecordSet> SqliteEngine::AbrirConsulta(const QString& tabla, const QString& sql,
-                                                       const Parametros& parametros) {
-    auto conjunto = std::make_unique<SqliteRecordSet>(nucleo_, tabla);
-    conjunto->Consultar(AdaptarLectura(sql), parametros);
-    return conjunto;
 }
 
 void SqliteEngine::Comenzar(std::optional<std::chrono::milliseconds> espera) {

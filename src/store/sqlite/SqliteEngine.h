@@ -37,8 +37,6 @@ class SqliteEngine final : public DatabaseEngine {
     qint64 Ejecutar(const QString& sql, const Parametros& parametros = {}) override;
 
     std::unique_ptr<RecordSet> AbrirTabla(const QString& tabla) override;
-    std::unique_ptr<RecordSet> AbrirConsulta(const QString& tabla, const QString& sql,
-                                             const Parametros& parametros) override;
 
     void Comenzar(std::optional<std::chrono::milliseconds> espera = {}) override;
     void Confirmar() override;
@@ -50,8 +48,7 @@ class SqliteEngine final : public DatabaseEngine {
     quint64 ChangeStampExceptAdded() override;
 
   private:
-    QString Adaptar(const QString& sql);
-    QString AdaptarLectura(const QString& sql);
+    static QString AdaptarLectura(const QString& sql);
     QStringList Nombres(const QString& sql, const Parametros& parametros);
 
     SqliteOptions opciones_;

@@ -4,14 +4,11 @@
 
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
+#include "store/sqlite/SqliteErrors.h"
 
 namespace zv {
 
 namespace {
-
-constexpr int kErrorSQLite = 1;
-constexpr int kErrorNoEncontrada = 12;
-constexpr int kErrorUso = 21;
 
 ErrorEjecucion SinFila() {
     return {kErrorUso, u"no hay ninguna fila actual"_s};

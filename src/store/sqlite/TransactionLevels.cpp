@@ -3,16 +3,13 @@
 
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
+#include "store/sqlite/SqliteErrors.h"
 
 #include <algorithm>
 
 namespace zv {
 
 namespace {
-
-constexpr int kErrorSQLite = 1;
-constexpr int kErrorUso = 21;
-constexpr int kErrorDeshechaPorElMotor = 516; // SQLite's own code for it
 
 QString OrdenComenzar() {
     return u"BEGIN IMMEDIATE"_s;
