@@ -1,64 +1,19 @@
-// Temporary file, fsync, rename, fsync of the folder.
+// The state as JSON, replaced whole and durably.
 #include "simulator/Almacen.h"
 
+#include "platform/Files.h"
 #include "platform/StringLiterals.h"
 
 #include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
-
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace zv::simulador {
 
 namespace {
 
 constexpr int kVersion = 1;
-
-QString TextoSistema() {
-    return QString::fromLocal8Bit(std::strerror(errno));
-}
-
-// Closes at the end of its scope; close itself tells errors of writing that fsync has told already.
-class Descriptor {
-  public:
-    Descriptor(const QString& ruta, int modo, mode_t permisos = 0)
-        : fd_(::open(QFile::encodeName(ruta).constData(), modo | O_CLOEXEC, permisos)) {}
-    ~Descriptor() {
-        if (fd_ >= 0) {
-            ::close(fd_);
-        }
-    }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    bool Abierto() const { return fd_ >= 0; }
-    bool Escribir(const QByteArray& datos) const {
-        qsizetype hechos = 0;
-        while (hechos < datos.size()) {
-            const ssize_t n = ::write(fd_, datos.constData() + hechos,
-                                      static_cast<std::size_t>(datos.size() - hechos));
-            if (n < 0 && errno == EINTR) {
-                continue;
-            }
-            if (n <= 0) {
-                return false;
-            }
-            hechos += n;
-        }
-        return true;
-    }
-    bool Sincronizar() const { return ::fsync(fd_) == 0; }
-
-  private:
-    int fd_;
-};
 
 QJsonObject AJson(const Estado& estado) {
     QJsonArray recientes;
@@ -148,31 +103,12 @@ Almacen::Lectura Almacen::Leer(Estado& estado, QString& error) const {
 }
 
 bool Almacen::Guardar(const Estado& estado, QString& error) {
-    const QString temporal = Fichero() + u".tmp"_s;
-    const auto fallo = [&](const QString& que) {
-        error = u"no se puede escribir %1: %2"_s.arg(que, TextoSistema());
-        return false;
-    };
-    {
-        const Descriptor fichero(temporal, O_WRONLY | O_CREAT | O_TRUNC, 0644);
-        if (!fichero.Abierto() ||
-            !fichero.Escribir(QJsonDocument(AJson(estado)).toJson(QJsonDocument::Indented)) ||
-            !fichero.Sincronizar()) {
-            return fallo(temporal);
-        }
+    const int fallo = ReemplazarFichero(
+        QFile::encodeName(Fichero()), QJsonDocument(AJson(estado)).toJson(QJsonDocument::Indented));
+    if (fallo != 0) {
+        error = u"no se puede escribir %1: %2"_s.arg(Fichero(), TextoErrorSistema(fallo));
     }
-    const Descriptor carpeta(carpeta_, O_RDONLY | O_DIRECTORY);
-    if (!carpeta.Abierto()) {
-        return fallo(carpeta_);
-    }
-    if (std::rename(QFile::encodeName(temporal).constData(),
-                    QFile::encodeName(Fichero()).constData()) != 0) {
-        return fallo(Fichero());
-    }
-    if (!carpeta.Sincronizar()) {
-        return fallo(carpeta_);
-    }
-    return true;
+    return fallo == 0;
 }
 
 } // namespace zv::simulador

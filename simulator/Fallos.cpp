@@ -82,6 +82,16 @@ bool LeerNumero(const QString& texto, qint32 minimo, qint32 maximo, qint32& nume
     return bien && numero >= minimo && numero <= maximo;
 }
 
+// The place of the word among those allowed.
+template <class T>
+bool LeerPalabra(const QString& texto, const QStringList& palabras, T& cual) {
+    const qsizetype sitio = palabras.indexOf(texto);
+    if (sitio >= 0) {
+        cual = static_cast<T>(sitio);
+    }
+    return sitio >= 0;
+}
+
 // What the value must be, in words; empty when it is right and has been stored.
 QString LeerValor(Valor clase, const QString& texto, Accion& accion) {
     constexpr qint32 kErrorMayor = 32767; // the client's codes have 16 bits
@@ -101,22 +111,14 @@ QString LeerValor(Valor clase, const QString& texto, Accion& accion) {
         return LeerNumero(texto, -kDescuadreMayor, kDescuadreMayor, accion.valor)
                    ? QString()
                    : u"el descuadre va de -100000 a 100000"_s;
-    case Valor::Momento: {
-        const qsizetype cual = QStringList{u"antes"_s, u"durante"_s, u"despues"_s}.indexOf(texto);
-        if (cual < 0) {
-            return u"el momento es antes, durante o despues"_s;
-        }
-        accion.momento = static_cast<Momento>(cual);
-        return {};
-    }
-    case Valor::Cajon: {
-        const qsizetype cual = QStringList{u"monedas"_s, u"billetes"_s, u"todo"_s}.indexOf(texto);
-        if (cual < 0) {
-            return u"el cajón es monedas, billetes o todo"_s;
-        }
-        accion.valor = static_cast<qint32>(cual);
-        return {};
-    }
+    case Valor::Momento:
+        return LeerPalabra(texto, {u"antes"_s, u"durante"_s, u"despues"_s}, accion.momento)
+                   ? QString()
+                   : u"el momento es antes, durante o despues"_s;
+    case Valor::Cajon:
+        return LeerPalabra(texto, {u"monedas"_s, u"billetes"_s, u"todo"_s}, accion.valor)
+                   ? QString()
+                   : u"el cajón es monedas, billetes o todo"_s;
     }
     return {};
 }

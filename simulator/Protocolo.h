@@ -10,7 +10,6 @@
 
 namespace zv::simulador {
 
-inline constexpr qsizetype kLineaMaxima = 1'048'576; // bytes, with the LF
 inline constexpr quint16 kPuertoNormal = 16510;
 
 // A message as it goes over the wire, with its LF.

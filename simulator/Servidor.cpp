@@ -104,7 +104,7 @@ void Servidor::Soltar() {
     if (viejo->state() == QAbstractSocket::UnconnectedState) {
         viejo->deleteLater();
     }
-    pendiente_.clear();
+    cortador_.Vaciar();
     retenidas_.clear();
     alConectar_.clear();
     saludado_ = false;
@@ -130,24 +130,18 @@ void Servidor::VigilarAusencia() {
 
 void Servidor::AlLeer() {
     silencio_.start();
-    pendiente_ += cliente_->readAll();
+    cortador_.Anadir(cliente_->readAll());
     const QPointer<QTcpSocket> este = cliente_;
-    qsizetype desde = 0;
+    // An answer may drop the client, and its lines with it.
     while (este && cliente_ == este) {
-        const qsizetype fin = pendiente_.indexOf('\n', desde);
-        const qsizetype largo = (fin < 0 ? pendiente_.size() : fin) - desde;
-        if (largo >= kLineaMaxima) {
-            return Soltar();
-        }
-        if (fin < 0) {
+        const std::optional<QByteArray> linea = cortador_.Siguiente();
+        if (!linea) {
             break;
         }
-        const QByteArray linea = pendiente_.mid(desde, largo);
-        desde = fin + 1;
-        Atender(linea);
+        Atender(*linea);
     }
-    if (este && cliente_ == este) {
-        pendiente_.remove(0, desde);
+    if (cortador_.Desbordado()) {
+        Soltar();
     }
 }
 

@@ -2,6 +2,7 @@
 // link.
 #pragma once
 
+#include "platform/LineSplitter.h"
 #include "simulator/Protocolo.h"
 
 #include <QByteArrayList>
@@ -62,7 +63,7 @@ class Servidor : public QObject {
     std::function<void()> matar_;
     QTcpServer tcp_;
     QPointer<QTcpSocket> cliente_;
-    QByteArray pendiente_; // read, without its LF yet
+    LineSplitter cortador_;
     bool saludado_ = false;
     bool mudo_ = false;
     Acciones alConectar_;      // faults of this connection

@@ -1,8 +1,9 @@
 // ZVSimulador: options, the simulator, and its window where one is wanted. Exit codes: 0 well
 // ended, 1 something of the machine failed, 2 a wrong command line.
+#include "platform/Consola.h"
+#include "platform/TerminationSignal.h"
 #include "simulator/Opciones.h"
 #include "simulator/Simulador.h"
-#include "simulator/Terminacion.h"
 #ifdef ZV_SCREENS
 #include "simulator/screens/frmSimulador.h"
 #include "ui/screens/Tema.h"
@@ -23,14 +24,9 @@ namespace {
 
 constexpr int kMalaOrden = 2;
 
-int Decir(std::FILE* donde, const QString& texto, int codigo) {
-    std::fputs(texto.toUtf8().constData(), donde);
-    std::fflush(donde);
-    return codigo;
-}
-
 int Fallar(const QString& error, int codigo) {
-    return Decir(stderr, u"ZVSimulador: %1\n"_s.arg(error), codigo);
+    zv::consola::Decir(stderr, u"ZVSimulador: %1\n"_s.arg(error));
+    return codigo;
 }
 
 std::unique_ptr<QCoreApplication> HacerAplicacion(int& argc, char** argv, bool ventana) {
@@ -55,27 +51,24 @@ int main(int argc, char** argv) {
 #else
     constexpr bool kHayVentana = false;
 #endif
-    QStringList argumentos;
-    for (int i = 1; i < argc; ++i) {
-        argumentos.append(QString::fromLocal8Bit(argv[i]));
-    }
     Opciones opciones;
     QString error;
-    if (!LeerOpciones(argumentos, kHayVentana, opciones, error)) {
+    if (!LeerOpciones(zv::consola::Argumentos(argc, argv), kHayVentana, opciones, error)) {
         return Fallar(error, kMalaOrden);
     }
     if (!opciones.aviso.isEmpty()) {
-        return Decir(stdout, opciones.aviso, EXIT_SUCCESS);
+        zv::consola::Decir(stdout, opciones.aviso);
+        return EXIT_SUCCESS;
     }
     if (opciones.saldo) {
         qint64 saldo = 0;
         if (!LeerSaldo(opciones.carpeta, saldo, error)) {
             return Fallar(error, EXIT_FAILURE);
         }
-        return Decir(stdout, u"%1\n"_s.arg(saldo), EXIT_SUCCESS);
+        zv::consola::Decir(stdout, u"%1\n"_s.arg(saldo));
+        return EXIT_SUCCESS;
     }
 
-    Terminacion terminacion;
     const bool ventana = opciones.ventana;
     const auto app = HacerAplicacion(argc, argv, ventana);
     QCoreApplication::setApplicationName(u"ZVSimulador"_s);
@@ -83,15 +76,13 @@ int main(int argc, char** argv) {
     if (!simulador.Arrancar(error)) {
         return Fallar(error, EXIT_FAILURE);
     }
-    QObject::connect(&terminacion, &Terminacion::pedida, app.get(),
-                     [] { QCoreApplication::quit(); });
+    const zv::TerminationSignal senal([] { QCoreApplication::quit(); });
     QObject::connect(
         &simulador, &Simulador::roto, app.get(),
         [](const QString& porque) { QCoreApplication::exit(Fallar(porque, EXIT_FAILURE)); },
         Qt::QueuedConnection);
-    terminacion.Escuchar();
-    Decir(stdout, u"escuchando en 127.0.0.1:%1\n"_s.arg(simulador.ElServidor().Puerto()),
-          EXIT_SUCCESS);
+    zv::consola::Decir(stdout,
+                       u"escuchando en 127.0.0.1:%1\n"_s.arg(simulador.ElServidor().Puerto()));
 #ifdef ZV_SCREENS
     std::unique_ptr<frmSimulador> ventanaPrincipal;
     if (ventana) {

@@ -1,5 +1,6 @@
 // zvpos: puts sales into the monitor's queue over its fast link and asks how they stand. The exit
 // code tells scripts the outcome; see --help.
+#include "platform/Consola.h"
 #include "zvpos/Ejecucion.h"
 
 #include <QCoreApplication>
@@ -8,26 +9,13 @@
 
 using namespace Qt::StringLiterals;
 
-namespace {
-
-void Decir(std::FILE* donde, const QString& texto) {
-    std::fputs(texto.toUtf8().constData(), donde);
-    std::fflush(donde);
-}
-
-} // namespace
-
 int main(int argc, char** argv) {
     using namespace zv::zvpos;
+    using zv::consola::Decir;
     const QCoreApplication app(argc, argv);
-    QStringList argumentos;
-    for (int i = 1; i < argc; ++i) {
-        argumentos.append(QString::fromLocal8Bit(argv[i]));
-    }
-
     Opciones opciones;
     QString error;
-    if (!LeerOpciones(argumentos, opciones, error)) {
+    if (!LeerOpciones(zv::consola::Argumentos(argc, argv), opciones, error)) {
         Decir(stderr, u"zvpos: %1\nzvpos --help dice cómo se usa.\n"_s.arg(error));
         return MalEscrita;
     }

@@ -3,7 +3,9 @@
 #include "platform/FormatoRegional.h"
 
 #include "platform/ErrorEjecucion.h"
+#include "platform/Recorte.h"
 
+#include <QLocale>
 #include <QVarLengthArray>
 
 #include <algorithm>
@@ -42,14 +44,7 @@ QString ConBlancosSimples(QString texto) {
 }
 
 QStringView Recortado(QStringView texto) {
-    const auto sobra = [](QChar c) { return EsBlanco(c) || EsDireccion(c); };
-    while (!texto.isEmpty() && sobra(texto.front())) {
-        texto = texto.sliced(1);
-    }
-    while (!texto.isEmpty() && sobra(texto.back())) {
-        texto.chop(1);
-    }
-    return texto;
+    return Recortar(texto, [](QChar c) { return EsBlanco(c) || EsDireccion(c); });
 }
 
 bool EsMenos(QChar c) {
@@ -85,7 +80,7 @@ FormatoRegional FormatoRegional::DelSistema() {
 FormatoRegional::FormatoRegional(const QString& region)
     : FormatoRegional(RegionPorNombre(region)) {}
 
-FormatoRegional::FormatoRegional(const QLocale& region) : region_(region) {
+FormatoRegional::FormatoRegional(const QLocale& region) {
     const QString uno = region.toCurrencyString(1.0);
     positivo_ = MarcoDe(uno);
     negativo_ = MarcoDe(region.toCurrencyString(-1.0));

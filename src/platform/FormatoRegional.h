@@ -5,11 +5,12 @@
 #include "platform/Currency.h"
 
 #include <QChar>
-#include <QLocale>
 #include <QString>
 #include <QStringView>
 
 #include <optional>
+
+class QLocale;
 
 namespace zv {
 
@@ -35,8 +36,6 @@ class FormatoRegional {
     Currency LeerCurrency(const QString& texto) const;
 
     QChar MarcaDecimal() const { return marcaDecimal_; }
-    QChar MarcaMiles() const { return marcaMiles_; }
-    const QLocale& Region() const { return region_; }
 
   private:
     struct Partes;
@@ -54,7 +53,6 @@ class FormatoRegional {
     };
     static Marco MarcoDe(const QString& importe);
 
-    QLocale region_;
     QChar marcaDecimal_;
     QChar marcaMiles_; // null when the region has none
     QString simbolo_;

@@ -2,6 +2,7 @@
 #include "platform/IniLines.h"
 
 #include "platform/CodePage.h"
+#include "platform/Recorte.h"
 
 #include <algorithm>
 
@@ -157,13 +158,7 @@ QByteArray IniLines::FinDeLinea() const {
 }
 
 QStringView SinBlancos(QStringView texto) {
-    while (!texto.isEmpty() && EsBlanco(texto.front())) {
-        texto = texto.sliced(1);
-    }
-    while (!texto.isEmpty() && EsBlanco(texto.back())) {
-        texto.chop(1);
-    }
-    return texto;
+    return Recortar(texto, EsBlanco);
 }
 
 QStringView SinComillas(QStringView valor) {

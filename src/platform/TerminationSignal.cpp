@@ -1,5 +1,5 @@
 // The signal handler writes a byte into a pipe that the event loop reads.
-#include "app/TerminationSignal.h"
+#include "platform/TerminationSignal.h"
 
 #include <atomic>
 #include <csignal>
@@ -12,7 +12,7 @@ namespace zv {
 namespace {
 
 // A signal handler reaches nothing but what is static. Signals are not blocked instead: programs
-// that the monitor starts would inherit that.
+// that this one starts would inherit that.
 std::atomic<int> descriptorEscritura{-1};
 
 void AlLlegarSenal(int) {

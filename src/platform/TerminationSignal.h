@@ -1,5 +1,5 @@
 // SIGTERM and SIGINT (the session ends, somebody stops the service) as an event of the loop, so
-// that the monitor leaves its marks in order before it ends.
+// that the program leaves its marks in order before it ends.
 #pragma once
 
 #include <QObject>

@@ -1,4 +1,4 @@
-// Lines and JSON-RPC of the gateway's link.
+// JSON-RPC of the gateway's link.
 #include "device/gateway/JsonLine.h"
 
 #include "platform/StringLiterals.h"
@@ -8,58 +8,6 @@
 
 namespace zv {
 namespace {
-
-TEST(LineSplitter, HoldsHalfALineUntilTheRestComes) {
-    LineSplitter cortador;
-    cortador.Anadir("{\"a\":");
-    EXPECT_FALSE(cortador.Siguiente());
-    cortador.Anadir("1}");
-    EXPECT_FALSE(cortador.Siguiente());
-    cortador.Anadir("\n");
-    EXPECT_EQ(cortador.Siguiente().value(), "{\"a\":1}");
-    EXPECT_FALSE(cortador.Siguiente());
-}
-
-TEST(LineSplitter, CutsManyLinesOfOnePacket) {
-    LineSplitter cortador;
-    cortador.Anadir("uno\ndos\n\ntr");
-    EXPECT_EQ(cortador.Siguiente().value(), "uno");
-    EXPECT_EQ(cortador.Siguiente().value(), "dos");
-    EXPECT_EQ(cortador.Siguiente().value(), "");
-    EXPECT_FALSE(cortador.Siguiente());
-    cortador.Anadir("es\n");
-    EXPECT_EQ(cortador.Siguiente().value(), "tres");
-}
-
-TEST(LineSplitter, TakesTheLongestLineAllowed) {
-    LineSplitter cortador;
-    cortador.Anadir(QByteArray(kMaxLinea - 1, 'x'));
-    EXPECT_FALSE(cortador.Siguiente());
-    EXPECT_FALSE(cortador.Desbordado());
-    cortador.Anadir("\ny\n");
-    EXPECT_EQ(cortador.Siguiente().value().size(), kMaxLinea - 1);
-    EXPECT_EQ(cortador.Siguiente().value(), "y");
-}
-
-TEST(LineSplitter, RefusesALongerLineAndAllThatFollows) {
-    LineSplitter cortador;
-    cortador.Anadir(QByteArray(kMaxLinea, 'x'));
-    EXPECT_FALSE(cortador.Siguiente());
-    EXPECT_TRUE(cortador.Desbordado());
-    cortador.Anadir("\n{}\n");
-    EXPECT_FALSE(cortador.Siguiente());
-    cortador.Vaciar();
-    cortador.Anadir("{}\n");
-    EXPECT_EQ(cortador.Siguiente().value(), "{}");
-}
-
-TEST(LineSplitter, RefusesALongLineThatComesWhole) {
-    LineSplitter cortador;
-    cortador.Anadir("corta\n" + QByteArray(kMaxLinea, 'x') + '\n');
-    EXPECT_EQ(cortador.Siguiente().value(), "corta");
-    EXPECT_FALSE(cortador.Siguiente());
-    EXPECT_TRUE(cortador.Desbordado());
-}
 
 TEST(Rpc, WritesARequestOnOneLine) {
     EXPECT_EQ(

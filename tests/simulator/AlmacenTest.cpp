@@ -57,7 +57,8 @@ TEST_F(AlmacenEnDisco, GivesBackAllThatWasCommitted) {
     EXPECT_EQ(leido.abierta->AJson(), estado.abierta->AJson());
     ASSERT_EQ(leido.recientes.size(), 1U);
     EXPECT_EQ(leido.recientes[0].Estado(), vieja.Estado());
-    EXPECT_FALSE(QFile::exists(Fichero() + u".tmp"_s));
+    EXPECT_EQ(QDir(carpeta.path()).entryList(QDir::Files | QDir::Hidden),
+              QStringList({u"dinero.json"_s, u"dinero.lock"_s}));
 }
 
 TEST_F(AlmacenEnDisco, IsMadeWithTheFloatAtTheFirstStartAndKeptAfterwards) {
@@ -115,12 +116,11 @@ TEST_F(AlmacenEnDisco, ThatCannotBeWrittenKeepsTheStateBefore) {
     Almacen almacen(carpeta.path());
     ASSERT_TRUE(almacen.Guardar(EstadoInicial(), error));
     const QByteArray antes = Texto();
-    // A folder in the place of the temporary file: no rights are needed to make it fail.
-    ASSERT_TRUE(QDir(carpeta.path()).mkdir(u"dinero.json.tmp"_s));
+    ASSERT_TRUE(QFile::setPermissions(Fichero(), QFile::ReadOwner));
     Estado otro = EstadoInicial();
     otro.inventario = {};
     EXPECT_FALSE(almacen.Guardar(otro, error));
-    EXPECT_TRUE(error.startsWith(u"no se puede escribir "_s)) << error.toStdString();
+    EXPECT_EQ(error, u"no se puede escribir %1: permiso denegado"_s.arg(Fichero()));
     EXPECT_EQ(Texto(), antes);
 }
 

@@ -129,7 +129,7 @@ TEST(Programa, WhoseMoneyCannotBeWrittenAnyMoreEndsWithOne) {
     const QTemporaryDir carpeta;
     Programa p;
     ASSERT_TRUE(p.Arrancar(carpeta.path(), {u"--cliente=exacto"_s}));
-    ASSERT_TRUE(QDir(carpeta.path()).mkdir(u"dinero.json.tmp"_s));
+    ASSERT_TRUE(QFile::setPermissions(carpeta.filePath(u"dinero.json"_s), QFile::ReadOwner));
     ClientePrueba c(p.puerto);
     c.Saludar();
     EXPECT_EQ(c.Error(u"charge.start"_s, Cobro(u"a"_s, 1250)), -32603);

@@ -3,12 +3,12 @@
 #pragma once
 
 #include "app/Monitor.h"
-#include "app/TerminationSignal.h"
 #include "device/gateway/GatewayClient.h"
 #include "device/screens/frmOperacion.h"
 #include "engine/screens/frmZVMonitor.h"
 #include "platform/ProcessList.h"
 #include "platform/Shell.h"
+#include "platform/TerminationSignal.h"
 #include "ui/screens/DialogosPantalla.h"
 
 #include <optional>

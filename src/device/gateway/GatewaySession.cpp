@@ -13,7 +13,7 @@ namespace {
 
 constexpr qint64 kTrozo = 65536;
 // Twice the longest line: whole lines always fit, a flood stays in the peer's socket.
-constexpr qint64 kBuffer = 2 * kMaxLinea;
+constexpr qint64 kBuffer = 2 * LineSplitter::kMaxLinea;
 
 int MsRestantes(const QDeadlineTimer& limite) {
     return static_cast<int>(

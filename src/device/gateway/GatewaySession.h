@@ -5,6 +5,7 @@
 
 #include "device/gateway/GatewayMessages.h"
 #include "device/gateway/JsonLine.h"
+#include "platform/LineSplitter.h"
 
 #include <QDeadlineTimer>
 #include <QElapsedTimer>

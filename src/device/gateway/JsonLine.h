@@ -1,5 +1,4 @@
-// Framing and JSON-RPC 2.0 of the gateway's link: bytes to lines, lines to messages, requests to
-// bytes. Pure: knows no socket.
+// JSON-RPC 2.0 of the gateway's link: lines to messages, requests to bytes. Pure: knows no socket.
 #pragma once
 
 #include <QByteArray>
@@ -10,26 +9,6 @@
 #include <optional>
 
 namespace zv {
-
-// Longest line, in bytes, with its line feed.
-inline constexpr qsizetype kMaxLinea = 1048576;
-
-// Cuts a stream of bytes into lines.
-class LineSplitter {
-  public:
-    void Anadir(const QByteArray& bytes);
-    // The next whole line without its line feed; nothing when none is complete.
-    std::optional<QByteArray> Siguiente();
-    // A line is longer than allowed: nothing more can be read of this stream.
-    bool Desbordado() const { return desbordado_; }
-    void Vaciar();
-
-  private:
-    QByteArray buffer_;
-    qsizetype inicio_ = 0; // first byte not handed out
-    qsizetype mirado_ = 0; // no line feed stands before this one
-    bool desbordado_ = false;
-};
 
 struct RpcMessage {
     enum class Kind { Respuesta, Error, Notificacion, Ajeno };
