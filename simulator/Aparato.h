@@ -90,7 +90,6 @@ class Aparato : public QObject {
     void Cerrar(Estado nuevo, Desenlace como);
     void Acabar(Desenlace como);
     void Primero();
-    void PrimeroCobro();
     void Pagar(qint64 importe, qint32 codigoSinCambio);
     void MoverACajones();
     Mezcla ElegirParaCajon() const;

@@ -18,7 +18,6 @@ class IniDocument {
 
     // The whole value, empty for "key=" with nothing behind; nothing when the key is absent.
     std::optional<QString> Valor(const QString& seccion, const QString& clave) const;
-    bool EstaVacio() const { return secciones_.isEmpty(); }
 
   private:
     struct Clave {

@@ -60,7 +60,6 @@ class FramelessWindow : public QDialog {
     QFrame* frameCab() { return frameCab_; }
     QLabel* lbTitulo() { return lbTitulo_; }
     QToolButton* btnW(int) { return btnCerrar_; }
-    QHBoxLayout* Cabecera() { return cabecera_; }
     QVBoxLayout* Cuerpo() { return cuerpo_; }
     // Shows a picture before the title, which drags the window too.
     QToolButton* PonerLogo(const QIcon& icono);
