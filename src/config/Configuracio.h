@@ -14,7 +14,7 @@ class Configuracio {
   public:
     // carpeta: application folder, the default of SUITEZV. The services are kept by reference.
     // formato: how numbers in the file are read.
-    Configuracio(const ModuloIni& ini, RegistryTree& registro, QString carpeta,
+    Configuracio(const ModuloIni& ini, RegistryTree& registry, QString carpeta,
                  FormatoRegional formato = FormatoRegional::DelSistema());
 
     QString IP;
@@ -63,7 +63,7 @@ class Configuracio {
 
   private:
     const ModuloIni& ini_;
-    RegistryTree& registro_;
+    RegistryTree& registry_;
     QString carpeta_;
     FormatoRegional formato_;
 };

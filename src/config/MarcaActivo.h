@@ -7,13 +7,13 @@ namespace zv {
 
 class MarcaActivo {
   public:
-    explicit MarcaActivo(RegistryTree& registro) : registro_(registro) {}
+    explicit MarcaActivo(RegistryTree& registry) : registry_(registry) {}
 
     // True writes "1" at once; false writes "0" only if "1" stands there.
     void MarcarActivo(bool activo);
 
   private:
-    RegistryTree& registro_;
+    RegistryTree& registry_;
 };
 
 } // namespace zv

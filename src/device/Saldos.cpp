@@ -60,11 +60,11 @@ Suma SumarNiveles(const QString& noms, const QString& levels) {
 }
 
 // None when the device does not tell them.
-std::optional<Suma> LeerNiveles(DeviceClient& cliente, qint32 clase) {
+std::optional<Suma> LeerNiveles(DeviceClient& cliente, qint32 levelType) {
     QString noms;
     QString levels;
     bool bien = false;
-    cliente.GetLevels(clase, noms, levels, bien);
+    cliente.GetLevels(levelType, noms, levels, bien);
     return bien ? std::optional(SumarNiveles(noms, levels)) : std::nullopt;
 }
 

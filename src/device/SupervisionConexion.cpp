@@ -2,32 +2,32 @@
 
 #include "device/Claves.h"
 #include "platform/ErrorEjecucion.h"
+#include "platform/RegistryNames.h"
 #include "platform/StringLiterals.h"
 
 namespace zv {
 
 namespace {
 
-const QString kClave = u"Zorvex\\ZVMonitor"_s;
-const QString kSaldoExit = u"Saldo_Exit"_s;
-const QString kSaldoInicial = u"Saldo_Inicial"_s;
+using registry_name::kSaldoExit;
+using registry_name::kSaldoInicial;
+
 const QString kFinLinea = u"\r\n"_s;
 
 } // namespace
 
-SupervisionConexion::SupervisionConexion(DeviceClient& cliente, RegistryTree& registro, Log& log,
+SupervisionConexion::SupervisionConexion(DeviceClient& cliente, RegistryTree& registry, Log& log,
                                          Dialogos& dialogos, const Textos& textos,
                                          const Importes& importes, std::function<QString()> ip)
-    : cliente_(cliente), registro_(registro), log_(log), dialogos_(dialogos), textos_(textos),
+    : cliente_(cliente), registry_(registry), log_(log), dialogos_(dialogos), textos_(textos),
       importes_(importes), ip_(std::move(ip)), diario_(log),
       saldos_(
           cliente, [this] { return conectado_; }, dialogos, textos) {}
 
 void SupervisionConexion::LeerSaldos() {
     const FormatoRegional& formato = importes_.Formato();
-    saldoInicial_ =
-        formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoInicial, u"0"_s)).AEntero32();
-    ultimoSaldo_ = formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoExit, u"0"_s));
+    saldoInicial_ = formato.LeerCurrency(registry_.LeerValor(kSaldoInicial, u"0"_s)).AEntero32();
+    ultimoSaldo_ = formato.LeerCurrency(registry_.LeerValor(kSaldoExit, u"0"_s));
 }
 
 void SupervisionConexion::Conectar() {
@@ -58,7 +58,7 @@ void SupervisionConexion::Conectar() {
 
 void SupervisionConexion::ComprobarSaldos() {
     const FormatoRegional& formato = importes_.Formato();
-    ultimoSaldo_ = formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoExit, u"0"_s));
+    ultimoSaldo_ = formato.LeerCurrency(registry_.LeerValor(kSaldoExit, u"0"_s));
     const Currency total = saldos_.SaldoPorTipo(u"GETSALDOINICIOZV"_s, TipoSaldo::Todo);
     if (ultimoSaldo_ != total) {
         const QString ultimo = importes_.FormatoImporte(ultimoSaldo_);
@@ -72,11 +72,11 @@ void SupervisionConexion::ComprobarSaldos() {
     }
     GuardarSaldoExit();
     const Currency sinPoner(-1);
-    if (formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoInicial, u"-1"_s)) == sinPoner) {
-        registro_.GuardarValor(kClave, kSaldoInicial, total.ATexto());
+    if (formato.LeerCurrency(registry_.LeerValor(kSaldoInicial, u"-1"_s)) == sinPoner) {
+        registry_.GuardarValor(kSaldoInicial, total.ATexto());
     }
-    saldoInicial_ = formato.LeerCurrency(registro_.LeerValor(kClave, kSaldoInicial, total.ATexto()))
-                        .AEntero32();
+    saldoInicial_ =
+        formato.LeerCurrency(registry_.LeerValor(kSaldoInicial, total.ATexto())).AEntero32();
 }
 
 void SupervisionConexion::MostrarFalloConexion() {
@@ -130,7 +130,7 @@ void SupervisionConexion::GuardarSaldoExit() {
         return;
     }
     saldoExit_ = saldos_.SaldoPorTipo(u"GUARDASALDOEXIT"_s, TipoSaldo::Todo);
-    registro_.GuardarValor(kClave, kSaldoExit, saldoExit_.ATexto());
+    registry_.GuardarValor(kSaldoExit, saldoExit_.ATexto());
 }
 
 void SupervisionConexion::MostrarNivel() {

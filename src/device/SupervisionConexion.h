@@ -32,7 +32,7 @@ class VistaConexion {
 class SupervisionConexion {
   public:
     // ip: the setting IP, read at each connection.
-    SupervisionConexion(DeviceClient& cliente, RegistryTree& registro, Log& log, Dialogos& dialogos,
+    SupervisionConexion(DeviceClient& cliente, RegistryTree& registry, Log& log, Dialogos& dialogos,
                         const Textos& textos, const Importes& importes,
                         std::function<QString()> ip);
     SupervisionConexion(const SupervisionConexion&) = delete;
@@ -73,7 +73,7 @@ class SupervisionConexion {
     void MostrarLamparas(bool ok, bool alerta, bool critico);
 
     DeviceClient& cliente_;
-    RegistryTree& registro_;
+    RegistryTree& registry_;
     Log& log_;
     Dialogos& dialogos_;
     const Textos& textos_;

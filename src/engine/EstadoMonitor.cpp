@@ -1,6 +1,7 @@
 // Counters, state line, buttons and paging of the main screen.
 #include "engine/EstadoMonitor.h"
 
+#include "config/Ajustes.h"
 #include "config/Modo.h"
 #include "device/Claves.h"
 #include "engine/Claves.h"
@@ -61,8 +62,8 @@ void EstadoMonitor::ActualizarTexto(bool automatico) {
     case envio::kBien:
         poner(QString());
         if (automatico && configuracio.Modo == modo::kManual &&
-            entorno_.ini.LeerIni(entorno_.rutaIni, u"ZVMONITOR"_s, u"MODO"_s, modo::kManual) ==
-                modo::kAuto) {
+            entorno_.ini.LeerIni(entorno_.rutaIni, ajustes::kModo.seccion, ajustes::kModo.clave,
+                                 modo::kManual) == modo::kAuto) {
             CambiarModo(modo::kAuto);
         }
         break;

@@ -3,6 +3,7 @@
 
 #include "config/Modo.h"
 #include "engine/Claves.h"
+#include "platform/RegistryNames.h"
 #include "platform/StringLiterals.h"
 #include "till/ResultadoEnvio.h"
 
@@ -13,8 +14,6 @@ namespace zv {
 
 namespace {
 
-const QString kClaveConector = u"Zorvex\\ZVConnector"_s;
-const QString kValorActivo = u"Activo"_s;
 const QString kCero = u"0"_s;
 constexpr qint64 kPausaAvisoMs = 1000; // one line a second, or the log would fill the disk
 constexpr qint16 kEnlacePerdido = 1;
@@ -43,7 +42,7 @@ void PulsoCola::ArrancaTimer() {
 }
 
 bool PulsoCola::ConectorActivo() {
-    const QString activo = entorno_.registro.LeerValor(kClaveConector, kValorActivo, kCero);
+    const QString activo = entorno_.registro.LeerValor(registry_name::kConectorActivo, kCero);
     // "0" is the common case; anything else is compared by its number, as "01" is 1 too.
     if (activo == kCero) {
         return false;

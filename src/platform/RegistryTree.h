@@ -18,6 +18,12 @@ namespace zv {
 // Roots by name; INI: the name was the path of an existing file; Ninguna: no root.
 enum class Raiz { Ninguna = 0, Ini = 1, HKCU, HKLM, HKU, HKDD, HKCC, HKCR };
 
+// A text value under HKLM\Software: its key and its name.
+struct RegistryName {
+    QString key;
+    QString value;
+};
+
 class RegistryTree {
   public:
     // carpeta: the folder of the tree; it need not exist.
@@ -56,6 +62,15 @@ class RegistryTree {
     void GuardarValor(const QString& clave, const QString& valor, const QString& dato,
                       Guardado guardado = Guardado::Duradero);
     void BorrarValor(const QString& clave, const QString& valor);
+    // The same by name.
+    QString LeerValor(const RegistryName& nombre, const QString& defecto) const {
+        return LeerValor(nombre.key, nombre.value, defecto);
+    }
+    void GuardarValor(const RegistryName& nombre, const QString& dato,
+                      Guardado guardado = Guardado::Duradero) {
+        GuardarValor(nombre.key, nombre.value, dato, guardado);
+    }
+    void BorrarValor(const RegistryName& nombre) { BorrarValor(nombre.key, nombre.value); }
 
   private:
     struct Nombre {

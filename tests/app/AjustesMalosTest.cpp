@@ -92,7 +92,7 @@ TEST_P(AjusteConLetra, EndsTheStartWithItsNumber) {
     ElArranqueFallaCon("Error nº 13 - No coinciden los tipos");
 }
 
-INSTANTIATE_TEST_SUITE_P(Todas, AjusteConLetra, testing::ValuesIn(kClavesNumericas),
+INSTANTIATE_TEST_SUITE_P(Todas, AjusteConLetra, testing::ValuesIn(test::ClavesNumericas()),
                          [](const auto& caso) { return std::string(caso.param.clave); });
 
 TEST_F(AjustesMalosTest, ANumberTooBigForItsKeyEndsTheStartWithItsNumber) {

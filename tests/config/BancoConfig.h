@@ -16,7 +16,7 @@ namespace zv {
 
 class BancoConfig : public testing::Test {
   protected:
-    Configuracio Nueva() { return {ini, registro, carpeta.Ruta(), FormatoRegional(u"es_ES"_s)}; }
+    Configuracio Nueva() { return {ini, registry, carpeta.Ruta(), FormatoRegional(u"es_ES"_s)}; }
     // Loads a new object from a file of these bytes.
     Configuracio Leida(const QByteArray& bytes) {
         carpeta.Pon(u"ZVMonitor.ini"_s, bytes);
@@ -28,14 +28,14 @@ class BancoConfig : public testing::Test {
     }
     QByteArray Fichero() const { return carpeta.Lee(u"ZVMonitor.ini"_s); }
     QString Registrado(const char* valor, const char* clave = "Zorvex\\ZVMonitor") const {
-        return registro.LeerValor(QString::fromUtf8(clave), QString::fromUtf8(valor), u"(no)"_s);
+        return registry.LeerValor(QString::fromUtf8(clave), QString::fromUtf8(valor), u"(no)"_s);
     }
 
     test::CarpetaTemporal carpeta;
     test::LogMemoria log;
     test::DialogosGuion dialogos;
     ModuloIni ini{log, dialogos};
-    RegistryTree registro{carpeta.Ruta(u"Registro"_s)};
+    RegistryTree registry{carpeta.Ruta(u"Registro"_s)};
     const QString ruta = carpeta.Ruta(u"ZVMonitor.ini"_s);
 };
 

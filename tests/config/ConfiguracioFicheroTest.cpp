@@ -15,7 +15,6 @@ namespace zv {
 namespace {
 
 using test::ClaveNumerica;
-using test::kClavesNumericas;
 using test::NumeroError;
 
 class ConfiguracioFicheroTest : public BancoConfig {
@@ -83,7 +82,7 @@ TEST_P(ClavesNumericas, ALetterIsNoNumber) {
     EXPECT_EQ(Fallo("1"), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(Todas, ClavesNumericas, testing::ValuesIn(kClavesNumericas),
+INSTANTIATE_TEST_SUITE_P(Todas, ClavesNumericas, testing::ValuesIn(test::ClavesNumericas()),
                          [](const auto& caso) { return std::string(caso.param.clave); });
 
 TEST_F(ConfiguracioFicheroTest, TextKeysTakeAnything) {

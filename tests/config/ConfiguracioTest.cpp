@@ -1,10 +1,12 @@
-// The settings: defaults, loading, saving, copying.
+#include "config/Ajustes.h"
 #include "config/BancoConfig.h"
 #include "config/ConfiguracioGlobal.h"
 #include "platform/StringLiterals.h"
 #include "support/NumeroError.h"
 
+#include <sys/inotify.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace zv {
 namespace {
@@ -55,23 +57,55 @@ void Llena(Configuracio& cfg) {
     cfg.ZVFastPort = u"16999"_s;
 }
 
-// Every field but ModoAnterior and ModoInicial, as one text.
-QString Todo(const Configuracio& c) {
-    QStringList campos{c.IP, c.SUITEZV, c.Modo};
-    for (const int n : {int{c.REFRESCO},         int{c.MINIMIZADO},   int{c.BLOQUEARPAGOS},
-                        int{c.PREGUNTARANULAR},  int{c.SINIMPRESORA}, int{c.PREGUNTARCTO},
-                        int{c.BOTONACCESO},      int{c.PAGOSADMIN},   int{c.SINHORA},
-                        int{c.COLIDCAJA},        int{c.COLID2},       int{c.COLVENDEDOR},
-                        int{c.COLTERMINAL},      int{c.COLFORMAPAGO}, int{c.BCEAN},
-                        int{c.BCTPRE},           int{c.BCTINI},       int{c.BCTFIN},
-                        int{c.BCIINI},           int{c.BCIFIN},       int{c.BCDEC},
-                        int{c.ZVConectorActive}, int{c.zvFastActive}}) {
-        campos << QString::number(n);
+// Every field but ModoAnterior and ModoInicial, in the order of the file, the passwords last.
+QStringList Todo(const Configuracio& cfg) {
+    QStringList campos;
+    for (const ajustes::Ajuste& ajuste : ajustes::kTodos) {
+        campos << ajuste.clave + u'=' + ajustes::Valor(cfg, ajuste);
     }
-    campos << c.CLAVE_AUTORIZADO << c.CLAVE_ADMIN << c.CLAVE_TECNICO << c.ZVConectorPath
-           << c.ZVFastPort;
-    return campos.join(u'|');
+    for (const ajustes::Password& password : ajustes::kPasswords) {
+        campos << password.nombre.value + u'=' + cfg.*password.campo;
+    }
+    return campos;
 }
+
+// Names of the files that are replaced or deleted in some folders while it lives, in order; the
+// same name in a row counts once.
+class CambiosDeFicheros {
+  public:
+    explicit CambiosDeFicheros(const QStringList& carpetas) : cola_(::inotify_init1(IN_NONBLOCK)) {
+        for (const QString& carpeta : carpetas) {
+            EXPECT_GE(::inotify_add_watch(cola_, QFile::encodeName(carpeta).constData(),
+                                          IN_MOVED_TO | IN_DELETE),
+                      0);
+        }
+    }
+    ~CambiosDeFicheros() { ::close(cola_); }
+    CambiosDeFicheros(const CambiosDeFicheros&) = delete;
+    CambiosDeFicheros& operator=(const CambiosDeFicheros&) = delete;
+
+    QStringList Nombres() const {
+        QStringList nombres;
+        alignas(inotify_event) std::array<char, 16384> bytes{};
+        ssize_t leidos = 0;
+        while ((leidos = ::read(cola_, bytes.data(), bytes.size())) > 0) {
+            for (ssize_t sitio = 0; sitio < leidos;) {
+                inotify_event evento{};
+                std::memcpy(&evento, bytes.data() + sitio, sizeof evento);
+                const QString nombre =
+                    QFile::decodeName(bytes.data() + sitio + static_cast<ssize_t>(sizeof evento));
+                if (nombres.isEmpty() || nombres.last() != nombre) {
+                    nombres << nombre;
+                }
+                sitio += static_cast<ssize_t>(sizeof evento + evento.len);
+            }
+        }
+        return nombres;
+    }
+
+  private:
+    int cola_;
+};
 
 TEST_F(ConfiguracioTest, WithoutAFileAllFieldsHoldTheirDefaults) {
     Configuracio cfg = Nueva();
@@ -79,9 +113,38 @@ TEST_F(ConfiguracioTest, WithoutAFileAllFieldsHoldTheirDefaults) {
     bool existe = true;
     cfg.LeerCfgIni(ruta, existe);
     EXPECT_FALSE(existe);
-    EXPECT_EQ(Todo(cfg), u'|' + carpeta.Ruta() +
-                             u"|AUTO|2|0|0|1|0|1|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|1|||"
-                             "||16501"_s);
+    const QStringList defectos = {u"IP="_s,
+                                  u"SUITEZV="_s + carpeta.Ruta(),
+                                  u"MODO=AUTO"_s,
+                                  u"REFRESCO=2"_s,
+                                  u"MINIMIZADO=0"_s,
+                                  u"BLOQUEARPAGOS=0"_s,
+                                  u"PREGUNTARANULAR=1"_s,
+                                  u"SINIMPRESORA=0"_s,
+                                  u"PREGUNTARCTO=1"_s,
+                                  u"BOTONACCESO=0"_s,
+                                  u"PAGOSADMIN=0"_s,
+                                  u"SINHORA=0"_s,
+                                  u"COLID2=0"_s,
+                                  u"COLIDCAJA=0"_s,
+                                  u"COLVENDEDOR=0"_s,
+                                  u"COLTERMINAL=0"_s,
+                                  u"COLFORMAPAGO=0"_s,
+                                  u"BCEAN=0"_s,
+                                  u"BCTPRE=0"_s,
+                                  u"BCTINI=0"_s,
+                                  u"BCTFIN=0"_s,
+                                  u"BCIINI=0"_s,
+                                  u"BCIFIN=0"_s,
+                                  u"BCDEC=0"_s,
+                                  u"ZVFastActive=1"_s,
+                                  u"ZVFastPort=16501"_s,
+                                  u"ZVConectorActive=0"_s,
+                                  u"ZVConectorPath="_s,
+                                  u"CLAVE_ADMIN="_s,
+                                  u"CLAVE_AUTORIZADO="_s,
+                                  u"CLAVE_TECNICO="_s};
+    EXPECT_EQ(Todo(cfg), defectos);
     EXPECT_EQ(cfg.ModoInicial, u"AUTO"_s);
     EXPECT_FALSE(carpeta.Esta(u"ZVMonitor.ini"_s));
     EXPECT_FALSE(carpeta.Esta(u"Registro"_s));
@@ -218,6 +281,48 @@ TEST_F(ConfiguracioTest, CopiesEveryOtherField) {
     EXPECT_EQ(otra.ModoInicial, u"MANUAL"_s);
 }
 
+TEST_F(ConfiguracioTest, ThePasswordsAreReadBehindTheColumnsAndBeforeTheBarcode) {
+    registry.GuardarValor(u"Zorvex\\ZVMonitor"_s, u"CLAVE_ADMIN"_s, u"nueva"_s);
+    for (const auto& [bytes, leida] : {std::pair{"[ZVMONITOR]\nCOLFORMAPAGO=x\n", false},
+                                       std::pair{"[BARCODE]\nBCEAN=x\n", true}}) {
+        carpeta.Pon(u"ZVMonitor.ini"_s, bytes);
+        Configuracio cfg = Nueva();
+        cfg.CLAVE_ADMIN = u"vieja"_s;
+        bool existe = false;
+        EXPECT_EQ(NumeroError([&] { cfg.LeerCfgIni(ruta, existe); }), 13);
+        EXPECT_EQ(cfg.CLAVE_ADMIN, leida ? u"nueva"_s : u"vieja"_s) << bytes;
+    }
+}
+
+TEST_F(ConfiguracioTest, ThePasswordsAreWrittenBehindTheColumnsAndBeforeTheBarcode) {
+    Configuracio cfg = Nueva();
+    Llena(cfg);
+    cfg.GuardarConfig(ruta);
+    const QString fichero = u"ZVMonitor.ini"_s;
+    const QStringList passwords = {u"CLAVE_ADMIN"_s, u"CLAVE_AUTORIZADO"_s, u"CLAVE_TECNICO"_s};
+    const QStringList carpetas = {carpeta.Ruta(),
+                                  carpeta.Ruta(u"Registro/HKLM/Software/Zorvex/ZVMonitor"_s)};
+    for (const bool borrar : {false, true}) {
+        for (QString Configuracio::*clave :
+             {&Configuracio::CLAVE_ADMIN, &Configuracio::CLAVE_AUTORIZADO,
+              &Configuracio::CLAVE_TECNICO}) {
+            cfg.*clave = borrar ? QString() : u"otra"_s;
+        }
+        for (const bool delante : {true, false}) {
+            // One key changes: the last in front of the passwords, or the first behind them.
+            ++(delante ? cfg.COLFORMAPAGO : cfg.BCEAN);
+            QStringList esperado = passwords;
+            esperado.insert(delante ? 0 : passwords.size(), fichero);
+            if (borrar && !delante) {
+                esperado = {fichero}; // deleted the time before
+            }
+            const CambiosDeFicheros cambios(carpetas);
+            cfg.GuardarConfig(ruta);
+            EXPECT_EQ(cambios.Nombres(), esperado) << borrar << delante;
+        }
+    }
+}
+
 TEST_F(ConfiguracioTest, ThreeEmptyPasswordsRemoveTheValues) {
     Configuracio cfg = Nueva();
     Llena(cfg);
@@ -254,7 +359,7 @@ TEST_F(ConfiguracioTest, APasswordMayBeOfAnyLength) {
 }
 
 TEST_F(ConfiguracioTest, TheConnectorsPathComesFromTheFileFirst) {
-    registro.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Path"_s, u"/del/registro"_s);
+    registry.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Path"_s, u"/del/registro"_s);
     EXPECT_EQ(Leida("[CONECTOR]\nZVConectorActive=1\nZVConectorPath=/del/fichero\n").ZVConectorPath,
               u"/del/fichero"_s);
     EXPECT_EQ(Leida("[CONECTOR]\nZVConectorActive=1\n").ZVConectorPath, u"/del/registro"_s);
@@ -291,9 +396,9 @@ TEST_F(ConfiguracioTest, AFileThatCannotBeWrittenIsLoggedKeyByKey) {
 }
 
 TEST_F(ConfiguracioTest, TheGlobalOneIsReplacedWhole) {
-    ConfiguracioGlobal global(std::make_unique<Configuracio>(ini, registro, carpeta.Ruta()));
+    ConfiguracioGlobal global(std::make_unique<Configuracio>(ini, registry, carpeta.Ruta()));
     global->IP = u"vieja"_s;
-    auto nueva = std::make_unique<Configuracio>(ini, registro, carpeta.Ruta());
+    auto nueva = std::make_unique<Configuracio>(ini, registry, carpeta.Ruta());
     nueva->IP = u"nueva"_s;
     global.Reemplazar(std::move(nueva));
     EXPECT_EQ(global->IP, u"nueva"_s);

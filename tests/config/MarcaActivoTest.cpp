@@ -1,4 +1,3 @@
-// The busy mark.
 #include "config/BancoConfig.h"
 #include "platform/StringLiterals.h"
 
@@ -17,9 +16,9 @@ class MarcaActivoTest : public BancoConfig {
         return datos.st_ino;
     }
     void Pon(const char* valor) {
-        registro.GuardarValor(u"Zorvex\\ZVMonitor"_s, u"Activo"_s, QString::fromUtf8(valor));
+        registry.GuardarValor(u"Zorvex\\ZVMonitor"_s, u"Activo"_s, QString::fromUtf8(valor));
     }
-    MarcaActivo marca{registro};
+    MarcaActivo marca{registry};
 };
 
 TEST_F(MarcaActivoTest, IsOneWhileBusyAndZeroAfterwards) {

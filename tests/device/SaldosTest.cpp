@@ -25,8 +25,8 @@ const QString kInicioCaja = u"Error al recuperar el saldo del Zorvex: "_s;
 class SaldosTest : public testing::Test {
   protected:
     Currency Saldo(TipoSaldo tipo) { return saldos.SaldoPorTipo({}, tipo); }
-    void PonerNiveles(qint32 clase, const char* noms, const char* levels) {
-        cliente.PonerNiveles(clase, QString::fromLatin1(noms), QString::fromLatin1(levels));
+    void PonerNiveles(qint32 levelType, const char* noms, const char* levels) {
+        cliente.PonerNiveles(levelType, QString::fromLatin1(noms), QString::fromLatin1(levels));
     }
 
     QTemporaryDir carpeta;

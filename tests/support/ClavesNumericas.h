@@ -1,7 +1,9 @@
 // Keys of the settings file that hold a number, each with its section.
 #pragma once
 
-#include <array>
+#include "config/Ajustes.h"
+
+#include <vector>
 
 namespace zv::test {
 
@@ -10,27 +12,16 @@ struct ClaveNumerica {
     const char* clave;
 };
 
-inline constexpr std::array<ClaveNumerica, 21> kClavesNumericas = {
-    {{"ZVMONITOR", "REFRESCO"},
-     {"ZVMONITOR", "MINIMIZADO"},
-     {"ZVMONITOR", "BLOQUEARPAGOS"},
-     {"ZVMONITOR", "PREGUNTARANULAR"},
-     {"ZVMONITOR", "SINIMPRESORA"},
-     {"ZVMONITOR", "PREGUNTARCTO"},
-     {"ZVMONITOR", "BOTONACCESO"},
-     {"ZVMONITOR", "PAGOSADMIN"},
-     {"ZVMONITOR", "SINHORA"},
-     {"ZVMONITOR", "COLID2"},
-     {"ZVMONITOR", "COLIDCAJA"},
-     {"ZVMONITOR", "COLVENDEDOR"},
-     {"ZVMONITOR", "COLTERMINAL"},
-     {"ZVMONITOR", "COLFORMAPAGO"},
-     {"BARCODE", "BCEAN"},
-     {"BARCODE", "BCTPRE"},
-     {"BARCODE", "BCTINI"},
-     {"BARCODE", "BCTFIN"},
-     {"BARCODE", "BCIINI"},
-     {"BARCODE", "BCIFIN"},
-     {"BARCODE", "BCDEC"}}};
+inline std::vector<ClaveNumerica> ClavesNumericas() {
+    std::vector<ClaveNumerica> claves;
+    for (const ajustes::Ajuste& ajuste : ajustes::kTodos) {
+        if (std::holds_alternative<ajustes::Entero16>(ajuste.tipo) ||
+            std::holds_alternative<ajustes::Byte>(ajuste.tipo) ||
+            std::holds_alternative<ajustes::Uno>(ajuste.tipo)) {
+            claves.push_back({ajuste.seccion.data(), ajuste.clave.data()});
+        }
+    }
+    return claves;
+}
 
 } // namespace zv::test
