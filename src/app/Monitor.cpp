@@ -13,7 +13,7 @@ QHostAddress DireccionFast(const Opciones& opciones) {
 
 TillServices ServiciosTill(Servicios& servicios, const Exterior& exterior) {
     servicios.PonerDispositivo(exterior.cliente);
-    return {servicios.opciones.carpeta, exterior.cliente, servicios.registro, servicios.log,
+    return {servicios.opciones.carpeta, exterior.cliente, servicios.registry, servicios.log,
             exterior.dialogos,          servicios.textos, servicios.importes, servicios.reloj};
 }
 

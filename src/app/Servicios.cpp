@@ -14,7 +14,7 @@ FormatoRegional FormatoDe(const Opciones& opciones) {
 Servicios::Servicios(Opciones lasOpciones, const Clock& elReloj)
     : opciones(std::move(lasOpciones)), reloj(elReloj),
       log(opciones.carpeta, opciones.programa, VersionPrograma(), elReloj),
-      textos(opciones.carpeta), registro(opciones.registro), importes(FormatoDe(opciones), [this] {
+      textos(opciones.carpeta), registry(opciones.registro), importes(FormatoDe(opciones), [this] {
           // No amount is shown rather than a wrong one.
           return dispositivo_ != nullptr ? dispositivo_->Multiplier() : quint8{0};
       }) {}

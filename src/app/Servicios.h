@@ -24,7 +24,7 @@ struct Servicios {
     const Clock& reloj;
     LogFiles log;
     Textos textos;
-    RegistryTree registro;
+    RegistryTree registry;
     Importes importes;
 
   private:

@@ -1,4 +1,3 @@
-// INI access of the settings and what is told when it fails.
 #include "config/ModuloIni.h"
 
 #include "platform/ErrorEjecucion.h"

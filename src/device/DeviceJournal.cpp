@@ -1,4 +1,3 @@
-// Wording of the device journal.
 #include "device/DeviceJournal.h"
 
 #include "platform/StringLiterals.h"

@@ -42,7 +42,7 @@ void PulsoCola::ArrancaTimer() {
 }
 
 bool PulsoCola::ConectorActivo() {
-    const QString activo = entorno_.registro.LeerValor(registry_name::kConectorActivo, kCero);
+    const QString activo = entorno_.registry.LeerValor(registry_name::kConectorActivo, kCero);
     // "0" is the common case; anything else is compared by its number, as "01" is 1 too.
     if (activo == kCero) {
         return false;

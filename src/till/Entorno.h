@@ -27,7 +27,7 @@ namespace zv {
 struct TillServices {
     QString carpeta; // application folder, without a separator at its end
     DeviceClient& cliente;
-    RegistryTree& registro;
+    RegistryTree& registry;
     Log& log;
     Dialogos& dialogos;
     const Textos& textos;

@@ -9,8 +9,8 @@ TillGraph::TillGraph(const TillServices& s)
       transacciones_(database_, s.log),
       registros_(database_, s.log, s.dialogos, seguretat_, s.importes, s.reloj),
       ini_(s.log, s.dialogos), configuracio_(std::make_unique<Configuracio>(
-                                   ini_, s.registro, s.carpeta, s.importes.Formato())),
-      marca_(s.registro), supervision_(s.cliente, s.registro, s.log, s.dialogos, s.textos,
+                                   ini_, s.registry, s.carpeta, s.importes.Formato())),
+      marca_(s.registry), supervision_(s.cliente, s.registry, s.log, s.dialogos, s.textos,
                                        s.importes, [this] { return configuracio_->IP; }),
       entorno_{s,
                conexion_,

@@ -32,7 +32,7 @@ class ArranqueDatosMalosTest : public BancoMonitor {
         return *otro;
     }
     void PonerValor(const QString& valor, const QString& dato) {
-        servicios->registro.GuardarValor(u"Zorvex\\ZVMonitor"_s, valor, dato);
+        servicios->registry.GuardarValor(registry_name::kMonitor, valor, dato);
     }
     void EsperaErrorDeInicio(const QString& texto) {
         dialogos.EsperaMensaje(u"Error al iniciar la aplicación"_s, texto);

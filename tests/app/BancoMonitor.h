@@ -2,6 +2,7 @@
 #pragma once
 
 #include "app/Monitor.h"
+#include "platform/RegistryNames.h"
 #include "platform/StringLiterals.h"
 #include "support/DeviceGuion.h"
 #include "support/DialogosGuion.h"
@@ -58,11 +59,10 @@ class BancoMonitor : public testing::Test {
     }
     void PonerSaldo(qint32 total) {
         cliente.PonerTotal(total);
-        servicios->registro.GuardarValor(u"Zorvex\\ZVMonitor"_s, u"Saldo_Exit"_s,
-                                         QString::number(total));
+        servicios->registry.GuardarValor(registry_name::kSaldoExit, QString::number(total));
     }
     QString LeerValor(const QString& valor) const {
-        return servicios->registro.LeerValor(u"Zorvex\\ZVMonitor"_s, valor, u"-"_s);
+        return servicios->registry.LeerValor(registry_name::kMonitor, valor, u"-"_s);
     }
     QStringList LineasLog() const {
         QStringList lineas;

@@ -58,11 +58,11 @@ class CobroCodigoBarrasTest : public testing::Test {
     CarpetaTemporal carpeta;
     Textos textos{carpeta.Ruta()};
     ModuloIni ini{log, dialogos};
-    RegistryTree registro{carpeta.Ruta(u"Registro"_s)};
+    RegistryTree registry{carpeta.Ruta(u"Registro"_s)};
     quint8 multiplicador = 100;
     Importes importes{FormatoRegional(u"es_ES"_s), [this] { return multiplicador; }};
     ConfiguracioGlobal configuracio{
-        std::make_unique<Configuracio>(ini, registro, carpeta.Ruta(), FormatoRegional(u"es_ES"_s))};
+        std::make_unique<Configuracio>(ini, registry, carpeta.Ruta(), FormatoRegional(u"es_ES"_s))};
     std::function<void(int)> alEsperar;
     QList<int> esperas;
     CobroCodigoBarras barras{configuracio,

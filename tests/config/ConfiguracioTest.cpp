@@ -282,7 +282,7 @@ TEST_F(ConfiguracioTest, CopiesEveryOtherField) {
 }
 
 TEST_F(ConfiguracioTest, ThePasswordsAreReadBehindTheColumnsAndBeforeTheBarcode) {
-    registry.GuardarValor(u"Zorvex\\ZVMonitor"_s, u"CLAVE_ADMIN"_s, u"nueva"_s);
+    registry.GuardarValor(registry_name::kClaveAdmin, u"nueva"_s);
     for (const auto& [bytes, leida] : {std::pair{"[ZVMONITOR]\nCOLFORMAPAGO=x\n", false},
                                        std::pair{"[BARCODE]\nBCEAN=x\n", true}}) {
         carpeta.Pon(u"ZVMonitor.ini"_s, bytes);
@@ -359,7 +359,7 @@ TEST_F(ConfiguracioTest, APasswordMayBeOfAnyLength) {
 }
 
 TEST_F(ConfiguracioTest, TheConnectorsPathComesFromTheFileFirst) {
-    registry.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Path"_s, u"/del/registro"_s);
+    registry.GuardarValor(registry_name::kConectorPath, u"/del/registro"_s);
     EXPECT_EQ(Leida("[CONECTOR]\nZVConectorActive=1\nZVConectorPath=/del/fichero\n").ZVConectorPath,
               u"/del/fichero"_s);
     EXPECT_EQ(Leida("[CONECTOR]\nZVConectorActive=1\n").ZVConectorPath, u"/del/registro"_s);

@@ -1,4 +1,3 @@
-// Readers of the gateway's messages and of its address.
 #include "device/gateway/GatewayMessages.h"
 
 #include "platform/StringLiterals.h"

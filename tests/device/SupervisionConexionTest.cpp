@@ -2,6 +2,7 @@
 #include "device/SupervisionConexion.h"
 
 #include "platform/ErrorEjecucion.h"
+#include "platform/RegistryNames.h"
 #include "platform/StringLiterals.h"
 #include "support/DeviceGuion.h"
 #include "support/DialogosGuion.h"
@@ -16,9 +17,8 @@
 namespace zv {
 namespace {
 
-const QString kClave = u"Zorvex\\ZVMonitor"_s;
-const QString kSaldoExit = u"Saldo_Exit"_s;
-const QString kSaldoInicial = u"Saldo_Inicial"_s;
+using registry_name::kSaldoExit;
+using registry_name::kSaldoInicial;
 
 QStringList Lista(std::initializer_list<const char*> textos) {
     QStringList lista;
@@ -57,12 +57,10 @@ class SupervisionConexionTest : public testing::Test {
         cliente.AlLlamar([this](const QString& llamada) { sucesos << llamada; });
     }
 
-    void Guardar(const QString& valor, const QString& dato) {
-        registro.GuardarValor(kClave, valor, dato);
+    void Guardar(const RegistryName& valor, const QString& dato) {
+        registry.GuardarValor(valor, dato);
     }
-    QString Leer(const QString& valor) const {
-        return registro.LeerValor(kClave, valor, u"(nada)"_s);
-    }
+    QString Leer(const RegistryName& valor) const { return registry.LeerValor(valor, u"(nada)"_s); }
     // Connected, with the balances of the registry equal to the device's total.
     void Conectada(qint32 total) {
         Guardar(kSaldoExit, QString::number(total));
@@ -78,14 +76,14 @@ class SupervisionConexionTest : public testing::Test {
     QTemporaryDir carpeta;
     QStringList sucesos;
     DeviceGuion cliente;
-    RegistryTree registro{carpeta.path()};
+    RegistryTree registry{carpeta.path()};
     test::LogMemoria log;
     test::DialogosGuion dialogos;
     Textos textos{carpeta.path()};
     Importes importes{FormatoRegional(u"es_ES"_s), [this] { return cliente.Multiplier(); }};
     VistaGuion vista{sucesos};
     SupervisionConexion supervision{
-        cliente, registro, log, dialogos, textos, importes, [] { return u"10.0.0.7"_s; }};
+        cliente, registry, log, dialogos, textos, importes, [] { return u"10.0.0.7"_s; }};
 };
 
 // ---- Conectar
@@ -134,7 +132,7 @@ TEST_F(SupervisionConexionTest, StoresTheTotalAsTheStartOfThePeriodOnAFirstStart
     supervision.Conectar(); // no "Saldo_Exit" reads as 0
     EXPECT_EQ(Leer(kSaldoInicial), u"0"_s);
 
-    registro.BorrarValor(kClave, kSaldoInicial);
+    registry.BorrarValor(kSaldoInicial);
     Guardar(kSaldoExit, u"5000"_s);
     cliente.PonerTotal(5000);
     cliente.EsperaConnect();

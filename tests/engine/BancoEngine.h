@@ -4,6 +4,7 @@
 
 #include "engine/EngineGraph.h"
 #include "platform/ErrorEjecucion.h"
+#include "platform/RegistryNames.h"
 #include "platform/StringLiterals.h"
 #include "store/Esquema.h"
 #include "store/sqlite/SqliteEngine.h"
@@ -24,7 +25,7 @@ namespace zv::test {
 class BancoEngine : public testing::Test {
   protected:
     BancoEngine()
-        : textos(carpeta.path()), registro(carpeta.filePath(u"Registro"_s)),
+        : textos(carpeta.path()), registry(carpeta.filePath(u"Registro"_s)),
           importes(FormatoRegional(u"es_ES"_s), [this] { return cliente.Multiplier(); }),
           graph(ServiciosEn(carpeta.path())) {
         bool existe = false;
@@ -39,14 +40,14 @@ class BancoEngine : public testing::Test {
 
     // What a till in that folder stands on.
     TillServices ServiciosEn(const QString& donde) {
-        return {donde, cliente, registro, log, dialogos, textos, importes, reloj};
+        return {donde, cliente, registry, log, dialogos, textos, importes, reloj};
     }
     QString RutaIni() const { return carpeta.filePath(u"ZVMonitor.ini"_s); }
 
     // Connected, with that much money in the device, and the pulse armed.
     void ConectarCon(qint32 total) {
         cliente.PonerTotal(total);
-        registro.GuardarValor(u"Zorvex\\ZVMonitor"_s, u"Saldo_Exit"_s, QString::number(total));
+        registry.GuardarValor(registry_name::kSaldoExit, QString::number(total));
         cliente.EsperaConnect();
         supervision.Conectar();
         ASSERT_TRUE(supervision.Conectado());
@@ -69,9 +70,7 @@ class BancoEngine : public testing::Test {
     std::vector<Row> Procesados() {
         return motor.Consultar(u"SELECT * FROM procesados ORDER BY idZV"_s);
     }
-    QString Activo() const {
-        return registro.LeerValor(u"Zorvex\\ZVMonitor"_s, u"Activo"_s, u"-"_s);
-    }
+    QString Activo() const { return registry.LeerValor(registry_name::kActivo, u"-"_s); }
     void EscribirIni(const QByteArray& contenido) {
         QFile fichero(RutaIni());
         ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));
@@ -94,7 +93,7 @@ class BancoEngine : public testing::Test {
     DialogosGuion dialogos;
     DeviceGuion cliente;
     Textos textos;
-    RegistryTree registro;
+    RegistryTree registry;
     Importes importes;
     EngineGraph graph;
     Entorno& entorno = graph.Partes().entorno;

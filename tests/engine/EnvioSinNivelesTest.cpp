@@ -30,9 +30,7 @@ class EnvioSinNivelesTest : public BancoEngine {
         dialogos.EsperaMensaje(u"Operación anulada"_s, u"Sin conexión"_s, Respuesta::Aceptar,
                                EstiloMensaje::Aceptar, std::move(mientras));
     }
-    QString SaldoExit() const {
-        return registro.LeerValor(u"Zorvex\\ZVMonitor"_s, u"Saldo_Exit"_s, QString());
-    }
+    QString SaldoExit() const { return registry.LeerValor(registry_name::kSaldoExit, QString()); }
 
     Envio sujeto;
 };

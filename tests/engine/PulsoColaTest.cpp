@@ -326,7 +326,7 @@ TEST_F(PulsoColaTest, AnArmedTickEndsWhatWasLeftOpenBeforeItDoesAnything) {
 }
 
 TEST_F(PulsoColaTest, SoDoesATickThatYieldsToTheConnector) {
-    registro.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Activo"_s, u"1"_s);
+    registry.GuardarValor(registry_name::kConectorActivo, u"1"_s);
     PonerFila(500, u"M"_s, true);
     motor.Comenzar();
     motor.Ejecutar(u"UPDATE cola SET creditoError = 77"_s);
@@ -518,13 +518,13 @@ TEST_F(PulsoColaTest, TheBalanceIsKeptAfterEachSend) {
     PonerFila(500);
     cliente.EsperaCharge(500, 500, 0, FinGuion::Ok().Durante([&] { cliente.PonerTotal(10500); }));
     pulso.ProcesarCola();
-    EXPECT_EQ(registro.LeerValor(u"Zorvex\\ZVMonitor"_s, u"Saldo_Exit"_s, QString()), u"10500"_s);
+    EXPECT_EQ(registry.LeerValor(registry_name::kSaldoExit, QString()), u"10500"_s);
 }
 
 TEST_F(PulsoColaTest, WhileTheConnectorWorksNothingRunsButOneLineASecond) {
     ConectarCon(10000);
     PonerFila(500);
-    registro.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Activo"_s, u"1"_s);
+    registry.GuardarValor(registry_name::kConectorActivo, u"1"_s);
     EXPECT_EQ(Sentencias([&] {
                   for (int i = 0; i < 50; ++i) {
                       pulso.ProcesarCola();
@@ -537,7 +537,7 @@ TEST_F(PulsoColaTest, WhileTheConnectorWorksNothingRunsButOneLineASecond) {
     pulso.ProcesarCola();
     EXPECT_EQ(log.Cuenta(u"TIMER_COLA_ZVCONNECTOR_ACTIVO"_s), 2);
 
-    registro.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Activo"_s, u"0"_s);
+    registry.GuardarValor(registry_name::kConectorActivo, u"0"_s);
     cliente.EsperaCharge(500, 500, 0);
     pulso.ProcesarCola();
     EXPECT_TRUE(Cola().empty());
@@ -547,11 +547,11 @@ TEST_F(PulsoColaTest, TheConnectorsMarkIsANumber) {
     ConectarCon(10000);
     PonerFila(500);
     for (const QString& activo : {u"01"_s, u" 1 "_s}) {
-        registro.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Activo"_s, activo);
+        registry.GuardarValor(registry_name::kConectorActivo, activo);
         pulso.ProcesarCola();
         EXPECT_EQ(Cola().size(), 1U) << activo.toStdString();
     }
-    registro.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Activo"_s, u"2"_s);
+    registry.GuardarValor(registry_name::kConectorActivo, u"2"_s);
     cliente.EsperaCharge(500, 500, 0);
     pulso.ProcesarCola();
     EXPECT_TRUE(Cola().empty());

@@ -57,10 +57,10 @@ class BancoFast : public testing::Test {
     DialogosGuion dialogos;
     CarpetaTemporal carpeta;
     ModuloIni ini{log, dialogos};
-    RegistryTree registro{carpeta.Ruta(u"Registro"_s)};
+    RegistryTree registry{carpeta.Ruta(u"Registro"_s)};
     FormatoRegional formato{u"es_ES"_s};
     ConfiguracioGlobal configuracio{
-        std::make_unique<Configuracio>(ini, registro, carpeta.Ruta(), formato)};
+        std::make_unique<Configuracio>(ini, registry, carpeta.Ruta(), formato)};
     dades* visibles = &datos;
     bool esperar = false;
     int preparados = 0;

@@ -139,9 +139,9 @@ void MirarAjustes(const QString& carpeta, const QString& ruta, bool guardar) {
     test::LogMemoria log;
     DialogosMudos dialogos;
     const ModuloIni ini(log, dialogos);
-    RegistryTree registro(carpeta + u"/Registro"_s);
+    RegistryTree registry(carpeta + u"/Registro"_s);
     const FormatoRegional formato(u"es_ES"_s);
-    Configuracio primera(ini, registro, carpeta, formato);
+    Configuracio primera(ini, registry, carpeta, formato);
     bool existe = false;
     const int numero = Numero([&] { primera.LeerCfgIni(ruta, existe); });
     Exige(numero == 0 || numero == 6 || numero == 13, "settings fail by 6 or 13 only");
@@ -152,7 +152,7 @@ void MirarAjustes(const QString& carpeta, const QString& ruta, bool guardar) {
     }
     const QByteArray antes = Leer(ruta);
     primera.GuardarConfig(ruta);
-    Configuracio segunda(ini, registro, carpeta, formato);
+    Configuracio segunda(ini, registry, carpeta, formato);
     segunda.LeerCfgIni(ruta, existe);
     const auto texto = [&](const QString& valor) { return Guardado(EnFichero(antes, valor)); };
     Exige(segunda.IP == texto(primera.IP) && segunda.SUITEZV == texto(primera.SUITEZV) &&

@@ -4,6 +4,7 @@
 #include "device/SupervisionConexion.h"
 #include "fuzz/Fuzz.h"
 #include "platform/Conversions.h"
+#include "platform/RegistryNames.h"
 #include "platform/StringLiterals.h"
 #include "support/LogMemoria.h"
 
@@ -17,9 +18,8 @@
 namespace zv::fuzz {
 namespace {
 
-const QString kClave = u"Zorvex\\ZVMonitor"_s;
-const QString kSaldoExit = u"Saldo_Exit"_s;
-const QString kSaldoInicial = u"Saldo_Inicial"_s;
+using registry_name::kSaldoExit;
+using registry_name::kSaldoInicial;
 
 struct Niveles {
     bool bien = true;
@@ -194,16 +194,16 @@ void UnaEntrada(Entrada entrada) {
         const QStringList listas = entrada.Campos(2);
         cliente.listas[clase] = {!cabeza[1].contains(QChar(u'0' + clase)), listas[0], listas[1]};
     }
-    RegistryTree registro(carpeta.path());
-    registro.GuardarValor(kClave, kSaldoExit, entrada.Texto(), Guardado::Pasajero);
-    registro.GuardarValor(kClave, kSaldoInicial, entrada.Texto(), Guardado::Pasajero);
+    RegistryTree registry(carpeta.path());
+    registry.GuardarValor(kSaldoExit, entrada.Texto(), Guardado::Pasajero);
+    registry.GuardarValor(kSaldoInicial, entrada.Texto(), Guardado::Pasajero);
 
     test::LogMemoria log;
     DialogosMudos dialogos;
     const Textos textos(carpeta.path());
     const Importes importes(formato, [&] { return cliente.Multiplier(); });
     VistaLamparas vista;
-    SupervisionConexion supervision(cliente, registro, log, dialogos, textos, importes,
+    SupervisionConexion supervision(cliente, registry, log, dialogos, textos, importes,
                                     [] { return QString(); });
     supervision.PonerVista(&vista);
 
@@ -223,7 +223,7 @@ void UnaEntrada(Entrada entrada) {
     MirarSaldos(supervision.LosSaldos(), cliente, dialogos);
 
     supervision.GuardarSaldoExit();
-    const QString guardado = registro.LeerValor(kClave, kSaldoExit, QString());
+    const QString guardado = registry.LeerValor(kSaldoExit, QString());
     Exige(guardado == supervision.SaldoExit().ATexto(), "the balance stored is the one held");
     supervision.Cortar();
     Exige(supervision.LosSaldos().SaldoPorTipo(u"FUZZ"_s, TipoSaldo::Todo).EsCero(),

@@ -87,14 +87,13 @@ TEST(GuardadoInterrumpido, LeavesTheOldOrTheNewIniFile) {
 TEST(GuardadoInterrumpido, LeavesTheOldOrTheNewRegistryValue) {
     const CarpetaTemporal carpeta;
     std::mt19937 azar(2); // NOLINT(bugprone-random-generator-seed): repeatable
-    const QString clave = u"Zorvex\\ZVMonitor"_s;
-    const QString valor = u"Saldo_Exit"_s;
+    const RegistryName nombre{u"Zorvex\\ZVMonitor"_s, u"Saldo_Exit"_s};
     for (int vuelta = 0; vuelta < kVueltas; ++vuelta) {
-        RegistryTree registro(carpeta.Ruta());
-        registro.GuardarValor(clave, valor, u"0:"_s);
-        const int ultimo = GuardarHastaMorir(
-            [&](int i) { registro.GuardarValor(clave, valor, Relleno(i)); }, azar);
-        const QString leido = registro.LeerValor(clave, valor, {});
+        RegistryTree registry(carpeta.Ruta());
+        registry.GuardarValor(nombre, u"0:"_s);
+        const int ultimo =
+            GuardarHastaMorir([&](int i) { registry.GuardarValor(nombre, Relleno(i)); }, azar);
+        const QString leido = registry.LeerValor(nombre, {});
         ASSERT_TRUE(leido == Relleno(ultimo) || leido == Relleno(ultimo + 1))
             << "round " << vuelta << ", " << leido.size() << " after save " << ultimo;
     }

@@ -19,26 +19,26 @@ using test::CarpetaTemporal;
 class RegistroArbol : public testing::Test {
   protected:
     QString Valor(const char* clave, const char* valor, const char* defecto = "defecto") const {
-        return registro.LeerValor(QString::fromUtf8(clave), QString::fromUtf8(valor),
+        return registry.LeerValor(QString::fromUtf8(clave), QString::fromUtf8(valor),
                                   QString::fromUtf8(defecto));
     }
     void Guarda(const char* clave, const char* valor, const char* dato) {
-        registro.GuardarValor(QString::fromUtf8(clave), QString::fromUtf8(valor),
+        registry.GuardarValor(QString::fromUtf8(clave), QString::fromUtf8(valor),
                               QString::fromUtf8(dato));
     }
     // Result code; what was read is in resultado.
     int Lee(const char* raiz, const char* clave, const char* valor, const char* tipo) {
-        return registro.LeerRegistro(QString::fromUtf8(raiz), QString::fromUtf8(clave),
+        return registry.LeerRegistro(QString::fromUtf8(raiz), QString::fromUtf8(clave),
                                      QString::fromUtf8(valor), QString::fromUtf8(tipo),
                                      u"defecto"_s, resultado);
     }
     int Escribe(const char* clave, const char* valor, const char* tipo, const char* dato) {
-        return registro.EscribirRegistro(u"HKLM"_s, QString::fromUtf8(clave),
+        return registry.EscribirRegistro(u"HKLM"_s, QString::fromUtf8(clave),
                                          QString::fromUtf8(valor), QString::fromUtf8(tipo),
                                          QString::fromUtf8(dato));
     }
     int Borra(const char* clave, const char* valor) {
-        return registro.BorrarRegistro(u"HKLM"_s, QString::fromUtf8(clave),
+        return registry.BorrarRegistro(u"HKLM"_s, QString::fromUtf8(clave),
                                        QString::fromUtf8(valor));
     }
     // A file of the tree, as another program would write it.
@@ -58,7 +58,7 @@ class RegistroArbol : public testing::Test {
     }
 
     CarpetaTemporal carpeta;
-    RegistryTree registro{carpeta.Ruta()};
+    RegistryTree registry{carpeta.Ruta()};
     QString resultado;
 };
 
@@ -207,22 +207,22 @@ TEST_F(RegistroArbol, ReadsLongTextsUpToAMegabyte) {
 TEST_F(RegistroArbol, EachRootIsATreeOfItsOwn) {
     for (const char* raiz : {"HKCU", "HKLM", "HKU", "HKDD", "HKCC", "HKCR"}) {
         const QString nombre = QString::fromUtf8(raiz);
-        EXPECT_EQ(registro.EscribirRegistro(nombre.toLower(), u"k"_s, u"v"_s, u"s"_s, nombre), 0);
+        EXPECT_EQ(registry.EscribirRegistro(nombre.toLower(), u"k"_s, u"v"_s, u"s"_s, nombre), 0);
         EXPECT_EQ(carpeta.Lee(nombre + u"/k/v"_s), QByteArray(raiz));
         EXPECT_EQ(Lee(raiz, "k", "v", "S"), 0);
         EXPECT_EQ(resultado, nombre);
     }
-    EXPECT_EQ(registro.RaizRegistro(u"hklm"_s), Raiz::HKLM);
-    EXPECT_EQ(registro.RaizRegistro(u"HkDd"_s), Raiz::HKDD);
+    EXPECT_EQ(registry.RaizRegistro(u"hklm"_s), Raiz::HKLM);
+    EXPECT_EQ(registry.RaizRegistro(u"HkDd"_s), Raiz::HKDD);
 }
 
 TEST_F(RegistroArbol, AnUnknownRootIsCode99) {
-    EXPECT_EQ(registro.RaizRegistro(u"HKXX"_s), Raiz::Ninguna);
-    EXPECT_EQ(registro.RaizRegistro(carpeta.Ruta()), Raiz::Ninguna); // a folder is no file
+    EXPECT_EQ(registry.RaizRegistro(u"HKXX"_s), Raiz::Ninguna);
+    EXPECT_EQ(registry.RaizRegistro(carpeta.Ruta()), Raiz::Ninguna); // a folder is no file
     EXPECT_EQ(Lee("HKXX", "k", "v", "S"), 99);
     EXPECT_EQ(resultado, u"defecto"_s);
-    EXPECT_EQ(registro.EscribirRegistro(QString(), u"k"_s, u"v"_s, u"S"_s, u"1"_s), 99);
-    EXPECT_EQ(registro.BorrarRegistro(u"HK"_s, u"k"_s, u"v"_s), 99);
+    EXPECT_EQ(registry.EscribirRegistro(QString(), u"k"_s, u"v"_s, u"S"_s, u"1"_s), 99);
+    EXPECT_EQ(registry.BorrarRegistro(u"HK"_s, u"k"_s, u"v"_s), 99);
 }
 
 TEST_F(RegistroArbol, DoubleWordsPassThroughSixteenBits) {
@@ -268,7 +268,7 @@ TEST_F(RegistroArbol, AnUnknownKindIsRefused) {
 TEST_F(RegistroArbol, DeletingTakesTheValueAndIsNoFailureWithoutOne) {
     Guarda("A", "v", "1");
     Pon("HKLM/Software/A/V", "2");
-    registro.BorrarValor(u"A"_s, u"v"_s);
+    registry.BorrarValor(u"A"_s, u"v"_s);
     EXPECT_TRUE(carpeta.Entradas(u"HKLM/Software/A"_s).isEmpty());
     EXPECT_EQ(Valor("A", "v"), u"defecto"_s);
     EXPECT_EQ(Borra("Software\\A", "v"), 0);
@@ -343,14 +343,14 @@ TEST_F(RegistroArbol, ManyNamesDoNotPileUpOrMixUp) {
     for (int i = 0; i < 1000; ++i) {
         const QString nombre = u"v%1"_s.arg(i);
         Pon("HKLM/Software/A/v7", "siete");
-        ASSERT_EQ(registro.LeerValor(u"A"_s, nombre, u"no"_s), i == 7 ? u"siete"_s : u"no"_s);
+        ASSERT_EQ(registry.LeerValor(u"A"_s, nombre, u"no"_s), i == 7 ? u"siete"_s : u"no"_s);
     }
     EXPECT_EQ(Valor("A", "v7"), u"siete"_s);
 }
 
 TEST_F(RegistroArbol, DefaultAndResultMayBeOneObject) {
     resultado = u"mio"_s;
-    EXPECT_EQ(registro.LeerRegistro(u"HKLM"_s, u"k"_s, u"v"_s, u"S"_s, resultado, resultado),
+    EXPECT_EQ(registry.LeerRegistro(u"HKLM"_s, u"k"_s, u"v"_s, u"S"_s, resultado, resultado),
               RegistryTree::kNoExiste);
     EXPECT_EQ(resultado, u"mio"_s);
 }
@@ -358,7 +358,7 @@ TEST_F(RegistroArbol, DefaultAndResultMayBeOneObject) {
 class RegistroIni : public RegistroArbol {
   protected:
     int LeeIni(const char* clave, const char* tipo, const char* defecto = "defecto") {
-        return registro.LeerRegistro(ini, u"Sec"_s, QString::fromUtf8(clave),
+        return registry.LeerRegistro(ini, u"Sec"_s, QString::fromUtf8(clave),
                                      QString::fromUtf8(tipo), QString::fromUtf8(defecto),
                                      resultado);
     }
@@ -366,7 +366,7 @@ class RegistroIni : public RegistroArbol {
 };
 
 TEST_F(RegistroIni, AnExistingFileIsARoot) {
-    EXPECT_EQ(registro.RaizRegistro(ini), Raiz::Ini);
+    EXPECT_EQ(registry.RaizRegistro(ini), Raiz::Ini);
     EXPECT_EQ(static_cast<int>(Raiz::Ini), 1);
     EXPECT_EQ(static_cast<int>(Raiz::Ninguna), 0);
 }
@@ -396,24 +396,24 @@ TEST_F(RegistroIni, AnyOtherKindAnswersItsNumberAsTheCode) {
 }
 
 TEST_F(RegistroIni, WritesTextOnly) {
-    EXPECT_EQ(registro.EscribirRegistro(ini, u"Sec"_s, u"k"_s, u"s"_s, u"nuevo"_s), 0);
-    EXPECT_EQ(registro.EscribirRegistro(ini, u"Sec"_s, u"n"_s, u"D"_s, u"5"_s),
+    EXPECT_EQ(registry.EscribirRegistro(ini, u"Sec"_s, u"k"_s, u"s"_s, u"nuevo"_s), 0);
+    EXPECT_EQ(registry.EscribirRegistro(ini, u"Sec"_s, u"n"_s, u"D"_s, u"5"_s),
               RegistryTree::kParametroNoValido);
     EXPECT_EQ(Fichero("x.ini"), QByteArray("[Sec]\nk=nuevo\nn=-12abc\nv=\n"));
 }
 
 TEST_F(RegistroIni, DeletingLeavesAnEmptyValue) {
-    EXPECT_EQ(registro.BorrarRegistro(ini, u"Sec"_s, u"k"_s), 0);
+    EXPECT_EQ(registry.BorrarRegistro(ini, u"Sec"_s, u"k"_s), 0);
     EXPECT_EQ(Fichero("x.ini"), QByteArray("[Sec]\nk=\nn=-12abc\nv=\n"));
-    EXPECT_EQ(registro.BorrarRegistro(ini, u"Sec"_s, u"otra"_s), 0);
+    EXPECT_EQ(registry.BorrarRegistro(ini, u"Sec"_s, u"otra"_s), 0);
     EXPECT_EQ(Fichero("x.ini"), QByteArray("[Sec]\nk=\nn=-12abc\nv=\notra=\n"));
 }
 
 TEST_F(RegistroIni, AFailureIsACodeAndNeverRaised) {
     ASSERT_EQ(::chmod(QFile::encodeName(ini).constData(), 0444), 0);
-    EXPECT_EQ(registro.EscribirRegistro(ini, u"Sec"_s, u"k"_s, u"S"_s, u"nuevo"_s),
+    EXPECT_EQ(registry.EscribirRegistro(ini, u"Sec"_s, u"k"_s, u"S"_s, u"nuevo"_s),
               RegistryTree::kAccesoDenegado);
-    EXPECT_EQ(registro.BorrarRegistro(ini, u"Sec"_s, u"k"_s), RegistryTree::kAccesoDenegado);
+    EXPECT_EQ(registry.BorrarRegistro(ini, u"Sec"_s, u"k"_s), RegistryTree::kAccesoDenegado);
     ASSERT_EQ(::chmod(QFile::encodeName(ini).constData(), 0200), 0);
     ASSERT_EQ(::chmod(QFile::encodeName(carpeta.Ruta()).constData(), 0755), 0);
     const test::SinPrivilegios nadie;

@@ -1,4 +1,3 @@
-// Operations, queries and sessions of the gateway client.
 #include "device/gateway/GatewayClient.h"
 
 #include "device/Claves.h"

@@ -1,4 +1,3 @@
-// The states of one long operation.
 #include "device/gateway/GatewayOperation.h"
 
 #include "platform/StringLiterals.h"

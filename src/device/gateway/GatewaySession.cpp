@@ -1,4 +1,3 @@
-// Socket of the gateway's link.
 #include "device/gateway/GatewaySession.h"
 
 #include <QNetworkProxy>

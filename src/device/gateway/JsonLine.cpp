@@ -1,4 +1,3 @@
-// JSON-RPC objects of the gateway's link.
 #include "device/gateway/JsonLine.h"
 
 #include "platform/StringLiterals.h"

@@ -1,4 +1,3 @@
-// Drawing of the activity bar.
 #include "device/screens/BarraActividad.h"
 
 #include "ui/screens/Tema.h"

@@ -1,4 +1,3 @@
-// Texts, lines and keys of the window of a running operation.
 #include "device/screens/frmOperacion.h"
 
 #include "device/Claves.h"

@@ -182,7 +182,7 @@ TEST_F(frmZVMonitorTest, UpAndDownMoveTheListAndOtherKeysReachTheBox) {
 
 TEST_F(frmZVMonitorTest, EachTickGivesTheBarcodeBoxTheFocusAlsoWhileTheConnectorWorks) {
     for (const QString& activo : {u"0"_s, u"1"_s}) {
-        registro.GuardarValor(u"Zorvex\\ZVConnector"_s, u"Activo"_s, activo);
+        registry.GuardarValor(registry_name::kConectorActivo, activo);
         pantalla->setFocusPolicy(Qt::StrongFocus);
         pantalla->setFocus();
         ASSERT_NE(pantalla->focusWidget(), D().TextIni);
