@@ -167,6 +167,16 @@ TEST_F(EnvioTest, ARefusedCreditWritesNothing) {
                           "400"_s});
 }
 
+TEST_F(EnvioTest, ARefusedCreditLeavesTheBusyMarkToWhoSetIt) {
+    const qint32 id = PonerFila(1000);
+    PonerCredito(id, 400);
+    marca.MarcarActivo(true);
+    dialogos.EsperaMensaje(TituloCredito(), testing::_, Respuesta::Cancelar,
+                           EstiloMensaje::ReintentarCancelar);
+    EXPECT_EQ(Enviar(id), envio::kCancelado);
+    EXPECT_EQ(Activo(), u"1"_s);
+}
+
 TEST_F(EnvioTest, ACreditOfTheWholeAmountIsFiledWithoutTheDevice) {
     const qint32 id = PonerFila(1000);
     PonerCredito(id, 1000);
