@@ -8,6 +8,8 @@ namespace zv::texto {
 inline constexpr Clave kClavesUi[] = {
     {u"GEN", u"FrmCaption", u"Zorvex ®"},
     {u"boton_0", u"Aceptar"},
+    {u"interruptorSi", u"Sí"},
+    {u"interruptorNo", u"No"},
     {kCadaPantalla, u"btnW_1", u"Cerrar"},
     {kCadaPantalla, u"btnArriba", u"Página anterior"},
     {kCadaPantalla, u"btnAbajo", u"Página siguiente"},
@@ -33,6 +35,8 @@ inline constexpr Clave kClavesUi[] = {
 
 inline constexpr const Clave& kTituloVentana = Entrada(kClavesUi, u"GEN", u"FrmCaption");
 inline constexpr const Clave& kAceptar = Entrada(kClavesUi, u"boton_0");
+inline constexpr const Clave& kInterruptorSi = Entrada(kClavesUi, u"interruptorSi");
+inline constexpr const Clave& kInterruptorNo = Entrada(kClavesUi, u"interruptorNo");
 inline constexpr const Clave& kCerrar = Entrada(kClavesUi, kCadaPantalla, u"btnW_1");
 inline constexpr const Clave& kPaginaAnterior = Entrada(kClavesUi, kCadaPantalla, u"btnArriba");
 inline constexpr const Clave& kPaginaSiguiente = Entrada(kClavesUi, kCadaPantalla, u"btnAbajo");

@@ -74,7 +74,7 @@ frmOperacion::frmOperacion(const Textos& textos, const Importes& importes,
     // The cross would promise to close a window that stays until the device has ended.
     btnW(1)->hide();
     lbInstruccion_->setObjectName(u"lbInstruccion"_s);
-    lbInstruccion_->setFont(tema::Fuente(18));
+    lbInstruccion_->setFont(tema::Fuente(Px(18)));
     lbInstruccion_->setWordWrap(true);
     lbInstruccion_->setTextFormat(Qt::PlainText);
     // Room for two lines: a note that comes and goes does not move the amounts.
@@ -87,18 +87,18 @@ frmOperacion::frmOperacion(const Textos& textos, const Importes& importes,
 
 void frmOperacion::CrearLineas() {
     static constexpr const char* kNombres[] = {"Pedido", "Entrado", "Salido", "Falta"};
-    lineas_->setHorizontalSpacing(24);
-    lineas_->setVerticalSpacing(6);
+    lineas_->setHorizontalSpacing(Px(24));
+    lineas_->setVerticalSpacing(Px(6));
     lineas_->setColumnStretch(1, 1);
     for (std::size_t i = 0; i < kLineas; ++i) {
         const QString nombre = QString::fromLatin1(kNombres[i]);
         const bool principal = i == Falta;
         rotulo_[i] = new QLabel(this);
         rotulo_[i]->setObjectName(u"lb"_s + nombre);
-        rotulo_[i]->setFont(tema::Fuente(kLetraRotulo, principal));
+        rotulo_[i]->setFont(tema::Fuente(Px(kLetraRotulo), principal));
         valor_[i] = new QLabel(this);
         valor_[i]->setObjectName(u"lbImporte"_s + nombre);
-        valor_[i]->setFont(tema::FuenteImporte(principal ? kLetraPrincipal : kLetraImporte));
+        valor_[i]->setFont(tema::FuenteImporte(Px(principal ? kLetraPrincipal : kLetraImporte)));
         valor_[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         valor_[i]->setTextFormat(Qt::PlainText);
         rotulo_[i]->setBuddy(valor_[i]);
@@ -112,9 +112,9 @@ void frmOperacion::CrearPie() {
     Cuerpo()->addStretch(1);
     Cuerpo()->addWidget(actividad_);
     btnCancelar_->setObjectName(u"btnCancelar"_s);
-    btnCancelar_->setMinimumHeight(kAltoCancelar);
+    btnCancelar_->setMinimumHeight(Px(kAltoCancelar));
     btnCancelar_->setIcon(tema::Icono(u"dialog-cancel"_s));
-    btnCancelar_->setIconSize(QSize(28, 28));
+    btnCancelar_->setIconSize(QSize(Px(28), Px(28)));
     // A barcode scanner types into whatever has the focus and ends with Enter: it must never
     // cancel a sale. Escape is the keyboard's way.
     btnCancelar_->setAutoDefault(false);
@@ -170,7 +170,7 @@ void frmOperacion::Abrir(OperationKind kind, qint32 importe, std::function<void(
 
 void frmOperacion::Colocar() {
     layout()->activate();
-    setFixedSize(kAncho, layout()->totalHeightForWidth(kAncho));
+    setFixedSize(Px(kAncho), layout()->totalHeightForWidth(Px(kAncho)));
     const QWidget* sobre = padre_ ? padre_() : nullptr;
     const QRect marco =
         sobre != nullptr ? sobre->window()->geometry() : screen()->availableGeometry();

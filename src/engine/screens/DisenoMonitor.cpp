@@ -34,7 +34,25 @@ QToolButton* Boton(QWidget* padre, const QString& nombre, const QString& icono,
     return control;
 }
 
-constexpr double kEscalaMaxima = 1.5;
+constexpr EntradaPie Entrada(BotonPie boton, std::u16string_view icono) {
+    const auto indice = static_cast<std::size_t>(boton);
+    return {static_cast<int>(indice), texto::kBotones[indice], icono};
+}
+
+constexpr std::array<EntradaPie, kBotonesPie.size()> kPie{
+    Entrada(BotonPie::Registro, u"view-list-details"),
+    Entrada(BotonPie::Caja, u"wallet-open"),
+    Entrada(BotonPie::DarCambio, u"view-refresh"),
+    Entrada(BotonPie::AnadirCambio, u"download"),
+    Entrada(BotonPie::Pago, u"cloud-upload"),
+    Entrada(BotonPie::Incidencias, u"dialog-warning"),
+    Entrada(BotonPie::Desconectar, u"network-disconnect"),
+    Entrada(BotonPie::Conectar, u"network-connect"),
+    Entrada(BotonPie::CobroManual, u"document-edit"),
+    Entrada(BotonPie::AgruparCobros, u"object-group"),
+    Entrada(BotonPie::Contrasena, u"dialog-password"),
+    Entrada(BotonPie::SinUso, {}),
+    Entrada(BotonPie::Configurar, u"configure")};
 
 } // namespace
 
@@ -61,8 +79,7 @@ void DisenoMonitor::Construir(QWidget& ventana, Rejilla& cola) {
 }
 
 void DisenoMonitor::Escalar(const QSize& ventana) {
-    const double escala =
-        qBound(1.0, qMin(ventana.width() / 1024.0, ventana.height() / 768.0), kEscalaMaxima);
+    const double escala = tema::EscalaDe(ventana);
     if (escala != escala_) {
         escala_ = escala;
         AplicarEscala();
@@ -95,11 +112,8 @@ void DisenoMonitor::AplicarEscala() {
         lampara->setFixedSize(px(32), px(32));
     }
     grdZV->Escalar(escala_);
-    framePie->setFixedHeight(px(104));
-    for (QToolButton* b : boton) {
-        b->setIconSize(QSize(px(32), px(32)));
-    }
-    tema::PonerLetra(*framePie, escala_ > 1 ? px(13) : 0);
+    pctScrollBar->Escalar(escala_);
+    framePie->Escalar(escala_);
 }
 
 void DisenoMonitor::ConstruirCabecera(QWidget& ventana) {
@@ -203,30 +217,11 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana, Rejilla& cola) {
 }
 
 void DisenoMonitor::ConstruirPie(QWidget& ventana) {
-    framePie = new QFrame(&ventana);
-    framePie->setObjectName(u"framePie"_s);
-    auto* fila = new QHBoxLayout(framePie);
-    fila->setContentsMargins(4, 6, 4, 6);
-    fila->setSpacing(0);
-
-    const std::array<QString, kBotonesPie.size()> iconos{
-        u"view-list-details"_s, u"wallet-open"_s,    u"view-refresh"_s,       u"download"_s,
-        u"cloud-upload"_s,      u"dialog-warning"_s, u"network-disconnect"_s, u"network-connect"_s,
-        u"document-edit"_s,     u"object-group"_s,   u"dialog-password"_s,    QString(),
-        u"configure"_s};
+    framePie = new BarraPie(kPie, &ventana);
     for (const BotonPie cada : kBotonesPie) {
-        const auto i = static_cast<std::size_t>(cada);
-        QToolButton* b = Boton(framePie, iconos[i], tema::kTexto);
-        tema::PonerPapel(*b, tema::Papel::Pie);
-        b->setFocusPolicy(Qt::NoFocus);
-        boton[cada] = b;
-        if (const Clave* clave = texto::kBotones[i]) {
-            Rotular(*b, *clave);
-            fila->addWidget(b, 1);
-        } else {
-            b->setObjectName(u"boton_%1"_s.arg(i));
-            b->hide();
-        }
+        boton[cada] = framePie->Boton(static_cast<int>(cada));
+        // The keyboard belongs to the barcode box.
+        boton[cada]->setFocusPolicy(Qt::NoFocus);
     }
 }
 

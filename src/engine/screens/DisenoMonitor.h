@@ -3,6 +3,7 @@
 
 #include "engine/BotonPie.h"
 #include "engine/screens/Lampara.h"
+#include "ui/screens/BarraPie.h"
 #include "ui/screens/Paginador.h"
 #include "ui/screens/VistaRejilla.h"
 
@@ -46,7 +47,7 @@ struct DisenoMonitor {
     QToolButton* btnArriba = nullptr;
     QToolButton* btnAbajo = nullptr;
 
-    QFrame* framePie = nullptr;
+    BarraPie* framePie = nullptr;
     PorBotonPie<QToolButton*> boton;
 
     // Never clicked: only their pictures are shown in grid cells.

@@ -3,8 +3,10 @@
 
 #include "platform/StringLiterals.h"
 #include "ui/Claves.h"
+#include "ui/screens/Escalable.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
+#include "ui/screens/ZonaTexto.h"
 
 #include <QFrame>
 #include <QGuiApplication>
@@ -16,6 +18,8 @@
 #include <QToolButton>
 #include <QWindow>
 
+#include <algorithm>
+
 namespace zv {
 
 namespace {
@@ -23,6 +27,19 @@ namespace {
 constexpr int kBordeVentana = 1;
 constexpr int kLetraTitulo = 18;
 constexpr int kLetraTituloLargo = 13;
+constexpr int kLogo = 32;
+constexpr int kMargenPantalla = 24; // between a dialog and the edges of its screen
+// Wider dialogs are tried when a text would be higher than this at the least width.
+constexpr int kAltoTextoComodo = 230;
+constexpr int kAnchosTexto[] = {480, 600, 720, 860};
+
+// What a window comes up over.
+QSize SitioDe(const QWidget* padre, const QScreen* pantalla) {
+    if (padre != nullptr) {
+        return padre->window()->size();
+    }
+    return pantalla != nullptr ? pantalla->availableSize() : QSize(1024, 768);
+}
 
 } // namespace
 
@@ -80,18 +97,14 @@ bool Arrastre::eventFilter(QObject* objeto, QEvent* evento) {
 FramelessWindow::FramelessWindow(const QString& nombre, QWidget* padre)
     : QDialog(padre, Qt::Dialog | Qt::FramelessWindowHint), frameCab_(new QFrame(this)),
       lbTitulo_(new QLabel(frameCab_)), btnCerrar_(new QToolButton(frameCab_)),
-      cabecera_(new QHBoxLayout(frameCab_)), cuerpo_(new QVBoxLayout), arrastre_(*this) {
+      cabecera_(new QHBoxLayout(frameCab_)), centro_(new QHBoxLayout), cuerpo_(new QVBoxLayout),
+      escala_(tema::EscalaDe(SitioDe(padre, screen()))), arrastre_(*this) {
     setObjectName(nombre);
     setModal(true);
 
     frameCab_->setObjectName(u"frameCab"_s);
-    frameCab_->setFixedHeight(tema::kAltoCabecera);
-    cabecera_->setContentsMargins(20, 0, 6, 0);
-    cabecera_->setSpacing(8);
-
     lbTitulo_->setObjectName(u"lbTitulo"_s);
     lbTitulo_->setTextFormat(Qt::PlainText);
-    lbTitulo_->setFont(tema::Fuente(kLetraTitulo, true));
     lbTitulo_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     cabecera_->addWidget(lbTitulo_, 1);
 
@@ -104,24 +117,104 @@ FramelessWindow::FramelessWindow(const QString& nombre, QWidget* padre)
     arrastre_.Añadir(*frameCab_);
     arrastre_.Añadir(*lbTitulo_);
 
-    cuerpo_->setContentsMargins(20, 18, 20, 18);
-    cuerpo_->setSpacing(18);
+    centro_->setSpacing(0);
+    centro_->addLayout(cuerpo_, 1);
     auto* todo = new QVBoxLayout(this);
     todo->setContentsMargins(kBordeVentana, 0, kBordeVentana, kBordeVentana);
     todo->setSpacing(0);
     todo->addWidget(frameCab_);
-    todo->addLayout(cuerpo_, 1);
+    todo->addLayout(centro_, 1);
+    PonerMedidas();
+}
+
+int FramelessWindow::Px(int pixeles) const {
+    return tema::Px(pixeles, escala_);
+}
+
+void FramelessWindow::PonerMedidas() {
+    tema::PonerEscala(*this, escala_);
+    tema::PonerPapel(*btnCerrar_, tema::Papel::Cabecera, escala_);
+    frameCab_->setFixedHeight(Px(tema::kAltoCabecera));
+    cabecera_->setContentsMargins(Px(btnLogo_ == nullptr ? 20 : 8), 0, Px(6), 0);
+    cabecera_->setSpacing(Px(8));
+    if (btnLogo_ != nullptr) {
+        btnLogo_->setIconSize(QSize(Px(kLogo), Px(kLogo)));
+        btnLogo_->setFixedSize(Px(tema::kToqueMinimo), Px(tema::kToqueMinimo));
+    }
+    cuerpo_->setContentsMargins(Px(20), Px(18), Px(20), Px(18));
+    cuerpo_->setSpacing(Px(18));
+    AjustarTitulo();
+}
+
+void FramelessWindow::Escalar(double escala) {
+    if (escala_ != escala) {
+        escala_ = escala;
+        PonerMedidas();
+    }
+    const auto botones = findChildren<QAbstractButton*>();
+    for (QAbstractButton* cada : botones) {
+        tema::EscalarPapel(*cada, escala_);
+    }
+    const auto controles = findChildren<QWidget*>();
+    for (QWidget* control : controles) {
+        if (auto* escalable = dynamic_cast<Escalable*>(control)) {
+            escalable->Escalar(escala_);
+        }
+    }
+}
+
+void FramelessWindow::PonerAlLado(QWidget& control) {
+    centro_->addWidget(&control);
+}
+
+void FramelessWindow::AjustarCuerpo(ZonaTexto& texto, const QSize& minimo) {
+    Pulir();
+    const QSize maximo = TamañoMaximo();
+    const QMargins m = cuerpo_->contentsMargins();
+    const int alrededor = m.left() + m.right() + 2 * kBordeVentana;
+    texto.setMinimumHeight(1);
+    layout()->activate();
+    const QSize resto = layout()->totalMinimumSize() - QSize(0, 1);
+    const int ancho =
+        qMin(std::max({minimo.width(), AnchoCabecera(), resto.width()}), maximo.width());
+    const int cabe = qMax(1, maximo.height() - resto.height());
+
+    // The least width will do for a short text; a long one takes the first width at which it is
+    // comfortable, or else the first at which it fits the screen, or else it scrolls.
+    int elegido = 0;
+    const auto probar = [&](int candidato, int limite) {
+        if (elegido == 0 && candidato >= ancho && candidato <= maximo.width() &&
+            texto.AltoPara(candidato - alrededor) <= limite) {
+            elegido = candidato;
+        }
+    };
+    for (const int limite : {qMin(Px(kAltoTextoComodo), cabe), cabe}) {
+        probar(ancho, limite);
+        for (const int candidato : kAnchosTexto) {
+            probar(Px(candidato), limite);
+        }
+        probar(maximo.width(), limite);
+    }
+    if (elegido == 0) {
+        elegido = maximo.width();
+    }
+    texto.Medir(elegido - alrededor, cabe);
+    layout()->activate();
+    const int alto = resto.height() + texto.minimumHeight();
+    setFixedSize(elegido, qMin(qMax(minimo.height(), alto), maximo.height()));
 }
 
 void FramelessWindow::setVisible(bool visible) {
     // QDialog's own place allows for a frame, which these windows do not have.
+    // Its title may have been translated since it was put.
+    setAccessibleName(Titulo());
     if (visible && !isVisible() && !testAttribute(Qt::WA_Moved)) {
-        Centrar();
+        Colocar();
     }
     QDialog::setVisible(visible);
 }
 
-void FramelessWindow::Centrar() {
+void FramelessWindow::Colocar() {
     Pulir();
     if (!testAttribute(Qt::WA_Resized)) {
         adjustSize();
@@ -139,6 +232,7 @@ void FramelessWindow::Centrar() {
 
 void FramelessWindow::PonerTitulo(const QString& titulo) {
     lbTitulo_->setText(tema::Rotulo(titulo));
+    setAccessibleName(titulo);
     AjustarTitulo();
 }
 
@@ -147,16 +241,15 @@ QString FramelessWindow::Titulo() const {
 }
 
 QToolButton* FramelessWindow::PonerLogo(const QIcon& icono) {
-    auto* btnLogo = new QToolButton(frameCab_);
-    btnLogo->setObjectName(u"btnLogo"_s);
-    btnLogo->setAccessibleName(u"ZVMonitor"_s);
-    btnLogo->setFocusPolicy(Qt::NoFocus);
-    btnLogo->setIcon(icono);
-    btnLogo->setIconSize(QSize(32, 32));
-    btnLogo->setFixedSize(tema::kToqueMinimo, tema::kToqueMinimo);
-    cabecera_->insertWidget(0, btnLogo);
-    arrastre_.Añadir(*btnLogo);
-    return btnLogo;
+    btnLogo_ = new QToolButton(frameCab_);
+    btnLogo_->setObjectName(u"btnLogo"_s);
+    btnLogo_->setAccessibleName(u"ZVMonitor"_s);
+    btnLogo_->setFocusPolicy(Qt::NoFocus);
+    btnLogo_->setIcon(icono);
+    cabecera_->insertWidget(0, btnLogo_);
+    arrastre_.Añadir(*btnLogo_);
+    PonerMedidas();
+    return btnLogo_;
 }
 
 int FramelessWindow::AnchoCabecera() const {
@@ -178,7 +271,7 @@ int FramelessWindow::AnchoCabecera() const {
 QSize FramelessWindow::TamañoMaximo() const {
     const QScreen* pantalla = screen();
     const QSize disponible = pantalla != nullptr ? pantalla->availableSize() : QSize(1024, 768);
-    return disponible - QSize(24, 24);
+    return disponible - QSize(kMargenPantalla, kMargenPantalla);
 }
 
 void FramelessWindow::paintEvent(QPaintEvent*) {
@@ -193,12 +286,12 @@ void FramelessWindow::resizeEvent(QResizeEvent* evento) {
 }
 
 void FramelessWindow::AjustarTitulo() {
-    lbTitulo_->setFont(tema::Fuente(kLetraTitulo, true));
+    lbTitulo_->setFont(tema::Fuente(Px(kLetraTitulo), true));
     const int necesario = AnchoCabecera();
     lbTitulo_->setWordWrap(necesario > width());
     // Two lines hold a little less than twice the text of one.
     if (necesario > width() * 9 / 5) {
-        lbTitulo_->setFont(tema::Fuente(kLetraTituloLargo, true));
+        lbTitulo_->setFont(tema::Fuente(Px(kLetraTituloLargo), true));
     }
 }
 

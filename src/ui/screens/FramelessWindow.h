@@ -16,6 +16,8 @@ class QVBoxLayout;
 
 namespace zv {
 
+class ZonaTexto;
+
 // Puts a window above all others, or takes it down again. The window stays as it is otherwise: it
 // is neither hidden nor created anew.
 void VentanaEncima(QWidget& ventana, bool activar);
@@ -64,21 +66,36 @@ class FramelessWindow : public QDialog {
     // Shows a picture before the title, which drags the window too.
     QToolButton* PonerLogo(const QIcon& icono);
 
+    // How much larger than at 1024x768 the window draws everything: that of the window it comes up
+    // over, or of the screen.
+    double Escala() const { return escala_; }
+    int Px(int pixeles) const;
+    // Another scale, for the window and for all in it that can grow.
+    void Escalar(double escala);
+
     // Width in pixels that the header needs for its title on one line.
     int AnchoCabecera() const;
-    // Largest size in pixels that a dialog may take on its screen.
-    QSize TamañoMaximo() const;
+    // Gives the dialog its size, once all its controls and texts stand: the least width and height
+    // in pixels, more where the header or the body needs it. A long text makes it wider before it
+    // makes it high, and scrolls at last: whatever else the body holds stays in sight.
+    void AjustarCuerpo(ZonaTexto& texto, const QSize& minimo);
+    // A control at the right of the body, over its whole height, without the body's margins.
+    void PonerAlLado(QWidget& control);
 
     // Brings the style sheet's fonts and margins to the controls, so that sizes can be asked for
     // before the window is shown.
     void Pulir();
 
+    // Its place when it comes up: over the middle of the window it belongs to, or of the screen.
+    virtual void Colocar();
+
     void paintEvent(QPaintEvent* evento) override;
     void resizeEvent(QResizeEvent* evento) override;
 
   private:
-    // Over the middle of the window it belongs to, or of the screen.
-    void Centrar();
+    void PonerMedidas();
+    // Largest size in pixels that a dialog may take on its screen.
+    QSize TamañoMaximo() const;
     // A title wider than the window takes a second line, one still longer a smaller type.
     void AjustarTitulo();
 
@@ -86,7 +103,10 @@ class FramelessWindow : public QDialog {
     QLabel* lbTitulo_;
     QToolButton* btnCerrar_;
     QHBoxLayout* cabecera_;
+    QHBoxLayout* centro_;
     QVBoxLayout* cuerpo_;
+    QToolButton* btnLogo_ = nullptr;
+    double escala_ = 1;
     Arrastre arrastre_;
 };
 

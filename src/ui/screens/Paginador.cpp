@@ -21,22 +21,29 @@ Paginador::Paginador(const QString& nombre, QWidget* padre)
     : QFrame(padre), btnArriba_(Boton(texto::kPaginaAnterior, u"go-up"_s)),
       btnAbajo_(Boton(texto::kPaginaSiguiente, u"go-down"_s)) {
     setObjectName(nombre);
-    setFixedWidth(kAncho);
     auto* columna = new QVBoxLayout(this);
-    columna->setContentsMargins(6, 6, 6, 6);
     columna->addWidget(btnArriba_);
     columna->addStretch(1);
     columna->addWidget(btnAbajo_);
+    Escalar(1);
 }
 
 QToolButton* Paginador::Boton(const Clave& clave, const QString& icono) {
     auto* boton = new QToolButton(this);
     Nombrar(*boton, clave);
     boton->setIcon(tema::Icono(icono));
-    boton->setIconSize(QSize(36, 36));
-    boton->setFixedSize(tema::kTeclaMinima, tema::kTeclaMinima + 16);
     boton->setFocusPolicy(Qt::NoFocus);
     return boton;
+}
+
+void Paginador::Escalar(double escala) {
+    const auto px = [escala](int pixeles) { return tema::Px(pixeles, escala); };
+    setFixedWidth(px(kAncho));
+    layout()->setContentsMargins(px(6), px(6), px(6), px(6));
+    for (QToolButton* boton : {btnArriba_, btnAbajo_}) {
+        boton->setIconSize(QSize(px(36), px(36)));
+        boton->setFixedSize(px(tema::kTeclaMinima), px(tema::kTeclaMinima + 16));
+    }
 }
 
 void Paginador::Habilitar(bool arriba, bool abajo) {

@@ -1,6 +1,8 @@
 // The two buttons beside a grid that turn its pages.
 #pragma once
 
+#include "ui/screens/Escalable.h"
+
 #include <QFrame>
 
 class QToolButton;
@@ -9,7 +11,7 @@ namespace zv {
 
 struct Clave;
 
-class Paginador final : public QFrame {
+class Paginador final : public QFrame, public Escalable {
     Q_OBJECT
 
   public:
@@ -18,6 +20,7 @@ class Paginador final : public QFrame {
     QToolButton* BtnArriba() const { return btnArriba_; }
     QToolButton* BtnAbajo() const { return btnAbajo_; }
     void Habilitar(bool arriba, bool abajo);
+    void Escalar(double escala) override;
 
   private:
     QToolButton* Boton(const Clave& clave, const QString& icono);

@@ -6,7 +6,9 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
 #include <QPalette>
+#include <QSize>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QToolButton>
@@ -39,56 +41,95 @@ QPalette Paleta() {
     return p;
 }
 
-const char* NombreDe(Papel papel) {
-    switch (papel) {
-    case Papel::Normal:
-        return "normal";
-    case Papel::Principal:
-        return "principal";
-    case Papel::Peligro:
-        return "peligro";
-    case Papel::Tecla:
-        return "tecla";
-    case Papel::Pie:
-        return "pie";
-    case Papel::Cabecera:
-        return "cabecera";
+struct NombrePapel {
+    Papel papel;
+    const char* nombre;
+};
+constexpr NombrePapel kPapeles[] = {{Papel::Normal, "normal"},   {Papel::Principal, "principal"},
+                                    {Papel::Peligro, "peligro"}, {Papel::Tecla, "tecla"},
+                                    {Papel::Pie, "pie"},         {Papel::Cabecera, "cabecera"},
+                                    {Papel::Parte, "parte"}};
+
+QString NombreDe(Letra letra) {
+    switch (letra) {
+    case Letra::Texto:
+        return u"texto"_s;
+    case Letra::Nota:
+        return u"nota"_s;
+    case Letra::Cifra:
+        return u"cifra"_s;
+    case Letra::Total:
+        return u"total"_s;
     }
-    return "normal";
+    return {};
 }
+
+constexpr int kLetra = 16;
+constexpr double kEscalaMaxima = 1.5;
 
 } // namespace
 
-void PonerPapel(QWidget& boton, Papel papel) {
-    boton.setProperty("papel", QString::fromLatin1(NombreDe(papel)));
+double EscalaDe(const QSize& ventana) {
+    return qBound(1.0, qMin(ventana.width() / 1024.0, ventana.height() / 768.0), kEscalaMaxima);
+}
+
+int Px(int pixeles, double escala) {
+    return qRound(pixeles * escala);
+}
+
+void PonerEscala(QWidget& ventana, double escala) {
+    ventana.setFont(Fuente(Px(kLetra, escala)));
+    ventana.setStyleSheet(escala > 1 ? HojaDeEstilo(escala) : QString());
+}
+
+void PonerLetra(QLabel& rotulo, Letra letra) {
+    rotulo.setProperty("letra", NombreDe(letra));
+    if (letra == Letra::Cifra || letra == Letra::Total) {
+        // Kerning would move figures of one width; sizes are the style sheet's.
+        rotulo.setFont(FuenteImporte(kLetra));
+        rotulo.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+}
+
+void PonerPapel(QWidget& boton, Papel papel, double escala) {
+    const auto cuadro = [escala](int lado) { return QSize(Px(lado, escala), Px(lado, escala)); };
+    for (const NombrePapel& cada : kPapeles) {
+        if (cada.papel == papel) {
+            boton.setProperty("papel", QString::fromLatin1(cada.nombre));
+        }
+    }
     auto* herramienta = qobject_cast<QToolButton*>(&boton);
     switch (papel) {
     case Papel::Normal:
     case Papel::Principal:
     case Papel::Peligro:
-        boton.setMinimumSize(kToqueMinimo, kToqueMinimo);
+        boton.setMinimumSize(cuadro(kToqueMinimo));
         break;
     case Papel::Tecla:
         // A key writes into the box that has the focus, so it must not take it.
         boton.setFocusPolicy(Qt::NoFocus);
-        boton.setMinimumSize(kTeclaMinima, kTeclaMinima);
+        boton.setMinimumSize(cuadro(kTeclaMinima));
         boton.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
         if (herramienta) {
-            herramienta->setIconSize(QSize(28, 28));
+            herramienta->setIconSize(cuadro(28));
         }
         break;
     case Papel::Pie:
-        boton.setMinimumSize(kTeclaMinima, kTeclaMinima);
+        boton.setMinimumSize(cuadro(kTeclaMinima));
         boton.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
         if (herramienta) {
             herramienta->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-            herramienta->setIconSize(QSize(32, 32));
+            herramienta->setIconSize(cuadro(32));
         }
         break;
+    case Papel::Parte:
+        boton.setMinimumSize(cuadro(kTeclaMinima));
+        boton.setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        break;
     case Papel::Cabecera:
-        boton.setMinimumSize(kToqueMinimo, kToqueMinimo);
+        boton.setMinimumSize(cuadro(kToqueMinimo));
         if (herramienta) {
-            herramienta->setIconSize(QSize(24, 24));
+            herramienta->setIconSize(cuadro(24));
         }
         break;
     }
@@ -96,15 +137,20 @@ void PonerPapel(QWidget& boton, Papel papel) {
     boton.style()->polish(&boton);
 }
 
-bool EsPie(const QWidget& boton) {
-    return boton.property("papel").toString() == QLatin1String(NombreDe(Papel::Pie));
+void EscalarPapel(QWidget& boton, double escala) {
+    const QString nombre = boton.property("papel").toString();
+    for (const NombrePapel& cada : kPapeles) {
+        if (nombre == QLatin1String(cada.nombre)) {
+            PonerPapel(boton, cada.papel, escala);
+        }
+    }
 }
 
 void Aplicar(QApplication& app) {
     // The desktop's style, colours and icons differ from till to till; ours must not.
     QApplication::setStyle(QStyleFactory::create(u"Fusion"_s));
     QApplication::setPalette(Paleta());
-    QApplication::setFont(Fuente(16));
+    QApplication::setFont(Fuente(kLetra));
     QIcon::setThemeName(u"breeze"_s);
     QIcon::setFallbackThemeName(u"breeze"_s);
     // The style sheet names its few pictures by this prefix.

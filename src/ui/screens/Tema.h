@@ -9,6 +9,8 @@
 #include <QStringList>
 
 class QApplication;
+class QLabel;
+class QSize;
 class QWidget;
 
 namespace zv::tema {
@@ -27,9 +29,11 @@ inline const QColor kTexto(17, 24, 39);
 inline const QColor kTextoTenue(75, 85, 99);
 inline const QColor kTextoApagado(148, 163, 184); // of disabled controls
 inline const QColor kBorde(203, 213, 225);
-inline const QColor kResalte(37, 99, 235);       // focus and selection
-inline const QColor kFilaPar(238, 242, 247);     // every other row of a grid
-inline const QColor kFondoAnular(254, 226, 226); // behind the picture that annuls
+inline const QColor kBordeControl(118, 132, 153); // marks what can be touched: 3:1 or better
+inline const QColor kPulsado(219, 227, 238);      // ground of what is pressed
+inline const QColor kResalte(37, 99, 235);        // focus and selection
+inline const QColor kFilaPar(238, 242, 247);      // every other row of a grid
+inline const QColor kFondoAnular(254, 226, 226);  // behind the picture that annuls
 
 // Sizes in pixels at scale 1.
 inline constexpr int kAltoCabecera = 57; // 855 twips
@@ -42,6 +46,13 @@ inline constexpr int TwipsAPixeles(int twips) {
     return twips / 15;
 }
 
+// How large a window of that size draws everything, 1 at 1024x768 and below, 1.5 at most.
+double EscalaDe(const QSize& ventana);
+// Pixels of scale 1 at another one.
+int Px(int pixeles, double escala);
+// Style sheet and letters of one window, and of all in it, at its own scale.
+void PonerEscala(QWidget& ventana, double escala);
+
 // What a button is for; decides its look. Without a role a QPushButton is Normal (filled while it
 // is the default one) and a QToolButton is flat.
 enum class Papel {
@@ -51,15 +62,26 @@ enum class Papel {
     Tecla,     // key of a keypad, at least 64 px
     Pie,       // footer: icon above caption, at least 64 px
     Cabecera,  // on the dark header; amber while checked
+    Parte,     // one of several of which one is chosen: dark while checked
 };
 // Sets the role, and what follows from it for the control itself: sizes, icon size, focus policy.
-void PonerPapel(QWidget& boton, Papel papel);
-bool EsPie(const QWidget& boton);
+void PonerPapel(QWidget& boton, Papel papel, double escala = 1);
+// The same for the role that the button has already; nothing for one without a role.
+void EscalarPapel(QWidget& boton, double escala);
+
+// What a label says; decides its letters, which grow with its window.
+enum class Letra {
+    Texto, // what a dialog says
+    Nota,  // small and faint, below what it explains
+    Cifra, // an amount among others
+    Total, // the amount of its screen
+};
+void PonerLetra(QLabel& rotulo, Letra letra);
 
 // Fonts, style sheet and icon theme for the whole program; once, before the first window.
 void Aplicar(QApplication& app);
 // The style sheet that Aplicar sets.
-QString HojaDeEstilo();
+QString HojaDeEstilo(double escala = 1);
 
 QFont Fuente(int pixeles, bool negrita = false);
 // Tabular figures, for amounts.

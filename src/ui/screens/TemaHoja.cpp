@@ -1,6 +1,9 @@
 // The style sheet. Controls are found by class, by the names that all screens share (frameCab,
 // framePie, lbTitulo, ...) and by the role of a button.
+#include "platform/StringLiterals.h"
 #include "ui/screens/Tema.h"
+
+#include <QRegularExpression>
 
 namespace zv::tema {
 
@@ -17,7 +20,7 @@ QToolTip { background: @cabecera; color: @cabtexto; border: none; padding: 6px 8
 #frameCab QLabel { color: @cabtexto; }
 
 QPushButton {
-  background: white; color: @texto; border: 2px solid @borde; border-radius: 8px;
+  background: white; color: @texto; border: 2px solid @mando; border-radius: 8px;
   padding: 12px 16px; font-size: 17px;
 }
 QPushButton:hover { background: #f1f5f9; }
@@ -42,7 +45,7 @@ QToolButton {
   background: transparent; color: @texto; border: 2px solid transparent; border-radius: 8px;
   padding: 8px;
 }
-QToolButton[papel="normal"] { background: white; border-color: @borde; }
+QToolButton[papel="normal"] { background: white; border-color: @mando; }
 QToolButton[papel="normal"]:hover { background: #f1f5f9; }
 QToolButton[papel="normal"]:pressed { background: #dbe3ee; border-color: #94a3b8; }
 QToolButton[papel="normal"]:focus { border: 3px solid @resalte; }
@@ -68,26 +71,38 @@ QToolButton:disabled { color: @apagado; background: transparent; }
 #frmEstado QLabel { color: @cabtexto; }
 #frmEstado QLineEdit { min-height: 40px; max-height: 40px; }
 zv--Paginador { background: @cuerpo; border: none; }
-zv--Paginador QToolButton { background: white; border: 2px solid @borde; }
+zv--Paginador QToolButton { background: white; border: 2px solid @mando; }
 zv--Paginador QToolButton:pressed { background: #cbd5e1; }
 zv--Paginador QToolButton:disabled { background: transparent; border-color: #e2e8f0; }
 
 #framePie { background: white; border: none; border-top: 1px solid @borde; }
-QToolButton[papel="pie"] { font-size: 13px; padding: 4px 0; }
+QToolButton[papel="pie"] { font-size: 16px; padding: 0; }
+
+QPushButton[papel="parte"] { border-radius: 0; padding: 12px 8px; }
+QPushButton[lugar="primera"] {
+  border-top-left-radius: 8px; border-bottom-left-radius: 8px; border-right-width: 0;
+}
+QPushButton[lugar="ultima"] {
+  border-top-right-radius: 8px; border-bottom-right-radius: 8px; border-left-width: 0;
+}
+QPushButton[papel="parte"]:checked {
+  background: @cabecera; color: white; border-color: @cabecera; font-weight: bold;
+}
+QPushButton[papel="parte"]:focus { border: 3px solid @resalte; }
 
 QPushButton[papel="tecla"], QToolButton[papel="tecla"] {
-  background: white; border: 2px solid @borde; border-radius: 10px; padding: 0;
+  background: white; border: 2px solid @mando; border-radius: 10px; padding: 0;
   font-size: 26px; font-weight: bold; color: @texto;
 }
 QPushButton[papel="tecla"]:hover, QToolButton[papel="tecla"]:hover { background: #f1f5f9; }
 QPushButton[papel="tecla"]:pressed, QToolButton[papel="tecla"]:pressed {
   background: #cbd5e1; border-color: #94a3b8;
 }
-QToolButton[papel="tecla"] { font-size: 14px; font-weight: normal; }
+QToolButton[papel="tecla"] { font-size: 16px; font-weight: normal; }
 
 QLineEdit, QTextEdit, QPlainTextEdit, QSpinBox, QDoubleSpinBox, QComboBox, QDateEdit, QTimeEdit,
 QDateTimeEdit {
-  background: white; color: @texto; border: 2px solid @borde; border-radius: 8px;
+  background: white; color: @texto; border: 2px solid @mando; border-radius: 8px;
   min-height: 44px; padding: 0 10px; font-size: 18px;
   selection-background-color: @resalte; selection-color: white;
 }
@@ -100,6 +115,7 @@ QLineEdit:disabled, QTextEdit:disabled, QPlainTextEdit:disabled, QSpinBox:disabl
 QComboBox:disabled, QDateEdit:disabled, QTimeEdit:disabled, QDateTimeEdit:disabled {
   background: #f1f5f9; color: @apagado; border-color: #e2e8f0;
 }
+QLineEdit[activo="true"] { border: 3px solid @resalte; padding: 0 9px; }
 QLineEdit:read-only { background: #f1f5f9; }
 QLineEdit[papel="importe"] { font-size: 34px; font-weight: bold; min-height: 60px; }
 QComboBox::drop-down { border: none; width: 44px; }
@@ -146,6 +162,22 @@ QGroupBox {
 }
 QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 6px; color: @tenue; }
 
+zv--Tarjeta {
+  background: white; border: 1px solid @borde; border-radius: 10px; margin: 0;
+  padding: 44px 0 0 0; font-size: 18px; font-weight: bold;
+}
+zv--Tarjeta::title {
+  subcontrol-origin: border; subcontrol-position: top left; left: 0;
+  padding: 12px 16px; color: @texto;
+}
+zv--SelectorTres { background: transparent; border: none; margin: 0; padding: 0; }
+zv--Interruptor { font-size: 17px; }
+
+QLabel[letra="texto"] { font-size: 18px; }
+QLabel[letra="nota"] { font-size: 16px; color: @tenue; }
+QLabel[letra="cifra"] { font-size: 20px; font-weight: bold; }
+QLabel[letra="total"] { font-size: 34px; font-weight: bold; }
+
 QTabWidget::pane { border: 1px solid @borde; border-radius: 8px; background: white; }
 QTabBar::tab {
   background: transparent; color: @tenue; min-height: 44px; min-width: 88px; padding: 2px 16px;
@@ -188,10 +220,31 @@ QProgressBar {
 QProgressBar::chunk { background: @verde; border-radius: 6px; }
 )";
 
+// Lengths grow, but the lines of borders stay as thin as they are.
+QString Escalada(const QString& hoja, double escala) {
+    constexpr int kLineaMaxima = 4;
+    static const QRegularExpression kLongitud(u"(\\d+)px"_s);
+    QString salida;
+    qsizetype hasta = 0;
+    for (auto it = kLongitud.globalMatch(hoja); it.hasNext();) {
+        const QRegularExpressionMatch caso = it.next();
+        const int pixeles = caso.captured(1).toInt();
+        salida += QStringView(hoja).mid(hasta, caso.capturedStart() - hasta);
+        salida +=
+            QString::number(pixeles <= kLineaMaxima ? pixeles : Px(pixeles, escala)) + u"px"_s;
+        hasta = caso.capturedEnd();
+    }
+    salida += QStringView(hoja).mid(hasta);
+    return salida;
+}
+
 } // namespace
 
-QString HojaDeEstilo() {
+QString HojaDeEstilo(double escala) {
     QString hoja = QString::fromLatin1(kHoja);
+    if (escala != 1) {
+        hoja = Escalada(hoja, escala);
+    }
     const auto poner = [&hoja](const char* nombre, const QColor& color) {
         hoja.replace(QLatin1String(nombre), color.name());
     };
@@ -203,6 +256,7 @@ QString HojaDeEstilo() {
     poner("@tenue", kTextoTenue);
     poner("@apagado", kTextoApagado);
     poner("@borde", kBorde);
+    poner("@mando", kBordeControl);
     poner("@resalte", kResalte);
     poner("@ambar", kAmbar);
     poner("@verde", kVerde);

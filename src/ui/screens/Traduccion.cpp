@@ -4,6 +4,7 @@
 #include "platform/StringLiterals.h"
 #include "ui/Claves.h"
 #include "ui/Textos.h"
+#include "ui/screens/Tarjeta.h"
 #include "ui/screens/Tema.h"
 
 #include <QAbstractButton>
@@ -22,10 +23,14 @@ namespace zv {
 
 namespace {
 
-// Labels, command buttons and image buttons have captions; those of other kinds stay as they are.
+// Labels, command buttons, image buttons and cards have captions; those of other kinds stay as they
+// are.
 std::optional<QString> CaptionDe(const QWidget& control) {
     if (const auto* etiqueta = qobject_cast<const QLabel*>(&control)) {
         return etiqueta->text();
+    }
+    if (const auto* tarjeta = qobject_cast<const Tarjeta*>(&control)) {
+        return tarjeta->title();
     }
     const auto* boton = qobject_cast<const QAbstractButton*>(&control);
     if (boton == nullptr || qobject_cast<const QCheckBox*>(boton) != nullptr ||
@@ -114,13 +119,14 @@ void PonerSentido(QWidget& control, const QString& sentido) {
 }
 
 void PonerCaption(QWidget& control, const QString& caption) {
-    QString rotulo = tema::Rotulo(caption);
+    const QString rotulo = tema::Rotulo(caption);
     if (auto* etiqueta = qobject_cast<QLabel*>(&control)) {
         etiqueta->setText(rotulo);
+    } else if (auto* tarjeta = qobject_cast<Tarjeta*>(&control)) {
+        tarjeta->setTitle(rotulo);
     } else if (auto* boton = qobject_cast<QAbstractButton*>(&control)) {
         const QString nombre = QString(rotulo).replace(QLatin1Char('\n'), QLatin1Char(' '));
-        // The footer's buttons are narrow and high.
-        boton->setText(tema::EsPie(*boton) ? rotulo.replace(u' ', u'\n') : rotulo);
+        boton->setText(rotulo);
         // Read aloud in one line; a picture button keeps its meaning where it has no caption.
         if (!nombre.trimmed().isEmpty()) {
             PonerSentido(*boton, nombre);

@@ -18,14 +18,14 @@ enum class Pista { No, Si };
 void Nombrar(QWidget& control, const Clave& clave, Pista pista = Pista::No);
 
 // Sets the window's title, and by the screen's and the controls' object names the captions of its
-// buttons and labels, and the meanings of controls without a caption. Captions of check boxes,
-// radio buttons, boxes and grids, and controls without a name, keep theirs. Called while the screen
-// loads, when all its controls stand.
+// buttons, labels and cards, and the meanings of controls without a caption. Captions of check
+// boxes, radio buttons, boxes and grids, and controls without a name, keep theirs. Called while the
+// screen loads, when all its controls stand.
 void TraducirPantalla(QWidget& pantalla, const Textos& textos);
 // The title alone, for a screen whose code sets all captions each time it comes up.
 void TraducirVentana(QWidget& pantalla, const Textos& textos);
 
-// Caption of one label or button, ¬ shown as a line break; in the footer blanks too.
+// Caption of one label, button or card, ¬ shown as a line break.
 void PonerCaption(QWidget& control, const QString& caption);
 // The same from an entry of the texts, for a caption that changes while the screen lives.
 void PonerTexto(QWidget& control, const Textos& textos, const Clave& clave);

@@ -6,45 +6,37 @@
 #include "ui/Claves.h"
 #include "ui/Importes.h"
 #include "ui/screens/EtiquetaTexto.h"
+#include "ui/screens/TecladoNumerico.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
+#include "ui/screens/ZonaTexto.h"
 
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QToolButton>
 
 namespace zv {
 
 namespace {
 
-constexpr int kEntrar = 11;
-constexpr int kCancelar = 12;
-constexpr int kRetroceso = 13;
-constexpr int kSinImporte = 14;
-constexpr int kDecimal = 10;
-
-constexpr QSize kTecla(92, 72);
 constexpr int kAnchoOrdenes = 168;
 
 } // namespace
 
 frmCash::frmCash(const Textos& textos, const Importes& importes, QWidget* padre)
     : FramelessWindow(u"frmCash"_s, padre), importes_(importes),
-      lbImporte_(new EtiquetaTexto(this)), tbImporte_(new QLineEdit(this)) {
+      zonaImporte_(new ZonaTexto(u"lbImporte"_s, this)), tbImporte_(new QLineEdit(this)) {
     BuscarMarcas();
-    lbImporte_->setObjectName(u"lbImporte"_s);
-    lbImporte_->setFont(tema::Fuente(18));
-    lbImporte_->setBuddy(tbImporte_);
+    zonaImporte_->Etiqueta().setBuddy(tbImporte_);
     tbImporte_->setObjectName(u"tbImporte"_s);
     tbImporte_->setProperty("papel", u"importe"_s);
-    tbImporte_->setFont(tema::FuenteImporte(34));
+    tbImporte_->setFont(tema::FuenteImporte(Px(34)));
     tbImporte_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     tbImporte_->setInputMethodHints(Qt::ImhFormattedNumbersOnly);
     tbImporte_->installEventFilter(this);
-    Cuerpo()->addWidget(lbImporte_);
+    Cuerpo()->addWidget(zonaImporte_);
     Cuerpo()->addWidget(tbImporte_);
     CrearTeclado();
     TraducirPantalla(*this, textos);
@@ -65,101 +57,62 @@ void frmCash::BuscarMarcas() {
     }
 }
 
+QPushButton* frmCash::CrearOrden(const Clave& clave, void (frmCash::*al)()) {
+    auto* boton = new QPushButton(this);
+    Rotular(*boton, clave);
+    boton->setAutoDefault(false);
+    boton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    connect(boton, &QPushButton::clicked, this, al);
+    return boton;
+}
+
 void frmCash::CrearTeclado() {
-    auto* rejilla = new QGridLayout;
-    rejilla_ = rejilla;
-    rejilla->setSpacing(8);
-    static constexpr const char* kCifras[] = {"9", "4", "5", "6", "1", "2", "3", "7", "8", "0"};
-    static constexpr int kFila[] = {0, 1, 1, 1, 2, 2, 2, 0, 0, 3, 3};
-    static constexpr int kColumna[] = {2, 0, 1, 2, 0, 1, 2, 0, 1, 0, 1};
-    for (int i = 0; i <= kDecimal; ++i) {
-        const QString texto = i == kDecimal ? QString(decimal_) : QString::fromLatin1(kCifras[i]);
-        auto* tecla = new QPushButton(texto, this);
-        tecla->setProperty("Tag", texto);
-        tema::PonerPapel(*tecla, tema::Papel::Tecla);
-        connect(tecla, &QPushButton::clicked, this,
-                [this, tecla] { Teclear(tecla->property("Tag").toString()); });
-        rejilla->addWidget(tecla, kFila[i], kColumna[i]);
-        teci_[static_cast<std::size_t>(i)] = tecla;
-    }
-    auto* retroceso = new QToolButton(this);
-    Rotular(*retroceso, texto::kCashRetroceso);
-    retroceso->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
-    tema::PonerPapel(*retroceso, tema::Papel::Tecla);
-    retroceso->setIcon(tema::Icono(u"edit-clear"_s));
-    retroceso->setAutoRepeat(true);
-    connect(retroceso, &QToolButton::clicked, this, [this] { Teclear(u"{BACKSPACE}"_s); });
-    rejilla->addWidget(retroceso, 3, 2);
-    teci_[kRetroceso] = retroceso;
+    teclado_ = new TecladoNumerico(texto::kCashRetroceso, decimal_, this);
+    teclado_->Escalar(Escala());
+    teclado_->Servir(*tbImporte_);
 
-    const auto orden = [this](int indice, const Clave& clave) {
-        auto* boton = new QPushButton(this);
-        Rotular(*boton, clave);
-        boton->setAutoDefault(false);
-        boton->setFixedWidth(kAnchoOrdenes);
-        boton->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
-        teci_[static_cast<std::size_t>(indice)] = boton;
-        return boton;
-    };
-    QPushButton* cancelar = orden(kCancelar, texto::kCashCancelar);
-    QPushButton* sinImporte = orden(kSinImporte, texto::kCashSinImporte);
-    QPushButton* entrar = orden(kEntrar, texto::kCashEntrar);
-    tema::PonerPapel(*entrar, tema::Papel::Principal);
-    entrar->setFixedWidth(kAnchoOrdenes);
-    entrar->setDefault(true);
-    sinImporte->hide();
-    rejilla->setColumnMinimumWidth(3, 8);
-    rejilla->addWidget(cancelar, 0, 4);
-    rejilla->addWidget(sinImporte, 1, 4);
-    rejilla->addWidget(entrar, 1, 4, 3, 1);
-    connect(entrar, &QPushButton::clicked, this, &frmCash::Entrar);
-    connect(cancelar, &QPushButton::clicked, this, &frmCash::Cancelar);
-    connect(sinImporte, &QPushButton::clicked, this, &frmCash::Cancelar);
-
+    cancelar_ = CrearOrden(texto::kCashCancelar, &frmCash::Cancelar);
+    sinImporte_ = CrearOrden(texto::kCashSinImporte, &frmCash::Cancelar);
+    entrar_ = CrearOrden(texto::kCashEntrar, &frmCash::Entrar);
+    tema::PonerPapel(*entrar_, tema::Papel::Principal, Escala());
+    entrar_->setDefault(true);
+    sinImporte_->hide();
+    // Rows as high as those of the keypad beside them.
+    ordenes_ = new QGridLayout;
+    ordenes_->setVerticalSpacing(teclado_->Hueco());
+    ordenes_->addWidget(cancelar_, 0, 0);
+    ordenes_->addWidget(sinImporte_, 1, 0);
+    ordenes_->addWidget(entrar_, 1, 0, 3, 1);
     for (int fila = 0; fila < 4; ++fila) {
-        rejilla->setRowMinimumHeight(fila, kTecla.height());
+        ordenes_->setRowStretch(fila, 1);
     }
-    for (int columna = 0; columna < 3; ++columna) {
-        rejilla->setColumnMinimumWidth(columna, kTecla.width());
+    for (QPushButton* orden : {cancelar_, sinImporte_, entrar_}) {
+        orden->setFixedWidth(Px(kAnchoOrdenes));
     }
-    for (std::size_t i = 0; i <= kDecimal; ++i) {
-        teci_[i]->setObjectName(u"teci_%1"_s.arg(i));
-    }
-    setTabOrder(tbImporte_, entrar);
-    setTabOrder(entrar, sinImporte);
-    setTabOrder(sinImporte, cancelar);
-    Cuerpo()->addLayout(rejilla, 1);
+    setTabOrder(tbImporte_, entrar_);
+    setTabOrder(entrar_, sinImporte_);
+    setTabOrder(sinImporte_, cancelar_);
+    auto* fila = new QHBoxLayout;
+    fila->setSpacing(3 * teclado_->Hueco());
+    fila->addWidget(teclado_, 1);
+    fila->addLayout(ordenes_);
+    Cuerpo()->addLayout(fila, 1);
 }
 
 void frmCash::Preparar(const QString& titulo, const QString& prompt, Currency porDefecto,
                        bool sinImporte) {
     PonerTitulo(titulo);
-    lbImporte_->setText(tema::Rotulo(prompt));
+    zonaImporte_->PonerTexto(prompt);
     tbImporte_->setAccessibleName(prompt);
     tbImporte_->setText(importes_.FormatoImporte(porDefecto));
     tbImporte_->selectAll();
     tbImporte_->setFocus();
-    teci_[kSinImporte]->setVisible(sinImporte);
+    sinImporte_->setVisible(sinImporte);
     // Its place belongs to teci(11) when it is not offered.
     if (sinImporte) {
-        rejilla_->addWidget(teci_[kEntrar], 2, 4, 2, 1);
+        ordenes_->addWidget(entrar_, 2, 0, 2, 1);
     }
-    Ajustar();
-}
-
-void frmCash::Ajustar() {
-    Pulir();
-    const QSize maximo = TamañoMaximo();
-    const int ancho =
-        qMin(qMax(layout()->totalMinimumSize().width(), AnchoCabecera()), maximo.width());
-    const QMargins m = Cuerpo()->contentsMargins();
-    lbImporte_->setMinimumHeight(lbImporte_->heightForWidth(ancho - m.left() - m.right() - 2));
-    setFixedSize(ancho, qMin(layout()->totalMinimumSize().height(), maximo.height()));
-}
-
-void frmCash::Teclear(const QString& teclas) {
-    tbImporte_->setFocus();
-    EnviaTeclas(teclas);
+    AjustarCuerpo(*zonaImporte_, QSize());
 }
 
 void frmCash::Entrar() {
@@ -206,10 +159,10 @@ bool frmCash::eventFilter(QObject* objeto, QEvent* evento) {
         switch (pulsada->key()) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            teci_[kEntrar]->click();
+            entrar_->click();
             return true;
         case Qt::Key_Escape:
-            teci_[kCancelar]->click();
+            cancelar_->click();
             return true;
         default:
             break;

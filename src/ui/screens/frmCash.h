@@ -6,18 +6,19 @@
 
 #include <QChar>
 
-#include <array>
 #include <exception>
 
-class QAbstractButton;
 class QGridLayout;
 class QLineEdit;
+class QPushButton;
 
 namespace zv {
 
-class EtiquetaTexto;
 class Importes;
+class TecladoNumerico;
 class Textos;
+class ZonaTexto;
+struct Clave;
 
 class frmCash final : public FramelessWindow {
     Q_OBJECT
@@ -42,16 +43,18 @@ class frmCash final : public FramelessWindow {
   private:
     void BuscarMarcas();
     void CrearTeclado();
+    QPushButton* CrearOrden(const Clave& clave, void (frmCash::*al)());
     void Entrar();
     void Cancelar();
-    void Teclear(const QString& teclas);
-    void Ajustar();
 
     const Importes& importes_;
-    EtiquetaTexto* lbImporte_;
+    ZonaTexto* zonaImporte_;
     QLineEdit* tbImporte_;
-    QGridLayout* rejilla_ = nullptr;
-    std::array<QAbstractButton*, 15> teci_{};
+    TecladoNumerico* teclado_ = nullptr;
+    QGridLayout* ordenes_ = nullptr;
+    QPushButton* entrar_ = nullptr;     // teci(11)
+    QPushButton* cancelar_ = nullptr;   // teci(12)
+    QPushButton* sinImporte_ = nullptr; // teci(14)
     QChar decimal_;
     QChar miles_; // null when the region writes none
     Currency importe_;

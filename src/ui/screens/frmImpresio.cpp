@@ -6,6 +6,7 @@
 #include "ui/screens/EtiquetaTexto.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
+#include "ui/screens/ZonaTexto.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -21,20 +22,19 @@ constexpr int kAncho = tema::TwipsAPixeles(5595);
 frmImpresio::frmImpresio(const Textos& textos, QWidget* padre)
     : FramelessWindow(u"frmImpresio"_s, padre) {
     PonerTitulo(texto::kImpresioTitulo.PorDefecto());
-    auto* lbTexto = new EtiquetaTexto(this);
-    lbTexto->setFont(tema::Fuente(18));
-    Rotular(*lbTexto, texto::kImpresioTexto);
-    Cuerpo()->addWidget(lbTexto);
+    auto* zonaTexto = new ZonaTexto(texto::kImpresioTexto.Nombre(), this);
+    Rotular(zonaTexto->Etiqueta(), texto::kImpresioTexto);
+    Cuerpo()->addWidget(zonaTexto);
 
     auto* columna = new QVBoxLayout;
-    columna->setSpacing(12);
+    columna->setSpacing(Px(12));
     const Clave* const claves[] = {&texto::kImpresioResumen, &texto::kImpresioListado,
                                    &texto::kImpresioTodo};
     for (int i = 0; i < 3; ++i) {
         auto* boton = new QPushButton(this);
         Rotular(*boton, *claves[i]);
         boton->setProperty("Tag", QString::number(i + 1));
-        boton->setMinimumHeight(tema::kTeclaMinima);
+        boton->setMinimumHeight(Px(tema::kTeclaMinima));
         connect(boton, &QPushButton::clicked, this, [this, boton] {
             eleccion = static_cast<quint8>(boton->property("Tag").toString().toUInt());
             done(QDialog::Accepted);
@@ -47,11 +47,7 @@ frmImpresio::frmImpresio(const Textos& textos, QWidget* padre)
     }
     Cuerpo()->addLayout(columna);
     TraducirPantalla(*this, textos);
-    Pulir();
-    const int ancho = qMin(qMax(kAncho, AnchoCabecera()), TamañoMaximo().width());
-    const QMargins m = Cuerpo()->contentsMargins();
-    lbTexto->setMinimumHeight(lbTexto->heightForWidth(ancho - m.left() - m.right() - 2));
-    setFixedSize(ancho, layout()->totalMinimumSize().height());
+    AjustarCuerpo(*zonaTexto, QSize(Px(kAncho), 0));
     VentanaEncima(*this, true);
 }
 

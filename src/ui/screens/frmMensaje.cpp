@@ -4,17 +4,13 @@
 #include "platform/StringLiterals.h"
 #include "ui/Claves.h"
 #include "ui/Textos.h"
-#include "ui/screens/EtiquetaTexto.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
+#include "ui/screens/ZonaTexto.h"
 
 #include <QCloseEvent>
-#include <QFrame>
 #include <QGridLayout>
-#include <QLabel>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QToolButton>
 
 namespace zv {
@@ -23,27 +19,16 @@ namespace {
 
 constexpr int kAnchoMinimo = tema::TwipsAPixeles(5595);
 constexpr int kAltoMinimo = tema::TwipsAPixeles(2775);
-// Wider windows are tried when the text would be higher than this at the title's width.
-constexpr int kAltoTextoComodo = 230;
 
 } // namespace
 
 frmMensaje::frmMensaje(const Textos& textos, QWidget* padre)
-    : FramelessWindow(u"frmMensaje"_s, padre), textos_(textos), lbTexto_(new EtiquetaTexto),
-      zonaTexto_(new QScrollArea(this)) {
-    lbTexto_->setObjectName(u"lbTexto"_s);
-    lbTexto_->setFont(tema::Fuente(18));
-    zonaTexto_->setWidget(lbTexto_);
-    zonaTexto_->setFrameShape(QFrame::NoFrame);
-    zonaTexto_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    zonaTexto_->setFocusPolicy(Qt::NoFocus);
-    zonaTexto_->setMinimumHeight(1); // one line of text is less than a scroll area asks for
-    zonaTexto_->viewport()->setAutoFillBackground(false);
-    lbTexto_->setAutoFillBackground(false);
+    : FramelessWindow(u"frmMensaje"_s, padre), textos_(textos),
+      zonaTexto_(new ZonaTexto(u"lbTexto"_s, this)) {
     Cuerpo()->addWidget(zonaTexto_, 1);
 
     auto* fila = new QGridLayout;
-    fila->setHorizontalSpacing(16);
+    fila->setHorizontalSpacing(Px(16));
     const Clave* const claves[] = {&texto::kMensajeAceptar, &texto::kMensajeCancelar};
     for (int i = 0; i < 2; ++i) {
         boton_[i] = new QPushButton(this);
@@ -66,8 +51,8 @@ frmMensaje::frmMensaje(const Textos& textos, QWidget* padre)
 
 void frmMensaje::PonerTextoYTitulo(const QString& titulo, const QString& texto) {
     PonerTitulo(titulo);
-    lbTexto_->setText(tema::Rotulo(texto));
-    Ajustar();
+    zonaTexto_->PonerTexto(texto);
+    AjustarCuerpo(*zonaTexto_, QSize(Px(kAnchoMinimo), Px(kAltoMinimo)));
 }
 
 void frmMensaje::PonerEstilo(EstiloMensaje estilo) {
@@ -133,39 +118,6 @@ void frmMensaje::closeEvent(QCloseEvent* evento) {
 
 void frmMensaje::reject() {
     Pulsar(*boton_[1]);
-}
-
-void frmMensaje::Ajustar() {
-    Pulir();
-    const QSize maximo = TamañoMaximo();
-    const QMargins m = Cuerpo()->contentsMargins();
-    const int alrededor = m.left() + m.right() + 2;
-    const int resto = tema::kAltoCabecera + m.top() + m.bottom() + Cuerpo()->spacing() +
-                      boton_[1]->sizeHint().height() + 1;
-    const int ancho = qMin(qMax(kAnchoMinimo, AnchoCabecera()), maximo.width());
-
-    // The title's width will do for a short text; a long one takes the first width at which it is
-    // comfortable, or else the first at which it fits the screen, or else it scrolls.
-    int elegido = 0;
-    for (const int limite : {kAltoTextoComodo, maximo.height() - resto}) {
-        for (const int candidato : {ancho, 480, 600, 720, 860, maximo.width()}) {
-            if (elegido == 0 && candidato >= ancho && candidato <= maximo.width() &&
-                lbTexto_->heightForWidth(candidato - alrededor) <= limite) {
-                elegido = candidato;
-            }
-        }
-    }
-    const bool desplaza = elegido == 0;
-    if (desplaza) {
-        elegido = maximo.width();
-    }
-    const int anchoTexto = elegido - alrededor -
-                           (desplaza ? zonaTexto_->verticalScrollBar()->sizeHint().width() + 4 : 0);
-    const int altoTexto = lbTexto_->heightForWidth(anchoTexto);
-    lbTexto_->resize(anchoTexto, altoTexto);
-    zonaTexto_->setVerticalScrollBarPolicy(desplaza ? Qt::ScrollBarAlwaysOn
-                                                    : Qt::ScrollBarAlwaysOff);
-    setFixedSize(elegido, qMin(qMax(kAltoMinimo, resto + altoTexto), maximo.height()));
 }
 
 } // namespace zv

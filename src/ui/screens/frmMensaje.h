@@ -5,12 +5,11 @@
 #include "ui/screens/FramelessWindow.h"
 
 class QPushButton;
-class QScrollArea;
 
 namespace zv {
 
-class EtiquetaTexto;
 class Textos;
+class ZonaTexto;
 
 class frmMensaje final : public FramelessWindow {
     Q_OBJECT
@@ -34,11 +33,9 @@ class frmMensaje final : public FramelessWindow {
   private:
     void CerrarSinPulsar();
     void Pulsar(const QPushButton& boton);
-    void Ajustar();
 
     const Textos& textos_;
-    EtiquetaTexto* lbTexto_;
-    QScrollArea* zonaTexto_;
+    ZonaTexto* zonaTexto_;
     QPushButton* boton_[2];
 };
 

@@ -6,6 +6,7 @@
 #include "ui/screens/EtiquetaTexto.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
+#include "ui/screens/ZonaTexto.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -25,42 +26,39 @@ constexpr int kAncho = 560;
 
 frmTexto::frmTexto(const Textos& textos, std::function<void()> abrirTeclado, QWidget* padre)
     : FramelessWindow(u"frmTexto"_s, padre), abrirTeclado_(std::move(abrirTeclado)),
-      lbTexto_(new EtiquetaTexto(this)), tbTexto_(new QLineEdit(this)),
+      zonaTexto_(new ZonaTexto(u"lbTexto"_s, this)), tbTexto_(new QLineEdit(this)),
       teclado_(new QToolButton(this)) {
-    lbTexto_->setObjectName(u"lbTexto"_s);
-    lbTexto_->setFont(tema::Fuente(18));
-    lbTexto_->setBuddy(tbTexto_);
+    zonaTexto_->Etiqueta().setBuddy(tbTexto_);
     tbTexto_->setObjectName(u"tbTexto"_s);
     tbTexto_->installEventFilter(this);
 
     Nombrar(*teclado_, texto::kTextoTeclado, Pista::Si);
-    tema::PonerPapel(*teclado_, tema::Papel::Normal);
+    tema::PonerPapel(*teclado_, tema::Papel::Normal, Escala());
     teclado_->setIcon(tema::Icono(u"input-keyboard"_s));
-    teclado_->setIconSize(QSize(32, 32));
-    teclado_->setFixedSize(tema::kTeclaMinima, 52);
+    teclado_->setIconSize(QSize(Px(32), Px(32)));
+    teclado_->setFixedSize(Px(tema::kTeclaMinima), Px(52));
     connect(teclado_, &QToolButton::clicked, this, &frmTexto::AbrirTeclado);
 
     auto* entrada = new QHBoxLayout;
-    entrada->setSpacing(10);
+    entrada->setSpacing(Px(10));
     entrada->addWidget(tbTexto_, 1);
     entrada->addWidget(teclado_);
 
     auto* fila = new QHBoxLayout;
-    fila->setSpacing(16);
+    fila->setSpacing(Px(16));
     fila->addStretch(1);
     const Clave* const claves[] = {&texto::kTextoAceptar, &texto::kTextoCancelar};
     for (int i = 0; i < 2; ++i) {
         boton_[i] = new QPushButton(this);
         Rotular(*boton_[i], *claves[i]);
-        boton_[i]->setMinimumWidth(172);
+        boton_[i]->setMinimumWidth(Px(172));
         fila->addWidget(boton_[i]);
         connect(boton_[i], &QPushButton::clicked, this, [this, i] { Terminar(i + 1); });
     }
     boton_[0]->setDefault(true);
 
-    Cuerpo()->addWidget(lbTexto_);
+    Cuerpo()->addWidget(zonaTexto_);
     Cuerpo()->addLayout(entrada);
-    Cuerpo()->addStretch(1);
     Cuerpo()->addLayout(fila);
     setTabOrder(tbTexto_, boton_[0]);
     setTabOrder(boton_[0], boton_[1]);
@@ -71,12 +69,12 @@ frmTexto::frmTexto(const Textos& textos, std::function<void()> abrirTeclado, QWi
 
 void frmTexto::Preparar(const QString& titulo, const QString& texto, const QString& porDefecto) {
     PonerTitulo(titulo);
-    lbTexto_->setText(tema::Rotulo(texto));
+    zonaTexto_->PonerTexto(texto);
     tbTexto_->setAccessibleName(texto);
     tbTexto_->setText(porDefecto);
     tbTexto_->selectAll();
     tbTexto_->setFocus();
-    Ajustar();
+    AjustarCuerpo(*zonaTexto_, QSize(Px(kAncho), 0));
 }
 
 QString frmTexto::Texto() const {
@@ -95,21 +93,12 @@ void frmTexto::reject() {
 void frmTexto::AbrirTeclado() {
     // Keyboards come up at the lower edge: the box must stay in sight above it.
     if (const QScreen* pantalla = screen()) {
-        move(x(), qMin(y(), pantalla->availableGeometry().top() + 24));
+        move(x(), qMin(y(), pantalla->availableGeometry().top() + Px(24)));
     }
     if (abrirTeclado_) {
         abrirTeclado_();
     }
     tbTexto_->setFocus();
-}
-
-void frmTexto::Ajustar() {
-    Pulir();
-    const QSize maximo = TamañoMaximo();
-    const int ancho = qMin(qMax(kAncho, AnchoCabecera()), maximo.width());
-    const QMargins m = Cuerpo()->contentsMargins();
-    lbTexto_->setMinimumHeight(lbTexto_->heightForWidth(ancho - m.left() - m.right() - 2));
-    setFixedSize(ancho, qMin(layout()->totalMinimumSize().height(), maximo.height()));
 }
 
 bool frmTexto::eventFilter(QObject* objeto, QEvent* evento) {

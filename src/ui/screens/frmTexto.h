@@ -11,8 +11,8 @@ class QToolButton;
 
 namespace zv {
 
-class EtiquetaTexto;
 class Textos;
+class ZonaTexto;
 
 class frmTexto final : public FramelessWindow {
     Q_OBJECT
@@ -35,10 +35,9 @@ class frmTexto final : public FramelessWindow {
   private:
     void Terminar(int con);
     void AbrirTeclado();
-    void Ajustar();
 
     std::function<void()> abrirTeclado_;
-    EtiquetaTexto* lbTexto_;
+    ZonaTexto* zonaTexto_;
     QLineEdit* tbTexto_;
     QPushButton* boton_[2];
     QToolButton* teclado_; // boton(2)

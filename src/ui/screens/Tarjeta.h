@@ -1,0 +1,28 @@
+// A card: what belongs together on a full screen, under one title.
+#pragma once
+
+#include "ui/screens/Escalable.h"
+
+#include <QGroupBox>
+
+class QVBoxLayout;
+
+namespace zv {
+
+struct Clave;
+
+class Tarjeta final : public QGroupBox, public Escalable {
+    Q_OBJECT
+
+  public:
+    // titulo names the card, for the language file too.
+    Tarjeta(const Clave& titulo, QWidget* padre);
+
+    QVBoxLayout* Cuerpo() { return cuerpo_; }
+    void Escalar(double escala) override;
+
+  private:
+    QVBoxLayout* cuerpo_;
+};
+
+} // namespace zv
