@@ -176,6 +176,7 @@ TEST_F(RejillaTest, WithDrawingOffNoticesAreHeldAndGivenTogether) {
     rejilla.PonerTexto(6, 0, u"nueva"_s);
     rejilla.PonerFondo(4, 0, ColorRGB(1, 2, 3));
     rejilla.PonerTexto(2, 0, u"x"_s);
+    rejilla.PonerTexto(3, 0, u"x"_s);
     rejilla.PonerAncho(1, 77);
     rejilla.PonerFilaSuperior(3);
     EXPECT_EQ(cambios + movimientos, 0);
@@ -267,6 +268,10 @@ TEST_F(RejillaTest, TheLastRowMayStandOnTopAndNoneBeyondIt) {
     rejilla.PonerPagina(4);
     rejilla.PonerFilaSuperior(99);
     EXPECT_EQ(rejilla.FilaSuperior(), 10);
+    rejilla.PonerFilaSuperior(6);
+    EXPECT_TRUE(rejilla.HaySiguiente());
+    rejilla.PonerFilaSuperior(7);
+    EXPECT_FALSE(rejilla.HaySiguiente());
     rejilla.PonerFilaSuperior(-1);
     EXPECT_EQ(rejilla.FilaSuperior(), 1);
 }

@@ -109,13 +109,9 @@ void VistaRejilla::SeguirPosicion() {
     // The bar ends where the last page is full, unless keys or pages have gone further.
     verticalScrollBar()->setMaximum(std::max(ultimaPagina_, valor));
     verticalScrollBar()->setValue(valor);
-    PonerArriba(valor);
-}
-
-void VistaRejilla::PonerArriba(int fila) {
     // At the end of its bar the table shows the last row at the bottom, not the asked one on top.
     const int antes = verticalHeader()->offset();
-    verticalHeader()->setOffsetToSectionPosition(fila);
+    verticalHeader()->setOffsetToSectionPosition(valor);
     if (verticalHeader()->offset() != antes) {
         viewport()->update();
     }
@@ -131,20 +127,18 @@ void VistaRejilla::updateGeometries() {
     SeguirPosicion();
 }
 
-void VistaRejilla::scrollContentsBy(int dx, int dy) {
-    QTableView::scrollContentsBy(dx, dy);
-    if (dy != 0) {
-        PonerArriba(verticalScrollBar()->value());
-    }
-}
-
 VistaRejilla::Lugar VistaRejilla::LugarDe(const QPoint& punto) const {
     const int fila = rowAt(punto.y());
-    return {fila + 1, columnAt(punto.x()), fila < 0};
+    Lugar lugar{fila + 1, columnAt(punto.x()), fila < 0, {}};
+    for (int columna = 0; fila >= 0 && columna < rejilla_.Columnas(); ++columna) {
+        lugar.textos << rejilla_.Texto(lugar.fila, columna);
+    }
+    return lugar;
 }
 
 void VistaRejilla::Soltar(const std::optional<Lugar>& lugar) {
-    // A finger that has slid elsewhere meant neither cell.
+    // A finger that has slid elsewhere meant neither cell; one below which another row has come,
+    // not that row.
     if (const auto pulsado = std::exchange(pulsado_, std::nullopt); pulsado && pulsado == lugar) {
         Q_EMIT Soltado(lugar->fila, lugar->columna, lugar->debajo);
     }
@@ -181,7 +175,7 @@ bool VistaRejilla::eventFilter(QObject* objeto, QEvent* evento) {
         const auto* raton = static_cast<QMouseEvent*>(evento);
         if (raton->button() == Qt::LeftButton) {
             const QPoint punto = raton->position().toPoint();
-            const Lugar lugar{0, columnAt(punto.x()), false};
+            const Lugar lugar{0, columnAt(punto.x()), false, {}};
             if (evento->type() == QEvent::MouseButtonRelease) {
                 Soltar(titulos->rect().contains(punto) ? std::optional(lugar) : std::nullopt);
             } else {

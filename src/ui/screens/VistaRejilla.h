@@ -7,6 +7,7 @@
 #include "ui/screens/DelegadoRejilla.h"
 #include "ui/screens/ModeloRejilla.h"
 
+#include <QStringList>
 #include <QTableView>
 
 #include <optional>
@@ -37,7 +38,6 @@ class VistaRejilla final : public QTableView {
     void Soltado(int fila, int columna, bool debajo);
 
   protected:
-    void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
     void mousePressEvent(QMouseEvent* evento) override;
     void mouseDoubleClickEvent(QMouseEvent* evento) override;
@@ -50,6 +50,7 @@ class VistaRejilla final : public QTableView {
         int fila = 0;
         int columna = 0;
         bool debajo = false;
+        QStringList textos; // of the row: another one may come to its place
         bool operator==(const Lugar&) const = default;
     };
 
@@ -57,7 +58,6 @@ class VistaRejilla final : public QTableView {
     void Soltar(const std::optional<Lugar>& lugar);
     void PonerAnchos();
     void SeguirPosicion();
-    void PonerArriba(int fila);
 
     Rejilla& rejilla_;
     ModeloRejilla modelo_;

@@ -102,6 +102,17 @@ TEST_F(VistaRejillaTest, ItStaysThereWhenTheWindowOrTheRowsChange) {
     EXPECT_EQ(desplazada.size(), 0);
 }
 
+TEST_F(VistaRejillaTest, TheRowAtTheEndOfTheBarStaysOnTopToo) {
+    Filas(40);
+    rejilla.PonerFilaSuperior(31);
+    ASSERT_EQ(vista.verticalScrollBar()->maximum(), 30);
+    vista.resize(620, vista.height());
+    EXPECT_EQ(ArribaDelTodo(), 31);
+    vista.verticalScrollBar()->setValue(29);
+    vista.verticalScrollBar()->setValue(30);
+    EXPECT_EQ(ArribaDelTodo(), 31);
+}
+
 TEST_F(VistaRejillaTest, TheBarEndsWhereTheLastPageIsFull) {
     Filas(40);
     QScrollBar& barra = *vista.verticalScrollBar();
@@ -205,10 +216,30 @@ TEST_F(VistaRejillaTest, AFingerThatSlidesElsewhereClicksNothing) {
     EXPECT_EQ(rejilla.FilaSuperior(), 1);
 }
 
+TEST_F(VistaRejillaTest, ARowThatComesUnderTheFingerIsNotClicked) {
+    Filas(4);
+    rejilla.PonerTexto(2, 1, u"oculto"_s);
+    QTest::mousePress(vista.viewport(), Qt::LeftButton, {}, Centro(2, 0));
+    rejilla.PonerTexto(2, 1, u"otro"_s);
+    QTest::mouseRelease(vista.viewport(), Qt::LeftButton, {}, Centro(2, 0));
+    QTest::mousePress(vista.viewport(), Qt::LeftButton, {}, Centro(2, 0));
+    rejilla.Recortar(1);
+    QTest::mouseRelease(vista.viewport(), Qt::LeftButton, {}, QPoint(50, 60));
+    EXPECT_EQ(soltado.size(), 0);
+    // The same row read again is the same row.
+    QTest::mousePress(vista.viewport(), Qt::LeftButton, {}, Centro(1, 0));
+    rejilla.Vaciar();
+    Filas(2);
+    QTest::mouseRelease(vista.viewport(), Qt::LeftButton, {}, Centro(1, 0));
+    EXPECT_EQ(soltado.size(), 1);
+}
+
 TEST_F(VistaRejillaTest, OnlyTheLeftButtonClicks) {
     Filas(1);
     Clic(Centro(1, 0), Qt::RightButton);
     Clic(Centro(1, 0), Qt::MiddleButton);
+    QTest::mousePress(vista.viewport(), Qt::RightButton, {}, Centro(1, 0));
+    QTest::mouseRelease(vista.viewport(), Qt::LeftButton, {}, Centro(1, 0));
     EXPECT_EQ(soltado.size(), 0);
 }
 
