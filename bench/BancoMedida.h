@@ -3,6 +3,7 @@
 #pragma once
 
 #include "app/Monitor.h"
+#include "app/PantallasCerradas.h"
 #include "platform/StringLiterals.h"
 
 #include <QDir>
@@ -95,7 +96,7 @@ class BancoMedida {
   public:
     BancoMedida()
         : servicios(OpcionesDe(carpeta), reloj),
-          monitor(servicios, Exterior{cliente, dialogos, procesos, shell}) {
+          monitor(servicios, Exterior{cliente, dialogos, procesos, shell, pantallas}) {
         QFile ini(carpeta.filePath(u"ZVMonitor.ini"_s));
         if (!ini.open(QIODevice::WriteOnly)) {
             std::exit(EXIT_FAILURE);
@@ -125,6 +126,7 @@ class BancoMedida {
     DialogosProhibidos dialogos;
     SinProcesos procesos;
     SinShell shell;
+    PantallasCerradas pantallas;
     Monitor monitor;
 
   private:

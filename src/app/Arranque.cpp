@@ -6,15 +6,16 @@
 #include "platform/StringLiterals.h"
 #include "store/Claves.h"
 #include "store/Esquema.h"
+#include "store/sqlite/SqliteEngine.h"
 
 namespace zv {
 
-Arranque::Arranque(Entorno& entorno, EstadoMonitor& estado, PulsoCola& pulso, Conector& conector,
-                   SingleInstance& instancia, LogFiles& ficherosLog, QString carpeta,
-                   std::function<std::unique_ptr<DatabaseEngine>()> crearCatalogo)
-    : entorno_(entorno), estado_(estado), pulso_(pulso), conector_(conector), instancia_(instancia),
-      ficherosLog_(ficherosLog), carpeta_(std::move(carpeta)),
-      crearCatalogo_(std::move(crearCatalogo)) {}
+Arranque::Arranque(const PartesMonitor& partes, Conector& conector, SingleInstance& instancia,
+                   LogFiles& ficherosLog, ServidorFast& fast,
+                   std::function<void()> inicializarDades)
+    : entorno_(partes.entorno), estado_(partes.estado), pulso_(partes.pulso), conector_(conector),
+      instancia_(instancia), ficherosLog_(ficherosLog), fast_(fast),
+      inicializarDades_(std::move(inicializarDades)) {}
 
 Respuesta Arranque::Mensaje(const Clave& titulo, const Clave& texto) {
     return entorno_.dialogos.MostrarMensaje(entorno_.textos.Traduce(titulo),
@@ -41,8 +42,8 @@ bool Arranque::Cargar(VentanaPrincipal& ventana) {
         return false;
     }
     // Outside the handler on purpose: from here on a failure ends the program, as in any event.
-    if (entorno_.configuracio->BOTONACCESO == 1 && pasos_.mostrarBotonAcceso) {
-        pasos_.mostrarBotonAcceso();
+    if (entorno_.configuracio->BOTONACCESO == 1) {
+        entorno_.pantallas.Abrir(Pantalla::BotonAcceso);
     }
     pulso_.ArrancaTimer();
     return true;
@@ -57,9 +58,7 @@ bool Arranque::LeerConfiguracion() {
 bool Arranque::CargarProtegido(VentanaPrincipal& ventana) {
     if (!LeerConfiguracion()) {
         Mensaje(texto::kIniciando, texto::kPrimerUso);
-        if (pasos_.abrirConfiguracion) {
-            pasos_.abrirConfiguracion();
-        }
+        entorno_.pantallas.Abrir(Pantalla::Configuracion);
         if (!LeerConfiguracion()) {
             Mensaje(texto::kErrorDeConfiguracion, texto::kSinConfiguracion);
             return false;
@@ -67,18 +66,19 @@ bool Arranque::CargarProtegido(VentanaPrincipal& ventana) {
     }
     entorno_.supervision.LeerSaldos();
     ventana.PrepararGrid();
-    CrearBaseDatos(*crearCatalogo_(), carpeta_, entorno_.log, entorno_.dialogos, entorno_.textos);
-    if (pasos_.abrirFast) {
-        pasos_.abrirFast();
+    {
+        // The schema has a connection of its own, closed before the monitor's is opened.
+        SqliteEngine catalogo;
+        CrearBaseDatos(catalogo, entorno_.carpeta, entorno_.log, entorno_.dialogos,
+                       entorno_.textos);
     }
+    fast_.AbrirFast();
     conector_.ArrancarConector();
     if (!entorno_.conexion.ConectarBD()) {
         Mensaje(texto::kErrorDeConfiguracion, texto::kReviseElLog);
         return false;
     }
-    if (pasos_.inicializarDades) {
-        pasos_.inicializarDades();
-    }
+    inicializarDades_();
     estado_.PonerAgrupando(false);
     SupervisionConexion& supervision = entorno_.supervision;
     estado_.ActualizarBotonesMonitor(supervision.Conectado());

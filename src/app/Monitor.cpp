@@ -14,7 +14,8 @@ QHostAddress DireccionFast(const Opciones& opciones) {
 TillServices ServiciosTill(Servicios& servicios, const Exterior& exterior) {
     servicios.PonerDispositivo(exterior.cliente);
     return {servicios.opciones.carpeta, exterior.cliente, servicios.registry, servicios.log,
-            exterior.dialogos,          servicios.textos, servicios.importes, servicios.reloj};
+            exterior.dialogos,          servicios.textos, servicios.importes, servicios.reloj,
+            exterior.pantallas};
 }
 
 } // namespace
@@ -30,21 +31,10 @@ Monitor::Monitor(Servicios& servicios, const Exterior& exterior)
       instancia_(servicios.opciones.carpeta),
       conector_(Partes().entorno.configuracio, exterior.procesos, exterior.shell, exterior.dialogos,
                 servicios.textos),
-      arranque_(Partes().entorno, Partes().estado, Partes().pulso, conector_, instancia_,
-                servicios.log, servicios.opciones.carpeta,
-                [] { return std::make_unique<SqliteEngine>(); }) {
-    BotonesMonitor& botones = Partes().botones;
-    SupervisionConexion& supervision = Partes().entorno.supervision;
-    botones.Registrar(BotonPie::Desconectar, [&supervision] { supervision.Desconectar(); });
-    botones.Registrar(BotonPie::Conectar, [&supervision] { supervision.Conectar(); });
-    PasosArranque pasos;
-    pasos.abrirFast = [this] { fast_.AbrirFast(); };
-    pasos.inicializarDades = [this, &servicios] {
-        dades_ = std::make_unique<dades>(Partes().entorno.Database(), servicios.reloj);
-        dades_->Inicialitza();
-    };
-    arranque_.PonerPasos(std::move(pasos));
-}
+      arranque_(Partes(), conector_, instancia_, servicios.log, fast_, [this] {
+          dades_ = std::make_unique<dades>(Partes().entorno.Database(), Partes().entorno.reloj);
+          dades_->Inicialitza();
+      }) {}
 
 FastPump Monitor::BombaDe() {
     FastPump bomba;

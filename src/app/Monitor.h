@@ -19,6 +19,7 @@ struct Exterior {
     Dialogos& dialogos;
     ProcessList& procesos;
     Shell& shell;
+    Pantallas& pantallas;
 };
 
 class Monitor {
@@ -42,7 +43,6 @@ class Monitor {
     ServidorFast& Fast() { return fast_; }
     CobroCodigoBarras& Barras() { return barras_; }
     zv::Conector& Conector() { return conector_; }
-    zv::Arranque& Arranque() { return arranque_; }
 
   private:
     FastPump BombaDe();
@@ -53,7 +53,7 @@ class Monitor {
     CobroCodigoBarras barras_;
     SingleInstance instancia_;
     zv::Conector conector_;
-    zv::Arranque arranque_;
+    Arranque arranque_;
     VentanaPrincipal* ventana_ = nullptr;
 };
 

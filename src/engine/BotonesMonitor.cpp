@@ -1,25 +1,70 @@
 #include "engine/BotonesMonitor.h"
 
+#include "platform/StringLiterals.h"
 #include "till/ResultadoEnvio.h"
 
 namespace zv {
 
-BotonesMonitor::BotonesMonitor(Entorno& entorno, Controles& controles, EstadoMonitor& estado)
-    : entorno_(entorno), controles_(controles), estado_(estado) {}
+BotonesMonitor::BotonesMonitor(Entorno& entorno, Controles& controles, EstadoMonitor& estado,
+                               PulsoCola& pulso)
+    : entorno_(entorno), controles_(controles), estado_(estado), pulso_(pulso) {
+    botones_[BotonPie::Registro] = Puerta(Pantalla::Cobros, 1, u"authRegistro"_s);
+    botones_[BotonPie::Caja] = Puerta(Pantalla::Caja, 1, u"authCaja"_s);
+    botones_[BotonPie::Incidencias] = Puerta(Pantalla::Incidencias, 0, u"authIncidencias"_s);
+    botones_[BotonPie::Contrasena] = Puerta(Pantalla::CambioContrasena);
+    botones_[BotonPie::Configurar] = Puerta(Pantalla::Configuracion, 0, u"authConfiguracion"_s);
+    botones_[BotonPie::Desconectar].operacion = [this] {
+        entorno_.supervision.Desconectar();
+        return Salida::Completa;
+    };
+    botones_[BotonPie::Conectar].operacion = [this] {
+        entorno_.supervision.Conectar();
+        return Salida::Completa;
+    };
+}
 
-void BotonesMonitor::Registrar(BotonPie boton, std::function<void()> operacion) {
-    operaciones_[boton] = std::move(operacion);
+BotonesMonitor::Boton BotonesMonitor::Puerta(Pantalla pantalla, qint16 nivel,
+                                             const QString& lugar) {
+    return {[this, pantalla, nivel, lugar] {
+                AbrirPuerta(pantalla, nivel, lugar);
+                return Salida::Completa;
+            },
+            pantalla};
+}
+
+void BotonesMonitor::AbrirPuerta(Pantalla pantalla, qint16 nivel, const QString& lugar) {
+    pulso_.ParaTimer();
+    if (lugar.isEmpty() || entorno_.pantallas.ValidarUsuari(nivel, lugar)) {
+        entorno_.pantallas.Abrir(pantalla);
+        if (pantalla == Pantalla::Caja) {
+            // A close or an emptying moves money, and the cash office may have disconnected.
+            entorno_.supervision.MostrarNivel();
+            estado_.ActualizarBotonesMonitor(entorno_.supervision.Conectado());
+        }
+    }
+    pulso_.ArrancaTimer();
+}
+
+bool BotonesMonitor::TieneOperacion(BotonPie boton) const {
+    const Boton& este = botones_[boton];
+    return este.operacion && (!este.pantalla || entorno_.pantallas.Existe(*este.pantalla));
 }
 
 void BotonesMonitor::boton_Click(BotonPie boton) {
     const EstadoControles& estado = controles_.Estado();
     // A click that was under way when the pulse disabled the footer comes too late.
-    if (!operaciones_[boton] || !estado.framePie || !estado.boton[boton]) {
-        return;
+    if (TieneOperacion(boton) && estado.framePie && estado.boton[boton]) {
+        Envolver(botones_[boton].operacion);
     }
+}
+
+void BotonesMonitor::Envolver(const Operacion& operacion) {
     controles_.Poner(&EstadoControles::framePie, false);
     entorno_.ResultadoEnvio = envio::kBien;
-    operaciones_[boton]();
+    if (operacion() == Salida::SoloArrancar) {
+        pulso_.ArrancaTimer();
+        return;
+    }
     estado_.ActualizarEstado(true);
     controles_.Poner(&EstadoControles::framePie, true);
 }

@@ -1,30 +1,50 @@
-// boton_Click: the one handler of the footer's buttons. What each of them does is registered; a
-// button without an operation stays disabled on the screen.
+// boton_Click: the one handler of the footer's buttons, and what each of them does.
 #pragma once
 
 #include "engine/BotonPie.h"
 #include "engine/Controles.h"
 #include "engine/EstadoMonitor.h"
+#include "engine/PulsoCola.h"
 #include "till/Entorno.h"
+#include "till/Pantallas.h"
 
 #include <functional>
+#include <optional>
 
 namespace zv {
 
 class BotonesMonitor {
   public:
-    BotonesMonitor(Entorno& entorno, Controles& controles, EstadoMonitor& estado);
+    // How an operation leaves the handler.
+    enum class Salida {
+        Completa,     // counters and state line are brought up to date, the footer comes back
+        SoloArrancar, // ArrancaTimer alone, which brings the footer back too
+    };
+    using Operacion = std::function<Salida()>;
 
-    void Registrar(BotonPie boton, std::function<void()> operacion);
-    bool TieneOperacion(BotonPie boton) const { return static_cast<bool>(operaciones_[boton]); }
+    BotonesMonitor(Entorno& entorno, Controles& controles, EstadoMonitor& estado, PulsoCola& pulso);
+
+    // False where the button would do nothing: it stays disabled on the screen.
+    bool TieneOperacion(BotonPie boton) const;
     // Does nothing while the footer or the button is disabled.
     void boton_Click(BotonPie boton);
+    // Entry and exit of the handler around an operation.
+    void Envolver(const Operacion& operacion);
 
   private:
+    struct Boton {
+        Operacion operacion;
+        std::optional<Pantalla> pantalla; // that the operation opens
+    };
+    // lugar empty: nobody is asked.
+    Boton Puerta(Pantalla pantalla, qint16 nivel = 0, const QString& lugar = {});
+    void AbrirPuerta(Pantalla pantalla, qint16 nivel, const QString& lugar);
+
     Entorno& entorno_;
     Controles& controles_;
     EstadoMonitor& estado_;
-    PorBotonPie<std::function<void()>> operaciones_;
+    PulsoCola& pulso_;
+    PorBotonPie<Boton> botones_;
 };
 
 } // namespace zv

@@ -6,7 +6,7 @@ EngineGraph::EngineGraph(const TillServices& servicios)
     : till_(servicios), grid_(servicios.textos, servicios.importes),
       estado_(till_.Entorno(), controles_, grid_),
       pulso_(till_.Entorno(), controles_, grid_, estado_),
-      botones_(till_.Entorno(), controles_, estado_), clic_(controles_, grid_),
+      botones_(till_.Entorno(), controles_, estado_, pulso_), clic_(controles_, grid_),
       partes_{till_.Entorno(), controles_, grid_, estado_, pulso_, botones_, clic_} {
     till_.Entorno().supervision.PonerVista(&estado_);
 }

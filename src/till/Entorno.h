@@ -15,6 +15,7 @@
 #include "store/ConexionBD.h"
 #include "store/OperacionesRegistro.h"
 #include "store/TransactionOwner.h"
+#include "till/Pantallas.h"
 #include "ui/Dialogos.h"
 #include "ui/Importes.h"
 #include "ui/Log.h"
@@ -33,6 +34,7 @@ struct TillServices {
     const Textos& textos;
     const Importes& importes;
     const Clock& reloj;
+    Pantallas& pantallas;
 };
 
 struct Entorno : TillServices {

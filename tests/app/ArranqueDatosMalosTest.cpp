@@ -60,11 +60,10 @@ TEST_F(ArranqueDatosMalosTest, ABalanceInTheRegistryThatIsNoNumberEndsTheStart) 
 }
 
 TEST_F(ArranqueDatosMalosTest, TheBalancesAreReadBeforeTheDatabase) {
-    EscribirIni();
+    EscribirIni("[CONECTOR]\r\nZVFastPort=puerto\r\n"); // ends the start at the fast link
     PonerSaldo(5000);
     PonerValor(u"Saldo_Inicial"_s, u"4000"_s);
-    monitor->Arranque().PonerPasos({{}, [] { throw ErrorEjecucion(1, u"x"_s); }, {}, {}});
-    EsperaErrorDeInicio(u"Error nº 1 - x"_s);
+    EsperaErrorDeInicio(u"Error nº 13 - No coinciden los tipos"_s);
     EXPECT_FALSE(monitor->Cargar());
     EXPECT_EQ(Supervision().SaldoInicial(), 4000);
     EXPECT_EQ(Supervision().UltimoSaldo(), Currency(5000));
@@ -125,7 +124,7 @@ TEST_F(ArranqueDatosMalosTest, AFailureOfTheLastStepsIsNobodysEither) {
     EscribirIni("[ZVMONITOR]\r\nBOTONACCESO=1\r\n");
     PonerSaldo(5000);
     cliente.EsperaConnect();
-    monitor->Arranque().PonerPasos({{}, {}, {}, [] { throw ErrorEjecucion(5, u"x"_s); }});
+    pantallas.EsperaAbrir(Pantalla::BotonAcceso, [] { throw ErrorEjecucion(5, u"x"_s); });
     EXPECT_THROW(monitor->Cargar(), ErrorEjecucion);
     EXPECT_FALSE(Pulso().Armado());
 }
@@ -159,6 +158,7 @@ TEST_F(ArranqueDatosMalosTest, TheWordsComeFromTheLanguageFile) {
                   "errorDeConfiguracion3=d\r\nerrorDeInicio=e\r\nzvMonitorYaEjecutado=f\r\n");
     fichero.close();
     dialogos.EsperaMensaje(u"a"_s, u"b"_s);
+    pantallas.EsperaAbrir(Pantalla::Configuracion);
     dialogos.EsperaMensaje(u"c"_s, u"c"_s); // one key for both
     EXPECT_FALSE(monitor->Cargar());
 

@@ -1,5 +1,6 @@
 // Start-up and shutdown: the order of the steps, and every way in which a start ends early.
 #include "BancoMonitor.h"
+#include "app/PantallasCerradas.h"
 #include "config/Modo.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
@@ -20,30 +21,36 @@ class ArranqueTest : public BancoMonitor {
 };
 
 TEST_F(ArranqueTest, TheLoadGoesThroughItsStepsInOrder) {
-    EscribirIni();
+    EscribirIni("[ZORVEX]\r\nIP=127.0.0.1\r\n[ZVMONITOR]\r\nBOTONACCESO=1\r\n[CONECTOR]\r\n"
+                "ZVConectorActive=1\r\nZVConectorPath=/opt/ZVConnector\r\n");
     PonerSaldo(5000);
+    procesos.enMarcha << u"ZVConnector"_s;
     QStringList pasos;
-    ventana.alLlamar = [&](const QString& paso) { pasos << paso; };
+    ventana.alLlamar = [&](const QString& paso) {
+        pasos << paso;
+        const bool hayEsquema = QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s));
+        EXPECT_EQ(hayEsquema, pasos.contains(u"conector"_s)) << paso.toStdString();
+        EXPECT_EQ(Database().Abierta(), pasos.contains(u"conector"_s)) << paso.toStdString();
+    };
+    procesos.alContar = [&] {
+        pasos << u"conector"_s;
+        // The schema stands and the fast link listens, but the monitor's own connection is closed.
+        EXPECT_TRUE(QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
+        EXPECT_TRUE(monitor->Fast().WS().Escuchando());
+        EXPECT_FALSE(Database().Abierta());
+    };
     cliente.AlLlamar([&](const QString& paso) { pasos << paso; });
     cliente.EsperaConnect();
-    monitor->Arranque().PonerPasos({[&] { pasos << u"configuración"_s; },
-                                    [&] {
-                                        pasos << u"fast"_s;
-                                        EXPECT_TRUE(
-                                            QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
-                                        EXPECT_FALSE(Database().Abierta());
-                                    },
-                                    [&] {
-                                        pasos << u"dades"_s;
-                                        EXPECT_TRUE(Database().Abierta());
-                                    },
-                                    [&] { pasos << u"botón"_s; }});
+    pantallas.EsperaAbrir(Pantalla::BotonAcceso, [&] {
+        pasos << u"botón de acceso"_s;
+        EXPECT_FALSE(Pulso().Armado());
+    });
 
     EXPECT_TRUE(monitor->Cargar());
 
-    EXPECT_EQ(pasos, (QStringList{u"traducir"_s, u"icono"_s, u"columnas"_s, u"fast"_s, u"dades"_s,
+    EXPECT_EQ(pasos, (QStringList{u"traducir"_s, u"icono"_s, u"columnas"_s, u"conector"_s,
                                   u"Monitor v26.5.1"_s, u"mostrar"_s, u"Address(127.0.0.1)"_s,
-                                  u"SessionFlag(1)"_s, u"Connect()"_s}));
+                                  u"SessionFlag(1)"_s, u"Connect()"_s, u"botón de acceso"_s}));
     EXPECT_EQ(LineasLog().first(), u"INICIADO"_s);
     EXPECT_TRUE(Pulso().Armado());
     EXPECT_EQ(Controles().lbContador, u"0 cobros"_s);
@@ -52,14 +59,15 @@ TEST_F(ArranqueTest, TheLoadGoesThroughItsStepsInOrder) {
     EXPECT_EQ(LeerValor(u"Saldo_Inicial"_s), u"5000"_s);
 }
 
-TEST_F(ArranqueTest, TheAccessButtonComesOnlyWithItsSetting) {
-    EscribirIni("[ZVMONITOR]\r\nBOTONACCESO=1\r\n");
-    PonerSaldo(5000);
-    cliente.EsperaConnect();
-    bool mostrado = false;
-    monitor->Arranque().PonerPasos({{}, {}, {}, [&] { mostrado = true; }});
-    EXPECT_TRUE(monitor->Cargar());
-    EXPECT_TRUE(mostrado);
+TEST_F(ArranqueTest, TheAccessButtonComesOnlyWithExactlyOne) {
+    for (const char* valor : {"0", "2"}) {
+        EscribirIni(QByteArray("[ZVMONITOR]\r\nBOTONACCESO=") + valor + "\r\n");
+        PonerSaldo(5000);
+        cliente.EsperaConnect();
+        EXPECT_TRUE(monitor->Cargar());
+        EXPECT_TRUE(pantallas.Llamadas().isEmpty()) << valor;
+        Montar();
+    }
 }
 
 TEST_F(ArranqueTest, ASecondInstanceSaysSoAndTouchesNothing) {
@@ -74,20 +82,19 @@ TEST_F(ArranqueTest, ASecondInstanceSaysSoAndTouchesNothing) {
 }
 
 TEST_F(ArranqueTest, AFirstUseLeftWithoutSavingEndsTheProgram) {
-    int abierta = 0;
-    monitor->Arranque().PonerPasos({[&] { ++abierta; }, {}, {}, {}});
     dialogos.EsperaMensaje(u"Iniciando..."_s, u"Configura la aplicación para su primer uso"_s);
+    pantallas.EsperaAbrir(Pantalla::Configuracion,
+                          [&] { EXPECT_EQ(dialogos.Llamadas().size(), 1); });
     dialogos.EsperaMensaje(u"Error de configuración"_s,
                            u"No se han encontrado los datos de configuración de ZVMonitor"_s);
     EXPECT_FALSE(monitor->Cargar());
-    EXPECT_EQ(abierta, 1);
     EXPECT_FALSE(QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
 }
 
 TEST_F(ArranqueTest, AFirstUseThatSavesGoesOn) {
     PonerSaldo(100);
     cliente.EsperaConnect();
-    monitor->Arranque().PonerPasos({[&] { EscribirIni(); }, {}, {}, {}});
+    pantallas.EsperaAbrir(Pantalla::Configuracion, [&] { EscribirIni(); });
     dialogos.EsperaMensaje(u"Iniciando..."_s, testing::_);
     EXPECT_TRUE(monitor->Cargar());
 }
@@ -98,15 +105,6 @@ TEST_F(ArranqueTest, ALetterInANumericSettingEndsTheStartWithItsNumber) {
                            u"Error nº 13 - No coinciden los tipos"_s);
     EXPECT_FALSE(monitor->Cargar());
     EXPECT_FALSE(QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
-}
-
-TEST_F(ArranqueTest, AFailureOfAStepIsShownAndEndsTheStart) {
-    EscribirIni();
-    monitor->Arranque().PonerPasos(
-        {{}, [] { throw ErrorEjecucion(10048, u"Dirección en uso"_s); }, {}, {}});
-    dialogos.EsperaMensaje(u"Error al iniciar la aplicación"_s,
-                           u"Error nº 10048 - Dirección en uso"_s);
-    EXPECT_FALSE(monitor->Cargar());
 }
 
 TEST_F(ArranqueTest, AFileThatIsNoDatabaseIsRefusedAndNeverTouched) {
@@ -166,6 +164,20 @@ TEST_F(ArranqueTest, AMinimisedStartNeedsAnEmptyQueue) {
     EXPECT_EQ(ventana.estado, ventana::kMinimizada);
 }
 
+TEST_F(ArranqueTest, OnlyExactlyOneStartsMinimised) {
+    for (const char* valor : {"0", "2", "255"}) {
+        EscribirIni(QByteArray("[ZVMONITOR]\r\nMINIMIZADO=") + valor + "\r\n");
+        PonerSaldo(5000);
+        cliente.EsperaConnect();
+        EXPECT_TRUE(monitor->Cargar());
+        EXPECT_EQ(ventana.estado, ventana::kNormal) << valor;
+        // Nor does the pulse of an empty queue bring the window down.
+        Pulso().ProcesarCola();
+        EXPECT_EQ(ventana.estado, ventana::kNormal) << valor;
+        Montar();
+    }
+}
+
 TEST_F(ArranqueTest, AMinimisedStartWithRowsStaysOpen) {
     EscribirIni("[ZVMONITOR]\r\nMINIMIZADO=1\r\n");
     PonerFilaEnCola();
@@ -212,7 +224,7 @@ TEST_F(ArranqueTest, TwoMonitorsLiveSideBySide) {
     opciones.fastDireccion = u"127.2.255.255"_s;
     Servicios segundos(opciones, reloj);
     DeviceGuion segundoCliente;
-    Monitor segundo(segundos, Exterior{segundoCliente, dialogos, procesos, shell});
+    Monitor segundo(segundos, Exterior{segundoCliente, dialogos, procesos, shell, pantallas});
     VentanaFalsa segundaVentana;
     segundo.PonerVentana(segundaVentana);
 
@@ -227,6 +239,18 @@ TEST_F(ArranqueTest, TwoMonitorsLiveSideBySide) {
     segundo.Partes().estado.PulsarModo(1);
     EXPECT_EQ(Ajustes().Modo, modo::kAuto);
     EXPECT_EQ(segundo.Partes().entorno.configuracio->Modo, modo::kManual);
+}
+
+// What the program itself is built with as long as its main screen is the only one.
+TEST(PantallasCerradas, LeaveOnlyTheConnectionToTheFooter) {
+    PantallasCerradas cerradas;
+    for (const Pantalla pantalla :
+         {Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Caja, Pantalla::Configuracion,
+          Pantalla::CambioContrasena, Pantalla::BotonAcceso}) {
+        EXPECT_FALSE(cerradas.Existe(pantalla));
+        cerradas.Abrir(pantalla);
+    }
+    EXPECT_FALSE(cerradas.ValidarUsuari(2, u"authCobro"_s));
 }
 
 } // namespace zv::test

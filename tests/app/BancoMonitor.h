@@ -9,6 +9,7 @@
 #include "support/FakeProcessList.h"
 #include "support/FixedClock.h"
 #include "support/ImprimeQt.h"
+#include "support/PantallasGuion.h"
 #include "support/VentanaFalsa.h"
 
 #include <QCoreApplication>
@@ -40,8 +41,8 @@ class BancoMonitor : public testing::Test {
     void Montar(const Opciones& opciones) {
         monitor.reset();
         servicios = std::make_unique<Servicios>(opciones, reloj);
-        monitor =
-            std::make_unique<Monitor>(*servicios, Exterior{cliente, dialogos, procesos, shell});
+        monitor = std::make_unique<Monitor>(
+            *servicios, Exterior{cliente, dialogos, procesos, shell, pantallas});
         monitor->PonerVentana(ventana);
     }
 
@@ -93,6 +94,7 @@ class BancoMonitor : public testing::Test {
     DialogosGuion dialogos;
     FakeProcessList procesos;
     ShellFalsa shell;
+    PantallasGuion pantallas;
     VentanaFalsa ventana;
     std::unique_ptr<Servicios> servicios;
     std::unique_ptr<Monitor> monitor;

@@ -106,6 +106,9 @@ TEST_F(EnlaceFastTest, APortInUseEndsTheStart) {
     dialogos.EsperaMensaje(u"Error al iniciar la aplicación"_s,
                            u"Error nº 10048 - El puerto 16501 del ZVFast ya está en uso"_s);
     EXPECT_FALSE(monitor->Cargar());
+    // The schema comes before it, the monitor's own connection after it.
+    EXPECT_TRUE(QFile::exists(carpeta.filePath(u"ZVMonito2.mdb"_s)));
+    EXPECT_FALSE(Database().Abierta());
 }
 
 TEST_F(EnlaceFastTest, APortThatIsNoNumberEndsTheStart) {

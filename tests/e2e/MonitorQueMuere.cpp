@@ -6,6 +6,7 @@
 //   empty,
 //                                1 it could not start or the queue did not empty in time.
 #include "app/Monitor.h"
+#include "app/PantallasCerradas.h"
 #include "device/gateway/GatewayClient.h"
 #include "platform/StringLiterals.h"
 #include "support/FakeProcessList.h"
@@ -168,8 +169,9 @@ int Ejecutar(const QString& carpeta, int mortal) {
     OperadorMortal dialogos(puntos);
     test::FakeProcessList procesos;
     test::ShellFalsa shell(procesos);
+    PantallasCerradas pantallas;
     test::VentanaFalsa ventana;
-    Monitor monitor(servicios, Exterior{cliente, dialogos, procesos, shell});
+    Monitor monitor(servicios, Exterior{cliente, dialogos, procesos, shell, pantallas});
     monitor.PonerVentana(ventana);
     DatabaseEngine& database = monitor.Partes().entorno.Database();
     database.PonerGancho([&](const Statement&) { puntos.Pasar(); });

@@ -13,6 +13,7 @@
 #include "support/FixedClock.h"
 #include "support/ImprimeQt.h"
 #include "support/LogMemoria.h"
+#include "support/PantallasGuion.h"
 #include "support/VentanaFalsa.h"
 
 #include <QFile>
@@ -40,7 +41,7 @@ class BancoEngine : public testing::Test {
 
     // What a till in that folder stands on.
     TillServices ServiciosEn(const QString& donde) {
-        return {donde, cliente, registry, log, dialogos, textos, importes, reloj};
+        return {donde, cliente, registry, log, dialogos, textos, importes, reloj, pantallas};
     }
     QString RutaIni() const { return carpeta.filePath(u"ZVMonitor.ini"_s); }
 
@@ -91,6 +92,7 @@ class BancoEngine : public testing::Test {
     FixedClock reloj;
     LogMemoria log;
     DialogosGuion dialogos;
+    PantallasGuion pantallas;
     DeviceGuion cliente;
     Textos textos;
     RegistryTree registry;

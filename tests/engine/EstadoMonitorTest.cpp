@@ -298,27 +298,4 @@ TEST_F(EstadoMonitorTest, AFailedRefillIsShownAndNotRaised) {
     EXPECT_FALSE(C().punteroEspera);
 }
 
-TEST_F(EstadoMonitorTest, AFooterButtonBracketsItsOperation) {
-    int veces = 0;
-    botones.Registrar(BotonPie::DarCambio, [&] {
-        ++veces;
-        EXPECT_FALSE(C().framePie);
-        EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
-        botones.boton_Click(BotonPie::DarCambio); // disabled meanwhile
-    });
-    entorno.ResultadoEnvio = envio::kCancelado;
-    botones.boton_Click(BotonPie::DarCambio);
-    EXPECT_EQ(veces, 1);
-    EXPECT_TRUE(C().framePie);
-    EXPECT_EQ(C().lbContador, u"0 cobros"_s);
-}
-
-TEST_F(EstadoMonitorTest, ADisabledOrUnusedButtonDoesNothing) {
-    botones.Registrar(BotonPie::DarCambio, [] { FAIL(); });
-    estado.ActualizarBotonesMonitor(false);
-    botones.boton_Click(BotonPie::DarCambio);
-    botones.boton_Click(BotonPie::SinUso);
-    EXPECT_TRUE(C().framePie);
-}
-
 } // namespace zv::test

@@ -6,17 +6,23 @@
 
 #include <QStringList>
 
+#include <functional>
+
 namespace zv::test {
 
 class FakeProcessList final : public ProcessList {
   public:
     int Contar(const QString& nombre) const override {
+        if (alContar) {
+            alContar();
+        }
         return static_cast<int>(enMarcha.count(nombre));
     }
     void Terminar(const QString& nombre) override { terminados << nombre; }
 
     QStringList enMarcha;
     QStringList terminados;
+    std::function<void()> alContar; // somebody asks whether a program runs
 };
 
 class ShellFalsa final : public Shell {

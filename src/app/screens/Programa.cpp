@@ -27,7 +27,7 @@ QWidget* Programa::Padre() {
 }
 
 bool Programa::Arrancar() {
-    monitor_.emplace(servicios_, Exterior{cliente_, dialogos_, procesos_, shell_});
+    monitor_.emplace(servicios_, Exterior{cliente_, dialogos_, procesos_, shell_, pantallas_});
     pantalla_.emplace(
         monitor_->Partes(),
         AccionesVentana{[this] { Terminar(); },

@@ -22,8 +22,6 @@ class BancoPantalla : public BancoEngine {
         tema::Aplicar(*qApp);
         EscribirIni("[ZVMONITOR]\r\nMODO=MANUAL\r\n");
         configuracio->Modo = modo::kManual;
-        botones.Registrar(BotonPie::Desconectar, [this] { pulsados << 6; });
-        botones.Registrar(BotonPie::Conectar, [this] { pulsados << 7; });
         pantalla = std::make_unique<frmZVMonitor>(
             graph.Partes(), AccionesVentana{[this] { ++descargas; }, [this] { ++manuales; }});
         pulso.PonerVentana(pantalla.get());
@@ -50,7 +48,6 @@ class BancoPantalla : public BancoEngine {
         QApplication::processEvents();
     }
 
-    QList<int> pulsados;
     int descargas = 0;
     int manuales = 0;
     std::unique_ptr<frmZVMonitor> pantalla;

@@ -64,14 +64,21 @@ TEST_F(frmZVMonitorTest, WidgetsFollowOnlyWhenTheEventLoopRuns) {
 }
 
 TEST_F(frmZVMonitorTest, OnlyButtonsWithAnOperationAreEnabled) {
+    pantallas.faltan = {Pantalla::Caja};
     pulso.ArrancaTimer();
     estado.ActualizarBotonesMonitor(true);
     QApplication::processEvents();
     EXPECT_TRUE(D().boton[BotonPie::Conectar]->isEnabled());
     EXPECT_FALSE(D().boton[BotonPie::Desconectar]->isEnabled());
     EXPECT_FALSE(D().boton[BotonPie::DarCambio]->isEnabled());
+    EXPECT_TRUE(D().boton[BotonPie::Registro]->isEnabled());
+    EXPECT_FALSE(D().boton[BotonPie::Caja]->isEnabled());
+    cliente.EsperaConnect();
     Clic(D().boton[BotonPie::Conectar]);
-    EXPECT_EQ(pulsados, QList<int>{7});
+    EXPECT_TRUE(supervision.Conectado());
+    QApplication::processEvents();
+    EXPECT_FALSE(D().boton[BotonPie::Conectar]->isEnabled());
+    EXPECT_TRUE(D().boton[BotonPie::Desconectar]->isEnabled());
 }
 
 TEST_F(frmZVMonitorTest, ModeButtonsShowTheMode) {

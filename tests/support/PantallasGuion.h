@@ -1,0 +1,54 @@
+// Other screens played by a script: the test says in order which of them will be opened, and
+// whether the user may go on. A call that the script does not hold, and an entry that nobody asked
+// for, fail the test.
+#pragma once
+
+#include "till/Pantallas.h"
+
+#include <QStringList>
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <set>
+
+namespace zv::test {
+
+class PantallasGuion final : public Pantallas {
+  public:
+    using Accion = std::function<void()>;
+
+    PantallasGuion() = default;
+    PantallasGuion(const PantallasGuion&) = delete;
+    PantallasGuion& operator=(const PantallasGuion&) = delete;
+    ~PantallasGuion() override;
+
+    // What comes next. mientras runs while the screen or the login would be up: timers still tick
+    // there.
+    void EsperaAbrir(Pantalla pantalla, Accion mientras = {});
+    void EsperaValidar(qint16 nivel, const QString& lugar, bool pasa, Accion mientras = {});
+
+    // Every call that came, in order, as "Abrir(Caja)" and "ValidarUsuari(1,authCaja)".
+    const QStringList& Llamadas() const { return llamadas_; }
+    std::size_t Pendientes() const { return guion_.size(); }
+
+    bool Existe(Pantalla pantalla) const override { return !faltan.contains(pantalla); }
+    void Abrir(Pantalla pantalla) override;
+    bool ValidarUsuari(qint16 nivel, const QString& lugar) override;
+
+    // Screens that do not exist; opening one of them is as unexpected as any.
+    std::set<Pantalla> faltan;
+
+  private:
+    struct Paso {
+        QString llamada;
+        bool pasa;
+        Accion mientras;
+    };
+    std::optional<Paso> Siguiente(const QString& llamada);
+
+    std::deque<Paso> guion_;
+    QStringList llamadas_;
+};
+
+} // namespace zv::test
