@@ -155,6 +155,7 @@ TEST_F(TraduccionTest, ControlIsNamedByTheKeyOfItsText) {
     EXPECT_EQ(boton.objectName(), u"boton_9"_s);
     EXPECT_EQ(boton.text(), u"Cobro\nManual"_s);
     EXPECT_EQ(boton.accessibleName(), u"Cobro Manual"_s);
+    EXPECT_EQ(boton.toolTip(), QString());
 }
 
 TEST_F(TraduccionTest, MeaningOfAControlWithoutACaptionIsTranslatedWithItsHint) {
