@@ -9,7 +9,7 @@ namespace zv {
 bool TransactionOwner::SaldarNivel() {
     const bool escrito = motor_.NivelEscrito();
     try {
-        if (!(escrito)) {
+        if (escrito) {
             motor_.Deshacer();
         } else {
             motor_.Confirmar();

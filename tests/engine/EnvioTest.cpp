@@ -170,7 +170,7 @@ TEST_F(EnvioTest, ARefusedCreditWritesNothing) {
 TEST_F(EnvioTest, ARefusedCreditLeavesTheBusyMarkToWhoSetIt) {
     const qint32 id = PonerFila(1000);
     PonerCredito(id, 400);
-    marca.MarcarActivo(true);
+    entorno.marca.MarcarActivo(true);
     dialogos.EsperaMensaje(TituloCredito(), testing::_, Respuesta::Cancelar,
                            EstiloMensaje::ReintentarCancelar);
     EXPECT_EQ(Enviar(id), envio::kCancelado);
