@@ -161,6 +161,7 @@ TEST_F(GatewayClientEnlaceTest, DoesNotResumeAtAnotherDevice) {
         enlace.Cortar();
     });
     EXPECT_EQ(Cobrar(cliente), u"no 500 0 1"_s);
+    EXPECT_EQ(cliente.ErrorMessage(), u"Tras perder la comunicación ha contestado otro Zorvex"_s);
     EXPECT_TRUE(pasarela.Recibidas(kEstado).isEmpty());
     EXPECT_FALSE(Niveles(cliente));
     bool bien = false;
@@ -409,6 +410,7 @@ TEST_F(GatewayClientEnlaceTest, EndsWithoutRepeatingOnAmountsBeyondThirtyTwoBits
         pasarela.Notificar(kFin, CobroHecho(OpId(kCobro()), 2147483648, 0));
     };
     EXPECT_EQ(Cobrar(cliente), u"no 500 0 902"_s);
+    EXPECT_EQ(cliente.ErrorMessage(), u"Zorvex ha dado una respuesta que no es válida"_s);
     // Balances are asked for while the failure is filed: its code must outlive them, or the sale
     // would be taken for one whose link was lost, and sent again.
     EXPECT_FALSE(Niveles(cliente));

@@ -59,6 +59,8 @@ TEST_F(GatewayClientPendienteTest, DoesNotConnectWhileAnOldOperationDoesNotEnd) 
     cliente.Connect(bien);
     EXPECT_FALSE(bien);
     EXPECT_EQ(cliente.ErrorCode(), 1);
+    EXPECT_EQ(cliente.ErrorMessage(),
+              u"Zorvex no termina una operación anterior que sigue abierta"_s);
     EXPECT_EQ(log.lineas, QStringList(kPendiente + u"charge.start vieja EN CURSO "
                                                    "PAIDINVALUE=500 "
                                                    "PAIDOUTVALUE=0"_s));

@@ -433,6 +433,7 @@ TEST_F(GatewayClientTest, GivesUpACancelledOperationThatNeverEnds) {
     pasarela.Al(u"op.cancel"_s, Contesta([](const QString& op) { return CobroEnMarcha(op, 500); }));
     ventana.alProgresar = [this] { ventana.Cancelar(); };
     EXPECT_EQ(Cobrar(cliente), u"no 500 0 905"_s);
+    EXPECT_EQ(cliente.ErrorMessage(), u"Zorvex no ha terminado la operación cancelada"_s);
 }
 
 TEST_F(GatewayClientTest, PingsWhileItWaits) {
@@ -486,6 +487,7 @@ TEST_F(GatewayClientTest, RefusesASecondOperationWhileOneRuns) {
             bool bien = true;
             cliente.Connect(bien);
             dentro << QString::number(cliente.ErrorCode());
+            EXPECT_EQ(cliente.ErrorMessage(), u"Zorvex está ocupado con otra operación"_s);
             EXPECT_FALSE(bien);
             cliente.Disconnect(); // changes nothing
             pasarela.Notificar(u"op.result"_s, CobroHecho(OpId(kCobro()), 1250, 0));
@@ -507,6 +509,7 @@ TEST_F(GatewayClientTest, EndsTheOperationWhenTheProgramEnds) {
     });
     QCoreApplication::exec();
     EXPECT_EQ(fin, u"no 500 0 904"_s);
+    EXPECT_EQ(cliente.ErrorMessage(), u"La aplicación se cierra con la operación en curso"_s);
 }
 
 } // namespace

@@ -95,6 +95,42 @@ TEST_F(frmOperacionTest, ShowsTheLinesOfEachOperation) {
     }
 }
 
+TEST_F(frmOperacionTest, SaysWhatToDoInEachOperation) {
+    struct Caso {
+        OperationKind kind;
+        QString titulo, instruccion, pedido, entrado, salido, falta;
+    };
+    const QString oculto = u"(oculto)"_s;
+    for (const Caso& caso :
+         {Caso{OperationKind::Cobro, u"Cobro"_s, u"Introduzca el dinero en Zorvex"_s, u"A cobrar"_s,
+               u"Introducido"_s, u"Devuelto"_s, u"Pendiente"_s},
+          Caso{OperationKind::Abono, u"Abono"_s, u"Retire el dinero de Zorvex"_s, u"A devolver"_s,
+               oculto, u"Devuelto"_s, u"Pendiente"_s},
+          Caso{OperationKind::Pago, u"Pago"_s, u"Retire el dinero de Zorvex"_s, u"A pagar"_s,
+               oculto, u"Entregado"_s, u"Pendiente"_s},
+          Caso{OperationKind::Cambio, u"Dar cambio"_s, u"Introduzca el dinero que quiere cambiar"_s,
+               oculto, u"Introducido"_s, u"Devuelto"_s, oculto},
+          Caso{OperationKind::MeterCambio, u"Añadir cambio"_s, u"Introduzca el cambio en Zorvex"_s,
+               oculto, u"Introducido"_s, oculto, oculto},
+          Caso{OperationKind::ControlCajones, u"Cierre de caja"_s,
+               u"Zorvex está pasando dinero a los cajones"_s, oculto, oculto, oculto, oculto},
+          Caso{OperationKind::VaciadoCajon, u"Vaciado de cajón"_s, u"Vacíe el cajón de Zorvex"_s,
+               oculto, oculto, oculto, oculto},
+          Caso{OperationKind::Pendiente, u"Operación pendiente"_s,
+               u"Se está cancelando una operación anterior que seguía abierta en Zorvex"_s, oculto,
+               u"Introducido"_s, u"Devuelto"_s, oculto}}) {
+        SCOPED_TRACE(static_cast<int>(caso.kind));
+        Abrir(caso.kind, 100);
+        EXPECT_EQ(ventana.Titulo(), caso.titulo);
+        EXPECT_EQ(Texto("lbInstruccion"), caso.instruccion);
+        EXPECT_EQ(Texto("lbPedido"), caso.pedido);
+        EXPECT_EQ(Texto("lbEntrado"), caso.entrado);
+        EXPECT_EQ(Texto("lbSalido"), caso.salido);
+        EXPECT_EQ(Texto("lbFalta"), caso.falta);
+        ventana.Cerrar();
+    }
+}
+
 TEST_F(frmOperacionTest, CancelsOnceAndStays) {
     Abrir(OperationKind::Cobro, 1250);
     EXPECT_EQ(Boton().text(), u"Cancelar"_s);

@@ -265,6 +265,32 @@ TEST_F(frmZVMonitorTest, NothingToTouchIsSmallerThanAFinger) {
     }
 }
 
+TEST_F(frmZVMonitorTest, BuiltInCaptionsStandByTheirNumbers) {
+    const QStringList pie{u"Registro"_s,        u"Caja"_s,       u"Dar\nCambio"_s,
+                          u"Añadir\nCambio"_s,  u"Pago"_s,       u"Incidencias"_s,
+                          u"Desconectar"_s,     u"Conectar"_s,   u"Cobro\nManual"_s,
+                          u"Agrupar\ncobros"_s, u"Contraseña"_s, QString(),
+                          u"Configurar"_s};
+    const QStringList modos{u"Automático"_s, u"Manual"_s, u"Semiautomático"_s};
+    const QStringList ventanas{u"Minimizar"_s, u"Cerrar"_s, u"Manuales"_s};
+    for (const BotonPie boton : kBotonesPie) {
+        const auto i = static_cast<int>(boton);
+        EXPECT_EQ(D().boton[boton]->objectName(), u"boton_%1"_s.arg(i));
+        EXPECT_EQ(D().boton[boton]->text(), pie[i]);
+        EXPECT_EQ(D().boton[boton]->accessibleName(), QString(pie[i]).replace(u'\n', u' '));
+    }
+    for (std::size_t i = 0; i < 3; ++i) {
+        const auto n = static_cast<int>(i);
+        EXPECT_EQ(D().btnModo[i]->text(), modos[n]);
+        EXPECT_EQ(D().btnW[i]->accessibleName(), ventanas[n]);
+        EXPECT_EQ(D().btnW[i]->toolTip(), ventanas[n]);
+    }
+    EXPECT_EQ(D().ShapeOK->toolTip(), u"Niveles normales"_s);
+    EXPECT_EQ(D().ShapeAlert->toolTip(), u"Niveles en alerta"_s);
+    EXPECT_EQ(D().ShapeCritico->toolTip(), u"Niveles críticos o sin conexión"_s);
+    EXPECT_EQ(D().TextIni->placeholderText(), u"Código de barras"_s);
+}
+
 TEST_F(frmZVMonitorTest, CaptionsComeFromTheLanguageFile) {
     QFile fichero(carpeta.filePath(u"RWLang.ini"_s));
     ASSERT_TRUE(fichero.open(QIODevice::WriteOnly));

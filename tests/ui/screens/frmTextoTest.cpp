@@ -26,6 +26,7 @@ TEST_F(frmTextoTest, ShowsTitleTextAndDefault) {
         EXPECT_EQ(Control<QLineEdit>(d, "tbTexto").text(), u"Gasoil"_s);
         EXPECT_EQ(Boton(d, "boton_0").text(), u"Aceptar"_s);
         EXPECT_EQ(Boton(d, "boton_1").text(), u"Cancelar"_s);
+        EXPECT_EQ(Control<QToolButton>(d, "boton_2").toolTip(), u"Teclado en pantalla"_s);
         EXPECT_EQ(d.focusWidget(), &Control<QLineEdit>(d, "tbTexto"));
         ComprobarTactil(d);
         Tocar(d, "boton_0");
