@@ -1,5 +1,6 @@
 // Pictures of the dialogs, each opened on its own, also of those that a till seldom shows:
 // screen_pictures APPLICATION-FOLDER OUTPUT-FOLDER. The language file is the application folder's.
+#include "Muestras.h"
 #include "device/Claves.h"
 #include "device/screens/frmOperacion.h"
 #include "platform/FormatoRegional.h"
@@ -12,6 +13,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QScreen>
 #include <QTimer>
 
 #include <cstdio>
@@ -29,6 +31,7 @@ class Fotografo {
         Mensajes();
         Preguntas();
         Operaciones();
+        Piezas();
         return bien_;
     }
 
@@ -148,6 +151,23 @@ class Fotografo {
         operacion_.Abrir(OperationKind::Pendiente, 0, {});
         Guardar(operacion_, u"operation-pending"_s);
         operacion_.Cerrar();
+    }
+
+    // Of the screen kit, over a till of the screen's size.
+    void Piezas() {
+        QWidget caja;
+        caja.setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        caja.show();
+        const bool ingles = T("anular", "Anular") != u"Anular"_s;
+        const std::pair<const char*, QWidget*> muestras[] = {
+            {"kit-list", muestra::Lista(&caja, ingles)},
+            {"kit-settings", muestra::Ajustes(textos_, &caja, ingles)},
+            {"kit-login", muestra::Entrada(&caja, ingles)}};
+        for (const auto& [nombre, ventana] : muestras) {
+            ventana->show();
+            Guardar(*ventana, QString::fromLatin1(nombre));
+            ventana->hide();
+        }
     }
 
     Textos textos_;
