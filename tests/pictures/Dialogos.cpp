@@ -160,7 +160,7 @@ class Fotografo {
         caja.show();
         const bool ingles = T("anular", "Anular") != u"Anular"_s;
         const std::pair<const char*, QWidget*> muestras[] = {
-            {"kit-list", muestra::Lista(&caja, ingles)},
+            {"kit-list", muestra::Lista(textos_, &caja, ingles)},
             {"kit-settings", muestra::Ajustes(textos_, &caja, ingles)},
             {"kit-login", muestra::Entrada(&caja, ingles)}};
         for (const auto& [nombre, ventana] : muestras) {

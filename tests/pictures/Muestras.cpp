@@ -126,7 +126,7 @@ QLabel* Rotulo(const QString& texto, QWidget* padre) {
 
 class PantallaLista final : public PantallaCompleta {
   public:
-    PantallaLista(bool ingles, QWidget* sobre)
+    PantallaLista(const Textos& textos, bool ingles, QWidget* sobre)
         : PantallaCompleta(u"muestra"_s, kPieLista[ingles ? 1 : 0], sobre),
           rejilla_({{.delante = u"Fecha"_s, .ancho = 2600},
                     {.delante = u"Concepto"_s, .ancho = 3000},
@@ -136,6 +136,7 @@ class PantallaLista final : public PantallaCompleta {
                      .ancho = 2400}}) {
         const int d = ingles ? kMitadLista : 0;
         PonerTitulo(ingles ? u"Till close"_s : u"Cierre de Caja"_s);
+        rejilla_.PonerTitulos(textos);
         auto* fila = new QHBoxLayout;
         vista_ = new VistaRejilla(rejilla_, u"grdZV"_s, this);
         fila->addWidget(vista_, 6);
@@ -260,8 +261,8 @@ class DialogoEntrada final : public FramelessWindow {
 
 } // namespace
 
-QWidget* Lista(QWidget* sobre, bool ingles) {
-    return new PantallaLista(ingles, sobre);
+QWidget* Lista(const Textos& textos, QWidget* sobre, bool ingles) {
+    return new PantallaLista(textos, ingles, sobre);
 }
 QWidget* Ajustes(const Textos& textos, QWidget* sobre, bool ingles) {
     return new PantallaAjustes(textos, ingles, sobre);

@@ -10,7 +10,7 @@ class Textos;
 namespace zv::muestra {
 
 // Over a window, which gives them their size; in the language of the captions.
-QWidget* Lista(QWidget* sobre, bool ingles);
+QWidget* Lista(const Textos& textos, QWidget* sobre, bool ingles);
 QWidget* Ajustes(const Textos& textos, QWidget* sobre, bool ingles);
 QWidget* Entrada(QWidget* sobre, bool ingles);
 

@@ -17,6 +17,7 @@ namespace zv {
 namespace {
 
 constexpr int kAlto = 104;
+constexpr int kAltoPantalla = 120; // captions of three lines
 constexpr int kAnchoSalir = 112;
 constexpr int kAnchoMaximo = 176;
 constexpr int kAnchoHueco = 24;
@@ -37,8 +38,8 @@ int AnchoPalabra(const QFontMetrics& letra, const QString& texto) {
 
 } // namespace
 
-BotonPicto::BotonPicto(QWidget* padre) : QToolButton(padre) {
-    tema::PonerPapel(*this, tema::Papel::Pie);
+BotonPicto::BotonPicto(tema::Papel papel, QWidget* padre) : QToolButton(padre) {
+    tema::PonerPapel(*this, papel);
 }
 
 QSize BotonPicto::minimumSizeHint() const {
@@ -76,7 +77,7 @@ BarraPie::BarraPie(std::span<const EntradaPie> tabla, QWidget* padre)
     : QFrame(padre), fila_(new QHBoxLayout(this)) {
     setObjectName(u"framePie"_s);
     for (const EntradaPie& entrada : tabla) {
-        auto* boton = new BotonPicto(this);
+        auto* boton = new BotonPicto(tema::Papel::Pie, this);
         puestos_.push_back({entrada.indice, boton});
         connect(boton, &QToolButton::clicked, this,
                 [this, indice = entrada.indice] { Q_EMIT Pulsado(indice); });
@@ -117,7 +118,7 @@ QToolButton* BarraPie::Boton(int indice) const {
 
 void BarraPie::Escalar(double escala) {
     const auto px = [escala](int pixeles) { return tema::Px(pixeles, escala); };
-    setFixedHeight(px(kAlto));
+    setFixedHeight(px(salir_ == nullptr ? kAlto : kAltoPantalla));
     fila_->setContentsMargins(px(kMargen), px(6), px(kMargen), px(6));
     tema::PonerLetra(*this, escala > 1 ? px(kLetra) : 0);
     for (const Puesto& puesto : puestos_) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ui/screens/Escalable.h"
+#include "ui/screens/Tema.h"
 
 #include <QFrame>
 #include <QToolButton>
@@ -35,7 +36,7 @@ class BotonPicto final : public QToolButton {
     Q_OBJECT
 
   public:
-    explicit BotonPicto(QWidget* padre);
+    BotonPicto(tema::Papel papel, QWidget* padre);
 
     // As wide as the longest word, so that none is cut.
     QSize minimumSizeHint() const override;

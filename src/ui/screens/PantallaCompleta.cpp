@@ -6,6 +6,7 @@
 #include "ui/screens/Tema.h"
 
 #include <QKeyEvent>
+#include <QPushButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
@@ -29,6 +30,21 @@ Paginador* PantallaCompleta::PonerPaginador() {
     auto* paginador = new Paginador(u"pctScrollBar"_s, this);
     PonerAlLado(*paginador);
     return paginador;
+}
+
+void PantallaCompleta::setVisible(bool visible) {
+    if (visible && !isVisible()) {
+        // Of the buttons of a dialog one would be filled, and pressed by Enter.
+        const auto botones = findChildren<QPushButton*>();
+        for (QPushButton* cada : botones) {
+            cada->setAutoDefault(false);
+        }
+        // Nor is a button the one that a key presses first.
+        if (focusWidget() == nullptr) {
+            setFocus();
+        }
+    }
+    FramelessWindow::setVisible(visible);
 }
 
 void PantallaCompleta::reject() {

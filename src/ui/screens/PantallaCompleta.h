@@ -13,6 +13,7 @@ class PantallaCompleta : public FramelessWindow {
     Q_OBJECT
 
   public:
+    void setVisible(bool visible) override;
     // All ways out come here: the leaving button, the cross, Escape.
     void reject() override;
 

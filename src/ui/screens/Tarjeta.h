@@ -21,8 +21,12 @@ class Tarjeta final : public QGroupBox, public Escalable {
     QVBoxLayout* Cuerpo() { return cuerpo_; }
     void Escalar(double escala) override;
 
+  protected:
+    void paintEvent(QPaintEvent* evento) override;
+
   private:
     QVBoxLayout* cuerpo_;
+    double escala_ = 1;
 };
 
 } // namespace zv

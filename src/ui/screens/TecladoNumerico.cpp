@@ -2,6 +2,7 @@
 #include "ui/screens/TecladoNumerico.h"
 
 #include "platform/StringLiterals.h"
+#include "ui/screens/BarraPie.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
 
@@ -10,7 +11,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStyle>
-#include <QToolButton>
 
 namespace zv {
 
@@ -47,7 +47,8 @@ void Marcar(QLineEdit& campo, bool activo) {
 } // namespace
 
 TecladoNumerico::TecladoNumerico(const Clave& retroceso, QChar decimal, QWidget* padre)
-    : QWidget(padre), rejilla_(new QGridLayout(this)), retroceso_(new QToolButton(this)) {
+    : QWidget(padre), rejilla_(new QGridLayout(this)),
+      retroceso_(new BotonPicto(tema::Papel::Tecla, this)) {
     rejilla_->setContentsMargins(0, 0, 0, 0);
     const bool conDecimal = !decimal.isNull();
     for (std::size_t i = 0; i < kSitios.size(); ++i) {
@@ -61,7 +62,6 @@ TecladoNumerico::TecladoNumerico(const Clave& retroceso, QChar decimal, QWidget*
         rejilla_->addWidget(CrearTecla(kDecimal, QString(decimal)), 3, 1);
     }
     Rotular(*retroceso_, retroceso);
-    retroceso_->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
     retroceso_->setIcon(tema::Icono(u"edit-clear"_s));
     retroceso_->setAutoRepeat(true);
     connect(retroceso_, &QToolButton::clicked, this, [this] { Teclear(u"{BACKSPACE}"_s); });

@@ -156,20 +156,13 @@ QCheckBox::indicator:disabled, QRadioButton::indicator:disabled {
 }
 QCheckBox:disabled, QRadioButton:disabled { color: @apagado; }
 
-QGroupBox {
+.QGroupBox {
   border: 1px solid @borde; border-radius: 8px; margin-top: 12px; padding: 16px 12px 12px 12px;
   font-size: 16px; background: white;
 }
-QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 6px; color: @tenue; }
+.QGroupBox::title { subcontrol-origin: margin; left: 12px; padding: 0 6px; color: @tenue; }
 
-zv--Tarjeta {
-  background: white; border: 1px solid @borde; border-radius: 10px; margin: 0;
-  padding: 44px 0 0 0; font-size: 18px; font-weight: bold;
-}
-zv--Tarjeta::title {
-  subcontrol-origin: border; subcontrol-position: top left; left: 0;
-  padding: 12px 16px; color: @texto;
-}
+zv--Tarjeta { border: none; margin: 0; padding: 44px 0 0 0; }
 zv--SelectorTres { background: transparent; border: none; margin: 0; padding: 0; }
 zv--Interruptor { font-size: 17px; }
 

@@ -5,6 +5,7 @@
 
 #include "ui/Rejilla.h"
 #include "ui/screens/DelegadoRejilla.h"
+#include "ui/screens/Escalable.h"
 #include "ui/screens/ModeloRejilla.h"
 
 #include <QStringList>
@@ -14,7 +15,7 @@
 
 namespace zv {
 
-class VistaRejilla final : public QTableView {
+class VistaRejilla final : public QTableView, public Escalable {
     Q_OBJECT
 
   public:
@@ -25,7 +26,7 @@ class VistaRejilla final : public QTableView {
     // The picture of a button, on a ground of that colour.
     void PonerImagen(Imagen imagen, const QAbstractButton& boton, const QColor& fondo);
     // Heights and letters; 1 is a window of 1024x768.
-    void Escalar(double escala);
+    void Escalar(double escala) override;
     int AltoFila() const;
     // Of the system's scroll bar, in pixels.
     int AnchoBarra() const;

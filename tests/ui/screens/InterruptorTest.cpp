@@ -28,6 +28,7 @@ class InterruptorTest : public testing::Test {
         interruptor_.resize(460, 52);
         pantalla_.resize(500, 200);
         pantalla_.show();
+        QApplication::setActiveWindow(&pantalla_);
         QApplication::processEvents();
     }
     // Of the right half, where the switch and its word are.
@@ -88,7 +89,7 @@ TEST_F(InterruptorTest, CaptionAndWordsComeFromTheLanguageFile) {
     EXPECT_EQ(NombreDe(otro), u"Ask for a description"_s);
 }
 
-TEST_F(InterruptorTest, OnOffDisabledAndPressedLookDifferent) {
+TEST_F(InterruptorTest, OnOffDisabledPressedAndFocusedLookDifferent) {
     const QImage apagado = Estado();
     interruptor_.setChecked(true);
     const QImage encendido = Estado();
@@ -96,6 +97,9 @@ TEST_F(InterruptorTest, OnOffDisabledAndPressedLookDifferent) {
     // Not by colour alone: the knob moves and the word changes.
     EXPECT_NE(apagado.convertToFormat(QImage::Format_Mono),
               encendido.convertToFormat(QImage::Format_Mono));
+    interruptor_.setFocus();
+    EXPECT_NE(Estado(), encendido);
+    interruptor_.clearFocus();
     interruptor_.setDown(true);
     EXPECT_NE(Estado(), encendido);
     interruptor_.setDown(false);

@@ -177,6 +177,20 @@ TEST_F(PantallaCompletaTest, EnterInAFieldPressesNothing) {
     EXPECT_TRUE(pantalla.isVisible());
 }
 
+TEST_F(PantallaCompletaTest, NoButtonHasTheFocusOrIsFilledWhenItComesUp) {
+    Pantalla pantalla;
+    Mostrar(pantalla);
+    QApplication::setActiveWindow(&pantalla);
+    QApplication::processEvents();
+    EXPECT_EQ(qobject_cast<QAbstractButton*>(pantalla.focusWidget()), nullptr);
+    EXPECT_FALSE(pantalla.accion->isDefault());
+    EXPECT_FALSE(pantalla.accion->autoDefault());
+    Pantalla otra;
+    otra.campo->setFocus();
+    Mostrar(otra);
+    EXPECT_EQ(otra.focusWidget(), otra.campo) << "what a screen has chosen stays";
+}
+
 TEST_F(PantallaCompletaTest, TheHeaderDragsTheWindow) {
     Pantalla pantalla;
     pantalla.setGeometry(0, 0, 1024, 768);
