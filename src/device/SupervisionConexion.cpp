@@ -5,6 +5,8 @@
 #include "platform/RegistryNames.h"
 #include "platform/StringLiterals.h"
 
+#include <QScopeGuard>
+
 namespace zv {
 
 namespace {
@@ -30,14 +32,27 @@ void SupervisionConexion::LeerSaldos() {
     ultimoSaldo_ = formato.LeerCurrency(registry_.LeerValor(kSaldoExit, u"0"_s));
 }
 
-void SupervisionConexion::Conectar() {
+bool SupervisionConexion::AbrirSesion() {
     if (vista_ != nullptr) {
-        vista_->HabilitarConectar(false);
+        vista_->MostrarEspera(true);
     }
+    const auto fin = qScopeGuard([this] {
+        if (vista_ != nullptr) {
+            vista_->MostrarEspera(false);
+        }
+    });
     cliente_.Address(ip_());
     cliente_.SessionFlag(true);
     bool resultado = false;
     cliente_.Connect(resultado);
+    return resultado;
+}
+
+void SupervisionConexion::Conectar() {
+    if (vista_ != nullptr) {
+        vista_->HabilitarConectar(false);
+    }
+    const bool resultado = AbrirSesion();
     const QString etiqueta = u"CONECTARZORV"_s;
     if (resultado) {
         diario_.Connect(etiqueta, u"CONNECT_OK"_s);

@@ -22,6 +22,9 @@ class VistaConexion {
     virtual ~VistaConexion() = default;
     // boton(7) "Conectar".
     virtual void HabilitarConectar(bool habilitado) = 0;
+    // The wait cursor. true comes before a call that may block for seconds: when it returns, the
+    // screen shows all that it has been told, and nothing has happened but painting.
+    virtual void MostrarEspera(bool espera) = 0;
     virtual void ActualizarBotonesMonitor(bool habilitado) = 0;
     // ShapeOK, ShapeAlert, ShapeCritico.
     virtual void MostrarLamparas(bool ok, bool alerta, bool critico) = 0;
@@ -67,6 +70,8 @@ class SupervisionConexion {
     void LeerSaldos();
 
   private:
+    // The session with the device, with what the screen shows meanwhile.
+    bool AbrirSesion();
     // After a connection: tells a balance that has changed, stores both balances.
     void ComprobarSaldos();
     void MostrarFalloConexion();

@@ -59,6 +59,14 @@ class Controles {
     // Called at each change; the screen only notes that it has to follow.
     void AlCambiar(std::function<void()> aviso) { aviso_ = std::move(aviso); }
 
+    // The screen follows at once and is painted, before something that lets no event loop run.
+    void Pintar() const {
+        if (pintor_) {
+            pintor_();
+        }
+    }
+    void AlPintar(std::function<void()> pintor) { pintor_ = std::move(pintor); }
+
   private:
     void Avisar() const {
         if (aviso_) {
@@ -68,6 +76,7 @@ class Controles {
 
     EstadoControles estado_;
     std::function<void()> aviso_;
+    std::function<void()> pintor_;
 };
 
 } // namespace zv

@@ -153,6 +153,13 @@ void EstadoMonitor::HabilitarConectar(bool habilitado) {
     controles_.PonerBoton(BotonPie::Conectar, habilitado);
 }
 
+void EstadoMonitor::MostrarEspera(bool espera) {
+    controles_.Poner(&EstadoControles::punteroEspera, espera);
+    if (espera) {
+        controles_.Pintar();
+    }
+}
+
 void EstadoMonitor::MostrarLamparas(bool ok, bool alerta, bool critico) {
     controles_.Poner(&EstadoControles::ShapeOK, ok);
     controles_.Poner(&EstadoControles::ShapeAlert, alerta);

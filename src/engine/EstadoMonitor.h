@@ -39,6 +39,7 @@ class EstadoMonitor final : public VistaConexion {
     void PonerUltimaCuenta(qint32 cuenta) { ultimaCuenta_ = cuenta; }
 
     void HabilitarConectar(bool habilitado) override;
+    void MostrarEspera(bool espera) override;
     void MostrarLamparas(bool ok, bool alerta, bool critico) override;
     bool Agrupando() const override { return agrupando_; }
     void PonerAgrupando(bool agrupando) { agrupando_ = agrupando; }

@@ -35,6 +35,7 @@ class VistaGuion final : public VistaConexion {
     void HabilitarConectar(bool habilitado) override {
         sucesos_ << u"boton7 %1"_s.arg(habilitado ? 1 : 0);
     }
+    void MostrarEspera(bool espera) override { sucesos_ << u"espera %1"_s.arg(espera ? 1 : 0); }
     void ActualizarBotonesMonitor(bool habilitado) override {
         sucesos_ << u"botones %1"_s.arg(habilitado ? 1 : 0);
     }
@@ -95,8 +96,8 @@ TEST_F(SupervisionConexionTest, ConnectsInOrderAndSaysNothingWhenTheMoneyIsAsItW
     cliente.EsperaConnect();
     supervision.Conectar();
     EXPECT_TRUE(supervision.Conectado());
-    EXPECT_EQ(sucesos, Lista({"boton7 0", "Address(10.0.0.7)", "SessionFlag(1)", "Connect()",
-                              "boton7 1", "botones 1"}));
+    EXPECT_EQ(sucesos, Lista({"boton7 0", "espera 1", "Address(10.0.0.7)", "SessionFlag(1)",
+                              "Connect()", "espera 0", "boton7 1", "botones 1"}));
     EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_CONECTARZORV_CONNECT_OK"}));
     EXPECT_EQ(supervision.SaldoInicial(), 1000);
     EXPECT_EQ(supervision.UltimoSaldo(), Currency(1234));
@@ -158,12 +159,13 @@ TEST_F(SupervisionConexionTest, ShowsAndLogsAConnectionThatFailed) {
         "el siguiente error:\r\n1: No contesta"_s,
         Respuesta::Aceptar, EstiloMensaje::Aceptar, [this] {
             EXPECT_FALSE(sucesos.contains(u"boton7 1"_s));
+            EXPECT_EQ(sucesos.last(), u"espera 0"_s);
             EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_CONECTARZORV_CONNECT_ERRORZV1"}));
         });
     supervision.Conectar();
     EXPECT_FALSE(supervision.Conectado());
     EXPECT_EQ(log.lineas.value(1), u">>> Error Zorvex: 1 - No contesta"_s);
-    EXPECT_EQ(sucesos.mid(4), Lista({"boton7 1", "botones 0"}));
+    EXPECT_EQ(sucesos.mid(5), Lista({"espera 0", "boton7 1", "botones 0"}));
     EXPECT_EQ(Leer(kSaldoExit), u"(nada)"_s);
 }
 
@@ -231,8 +233,9 @@ TEST_F(SupervisionConexionTest, ReconnectsEvenWhileGrouping) {
     cliente.EsperaDisconnect();
     cliente.EsperaConnect();
     EXPECT_TRUE(supervision.IntentarReconnectar());
-    EXPECT_EQ(sucesos, Lista({"Disconnect()", "botones 0", "boton7 0", "Address(10.0.0.7)",
-                              "SessionFlag(1)", "Connect()", "boton7 1", "botones 1"}));
+    EXPECT_EQ(sucesos,
+              Lista({"Disconnect()", "botones 0", "boton7 0", "espera 1", "Address(10.0.0.7)",
+                     "SessionFlag(1)", "Connect()", "espera 0", "boton7 1", "botones 1"}));
     EXPECT_EQ(log.lineas, Lista({"ZVCONNECT_DESCONECTARZORV_DISCONNECT_OK",
                                  "ZVCONNECT_CONECTARZORV_CONNECT_OK"}));
 }
@@ -243,7 +246,7 @@ TEST_F(SupervisionConexionTest, TriesOnceAndTellsTheButtonsTwiceWhenItFails) {
     cliente.EsperaConnect(FinGuion::EnlacePerdido());
     dialogos.EsperaMensaje(u"Error de Zorvex"_s, testing::_);
     EXPECT_FALSE(supervision.IntentarReconnectar());
-    EXPECT_EQ(sucesos.mid(6), Lista({"boton7 1", "botones 0", "botones 0"}));
+    EXPECT_EQ(sucesos.mid(7), Lista({"espera 0", "boton7 1", "botones 0", "botones 0"}));
 }
 
 TEST_F(SupervisionConexionTest, CutsWithoutTouchingTheMainScreenForTheCashOffice) {

@@ -62,6 +62,7 @@ class ClienteListas final : public DeviceClient {
 class VistaLamparas final : public VistaConexion {
   public:
     void HabilitarConectar(bool) override {}
+    void MostrarEspera(bool) override {}
     void ActualizarBotonesMonitor(bool) override {}
     void MostrarLamparas(bool ok, bool alerta, bool critico) override {
         encendidas = static_cast<int>(ok) + static_cast<int>(alerta) + static_cast<int>(critico);

@@ -61,6 +61,8 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     bool TeclaDeLista(int tecla);
     void DobleClicCabecera();
     void SeguirAlBucle();
+    void Pintar();
+    void EsperarVentana() const;
 
     PartesMonitor partes_;
     AccionesVentana acciones_;

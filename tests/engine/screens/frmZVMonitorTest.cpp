@@ -3,6 +3,12 @@
 #include "config/Modo.h"
 #include "platform/StringLiterals.h"
 
+#include <QSocketNotifier>
+#include <QTimer>
+#include <QWindow>
+
+#include <unistd.h>
+
 namespace zv::test {
 
 class frmZVMonitorTest : public BancoPantalla {};
@@ -61,6 +67,96 @@ TEST_F(frmZVMonitorTest, WidgetsFollowOnlyWhenTheEventLoopRuns) {
     QApplication::processEvents();
     EXPECT_FALSE(D().framePie->isEnabled());
     EXPECT_FALSE(D().grdZV->isEnabled());
+}
+
+// Counts what reaches the objects that it is put before.
+class Testigo final : public QObject {
+  public:
+    bool eventFilter(QObject* /*objeto*/, QEvent* evento) override {
+        pinturas += evento->type() == QEvent::Paint ? 1 : 0;
+        movimientos += evento->type() == QEvent::MouseMove ? 1 : 0;
+        return false;
+    }
+    int pinturas = 0;
+    int movimientos = 0;
+};
+
+TEST_F(frmZVMonitorTest, IsPaintedWithTheWaitCursorBeforeACallThatBlocks) {
+    estado.ActualizarBotonesMonitor(false);
+    QApplication::processEvents();
+    ASSERT_TRUE(D().boton[BotonPie::Conectar]->isEnabled());
+    Testigo testigo;
+    D().boton[BotonPie::Conectar]->installEventFilter(&testigo);
+    estado.HabilitarConectar(false);
+    estado.MostrarEspera(true);
+    EXPECT_FALSE(D().boton[BotonPie::Conectar]->isEnabled());
+    EXPECT_EQ(pantalla->cursor().shape(), Qt::WaitCursor);
+    EXPECT_EQ(testigo.pinturas, 1);
+    estado.MostrarEspera(false);
+    QApplication::processEvents();
+    EXPECT_EQ(pantalla->cursor().shape(), Qt::ArrowCursor);
+}
+
+TEST_F(frmZVMonitorTest, NothingButPaintingHappensBeforeACallThatBlocks) {
+    pantalla->hide();
+    QWidget otra;
+    otra.setGeometry(10, 10, 100, 100);
+    otra.show();
+    QApplication::processEvents();
+    bool pasado = false;
+    QTimer tic;
+    QObject::connect(&tic, &QTimer::timeout, &tic, [&] { pasado = true; });
+    tic.start(0);
+    int tubo[2] = {-1, -1};
+    ASSERT_EQ(::pipe(tubo), 0);
+    ASSERT_EQ(::write(tubo[1], "x", 1), 1);
+    QSocketNotifier mensaje(tubo[0], QSocketNotifier::Read);
+    QObject::connect(&mensaje, &QSocketNotifier::activated, &mensaje, [&] { pasado = true; });
+    Testigo testigo;
+    D().grdZV->viewport()->installEventFilter(&testigo);
+    pantalla->show();
+    EXPECT_FALSE(pantalla->windowHandle()->isExposed());
+    otra.windowHandle()->installEventFilter(&testigo);
+    QCursor::setPos(50, 50); // the mouse moves over the other window
+    estado.MostrarEspera(true);
+    EXPECT_TRUE(pantalla->windowHandle()->isExposed());
+    EXPECT_GT(testigo.pinturas, 0);
+    EXPECT_EQ(testigo.movimientos, 0);
+    EXPECT_FALSE(pasado);
+    QApplication::processEvents();
+    EXPECT_TRUE(pasado);
+    EXPECT_GT(testigo.movimientos, 0);
+    ::close(tubo[0]);
+    ::close(tubo[1]);
+}
+
+TEST_F(frmZVMonitorTest, AScreenThatHasGoneIsNotPainted) {
+    pulso.PonerVentana(nullptr);
+    pantalla.reset();
+    estado.MostrarEspera(true);
+    EXPECT_TRUE(controles.Estado().punteroEspera);
+}
+
+TEST_F(frmZVMonitorTest, AWindowThatIsNotThereIsNotWaitedFor) {
+    Testigo testigo;
+    pantalla->installEventFilter(&testigo);
+    pantalla->PonerWindowState(ventana::kMinimizada);
+    QApplication::processEvents();
+    testigo.pinturas = 0;
+    estado.MostrarEspera(true);
+    pantalla->hide();
+    estado.MostrarEspera(true);
+    EXPECT_EQ(testigo.pinturas, 0);
+    EXPECT_EQ(pantalla->cursor().shape(), Qt::WaitCursor);
+}
+
+TEST_F(frmZVMonitorTest, AWindowThatWasNeverShownIsNotPainted) {
+    pantalla.reset();
+    pantalla = std::make_unique<frmZVMonitor>(
+        PartesMonitor{entorno, controles, grid, estado, pulso, botones, clic}, AccionesVentana{});
+    estado.MostrarEspera(true);
+    EXPECT_FALSE(pantalla->isVisible());
+    EXPECT_EQ(pantalla->cursor().shape(), Qt::WaitCursor);
 }
 
 TEST_F(frmZVMonitorTest, OnlyButtonsWithAnOperationAreEnabled) {
