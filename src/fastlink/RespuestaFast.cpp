@@ -2,6 +2,7 @@
 #include "fastlink/RespuestaFast.h"
 
 #include "platform/StringLiterals.h"
+#include "store/Palabras.h"
 
 namespace zv {
 
@@ -17,7 +18,7 @@ QString ContestarCobro(dades& datos, const Missatge& missatge) {
     if (!resultado) {
         return u"NOK|Invalid ID"_s;
     }
-    if (estado != QLatin1String("NOT FOUND")) {
+    if (estado != estado::kDesconocida) {
         return u"NOK|Already exists"_s;
     }
     datos.Inserta(missatge, resultado);

@@ -3,6 +3,7 @@
 #include "platform/ErrorEjecucion.h"
 #include "store/DatabaseEngine.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -55,10 +56,16 @@ int Numero(QStringView texto, qsizetype desde, qsizetype cuantos) {
     return valor;
 }
 
+constexpr qsizetype kLargoFecha = 40; // no date that anybody writes is longer
+
+bool SonCifras(QStringView texto) {
+    return std::all_of(texto.begin(), texto.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+}
+
 // "YYYY-MM-DD", with " HH:MM", " HH:MM:SS" or a fraction of a second; T may stand for the blank.
 QDateTime FechaFija(QStringView texto) {
     const qsizetype n = texto.size();
-    const bool fraccion = n > 20 && texto[19] == u'.';
+    const bool fraccion = n > 20 && texto[19] == u'.' && SonCifras(texto.sliced(20));
     if ((n != 10 && n != 16 && n != 19 && !fraccion) || texto[4] != u'-' || texto[7] != u'-') {
         return {};
     }
@@ -197,6 +204,9 @@ QDateTime Row::LeerFecha(int indice) const {
         throw errores::TipoNoCoincide();
     }
     const QString texto = v.toString();
+    if (texto.size() > kLargoFecha) {
+        throw errores::TipoNoCoincide();
+    }
     QDateTime fecha = FechaFija(texto);
     if (!fecha.isValid()) {
         // Time zones come this way.

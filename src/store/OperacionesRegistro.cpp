@@ -76,13 +76,11 @@ class Rutina {
     std::optional<ErrorEjecucion> fallo_;
 };
 
-// The first characters of a text; one that needs two code units counts once and stays whole.
+// The first characters of a text; one that needs two code units counts once and stays whole. A NUL
+// ends it: the table refuses one, and money that has moved is filed whatever a row holds.
 QString Primeros(const QString& texto) {
-    if (texto.size() <= kMaximoTexto) {
-        return texto;
-    }
     qsizetype fin = 0;
-    for (int i = 0; i < kMaximoTexto && fin < texto.size(); ++i) {
+    for (int i = 0; i < kMaximoTexto && fin < texto.size() && !texto.at(fin).isNull(); ++i) {
         const bool doble = texto.at(fin).isHighSurrogate() && fin + 1 < texto.size() &&
                            texto.at(fin + 1).isLowSurrogate();
         fin += doble ? 2 : 1;

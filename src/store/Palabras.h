@@ -11,6 +11,9 @@ inline const QString kOk = u"OK"_s;
 inline const QString kError = u"ERROR"_s;
 inline const QString kCancel = u"CANCEL"_s;
 inline const QString kReenviado = u"REENVIADO"_s;
+// Told of a sale that has no record, never stored.
+inline const QString kPendiente = u"PENDING"_s;
+inline const QString kDesconocida = u"NOT FOUND"_s;
 } // namespace estado
 
 // Column id1 of a record that is no sale from the queue.

@@ -2,14 +2,12 @@
 
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
+#include "store/Palabras.h"
 
 namespace zv {
 
 namespace {
 
-const QString kPagada = u"OK"_s;
-const QString kPendiente = u"PENDING"_s;
-const QString kDesconocida = u"NOT FOUND"_s;
 const QString kComandaEstado = u"S"_s;
 
 // The number that the platform's data layer gives an object that is open already.
@@ -21,6 +19,16 @@ PreparedStatement& Exigir(const std::unique_ptr<PreparedStatement>& sentencia) {
         throw ErrorEjecucion(kErrorSinPreparar, u"dades no está inicializada"_s);
     }
     return *sentencia;
+}
+
+bool LlevaNul(const Missatge& missatge) {
+    for (const QString* texto : {&missatge.ID1, &missatge.ID2, &missatge.Terminal,
+                                 &missatge.Vendedor, &missatge.Formapago}) {
+        if (texto->contains(QChar(u'\0'))) {
+            return true;
+        }
+    }
+    return false;
 }
 
 } // namespace
@@ -37,7 +45,7 @@ void dades::Inicialitza() {
 
 QString dades::EstadoProcesado(const QString& id) {
     const std::optional<Row> fila = Exigir(estado_).Primera({id});
-    return fila ? fila->LeerTexto(0) : kDesconocida;
+    return fila ? fila->LeerTexto(0) : estado::kDesconocida;
 }
 
 bool dades::ExistePendiente(const QString& id) {
@@ -50,10 +58,10 @@ void dades::EstatComanda(const Missatge& missatge, QString& estado, bool& result
         return;
     }
     estado = EstadoProcesado(missatge.ID1);
-    if (estado != kPagada && ExistePendiente(missatge.ID1)) {
-        estado = kPendiente;
+    if (estado != estado::kOk && ExistePendiente(missatge.ID1)) {
+        estado = estado::kPendiente;
     }
-    resultado = !(estado == kDesconocida && missatge.Comanda == kComandaEstado);
+    resultado = !(estado == estado::kDesconocida && missatge.Comanda == kComandaEstado);
 }
 
 void dades::Inserta(const Missatge& missatge, bool& resultado) {
@@ -68,6 +76,10 @@ void dades::Inserta(const Missatge& missatge, bool& resultado) {
 void dades::InsertaProtegido(const Missatge& missatge, bool& resultado) {
     if (filas_) {
         throw ErrorEjecucion(kErrorAbierto, u"el conjunto ya está abierto"_s);
+    }
+    if (LlevaNul(missatge)) {
+        // The table would refuse it, with the record set open.
+        return;
     }
     filas_ = Exigir(insercion_).AbrirConjunto(u"Cola"_s, {missatge.ID1});
     if (!filas_->HayActual()) {

@@ -40,6 +40,14 @@ struct Venta {
 
     bool operator==(const Venta&) const = default;
 };
+bool LlevaNul(const QString& texto) {
+    return texto.contains(QChar(u'\0'));
+}
+bool LlevaNul(const Venta& venta) {
+    return LlevaNul(venta.id1) || LlevaNul(venta.id2) || LlevaNul(venta.terminal) ||
+           LlevaNul(venta.vendedor) || LlevaNul(venta.formapago);
+}
+
 struct Registrada {
     QString id1;
     QString estado;
@@ -49,8 +57,7 @@ struct Libros {
     std::vector<Registrada> procesados;
 };
 
-// As the engine compares: letters of ASCII without regard to case; what stands behind a NUL only
-// by its length.
+// As the engine compares: letters of ASCII without regard to case. No row holds a NUL.
 bool MismoId(const QString& uno, const QString& otro) {
     const QByteArray a = uno.toUtf8();
     const QByteArray b = otro.toUtf8();
@@ -58,7 +65,7 @@ bool MismoId(const QString& uno, const QString& otro) {
         return false;
     }
     const auto menor = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-    for (qsizetype i = 0; i < a.size() && !(a[i] == 0 && b[i] == 0); ++i) {
+    for (qsizetype i = 0; i < a.size(); ++i) {
         if (menor(a[i]) != menor(b[i])) {
             return false;
         }
@@ -204,13 +211,13 @@ class Mostrador {
         const bool libre = motor_.Nivel() == 0 && ajeno_.Nivel() == 0;
         switch (bytes.isEmpty() ? '\0' : bytes.front()) {
         case '+':
-            if (libre) {
+            if (libre && !LlevaNul(resto)) {
                 PonerAjena(resto.left(kTexto));
             }
             break;
         case '#':
         case '%':
-            if (libre && !libros_.cola.empty()) {
+            if (libre && !libros_.cola.empty() && !LlevaNul(resto)) {
                 Archivar(resto.left(20), bytes.front() == '#');
             }
             break;
@@ -342,6 +349,9 @@ class Mostrador {
             }
             if (conocida) {
                 return u"NOK|Already exists"_s;
+            }
+            if (LlevaNul(e.venta)) {
+                return u"NOK|Failed"_s;
             }
             if (atascada_ || ajeno_.Nivel() > 0) {
                 atascada_ = true;

@@ -102,7 +102,8 @@ TEST(FilaTest, DatesReadInEveryIsoForm) {
 
 TEST(FilaTest, DatesThatAreNoneRaise13) {
     for (const char* texto : {"2026-02-30 10:00:00", "2026-03-14 25:00:00", "14/03/2026",
-                              "2026-3-14", "", "2026-03-14 18:04:1x"}) {
+                              "2026-3-14", "", "2026-03-14 18:04:1x", "2026-03-14 18:04:11.25x",
+                              "2026-03-14 18:04:11.2500000000000000000001"}) {
         EXPECT_EQ(NumeroError([&] { Con(QString::fromLatin1(texto)).LeerFecha(0); }), 13) << texto;
     }
 }

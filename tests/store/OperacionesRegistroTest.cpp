@@ -156,6 +156,23 @@ TEST_F(OperacionesRegistroTest, ALongDeviceMessageIsNeverStoredWhole) {
     EXPECT_EQ(Unica(u"procesados"_s).LeerTexto(u"error"_s), QString(50, u'e'));
 }
 
+TEST_F(OperacionesRegistroTest, ATextEndsAtItsNulAndTheRecordIsFiled) {
+    const QString nul(QChar(u'\0'));
+    motor.Ejecutar(u"DROP TABLE cola"_s);
+    motor.Ejecutar(u"CREATE TABLE cola (idZV INTEGER PRIMARY KEY, importe, creditoError, id1, id2, "
+                   "idcaja, terminal, vendedor, formapago)"_s);
+    motor.Ejecutar(u"INSERT INTO cola (importe,id1,id2,terminal) VALUES (1000,?,?,?)"_s,
+                   {u"T1"_s + nul + QString(200000, u'x'), nul, QString(60, u't')});
+    EXPECT_EQ(Procesar(1, {}, u"Puerta"_s + nul + u"abierta"_s), 1);
+    const Row f = Unica(u"procesados"_s);
+    EXPECT_EQ(f.LeerTexto(u"id1"_s), u"T1"_s);
+    EXPECT_EQ(f.LeerTexto(u"id2"_s), QString());
+    EXPECT_EQ(f.LeerTexto(u"terminal"_s), QString(50, u't'));
+    EXPECT_EQ(f.LeerTexto(u"error"_s), u"Puerta"_s);
+    EXPECT_EQ(base.Cuenta(u"cola"_s), 0);
+    EXPECT_GT(ops.AñadirHistorial({}, u"T"_s + nul, {}, 0, Fecha(), 0), 0);
+}
+
 TEST_F(OperacionesRegistroTest, AQueuedAmountBeyond32BitsIsFiled) {
     Procesar(PonerFila(u"importe"_s, u"9000000000"_s));
     EXPECT_EQ(Unica(u"procesados"_s).LeerCurrency(u"importeVenta"_s),

@@ -70,6 +70,17 @@ TEST_F(TiposTest, CurrencyIsANumberWithinItsRange) {
     EXPECT_EQ(Insertar("importe", "NULL"), 0);
 }
 
+TEST_F(TiposTest, TheEndsOfCurrencyThatAreTakenCanBeRead) {
+    for (const char* signo : {"", "-"}) {
+        const QByteArray dentro = QByteArray(signo) + "922337203685477.5";
+        EXPECT_EQ(Insertar("importe", dentro), 0);
+        // Near the ends a double tells tenths no more.
+        EXPECT_NEAR(Ultima().LeerCurrency(u"importe"_s).ADoble(), dentro.toDouble(), 0.1);
+        // The next double is no Currency any more.
+        EXPECT_EQ(Insertar("importe", QByteArray(signo) + "922337203685477.5807"), kRestriccion);
+    }
+}
+
 TEST_F(TiposTest, ADateIsIsoTextOrANumberOfDays) {
     const QDateTime fecha(QDate(2026, 3, 14), QTime(18, 4, 11));
     for (const char* valor :
@@ -88,6 +99,8 @@ TEST_F(TiposTest, ADateIsIsoTextOrANumberOfDays) {
         EXPECT_EQ(Insertar("fecha", valor), kRestriccion) << valor;
     }
     EXPECT_NE(Insertar("fecha", "'now'"), 0);
+    EXPECT_EQ(InsertarValor("fecha", u"2026-03-14 18:04:11."_s + QString(200000, u'1')),
+              kRestriccion);
 }
 
 TEST_F(TiposTest, EveryDateThatIsTakenCanBeRead) {
@@ -122,6 +135,32 @@ TEST_F(TiposTest, TextIsMeasuredInCharacters) {
     EXPECT_EQ(Ultima().LeerTexto(u"id1"_s), u"12345"_s);
 }
 
+// length(), substr() and the comparison of texts stop at a NUL.
+TEST_F(TiposTest, NoTextHidesAnythingBehindANul) {
+    const QString nul(QChar(u'\0'));
+    for (const QString& texto :
+         {nul, u"T1"_s + nul, nul + u"T1"_s, u"T1"_s + nul + QString(200000, u'x')}) {
+        for (const char* columna : {"id1", "id2", "terminal", "vendedor", "formapago"}) {
+            EXPECT_EQ(InsertarValor(columna, texto), kRestriccion) << columna;
+        }
+        EXPECT_EQ(NumeroError([&] {
+                      otro->Ejecutar(u"INSERT INTO Usuarios (nombre) VALUES (?)"_s, {texto});
+                  }),
+                  kRestriccion);
+        EXPECT_EQ(NumeroError([&] {
+                      otro->Ejecutar(u"INSERT INTO procesados (usuario) VALUES (?)"_s, {texto});
+                  }),
+                  kRestriccion);
+    }
+    for (const char* fecha : {"2026-03-14", "2026-03-14 18:04:11", "2026-03-14 18:04:11.5"}) {
+        EXPECT_EQ(InsertarValor("fecha", QString::fromLatin1(fecha) + nul + u"x"_s), kRestriccion);
+    }
+    for (const char* columna : {"idcaja", "importe", "manual"}) {
+        EXPECT_EQ(InsertarValor(columna, u"1"_s + nul + u"2"_s), kRestriccion) << columna;
+    }
+    EXPECT_EQ(base.Cuenta(u"cola"_s), 0);
+}
+
 TEST_F(TiposTest, AYesNoIsNeverNull) {
     EXPECT_EQ(Insertar("importe", "1"), 0);
     EXPECT_FALSE(Ultima().EsNulo(u"manual"_s));
@@ -147,13 +186,52 @@ TEST_F(TiposTest, EveryOtherColumnOfTheQueueMayBeNull) {
     EXPECT_EQ(fila.LeerCurrency(u"creditoError"_s), Currency(0));
 }
 
+// What a value of a foreign file reads as: the numbers of the failures, 0 for none.
+struct Ajeno {
+    const char* valor;
+    int comoLong;
+    int comoCurrency;
+    int comoTexto;
+    int comoBooleano;
+    int comoFecha;
+};
+
 TEST_F(TiposTest, ValuesOfTheWrongKindInAForeignFileAreFailuresAndNotCrashes) {
-    otro->Ejecutar(u"CREATE TABLE ajena (idZV, importe, fecha)"_s);
-    otro->Ejecutar(u"INSERT INTO ajena VALUES ('x', x'00', 9e99)"_s);
-    const Row fila = base.Database().Consultar(u"SELECT * FROM ajena"_s).at(0);
-    EXPECT_EQ(NumeroError([&] { fila.LeerLong(0); }), 13);
-    EXPECT_EQ(NumeroError([&] { fila.LeerCurrency(1); }), 13);
-    EXPECT_EQ(NumeroError([&] { fila.LeerFecha(2); }), 6);
+    const Ajeno ajenos[] = {
+        {"NULL", 0, 0, 0, 0, 0},
+        {"7", 0, 0, 0, 0, 0},
+        {"2147483648", 6, 0, 0, 0, 6},
+        {"9223372036854775807", 6, 6, 0, 0, 6},
+        {"-9223372036854775808", 6, 6, 0, 0, 6},
+        {"46095.75", 0, 0, 0, 0, 0},
+        {"922337203685477.5807", 6, 6, 0, 0, 6},
+        {"-922337203685477.5808", 6, 0, 0, 0, 6},
+        {"9e99", 6, 6, 0, 0, 6},
+        {"9e999", 6, 6, 0, 0, 6},
+        {"-9e999", 6, 6, 0, 0, 6},
+        {"''", 13, 13, 0, 13, 13},
+        {"'doce'", 13, 13, 0, 13, 13},
+        {"'12'", 13, 13, 0, 13, 13},
+        {"'2026-03-14'", 13, 13, 0, 13, 0},
+        {"'2026-03-14 18:04:11.25x'", 13, 13, 0, 13, 13},
+        {"'2026-03-14'||char(0)||hex(zeroblob(100000))", 13, 13, 0, 13, 13},
+        {"'2026-03-14 18:04:11.'||hex(zeroblob(100000))", 13, 13, 0, 13, 13},
+        {"hex(zeroblob(100000))", 13, 13, 0, 13, 13},
+        {"x''", 13, 13, 13, 13, 13},
+        {"zeroblob(200000)", 13, 13, 13, 13, 13},
+    };
+    otro->Ejecutar(u"CREATE TABLE ajena (valor)"_s);
+    for (const Ajeno& a : ajenos) {
+        SCOPED_TRACE(a.valor);
+        otro->Ejecutar(u"DELETE FROM ajena"_s);
+        otro->Ejecutar(u"INSERT INTO ajena VALUES (%1)"_s.arg(QLatin1String(a.valor)));
+        const Row fila = base.Database().Consultar(u"SELECT * FROM ajena"_s).at(0);
+        EXPECT_EQ(NumeroError([&] { fila.LeerLong(0); }), a.comoLong);
+        EXPECT_EQ(NumeroError([&] { fila.LeerCurrency(0); }), a.comoCurrency);
+        EXPECT_EQ(NumeroError([&] { fila.LeerTexto(0); }), a.comoTexto);
+        EXPECT_EQ(NumeroError([&] { fila.LeerBooleano(0); }), a.comoBooleano);
+        EXPECT_EQ(NumeroError([&] { fila.LeerFecha(0); }), a.comoFecha);
+    }
 }
 
 } // namespace

@@ -204,6 +204,19 @@ TEST_F(DadesTest, LeavesNoStatementOpenThatWouldHideNewRows) {
     EXPECT_TRUE(Inserta(Sobre(u"T3"_s)));
 }
 
+TEST_F(DadesTest, ANulInAnyTextIsRefusedAndHindersNobodyElse) {
+    QString Missatge::*const textos[] = {&Missatge::ID1, &Missatge::ID2, &Missatge::Terminal,
+                                         &Missatge::Vendedor, &Missatge::Formapago};
+    for (QString Missatge::*const texto : textos) {
+        Missatge m = Sobre(u"T1"_s);
+        m.*texto = u"T1"_s + QChar(u'\0') + u"x"_s;
+        EXPECT_FALSE(Inserta(m));
+    }
+    EXPECT_EQ(Estat(u"T1"_s), u"NOT FOUND|si"_s);
+    EXPECT_TRUE(Inserta(Sobre(u"T1"_s)));
+    EXPECT_EQ(base.Cuenta(u"cola"_s), 1);
+}
+
 TEST_F(DadesTest, AQuoteInAnIdIsOnlyALetter) {
     const QString id = u"T' OR '1'='1"_s;
     EXPECT_EQ(Estat(id), u"NOT FOUND|si"_s);

@@ -8,16 +8,21 @@ namespace zv::sqliteschema {
 
 namespace {
 
+// A text without NUL: length(), substr() and NOCASE stop there, so that anything could hide behind.
+QString SinNul(const QString& c) {
+    return u"instr(%1,char(0))=0"_s.arg(c);
+}
+
 // "YYYY-MM-DD", with " HH:MM" or " HH:MM:SS" or a fraction behind it if there is a time, a real day
 // (the modifier makes SQLite look at the calendar) at a real hour; or the number of days that older
 // writers use.
 QString ComprobacionFecha(const QString& c) {
-    return u"CHECK(%1 IS NULL OR (typeof(%1)='text' AND "
+    return u"CHECK(%1 IS NULL OR (typeof(%1)='text' AND %2 AND "
            "date(substr(%1,1,10),'+0 days') IS substr(%1,1,10) AND time(%1) IS NOT NULL AND "
            "substr(%1,11,1) IN ('',' ','T') AND substr(%1,17,1) IN ('',':') AND "
-           "(length(%1) IN (10,16,19) OR (length(%1)>20 AND substr(%1,20,1)='.' AND "
+           "(length(%1) IN (10,16,19) OR (length(%1) BETWEEN 21 AND 29 AND substr(%1,20,1)='.' AND "
            "substr(%1,21) NOT GLOB '*[^0-9]*'))) OR "
-           "(typeof(%1) IN ('integer','real') AND %1>=-657434 AND %1<2958466))"_s.arg(c);
+           "(typeof(%1) IN ('integer','real') AND %1>=-657434 AND %1<2958466))"_s.arg(c, SinNul(c));
 }
 
 QString Tipo(const ColumnDef& columna) {
@@ -30,13 +35,15 @@ QString Tipo(const ColumnDef& columna) {
     case ColumnType::Date:
         return u"DATETIME "_s + ComprobacionFecha(c);
     case ColumnType::Currency:
+        // The ends of the type lie between two doubles: the outer one could not be read back.
         return u"NUMERIC(19,4) CHECK(%1 IS NULL OR (typeof(%1) IN "
-               "('integer','real') AND %1 BETWEEN -922337203685477.5808 AND "
-               "922337203685477.5807))"_s.arg(c);
+               "('integer','real') AND %1 BETWEEN -922337203685477.5 AND "
+               "922337203685477.5))"_s.arg(c);
     case ColumnType::Text:
         return u"VARCHAR(%2) COLLATE NOCASE CHECK(typeof(%1)<>'blob' AND "
-               "length(%1)<=%2)"_s.arg(c)
-                   .arg(columna.caracteres);
+               "length(%1)<=%2 AND %3)"_s.arg(c)
+                   .arg(columna.caracteres)
+                   .arg(SinNul(c));
     case ColumnType::Boolean:
         // A yes/no is never Null, whoever writes it.
         return u"BOOLEAN NOT NULL ON CONFLICT REPLACE DEFAULT 0 "

@@ -169,6 +169,7 @@ TEST_F(frmZVMonitorTest, OnlyButtonsWithAnOperationAreEnabled) {
     EXPECT_FALSE(D().boton[BotonPie::DarCambio]->isEnabled());
     EXPECT_TRUE(D().boton[BotonPie::Registro]->isEnabled());
     EXPECT_FALSE(D().boton[BotonPie::Caja]->isEnabled());
+    cliente.PonerTotal(0);
     cliente.EsperaConnect();
     Clic(D().boton[BotonPie::Conectar]);
     EXPECT_TRUE(supervision.Conectado());
@@ -372,7 +373,9 @@ TEST_F(frmZVMonitorTest, BuiltInCaptionsStandByTheirNumbers) {
     for (const BotonPie boton : kBotonesPie) {
         const auto i = static_cast<int>(boton);
         EXPECT_EQ(D().boton[boton]->objectName(), u"boton_%1"_s.arg(i));
-        EXPECT_EQ(D().boton[boton]->text(), pie[i]);
+        // Where a caption breaks is the button's business.
+        EXPECT_EQ(D().boton[boton]->text().replace(u'\n', u' '),
+                  QString(pie[i]).replace(u'\n', u' '));
         EXPECT_EQ(D().boton[boton]->accessibleName(), QString(pie[i]).replace(u'\n', u' '));
     }
     for (std::size_t i = 0; i < 3; ++i) {

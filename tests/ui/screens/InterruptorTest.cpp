@@ -97,7 +97,11 @@ TEST_F(InterruptorTest, OnOffDisabledPressedAndFocusedLookDifferent) {
     // Not by colour alone: the knob moves and the word changes.
     EXPECT_NE(apagado.convertToFormat(QImage::Format_Mono),
               encendido.convertToFormat(QImage::Format_Mono));
+    pantalla_.show();
+    pantalla_.activateWindow();
     interruptor_.setFocus();
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(interruptor_.hasFocus());
     EXPECT_NE(Estado(), encendido);
     interruptor_.clearFocus();
     interruptor_.setDown(true);

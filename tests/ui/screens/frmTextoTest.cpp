@@ -5,6 +5,8 @@
 #include "ui/screens/DialogosPrueba.h"
 #include "ui/screens/frmImpresio.h"
 
+#include <QToolButton>
+
 namespace zv::test {
 namespace {
 
