@@ -6,6 +6,7 @@
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
@@ -42,8 +43,12 @@ BotonPicto::BotonPicto(tema::Papel papel, QWidget* padre) : QToolButton(padre) {
     tema::PonerPapel(*this, papel);
 }
 
+int BotonPicto::AnchoRotulo() const {
+    return AnchoPalabra(fontMetrics(), text()) + 2 * kMargen;
+}
+
 QSize BotonPicto::minimumSizeHint() const {
-    return QSize(AnchoPalabra(fontMetrics(), text()) + 2 * kMargen, 0).expandedTo(minimumSize());
+    return QSize(AnchoRotulo(), 0).expandedTo(minimumSize());
 }
 
 void BotonPicto::paintEvent(QPaintEvent*) {
@@ -116,7 +121,27 @@ QToolButton* BarraPie::Boton(int indice) const {
     return puesto == puestos_.end() ? nullptr : puesto->boton;
 }
 
+// The theme's own minimum would outweigh what a caption needs: buttons with long words take from
+// those with short ones.
+void BarraPie::AjustarAnchos() {
+    for (const Puesto& puesto : puestos_) {
+        if (puesto.boton != salir_) {
+            puesto.boton->setMinimumWidth(
+                qMax(tema::Px(tema::kTeclaMinima, escala_), puesto.boton->AnchoRotulo()));
+        }
+    }
+}
+
+// Asked for whenever a caption or its letters change.
+bool BarraPie::event(QEvent* evento) {
+    if (evento->type() == QEvent::LayoutRequest || evento->type() == QEvent::Polish) {
+        AjustarAnchos();
+    }
+    return QFrame::event(evento);
+}
+
 void BarraPie::Escalar(double escala) {
+    escala_ = escala;
     const auto px = [escala](int pixeles) { return tema::Px(pixeles, escala); };
     setFixedHeight(px(salir_ == nullptr ? kAlto : kAltoPantalla));
     fila_->setContentsMargins(px(kMargen), px(6), px(kMargen), px(6));
@@ -132,6 +157,7 @@ void BarraPie::Escalar(double escala) {
     for (QWidget* hueco : huecos_) {
         hueco->setFixedWidth(px(kAnchoHueco));
     }
+    AjustarAnchos();
 }
 
 } // namespace zv

@@ -39,6 +39,7 @@ class BotonPicto final : public QToolButton {
     BotonPicto(tema::Papel papel, QWidget* padre);
 
     // As wide as the longest word, so that none is cut.
+    int AnchoRotulo() const;
     QSize minimumSizeHint() const override;
     QSize sizeHint() const override { return minimumSizeHint(); }
 
@@ -58,6 +59,9 @@ class BarraPie final : public QFrame, public Escalable {
     QToolButton* BotonSalir() const { return salir_; }
     void Escalar(double escala) override;
 
+  protected:
+    bool event(QEvent* evento) override;
+
   Q_SIGNALS:
     // The leaving button is told like the others.
     void Pulsado(int indice);
@@ -68,6 +72,9 @@ class BarraPie final : public QFrame, public Escalable {
         BotonPicto* boton;
     };
 
+    void AjustarAnchos();
+
+    double escala_ = 1;
     QHBoxLayout* fila_;
     std::vector<Puesto> puestos_;
     std::vector<QWidget*> huecos_;

@@ -33,6 +33,26 @@ TEST_F(EscalaTest, RowsFooterAndLampsGrowWithTheWindow) {
     EXPECT_EQ(D().boton[BotonPie::Registro]->fontMetrics().height(), letra);
 }
 
+TEST_F(EscalaTest, NoWordOfAFooterCaptionIsCut) {
+    Mostrar();
+    for (const QSize medida :
+         {QSize(1000, 600), QSize(1024, 768), QSize(1366, 768), QSize(1920, 1080)}) {
+        Medir(medida.width(), medida.height());
+        for (const BotonPie boton : kBotonesPie) {
+            const QToolButton& b = *D().boton[boton];
+            if (b.text().isEmpty()) {
+                continue;
+            }
+            const auto palabras = b.text().replace(u'\n', u' ').split(u' ');
+            for (const QString& palabra : palabras) {
+                EXPECT_LE(b.fontMetrics().horizontalAdvance(palabra), b.width())
+                    << medida.width() << ' ' << palabra.toStdString();
+            }
+            EXPECT_LE(b.geometry().right(), D().framePie->width()) << medida.width();
+        }
+    }
+}
+
 TEST_F(EscalaTest, GrowthHasItsLimits) {
     Medir(3840, 2160);
     EXPECT_EQ(AltoFila(), tema::kAltoFila * 3 / 2);
