@@ -35,6 +35,7 @@ int Envio::EnviarOperacion(const QString& origen, DeviceClient& cliente, qint32 
     op.origen = origen;
     op.idZV = idZV;
     int resultado = envio::kError;
+    entorno_.falloSinDispositivo = true;
     try {
         resultado = Enviar(cliente, op);
     } catch (const ErrorEjecucion& e) {
@@ -72,7 +73,9 @@ int Envio::Enviar(DeviceClient& cliente, Operacion& op) {
     }
     entorno_.log.LogLinea(u"ENVIARZV_INICIO_CHARGE: "_s + op.importe.ATexto());
     bool cobrado = false;
-    cliente.Charge(ParaElDispositivo(op.importe), op.paidIn, op.paidOut, cobrado);
+    const qint32 cantidad = ParaElDispositivo(op.importe);
+    entorno_.falloSinDispositivo = false;
+    cliente.Charge(cantidad, op.paidIn, op.paidOut, cobrado);
     if (cobrado) {
         ArchivarCobro(op);
         return envio::kBien;

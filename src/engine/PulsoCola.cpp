@@ -184,10 +184,16 @@ void PulsoCola::EnviarPrimera() {
 
 // A row that cannot even be named fails like any other send: the till goes on in "MANUAL".
 void PulsoCola::FallarSinEnviar(const ErrorEjecucion& e) {
-    entorno_.log.LogLinea(u">>> Error nº "_s + QString::number(e.Numero()) +
-                          u" al leer la cola - "_s + e.Descripcion());
     entorno_.ResultadoEnvio = envio::kError;
+    entorno_.falloSinDispositivo = true;
     estado_.CambiarModo(modo::kManual);
+    try {
+        entorno_.log.LogLinea(u">>> Error nº "_s + QString::number(e.Numero()) +
+                              u" al leer la cola - "_s + e.Descripcion());
+    } catch (const ErrorEjecucion&) {
+        // The log itself has failed; the operator is told all the same.
+        entorno_.ResultadoEnvio = envio::kError;
+    }
     RestaurarVentana();
     estado_.ActualizarEstado(true);
 }
@@ -200,7 +206,7 @@ std::optional<QString> PulsoCola::AbonoDe(const Row& fila) const {
     } catch (const ErrorEjecucion&) {
         // The send fails on it; until then the operator reads what stands in the table.
         const double valor = fila.Valor(columna).toDouble();
-        return valor < 0 ? std::optional(fila.LeerTexto(columna)) : std::nullopt;
+        return valor < 0 ? std::optional(fila.Valor(columna).toString()) : std::nullopt;
     }
     if (importe >= Currency(0)) {
         return std::nullopt;
@@ -238,7 +244,7 @@ bool PulsoCola::EnviarConReconexion(qint32 idZV) {
         entorno_.ResultadoEnvio = envio_.EnviarOperacion(u"ENVIARCOLA"_s, entorno_.cliente, idZV);
         // What it may have left open must not outlast the dialogs that follow.
         entorno_.transacciones.Saldar();
-        const qint16 codigo = entorno_.cliente.ErrorCode();
+        const qint16 codigo = entorno_.CodigoEnvio();
         if (codigo != kEnlacePerdido || entorno_.ResultadoEnvio != envio::kError) {
             break;
         }

@@ -41,10 +41,11 @@ class PulsoCola {
     void ReflejarCambios();
     bool PuedeEnviar() const;
     void EnviarPrimera();
-    // mostrado: the amount as the operator is to read it, without its sign.
+    // mostrado: the amount as the operator is to read it.
     bool ConfirmarAbono(const QString& mostrado);
     void FallarSinEnviar(const ErrorEjecucion& e);
-    // The amount of a refund as the operator is to read it; nothing for a charge.
+    // The amount of a refund as the operator is to read it, or what stands in the table if it is no
+    // amount; nothing for a charge.
     std::optional<QString> AbonoDe(const Row& fila) const;
     void EnviarYRefrescar(qint32 idZV);
 

@@ -4,6 +4,7 @@
 
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
+#include "store/Palabras.h"
 
 #include <functional>
 #include <limits>
@@ -239,8 +240,8 @@ qint32 OperacionesRegistro::BorrarColaGrupo(const QString& origen, qint32 idZV,
         paso([&] {
             resultado = AñadirColaProcesada((origen.isEmpty() ? QString() : origen + u'_') +
                                                 u"DELCOLA_GRUPO_"_s + tipoGrupo,
-                                            filas.front().LeerLong(u"idZV"_s), u"CANCEL"_s, 0, 0, 0,
-                                            u"Anulada por cobro agrupado "_s + tipoGrupo);
+                                            filas.front().LeerLong(u"idZV"_s), estado::kCancel, 0,
+                                            0, 0, u"Anulada por cobro agrupado "_s + tipoGrupo);
         });
         if (resultado == 0) {
             paso([&] { log_.LogLinea(u"DELCOLA_GRUPO: AñadirColaProcesada FAIL"_s); });

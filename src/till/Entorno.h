@@ -51,6 +51,11 @@ struct Entorno : TillServices {
 
     // Result of the last send, process-wide: 0 good, 1 cancelled, 2 error.
     int ResultadoEnvio = 0;
+    // The last send failed before the device was asked: the device's code tells of an earlier
+    // operation. Whoever sets ResultadoEnvio after a device operation sets this to false.
+    bool falloSinDispositivo = false;
+    // The device's code, if it has to do with the last send.
+    qint16 CodigoEnvio() const { return falloSinDispositivo ? qint16{0} : cliente.ErrorCode(); }
 
     DatabaseEngine& Database() const { return conexion.Database(); }
 };

@@ -86,6 +86,43 @@ TEST_F(ColaAjenaTest, ANullInManualIsNoManualRow) {
     EXPECT_EQ(Cola().front().LeerTexto(u"id1"_s), u"M"_s);
 }
 
+TEST_F(ColaAjenaTest, BytesThatReadLikeARefundFailAsASend) {
+    PonerColaAjena();
+    motor.Ejecutar(u"INSERT INTO cola (importe,id1,manual) VALUES (X'2D35','R',0)"_s);
+    dialogos.EsperaMensaje(u"Abono pendiente"_s, testing::_);
+    EXPECT_NO_THROW(pulso.ProcesarCola());
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
+    EXPECT_TRUE(pulso.Armado());
+}
+
+// The device's last error has nothing to do with a row that never reached it.
+TEST_F(ColaAjenaTest, AFailureBeforeTheDeviceWasAskedIsNotToldAsItsErrorAndLastsInAuto) {
+    EscribirIni("[ZVMONITOR]\r\nMODO=AUTO\r\n");
+    PonerFila(500);
+    cliente.EsperaCharge(500, 500, 500, FinGuion::Error(33, u"Atasco"_s));
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"33 - Atasco"_s);
+    pulso.ProcesarCola();
+    motor.Ejecutar(u"DELETE FROM cola"_s);
+    PonerFila(3000000000LL);
+    configuracio->Modo = modo::kAuto;
+    for (int i = 0; i < 3; ++i) {
+        pulso.ProcesarCola(); // no dialog
+    }
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+    EXPECT_EQ(controles.Estado().lbEstado, u"Error de Zorvex. Consulte con su técnico"_s);
+    EXPECT_EQ(log.CuentaInicio(u">>> Error nº 6 al procesar operación nº "_s), 1);
+}
+
+TEST_F(ColaAjenaTest, ARowWithoutAUsableNumberFailsThoughTheLogIsDeadToo) {
+    PonerColaAjena();
+    motor.Ejecutar(u"INSERT INTO cola (idZV,importe,manual) VALUES (3000000000,500,0)"_s);
+    dialogos.EsperaMensaje(QString(), u"Error nº 6 - Desbordamiento"_s);
+    log.fallosPendientes = 1;
+    EXPECT_NO_THROW(pulso.ProcesarCola());
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+}
+
 TEST_F(ColaAjenaTest, TextsWhereNumbersBelongFailAsASend) {
     PonerColaAjena();
     motor.Ejecutar(u"INSERT INTO cola (fecha,importe,idcaja,creditoError,manual) VALUES "

@@ -285,9 +285,11 @@ TEST_F(EnvioTest, ACancelledRefundSaysSo) {
 
 TEST_F(EnvioTest, ANegativeErrorCodeIsACancel) {
     const qint32 id = PonerFila(800);
-    cliente.EsperaCharge(800, 0, 0, FinGuion::Error(-3, u"fuera"_s));
+    cliente.EsperaCharge(800, 500, 0, FinGuion::Error(-3, u"fuera"_s));
     EXPECT_EQ(Enviar(id), envio::kCancelado);
     EXPECT_EQ(Procesados().front().LeerTexto(u"estado"_s), u"CANCEL"_s);
+    EXPECT_EQ(Cola().front().LeerCurrency(u"creditoError"_s), Currency(0));
+    EXPECT_EQ(log.CuentaInicio(u"ZVCHARGE_ENVIARZV2_1_CANCEL: "_s), 1);
 }
 
 TEST_F(EnvioTest, EachAttemptLeavesItsOwnRecord) {

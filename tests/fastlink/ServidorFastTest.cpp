@@ -302,7 +302,7 @@ TEST_F(ServidorFastTest, ALookUpThatTheDatabaseRefusesIsToldAndLogged) {
     EXPECT_EQ(Pregunta(*cliente, "C|A|1"), QByteArray("OK|Added"));
 }
 
-TEST_F(ServidorFastTest, AnOpenTransactionCoversTheRow) {
+TEST_F(ServidorFastTest, WithoutAGuardAnOpenTransactionCoversTheRow) {
     servidor.AbrirFast();
     const auto cliente = Conectar();
     motor.Comenzar();

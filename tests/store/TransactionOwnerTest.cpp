@@ -132,6 +132,7 @@ TEST_F(TransactionOwnerTest, AWriteThatFailedOrWasUndoneIsNoWriteOfTheLevel) {
     motor.Comenzar();
     Insertar(3);
     motor.Deshacer();
+    EXPECT_EQ(motor.Ejecutar(u"UPDATE cola SET importe=2 WHERE idZV=77"_s), 0);
     EXPECT_FALSE(motor.NivelEscrito());
     dueño.Saldar();
     EXPECT_EQ(Guardado(), u"1"_s);
@@ -158,6 +159,7 @@ TEST_F(TransactionOwnerTest, EveryWayOfWritingCounts) {
         cola->Borrar();
     }));
     EXPECT_TRUE(escribe([&] { motor.Ejecutar(u"UPDATE cola SET importe=2"_s); }));
+    EXPECT_TRUE(escribe([&] { motor.CrearTabla({u"otra"_s, {{u"id"_s, ColumnType::AutoLong}}}); }));
     // The key of a new row takes the lock and writes nothing.
     EXPECT_FALSE(escribe([&] {
         const auto cola = motor.AbrirTabla(u"cola"_s);

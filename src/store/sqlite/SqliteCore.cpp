@@ -152,7 +152,10 @@ qint64 SqliteCore::Escribir(const QString& sql, const Parametros& parametros) {
     niveles_.PrepararEscritura();
     ContarCambio();
     const qint64 tocadas = Ejecutar(Statement::Kind::Escritura, sql, parametros, {});
-    niveles_.AnotarEscritura();
+    // A change that found no row has written nothing.
+    if (tocadas != 0) {
+        niveles_.AnotarEscritura();
+    }
     return tocadas;
 }
 
@@ -165,6 +168,7 @@ void SqliteCore::EscribirAlta(const QString& sql, const Parametros& parametros, 
 
 void SqliteCore::Definir(const QString& sql) {
     Escribir(sql);
+    niveles_.AnotarEscritura();
     conexion_.VaciarPreparadas();
 }
 

@@ -97,7 +97,7 @@ void DelegadoRejilla::PintarImporte(QPainter& painter, const QRect& caja, int al
 void DelegadoRejilla::paint(QPainter* painter, const QStyleOptionViewItem& option,
                             const QModelIndex& index) const {
     const int fila = index.row() + 1;
-    if (fila > rejilla_.FilasDatos()) {
+    if (fila > rejilla_.FilasDatos() || index.column() >= rejilla_.Columnas()) {
         return;
     }
     const Columna& columna = rejilla_.ColumnaDe(index.column());

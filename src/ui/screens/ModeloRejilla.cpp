@@ -49,7 +49,7 @@ int ModeloRejilla::columnCount(const QModelIndex& parent) const {
 QVariant ModeloRejilla::data(const QModelIndex& index, int role) const {
     const int fila = index.row() + 1;
     // The grid may be ahead of what the view knows.
-    if (!index.isValid() || fila > rejilla_.FilasDatos()) {
+    if (!index.isValid() || fila > rejilla_.FilasDatos() || index.column() >= rejilla_.Columnas()) {
         return {};
     }
     switch (role) {
@@ -67,7 +67,7 @@ QVariant ModeloRejilla::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ModeloRejilla::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal) {
+    if (orientation != Qt::Horizontal || section >= rejilla_.Columnas()) {
         return {};
     }
     if (role == Qt::DisplayRole) {
