@@ -1,6 +1,6 @@
 // Logical state of the main screen's controls. It is right at once for every test of it; the
 // widgets follow when the event loop next runs with a changed state. The pulse stops and starts
-// timer, footer and grid a thousand times a second, which real widgets would not stand.
+// timer, footer and grid a thousand times a second, for which real widgets are far too slow.
 #pragma once
 
 #include "engine/BotonPie.h"

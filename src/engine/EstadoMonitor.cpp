@@ -1,4 +1,3 @@
-// Counters, state line, buttons and paging of the main screen.
 #include "engine/EstadoMonitor.h"
 
 #include "config/Ajustes.h"

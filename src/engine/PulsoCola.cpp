@@ -1,4 +1,3 @@
-// One tick of the queue: look, refill, decide, send.
 #include "engine/PulsoCola.h"
 
 #include "config/Modo.h"

@@ -1,4 +1,3 @@
-// Line splitting, encodings and the meaning of one INI line.
 #include "platform/IniLines.h"
 
 #include "platform/CodePage.h"

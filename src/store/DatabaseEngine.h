@@ -179,8 +179,8 @@ class DatabaseEngine {
     // into it does not count.
     virtual bool NivelEscrito() const = 0;
 
-    // A mark that differs from the last one whenever the data may have changed, by this
-    // connection or by another program. Costs a few microseconds at any size.
+    // A number that differs from the last one whenever the data may have changed, by this
+    // connection or by another program. Costs a few microseconds however many rows there are.
     virtual quint64 ChangeStamp() = 0;
     // The same, but for rows that record sets of this connection have added: while it stands, a
     // table differs from the last reading by rows behind its highest key only.

@@ -18,7 +18,7 @@ QString NuevoOpId() {
     return QUuid::createUuid().toString(QUuid::WithoutBraces);
 }
 
-// What is asked, without its sign; the one amount that has no counterpart is cut by a unit.
+// What is asked, without its sign. The lowest amount has no opposite: it is shown as one unit less.
 qint32 ImporteMostrado(qint32 importe) {
     return importe == std::numeric_limits<qint32>::min() ? std::numeric_limits<qint32>::max()
                                                          : std::abs(importe);
@@ -181,8 +181,8 @@ bool GatewayClient::ResolverPendiente(const EstadoOperacion& abierta) {
     return false;
 }
 
-// The one attempt of a query on a link that was lost at rest. Runs no event loop, so an operation
-// that is still running there is left to Connect.
+// Opens again, once, a link that was lost while nothing ran. It runs no event loop and so cannot
+// wait for an operation that still runs at the other end: that is left to Connect.
 bool GatewayClient::Reabrir() {
     if (reapertura_.isValid() && reapertura_.elapsed() < opciones_.pausaReapertura) {
         return false;
@@ -393,7 +393,7 @@ void GatewayClient::EmptyCB(qint32 device, qint32& value, bool& result) {
 // failure; on success ErrorCode is left alone.
 std::optional<QJsonValue> GatewayClient::Consultar(const QString& metodo,
                                                    const QJsonObject& params) {
-    // While an operation recovers the link, the link is its business.
+    // While an operation recovers the link (ocupado_), nobody else opens it.
     if (!conectado_ && errorCode_ > errorpasarela::kEnlacePerdido) {
         // The operation that gave the link up has said why. Code 1 in its place would have the
         // caller send it again.

@@ -62,7 +62,7 @@ GatewayOperation::Fin GatewayOperation::Esperar() {
     while (fase_ != Fase::Acabada) {
         bucle_.exec();
         if (fase_ != Fase::Acabada) {
-            // Only the end of the program leaves the loop without an end of the operation.
+            // The loop was left without an end of the operation: the program is ending.
             Acabar(Fin::Motivo::Cerrando);
         }
     }

@@ -60,7 +60,7 @@ class GatewaySession : public QObject {
     // connection is lost.
     std::optional<RpcMessage> EsperarRespuesta(qint64 id, const QDeadlineTimer& limite);
 
-    // Takes what the system already holds, without waiting.
+    // Reads what has arrived already, without waiting.
     void Drenar();
     // Milliseconds since something was sent with nothing at all heard after it; 0 when nothing is
     // owed.

@@ -1,4 +1,3 @@
-// Layout of the main screen: header, state bar, grid with its page buttons, footer.
 #include "engine/screens/DisenoMonitor.h"
 
 #include "engine/Claves.h"

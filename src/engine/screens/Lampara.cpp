@@ -1,4 +1,3 @@
-// Drawing of a lamp.
 #include "engine/screens/Lampara.h"
 
 #include "ui/screens/Tema.h"

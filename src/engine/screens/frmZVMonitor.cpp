@@ -1,5 +1,3 @@
-// Behaviour of the main screen: timers, keys, window buttons, and the following of the logical
-// state by the widgets.
 #include "engine/screens/frmZVMonitor.h"
 
 #include "engine/Claves.h"

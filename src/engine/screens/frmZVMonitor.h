@@ -69,7 +69,7 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     DisenoMonitor ui_;
     EstadoControles aplicado_; // what the widgets show
     bool porSeguir_ = false;   // the logical state has changed since
-    bool maximizando_ = false; // a maximise by double click settles
+    bool maximizando_ = false; // within a second of a maximise by double click
     bool parpadeoAmbar_ = false;
     Arrastre arrastre_;
 

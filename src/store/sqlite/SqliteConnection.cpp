@@ -1,4 +1,3 @@
-// Prepared statements over QtSql, and the translation of its failures and values.
 #include "store/sqlite/SqliteConnection.h"
 
 #include "platform/StringLiterals.h"

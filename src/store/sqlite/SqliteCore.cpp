@@ -1,4 +1,3 @@
-// Opening with care, reading, writing, and the mark that tells of changes.
 #include "store/sqlite/SqliteCore.h"
 
 #include "platform/ErrorEjecucion.h"
@@ -89,7 +88,7 @@ void SqliteCore::Cerrar() {
 }
 
 void SqliteCore::VerificarFichero() const {
-    // SQLite would go on writing into a file that has no name any more.
+    // SQLite would go on writing into the deleted file, and the books would be lost with it.
     if (conexion_.Abierta() && FileIdentity::De(ruta_) != identidad_) {
         throw ErrorEjecucion(kErrorFicheroMovido,
                              u"el fichero de la base de datos ha sido movido o borrado"_s);

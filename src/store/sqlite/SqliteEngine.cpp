@@ -1,4 +1,3 @@
-// The port's calls in SQLite's words.
 #include "store/sqlite/SqliteEngine.h"
 
 #include "platform/ErrorEjecucion.h"

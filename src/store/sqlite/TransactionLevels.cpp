@@ -1,4 +1,3 @@
-// Lazy begin, savepoints, and the recovery from a transaction that SQLite has ended by itself.
 #include "store/sqlite/TransactionLevels.h"
 
 #include "platform/ErrorEjecucion.h"

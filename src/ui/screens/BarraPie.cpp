@@ -1,4 +1,3 @@
-// Building and drawing of the footer.
 #include "ui/screens/BarraPie.h"
 
 #include "platform/StringLiterals.h"

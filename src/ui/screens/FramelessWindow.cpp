@@ -1,4 +1,3 @@
-// Header, dragging and top-most order of the borderless windows.
 #include "ui/screens/FramelessWindow.h"
 
 #include "platform/StringLiterals.h"

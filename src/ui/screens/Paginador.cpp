@@ -1,4 +1,3 @@
-// Layout of the page buttons.
 #include "ui/screens/Paginador.h"
 
 #include "platform/StringLiterals.h"

@@ -1,4 +1,3 @@
-// Frame, place and ways out of the full screens.
 #include "ui/screens/PantallaCompleta.h"
 
 #include "platform/StringLiterals.h"

@@ -1,4 +1,3 @@
-// Keys of the numeric keypad.
 #include "ui/screens/TecladoNumerico.h"
 
 #include "platform/StringLiterals.h"

@@ -1,4 +1,3 @@
-// Which controls have captions that may be translated, and how keystrokes are sent.
 #include "ui/screens/Traduccion.h"
 
 #include "platform/StringLiterals.h"

@@ -1,4 +1,3 @@
-// Following of the grid, scrolling and clicks.
 #include "ui/screens/VistaRejilla.h"
 
 #include "platform/StringLiterals.h"
@@ -64,7 +63,7 @@ VistaRejilla::VistaRejilla(Rejilla& rejilla, const QString& nombre, QWidget* pad
 VistaRejilla::~VistaRejilla() {
     rejilla_.AlCambiar({});
     rejilla_.AlMover({});
-    // They go before the base, which would look at them once more.
+    // Model and delegate are destroyed before the base class, which would use them once more.
     setItemDelegate(nullptr);
     setModel(nullptr);
 }
@@ -119,7 +118,8 @@ void VistaRejilla::SeguirPosicion() {
 
 void VistaRejilla::updateGeometries() {
     {
-        // It takes the bar back to where the last page is full.
+        // The base class moves the bar back to where the last page is full; the operator has not
+        // scrolled then.
         const QScopedValueRollback siguiendo(siguiendo_, true);
         QTableView::updateGeometries();
     }

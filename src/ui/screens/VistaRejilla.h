@@ -1,6 +1,6 @@
-// A Rejilla on the screen. The view follows the grid: rows, widths, and which row stands on top,
-// also one that a table would not let come up so far. What the operator does with the pointer is
-// told by signals.
+// A Rejilla on the screen. The view follows the grid: rows, widths, and which row stands on top.
+// Any row can, also one of the last page, for which a table of Qt would not scroll so far. What the
+// operator does with the pointer is told by signals.
 #pragma once
 
 #include "ui/Rejilla.h"

@@ -1,4 +1,3 @@
-// Measures of a dialog's text.
 #include "ui/screens/ZonaTexto.h"
 
 #include "ui/screens/EtiquetaTexto.h"

@@ -1,4 +1,3 @@
-// The amount prompt.
 #include "ui/screens/frmCash.h"
 
 #include "platform/ErrorEjecucion.h"

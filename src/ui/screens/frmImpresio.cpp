@@ -1,4 +1,3 @@
-// The choice of printouts.
 #include "ui/screens/frmImpresio.h"
 
 #include "platform/StringLiterals.h"

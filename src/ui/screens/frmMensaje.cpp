@@ -1,4 +1,3 @@
-// Sizes and results of the message dialog.
 #include "ui/screens/frmMensaje.h"
 
 #include "platform/StringLiterals.h"

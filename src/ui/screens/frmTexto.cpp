@@ -1,4 +1,3 @@
-// The text prompt.
 #include "ui/screens/frmTexto.h"
 
 #include "platform/StringLiterals.h"
