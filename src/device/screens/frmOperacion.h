@@ -46,7 +46,7 @@ class frmOperacion final : public FramelessWindow, public VentanaOperacion {
     void MostrarLinea(Linea linea, bool visible);
     void PonerImporte(Linea linea, qint64 importe);
     void Cancelar();
-    void Colocar();
+    void Colocar() override;
 
     const Textos& textos_;
     const Importes& importes_;
