@@ -244,10 +244,11 @@ bool Aparato::Meter(qint32 valor) {
     }
     metidas_ = metidas;
     Q_EMIT progreso(*estado_.abierta);
+    const bool sobra = estado_.abierta->metodo == Metodo::Cobro &&
+                       estado_.abierta->entrado > estado_.abierta->valor;
     if (Falla(TipoFallo::Cancelar)) {
         Devolver({false, 0});
-    } else if (estado_.abierta->metodo == Metodo::Cobro &&
-               estado_.abierta->entrado > estado_.abierta->valor) {
+    } else if (sobra) {
         DarVuelta();
     }
     Q_EMIT cambiado();
