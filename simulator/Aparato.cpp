@@ -246,9 +246,11 @@ bool Aparato::Meter(qint32 valor) {
     Q_EMIT progreso(*estado_.abierta);
     const bool sobra = estado_.abierta->metodo == Metodo::Cobro &&
                        estado_.abierta->entrado > estado_.abierta->valor;
-    if (Falla(TipoFallo::Cancelar)) {
+    const bool cancela = Falla(TipoFallo::Cancelar);
+    if (cancela) {
         Devolver({false, 0});
-    } else if (sobra) {
+    }
+    if (sobra && !cancela) {
         DarVuelta();
     }
     Q_EMIT cambiado();
