@@ -4,7 +4,6 @@
 #include "ui/screens/Tema.h"
 
 #include <QScrollBar>
-#include <QScroller>
 
 namespace zv {
 
@@ -19,7 +18,6 @@ ZonaTexto::ZonaTexto(const QString& nombre, QWidget* padre)
     setMinimumHeight(1); // one line of text is less than a scroll area asks for
     viewport()->setAutoFillBackground(false);
     etiqueta_->setAutoFillBackground(false);
-    QScroller::grabGesture(viewport(), QScroller::TouchGesture);
 }
 
 void ZonaTexto::PonerTexto(const QString& texto) {
