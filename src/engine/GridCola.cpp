@@ -43,6 +43,7 @@ const std::array<Definicion, ColumnaCola::Cuantas> kColumnas{{
 
 std::vector<Columna> Columnas() {
     std::vector<Columna> columnas;
+    columnas.reserve(kColumnas.size());
     for (const Definicion& definicion : kColumnas) {
         columnas.push_back(definicion.columna);
     }
