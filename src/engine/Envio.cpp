@@ -4,6 +4,7 @@
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 #include "store/Palabras.h"
+#include "store/Tablas.h"
 #include "till/ResultadoEnvio.h"
 
 #include <limits>
@@ -91,15 +92,10 @@ void Envio::LeerFila(Operacion& op) {
         return;
     }
     const Row& fila = filas.front();
-    op.idZV = fila.LeerLong(u"idZV"_s);
-    op.importe = fila.LeerCurrency(u"importe"_s);
-    op.credito = fila.LeerCurrency(u"creditoError"_s);
-    op.venta.id1 = fila.LeerTexto(u"id1"_s);
-    op.venta.id2 = fila.LeerTexto(u"id2"_s);
-    op.venta.idcaja = fila.LeerLong(u"idcaja"_s);
-    op.venta.terminal = fila.LeerTexto(u"terminal"_s);
-    op.venta.vendedor = fila.LeerTexto(u"vendedor"_s);
-    op.venta.formapago = fila.LeerTexto(u"formapago"_s);
+    op.idZV = fila.LeerLong(columna::kIdZV);
+    op.importe = fila.LeerCurrency(columna::kImporte);
+    op.credito = fila.LeerCurrency(columna::kCreditoError);
+    op.venta = LeerVenta(fila);
 }
 
 bool Envio::AplicarCredito(Operacion& op) {
@@ -204,9 +200,9 @@ int Envio::AnotarFalloDelDispositivo(DeviceClient& cliente, const Operacion& op,
 }
 
 void Envio::EditarCredito(qint32 idZV, Currency importe) {
-    const auto cola = entorno_.Database().AbrirTabla(u"cola"_s);
+    const auto cola = entorno_.Database().AbrirTabla(tabla::kCola);
     if (cola->Buscar(idZV)) {
-        cola->Poner(u"creditoError"_s, ValorBD(importe));
+        cola->Poner(columna::kCreditoError, ValorBD(importe));
         cola->Actualizar();
         entorno_.log.LogLinea(u"EDIT_COLA_CREDITO_"_s + N(idZV) + u"_OK"_s);
     }

@@ -3,6 +3,7 @@
 #include "engine/Claves.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
+#include "store/Tablas.h"
 
 #include <algorithm>
 #include <array>
@@ -28,16 +29,16 @@ struct Definicion {
 // In the order of ColumnaCola.
 const std::array<Definicion, ColumnaCola::Cuantas> kColumnas{{
     {{.clave = &texto::kAnular, .alineacion = kCentro, .contenido = Contenido::Imagen}},
-    {{.delante = u"IdCola"_s}, u"idZV"_s},
-    {{.clave = &texto::kFechaVenta, .alineacion = kDerecha}, u"fecha"_s},
-    {{.clave = &texto::kIdVenta}, u"id1"_s},
-    {{.clave = &texto::kIdVenta, .detras = u" 2"_s}, u"id2"_s, &Configuracio::COLID2},
-    {{.clave = &texto::kCaja, .delante = u"Id. "_s}, u"idcaja"_s, &Configuracio::COLIDCAJA},
-    {{.clave = &texto::kTerminal}, u"terminal"_s, &Configuracio::COLTERMINAL},
-    {{.clave = &texto::kVendedor}, u"vendedor"_s, &Configuracio::COLVENDEDOR},
-    {{.clave = &texto::kFormaPago}, u"formapago"_s, &Configuracio::COLFORMAPAGO},
+    {{.delante = u"IdCola"_s}, columna::kIdZV},
+    {{.clave = &texto::kFechaVenta, .alineacion = kDerecha}, columna::kFecha},
+    {{.clave = &texto::kIdVenta}, columna::kId1},
+    {{.clave = &texto::kIdVenta, .detras = u" 2"_s}, columna::kId2, &Configuracio::COLID2},
+    {{.clave = &texto::kCaja, .delante = u"Id. "_s}, columna::kIdCaja, &Configuracio::COLIDCAJA},
+    {{.clave = &texto::kTerminal}, columna::kTerminal, &Configuracio::COLTERMINAL},
+    {{.clave = &texto::kVendedor}, columna::kVendedor, &Configuracio::COLVENDEDOR},
+    {{.clave = &texto::kFormaPago}, columna::kFormaPago, &Configuracio::COLFORMAPAGO},
     {{.clave = &texto::kImporte, .alineacion = kDerecha, .contenido = Contenido::Importe},
-     u"importe"_s},
+     columna::kImporte},
     {{.clave = &texto::kEnviar, .alineacion = kCentro, .contenido = Contenido::Imagen}},
 }};
 
@@ -98,7 +99,7 @@ QString FechaCorta(const QDateTime& fecha, bool sinHora) {
 // its columns in another order.
 struct GridCola::Campos {
     explicit Campos(const Row& fila)
-        : creditoError(fila.Indice(u"creditoError"_s)), manual(fila.Indice(u"manual"_s)) {
+        : creditoError(fila.Indice(columna::kCreditoError)), manual(fila.Indice(columna::kManual)) {
         for (std::size_t i = 0; i < de.size(); ++i) {
             de[i] = kColumnas[i].campo.isEmpty() ? -1 : fila.Indice(kColumnas[i].campo);
         }

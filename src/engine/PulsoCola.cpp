@@ -4,6 +4,7 @@
 #include "engine/Claves.h"
 #include "platform/RegistryNames.h"
 #include "platform/StringLiterals.h"
+#include "store/Tablas.h"
 #include "till/ResultadoEnvio.h"
 
 #include <algorithm>
@@ -163,7 +164,7 @@ void PulsoCola::EnviarPrimera() {
     const Row& fila = filas.front();
     qint32 idZV = 0;
     try {
-        idZV = fila.LeerLong(u"idZV"_s);
+        idZV = fila.LeerLong(columna::kIdZV);
     } catch (const ErrorEjecucion& e) {
         FallarSinEnviar(e);
         return;
@@ -198,14 +199,14 @@ void PulsoCola::FallarSinEnviar(const ErrorEjecucion& e) {
 }
 
 std::optional<QString> PulsoCola::AbonoDe(const Row& fila) const {
-    const int columna = fila.Indice(u"importe"_s);
+    const int campo = fila.Indice(columna::kImporte);
     Currency importe;
     try {
-        importe = fila.LeerCurrency(columna);
+        importe = fila.LeerCurrency(campo);
     } catch (const ErrorEjecucion&) {
         // The send fails on it; until then the operator reads what stands in the table.
-        const double valor = fila.Valor(columna).toDouble();
-        return valor < 0 ? std::optional(fila.Valor(columna).toString()) : std::nullopt;
+        const double valor = fila.Valor(campo).toDouble();
+        return valor < 0 ? std::optional(fila.Valor(campo).toString()) : std::nullopt;
     }
     if (importe >= Currency(0)) {
         return std::nullopt;

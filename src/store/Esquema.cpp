@@ -5,6 +5,7 @@
 #include "platform/StringLiterals.h"
 #include "store/Claves.h"
 #include "store/ConexionBD.h"
+#include "store/Tablas.h"
 
 namespace zv {
 
@@ -18,70 +19,72 @@ constexpr auto kText = ColumnType::Text;
 constexpr auto kBoolean = ColumnType::Boolean;
 
 TableDef TablaUsuarios() {
-    return {u"Usuarios"_s,
-            {{u"idUser"_s, kAutoLong},
-             {u"nombre"_s, kText, 20},
-             {u"password"_s, kText, 40},
-             {u"rol"_s, kLong}}};
+    return {tabla::kUsuarios,
+            {{columna::kIdUser, kAutoLong},
+             {columna::kNombre, kText, 20},
+             {columna::kPassword, kText, 40},
+             {columna::kRol, kLong}}};
 }
 
 TableDef TablaAccesos() {
-    return {u"Accesos"_s,
-            {{u"idAcceso"_s, kAutoLong},
-             {u"fecha"_s, kDate},
-             {u"usuario"_s, kText, 50},
-             {u"lugar"_s, kText, 50}}};
+    return {tabla::kAccesos,
+            {{columna::kIdAcceso, kAutoLong},
+             {columna::kFecha, kDate},
+             {columna::kUsuario, kText, 50},
+             {columna::kLugar, kText, 50}}};
 }
 
 TableDef TablaCola() {
     return {u"Cola"_s,
-            {{u"idZV"_s, kAutoLong},
-             {u"fecha"_s, kDate},
-             {u"importe"_s, kCurrency},
-             {u"id1"_s, kText, 50},
-             {u"id2"_s, kText, 50},
-             {u"idcaja"_s, kLong},
-             {u"terminal"_s, kText, 50},
-             {u"vendedor"_s, kText, 50},
-             {u"formapago"_s, kText, 50},
-             {u"creditoError"_s, kCurrency},
-             {u"manual"_s, kBoolean}}};
+            {{columna::kIdZV, kAutoLong},
+             {columna::kFecha, kDate},
+             {columna::kImporte, kCurrency},
+             {columna::kId1, kText, 50},
+             {columna::kId2, kText, 50},
+             {columna::kIdCaja, kLong},
+             {columna::kTerminal, kText, 50},
+             {columna::kVendedor, kText, 50},
+             {columna::kFormaPago, kText, 50},
+             {columna::kCreditoError, kCurrency},
+             {columna::kManual, kBoolean}}};
 }
 
 // Without usuario, which its own step adds in new files too.
 TableDef TablaProcesados() {
     return {u"Procesados"_s,
-            {{u"idZV"_s, kAutoLong},
-             {u"fechaZV"_s, kDate},
-             {u"fechaVenta"_s, kDate},
-             {u"importeVenta"_s, kCurrency},
-             {u"cobrado"_s, kCurrency},
-             {u"devuelto"_s, kCurrency},
-             {u"saldoZV"_s, kCurrency},
-             {u"estado"_s, kText, 20},
-             {u"id1"_s, kText, 50},
-             {u"id2"_s, kText, 50},
-             {u"idcaja"_s, kLong},
-             {u"terminal"_s, kText, 50},
-             {u"vendedor"_s, kText, 50},
-             {u"formapago"_s, kText, 50},
-             {u"error"_s, kText, 255},
-             {u"idCierre"_s, kLong},
-             {u"idcola"_s, kLong}}};
+            {{columna::kIdZV, kAutoLong},
+             {columna::kFechaZV, kDate},
+             {columna::kFechaVenta, kDate},
+             {columna::kImporteVenta, kCurrency},
+             {columna::kCobrado, kCurrency},
+             {columna::kDevuelto, kCurrency},
+             {columna::kSaldoZV, kCurrency},
+             {columna::kEstado, kText, 20},
+             {columna::kId1, kText, 50},
+             {columna::kId2, kText, 50},
+             {columna::kIdCaja, kLong},
+             {columna::kTerminal, kText, 50},
+             {columna::kVendedor, kText, 50},
+             {columna::kFormaPago, kText, 50},
+             {columna::kError, kText, 255},
+             {columna::kIdCierre, kLong},
+             {columna::kIdCola, kLong}}};
 }
 
 TableDef TablaCierres() {
-    TableDef tabla{u"Cierres"_s, {{u"idCierre"_s, kAutoLong}, {u"fecha"_s, kDate}}};
-    for (const char* columna :
-         {"saldoInicial", "cobros", "abonos", "ingresos", "pagos", "saldoZV", "importeCierre",
-          "cambioBilletes", "cambioMonedas", "cajonBilletes", "cajonMonedas"}) {
-        tabla.columnas.push_back({QString::fromLatin1(columna), kCurrency});
+    TableDef tabla{u"Cierres"_s, {{columna::kIdCierre, kAutoLong}, {columna::kFecha, kDate}}};
+    for (const QString* columna :
+         {&columna::kSaldoInicial, &columna::kCobros, &columna::kAbonos, &columna::kIngresos,
+          &columna::kPagos, &columna::kSaldoZV, &columna::kImporteCierre, &columna::kCambioBilletes,
+          &columna::kCambioMonedas, &columna::kCajonBilletes, &columna::kCajonMonedas}) {
+        tabla.columnas.push_back({*columna, kCurrency});
     }
     return tabla;
 }
 
 TableDef TablaHistorial() {
-    return {u"historial"_s, {{u"idHis"_s, kAutoLong}, {u"id"_s, kText, 255}, {u"fecha"_s, kDate}}};
+    return {tabla::kHistorial,
+            {{columna::kIdHis, kAutoLong}, {columna::kId, kText, 255}, {columna::kFecha, kDate}}};
 }
 
 bool Contiene(const QStringList& nombres, const QString& nombre) {
@@ -127,29 +130,20 @@ class Creador {
 
 void CrearLoQueFalta(DatabaseEngine& catalogo) {
     Creador creador(catalogo);
-    const QString usuarios = u"Usuarios"_s;
-    const QString accesos = u"Accesos"_s;
-    const QString cola = u"cola"_s;
-    const QString procesados = u"procesados"_s;
-    const QString historial = u"historial"_s;
-    const QString id = u"id"_s;
-    const QString usuario = u"usuario"_s;
-    const QString lugar = u"lugar"_s;
-    const QStringList id1id2{u"id1"_s, u"id2"_s};
-    const QString idcaja = u"idcaja"_s;
+    const QStringList id1id2{columna::kId1, columna::kId2};
 
     creador.Tabla(TablaUsuarios());
-    creador.Indice(usuarios, u"nombre"_s, {u"nombre"_s}, true);
+    creador.Indice(tabla::kUsuarios, columna::kNombre, {columna::kNombre}, true);
     creador.Tabla(TablaAccesos());
-    creador.Indice(accesos, usuario, {usuario});
-    creador.Indice(accesos, lugar, {lugar});
+    creador.Indice(tabla::kAccesos, columna::kUsuario, {columna::kUsuario});
+    creador.Indice(tabla::kAccesos, columna::kLugar, {columna::kLugar});
     creador.Tabla(TablaCola());
-    creador.Indice(cola, id, id1id2);
-    creador.Indice(cola, u"idCaja"_s, {idcaja});
+    creador.Indice(tabla::kCola, columna::kId, id1id2);
+    creador.Indice(tabla::kCola, u"idCaja"_s, {columna::kIdCaja});
     creador.Tabla(TablaProcesados());
-    creador.Indice(procesados, id, id1id2);
-    creador.Indice(procesados, idcaja, {idcaja});
-    creador.Columna(procesados, {usuario, kText, 50});
+    creador.Indice(tabla::kProcesados, columna::kId, id1id2);
+    creador.Indice(tabla::kProcesados, columna::kIdCaja, {columna::kIdCaja});
+    creador.Columna(tabla::kProcesados, {columna::kUsuario, kText, 50});
     creador.Tabla(TablaCierres());
     creador.Vista(u"v_cola_agrupar_id"_s,
                   u"SELECT * FROM cola WHERE id1+' '+id2 IN (SELECT Cola.id1+' "
@@ -163,7 +157,7 @@ void CrearLoQueFalta(DatabaseEngine& catalogo) {
                   "sumaGrupo FROM cola GROUP BY fecha,vendedor,formapago,terminal "
                   "HAVING Count(idCaja)>1"_s);
     creador.Tabla(TablaHistorial());
-    creador.Indice(historial, id, {id});
+    creador.Indice(tabla::kHistorial, columna::kId, {columna::kId});
 }
 
 } // namespace

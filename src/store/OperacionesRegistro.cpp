@@ -5,6 +5,7 @@
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 #include "store/Palabras.h"
+#include "store/Tablas.h"
 
 #include <functional>
 #include <limits>
@@ -116,15 +117,21 @@ QString FechaGeneral(const QDateTime& fecha) {
 }
 
 void PonerVenta(RecordSet& filas, const DatosVenta& venta) {
-    filas.Poner(u"id1"_s, Primeros(venta.id1));
-    filas.Poner(u"id2"_s, Primeros(venta.id2));
-    filas.Poner(u"idcaja"_s, venta.idcaja);
-    filas.Poner(u"terminal"_s, Primeros(venta.terminal));
-    filas.Poner(u"vendedor"_s, Primeros(venta.vendedor));
-    filas.Poner(u"formapago"_s, Primeros(venta.formapago));
+    filas.Poner(columna::kId1, Primeros(venta.id1));
+    filas.Poner(columna::kId2, Primeros(venta.id2));
+    filas.Poner(columna::kIdCaja, venta.idcaja);
+    filas.Poner(columna::kTerminal, Primeros(venta.terminal));
+    filas.Poner(columna::kVendedor, Primeros(venta.vendedor));
+    filas.Poner(columna::kFormaPago, Primeros(venta.formapago));
 }
 
 } // namespace
+
+DatosVenta LeerVenta(const Row& fila) {
+    return {fila.LeerTexto(columna::kId1),      fila.LeerTexto(columna::kId2),
+            fila.LeerLong(columna::kIdCaja),    fila.LeerTexto(columna::kTerminal),
+            fila.LeerTexto(columna::kVendedor), fila.LeerTexto(columna::kFormaPago)};
+}
 
 OperacionesRegistro::OperacionesRegistro(DatabaseEngine& motor, Log& log, Dialogos& dialogos,
                                          const Firma& firma, const Importes& importes,
@@ -146,22 +153,24 @@ qint32 OperacionesRegistro::AñadirProcesado(const QString& origen,
                      return ConDescripcion("ADDPROC_ERROR_", e) + CorcheteSiHay(origen);
                  }});
 
-    paso([&] { filas = motor_.AbrirTabla(u"procesados"_s); });
+    paso([&] { filas = motor_.AbrirTabla(tabla::kProcesados); });
     paso([&] { filas->Nuevo(); });
     paso([&] {
-        filas->Poner(u"fechaZV"_s, reloj_.Ahora());
-        filas->Poner(u"fechaVenta"_s, registro.fechaVenta);
-        filas->Poner(u"importeVenta"_s, ValorBD(registro.importeVenta));
-        filas->Poner(u"cobrado"_s, ValorBD(registro.cobrado));
-        filas->Poner(u"devuelto"_s, ValorBD(registro.devuelto));
-        filas->Poner(u"estado"_s, registro.estado);
+        filas->Poner(columna::kFechaZV, reloj_.Ahora());
+        filas->Poner(columna::kFechaVenta, registro.fechaVenta);
+        filas->Poner(columna::kImporteVenta, ValorBD(registro.importeVenta));
+        filas->Poner(columna::kCobrado, ValorBD(registro.cobrado));
+        filas->Poner(columna::kDevuelto, ValorBD(registro.devuelto));
+        filas->Poner(columna::kEstado, registro.estado);
         PonerVenta(*filas, registro.venta);
-        filas->Poner(u"error"_s, Primeros(registro.error));
-        filas->Poner(u"idCierre"_s, 0);
-        filas->Poner(u"saldoZV"_s, ValorBD(registro.saldoZV));
-        filas->Poner(u"idcola"_s, registro.idcola);
+        filas->Poner(columna::kError, Primeros(registro.error));
+        filas->Poner(columna::kIdCierre, 0);
+        filas->Poner(columna::kSaldoZV, ValorBD(registro.saldoZV));
+        filas->Poner(columna::kIdCola, registro.idcola);
     });
-    paso([&] { filas->Poner(u"usuario"_s, firma_.UsuarioFast() ? u"ZVFast"_s : firma_.GetNom()); });
+    paso([&] {
+        filas->Poner(columna::kUsuario, firma_.UsuarioFast() ? u"ZVFast"_s : firma_.GetNom());
+    });
     paso([&] { resultado = ALong(filas->ClaveNueva()); });
     paso([&] { filas->Actualizar(); });
     paso([&] {
@@ -188,14 +197,14 @@ qint32 OperacionesRegistro::AñadirColaProcesada(const QString& origen, qint32 i
 
     bool encontrada = false;
     RegistroProcesado registro;
-    paso([&] { cola = motor_.AbrirTabla(u"cola"_s); });
+    paso([&] { cola = motor_.AbrirTabla(tabla::kCola); });
     paso([&] { encontrada = cola->Buscar(idZV); });
     if (encontrada) {
         paso([&] {
             const Row& fila = cola->Actual();
             // A credit that is Null counts as 0.
             registro.importeVenta =
-                fila.LeerCurrency(u"importe"_s) - fila.LeerCurrency(u"creditoError"_s);
+                fila.LeerCurrency(columna::kImporte) - fila.LeerCurrency(columna::kCreditoError);
         });
         paso([&] {
             const Row& fila = cola->Actual();
@@ -204,9 +213,7 @@ qint32 OperacionesRegistro::AñadirColaProcesada(const QString& origen, qint32 i
             registro.cobrado = cobrado;
             registro.devuelto = devuelto;
             registro.estado = estado;
-            registro.venta = {fila.LeerTexto(u"id1"_s),      fila.LeerTexto(u"id2"_s),
-                              fila.LeerLong(u"idcaja"_s),    fila.LeerTexto(u"terminal"_s),
-                              fila.LeerTexto(u"vendedor"_s), fila.LeerTexto(u"formapago"_s)};
+            registro.venta = LeerVenta(fila);
             registro.saldoZV = saldoZV;
             registro.error = error;
             registro.idcola = idZV;
@@ -240,8 +247,8 @@ qint32 OperacionesRegistro::BorrarColaGrupo(const QString& origen, qint32 idZV,
         paso([&] {
             resultado = AñadirColaProcesada((origen.isEmpty() ? QString() : origen + u'_') +
                                                 u"DELCOLA_GRUPO_"_s + tipoGrupo,
-                                            filas.front().LeerLong(u"idZV"_s), estado::kCancel, 0,
-                                            0, 0, u"Anulada por cobro agrupado "_s + tipoGrupo);
+                                            filas.front().LeerLong(columna::kIdZV), estado::kCancel,
+                                            0, 0, 0, u"Anulada por cobro agrupado "_s + tipoGrupo);
         });
         if (resultado == 0) {
             paso([&] { log_.LogLinea(u"DELCOLA_GRUPO: AñadirColaProcesada FAIL"_s); });
@@ -261,14 +268,14 @@ qint32 OperacionesRegistro::AñadirHistorial(const QString& origen, const QStrin
                                   }});
 
     QString clave;
-    paso([&] { filas = motor_.AbrirTabla(u"historial"_s); });
+    paso([&] { filas = motor_.AbrirTabla(tabla::kHistorial); });
     paso([&] { filas->Nuevo(); });
     paso([&] {
         clave = Primeros(QString::number(fecha.date().year()) + u'/' + id1 + u'/' + id2 + u'/' +
                          QString::number(idcaja) + u' ' + importes_.FormatoImporte(importe));
     });
-    paso([&] { filas->Poner(u"id"_s, clave); });
-    paso([&] { filas->Poner(u"fecha"_s, reloj_.Ahora()); });
+    paso([&] { filas->Poner(columna::kId, clave); });
+    paso([&] { filas->Poner(columna::kFecha, reloj_.Ahora()); });
     paso([&] { resultado = ALong(filas->ClaveNueva()); });
     paso([&] { filas->Actualizar(); });
     paso([&] {
@@ -314,13 +321,13 @@ qint32 OperacionesRegistro::AñadirCola(const QString& origen, const QDateTime& 
     if (historia <= 0) {
         return 0;
     }
-    paso([&] { filas = motor_.AbrirTabla(u"cola"_s); });
+    paso([&] { filas = motor_.AbrirTabla(tabla::kCola); });
     paso([&] { filas->Nuevo(); });
     paso([&] {
-        filas->Poner(u"fecha"_s, fecha);
-        filas->Poner(u"importe"_s, ValorBD(importe));
+        filas->Poner(columna::kFecha, fecha);
+        filas->Poner(columna::kImporte, ValorBD(importe));
         PonerVenta(*filas, venta);
-        filas->Poner(u"creditoError"_s, ValorBD(0));
+        filas->Poner(columna::kCreditoError, ValorBD(0));
     });
     paso([&] { resultado = ALong(filas->ClaveNueva()); });
     paso([&] { filas->Actualizar(); });

@@ -22,6 +22,9 @@ struct DatosVenta {
     QString formapago;
 };
 
+// Of a row of cola or of procesados; a Null reads as empty or 0.
+DatosVenta LeerVenta(const Row& fila);
+
 // One row of procesados as its caller gives it. Amounts in minor units.
 struct RegistroProcesado {
     QDateTime fechaVenta;

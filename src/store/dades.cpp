@@ -3,6 +3,7 @@
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 #include "store/Palabras.h"
+#include "store/Tablas.h"
 
 namespace zv {
 
@@ -81,18 +82,18 @@ void dades::InsertaProtegido(const Missatge& missatge, bool& resultado) {
         // The table would refuse it, with the record set open.
         return;
     }
-    filas_ = Exigir(insercion_).AbrirConjunto(u"Cola"_s, {missatge.ID1});
+    filas_ = Exigir(insercion_).AbrirConjunto(tabla::kCola, {missatge.ID1});
     if (!filas_->HayActual()) {
         filas_->Nuevo();
-        filas_->Poner(u"fecha"_s, reloj_.Ahora());
-        filas_->Poner(u"importe"_s, ValorBD(missatge.Importe));
-        filas_->Poner(u"id1"_s, missatge.ID1);
-        filas_->Poner(u"id2"_s, missatge.ID2);
-        filas_->Poner(u"idcaja"_s, missatge.IDcaja);
-        filas_->Poner(u"terminal"_s, missatge.Terminal);
-        filas_->Poner(u"vendedor"_s, missatge.Vendedor);
-        filas_->Poner(u"formapago"_s, missatge.Formapago);
-        filas_->Poner(u"creditoError"_s, ValorBD(0));
+        filas_->Poner(columna::kFecha, reloj_.Ahora());
+        filas_->Poner(columna::kImporte, ValorBD(missatge.Importe));
+        filas_->Poner(columna::kId1, missatge.ID1);
+        filas_->Poner(columna::kId2, missatge.ID2);
+        filas_->Poner(columna::kIdCaja, missatge.IDcaja);
+        filas_->Poner(columna::kTerminal, missatge.Terminal);
+        filas_->Poner(columna::kVendedor, missatge.Vendedor);
+        filas_->Poner(columna::kFormaPago, missatge.Formapago);
+        filas_->Poner(columna::kCreditoError, ValorBD(0));
         filas_->Actualizar();
         resultado = true;
     }
