@@ -50,6 +50,7 @@ log_has() {
 # Without -noreset the server starts anew when its last client leaves, and takes with it whoever
 # connects just then.
 start_display() {
+  rm -f "$till/display" # one that stands belongs to a former screen
   Xvfb -displayfd 3 -screen 0 "$1x24" -nolisten tcp -noreset 3>"$till/display" >/dev/null 2>&1 &
   pids+=($!)
   wait_for 20 "the virtual screen" test -s "$till/display"

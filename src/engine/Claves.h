@@ -60,7 +60,8 @@ inline constexpr Clave kClavesEngine[] = {
     {u"frmZVMonitor", u"boton_9", u"Agrupar¬cobros"},
     {u"frmZVMonitor", u"boton_10", u"Contraseña"},
     {u"frmZVMonitor", u"boton_12", u"Configurar"},
-    // what its box and its lamps mean
+    // what its grid, its box and its lamps mean
+    {u"frmZVMonitor", u"grdZV", u"Operaciones pendientes"},
     {u"frmZVMonitor", u"TextIni", u"Código de barras"},
     {u"frmZVMonitor", u"ShapeOK", u"Niveles normales"},
     {u"frmZVMonitor", u"ShapeAlert", u"Niveles en alerta"},
@@ -100,6 +101,7 @@ inline constexpr const Clave& kLbContador = Entrada(kClavesEngine, u"frmZVMonito
 inline constexpr const Clave& kLbEstado = Entrada(kClavesEngine, u"frmZVMonitor", u"lbEstado");
 inline constexpr const Clave& kBtnMinimizar = Entrada(kClavesEngine, u"frmZVMonitor", u"btnW_0");
 inline constexpr const Clave& kBtnManuales = Entrada(kClavesEngine, u"frmZVMonitor", u"btnW_2");
+inline constexpr const Clave& kGrdZV = Entrada(kClavesEngine, u"frmZVMonitor", u"grdZV");
 inline constexpr const Clave& kCodigoBarras = Entrada(kClavesEngine, u"frmZVMonitor", u"TextIni");
 inline constexpr const Clave& kShapeOK = Entrada(kClavesEngine, u"frmZVMonitor", u"ShapeOK");
 inline constexpr const Clave& kShapeAlert = Entrada(kClavesEngine, u"frmZVMonitor", u"ShapeAlert");

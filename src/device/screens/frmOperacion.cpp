@@ -142,7 +142,7 @@ void frmOperacion::MostrarLinea(Linea linea, bool visible) {
 
 void frmOperacion::PonerImporte(Linea linea, qint64 importe) {
     valor_[linea]->setText(importes_.FormatoImporte(Currency::DeEntero(importe)));
-    valor_[linea]->setAccessibleName(rotulo_[linea]->text());
+    valor_[linea]->setAccessibleName(rotulo_[linea]->text() + u' ' + valor_[linea]->text());
 }
 
 void frmOperacion::Abrir(OperationKind kind, qint32 importe, std::function<void()> cancelar) {

@@ -200,7 +200,8 @@ void DisenoMonitor::ConstruirEstado(QWidget& ventana) {
 }
 
 void DisenoMonitor::ConstruirGrid(QWidget& ventana, Rejilla& cola) {
-    grdZV = new VistaRejilla(cola, u"grdZV"_s, &ventana);
+    grdZV = new VistaRejilla(cola, texto::kGrdZV.Nombre(), &ventana);
+    Nombrar(*grdZV, texto::kGrdZV);
     pctScrollBar = new Paginador(u"pctScrollBar"_s, &ventana);
     btnArriba = pctScrollBar->BtnArriba();
     btnAbajo = pctScrollBar->BtnAbajo();

@@ -1,5 +1,6 @@
 #include "engine/screens/Lampara.h"
 
+#include "ui/screens/Rol.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
 
@@ -15,6 +16,7 @@ constexpr double kBorde = 2.5;
 } // namespace
 
 Lampara::Lampara(Marca marca, const Clave& clave, QWidget* padre) : QWidget(padre), marca_(marca) {
+    PonerRol(*this, QAccessible::Graphic);
     Nombrar(*this, clave, Pista::Si);
     hide();
 }

@@ -2,6 +2,7 @@
 
 #include "engine/Claves.h"
 #include "platform/StringLiterals.h"
+#include "ui/screens/Rol.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
 
@@ -46,6 +47,7 @@ frmZVMonitor::frmZVMonitor(PartesMonitor partes, AccionesVentana acciones)
       arrastre_(*this, [this] { return !maximizando_; }) {
     setObjectName(u"frmZVMonitor"_s);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
+    PonerRol(*this, QAccessible::Window);
     setMinimumSize(1000, 600);
     ui_.Construir(*this, partes_.grid.Celdas());
     // The widgets start as the engine's own defaults, so that only differences are applied.

@@ -6,6 +6,7 @@
 #include "support/ImprimeQt.h"
 #include "ui/Importes.h"
 #include "ui/Textos.h"
+#include "ui/screens/Accesible.h"
 
 #include <QApplication>
 #include <QFile>
@@ -51,6 +52,19 @@ TEST_F(frmOperacionTest, ShowsWhatAChargeAsksForAndWhatIsStillMissing) {
     ventana.Progreso(2000, 750);
     EXPECT_EQ(Texto("lbImporteSalido"), u"7,50 €"_s);
     EXPECT_EQ(Texto("lbImporteFalta"), u"0,00 €"_s);
+}
+
+TEST_F(frmOperacionTest, ReadsEachAmountAloudWithWhatItIs) {
+    const auto nombre = [this](const char* control) {
+        return test::NombreDe(*ventana.findChild<QLabel*>(QString::fromLatin1(control)));
+    };
+    Abrir(OperationKind::Cobro, 1250);
+    EXPECT_EQ(test::NombreDe(ventana), u"Cobro"_s);
+    EXPECT_EQ(nombre("lbImportePedido"), u"A cobrar 12,50 €"_s);
+    ventana.Progreso(2000, 750);
+    EXPECT_EQ(nombre("lbImporteEntrado"), u"Introducido 20,00 €"_s);
+    EXPECT_EQ(nombre("lbImporteSalido"), u"Devuelto 7,50 €"_s);
+    EXPECT_EQ(nombre("lbImporteFalta"), u"Pendiente 0,00 €"_s);
 }
 
 TEST_F(frmOperacionTest, HasTheTitleOfEveryWindow) {

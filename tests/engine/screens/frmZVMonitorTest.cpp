@@ -2,6 +2,7 @@
 #include "BancoPantalla.h"
 #include "config/Modo.h"
 #include "platform/StringLiterals.h"
+#include "ui/screens/Accesible.h"
 
 #include <QSocketNotifier>
 #include <QTimer>
@@ -22,6 +23,15 @@ TEST_F(frmZVMonitorTest, ControlsCarryTheirNames) {
     for (const QString& nombre : nombres) {
         EXPECT_NE(pantalla->findChild<QWidget*>(nombre), nullptr) << nombre.toStdString();
     }
+}
+
+TEST_F(frmZVMonitorTest, TellsWhatItIsAndWhatItsGridAndItsLampsAre) {
+    EXPECT_EQ(PapelDe(*pantalla), QAccessible::Window);
+    EXPECT_EQ(NombreDe(*D().grdZV), u"Operaciones pendientes"_s);
+    for (Lampara* lampara : {D().ShapeOK, D().ShapeAlert, D().ShapeCritico}) {
+        EXPECT_EQ(PapelDe(*lampara), QAccessible::Graphic);
+    }
+    EXPECT_EQ(NombreDe(*D().ShapeCritico), u"Niveles críticos o sin conexión"_s);
 }
 
 TEST_F(frmZVMonitorTest, ShowsTheQueueAndItsCounter) {
