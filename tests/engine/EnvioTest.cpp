@@ -4,10 +4,17 @@
 #include "BancoEngine.h"
 #include "platform/StringLiterals.h"
 #include "store/Palabras.h"
+#include "support/GanchoFallos.h"
 #include "support/NumeroError.h"
 #include "till/ResultadoEnvio.h"
 
 namespace zv::test {
+
+namespace {
+
+constexpr int kSiempre = 1000; // failures, more than any operation tries
+
+} // namespace
 
 class EnvioTest : public BancoEngine {
   protected:
@@ -313,12 +320,8 @@ TEST_F(EnvioTest, AVanishedRowReachesTheFilingAndTellsTheOperator) {
 TEST_F(EnvioTest, AFailedFilingIsToldAndRolledBackWithTheRowKept) {
     const qint32 id = PonerFila(500);
     cliente.EsperaCharge(500, 500, 0);
-    motor.PonerGancho([](const Statement& s) {
-        if (s.kind == Statement::Kind::Escritura &&
-            s.sql.contains(u"procesados"_s, Qt::CaseInsensitive)) {
-            throw ErrorEjecucion(10, u"disk I/O error"_s);
-        }
-    });
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Escritura, u"procesados"_s, kSiempre, {10, u"disk I/O error"_s});
     dialogos.EsperaCaja(u"Error al procesar la operación, consulte con el técnico de Zorvex"_s);
     EXPECT_EQ(Enviar(id), envio::kBien);
     motor.PonerGancho({});
@@ -333,12 +336,8 @@ TEST_F(EnvioTest, AFailedFilingIsToldAndRolledBackWithTheRowKept) {
 TEST_F(EnvioTest, AFailedDeleteOfTheQueueRowRollsTheRecordBack) {
     const qint32 id = PonerFila(500);
     cliente.EsperaCharge(500, 500, 0);
-    motor.PonerGancho([](const Statement& s) {
-        if (s.kind == Statement::Kind::Escritura &&
-            s.sql.startsWith(u"DELETE"_s, Qt::CaseInsensitive)) {
-            throw ErrorEjecucion(10, u"disk I/O error"_s);
-        }
-    });
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Escritura, u"DELETE"_s, kSiempre, {10, u"disk I/O error"_s});
     dialogos.EsperaCaja(u"Error al procesar la operación, consulte con el técnico de Zorvex"_s);
     EXPECT_EQ(Enviar(id), envio::kBien);
     motor.PonerGancho({});
@@ -349,11 +348,8 @@ TEST_F(EnvioTest, AFailedDeleteOfTheQueueRowRollsTheRecordBack) {
 TEST_F(EnvioTest, AFailureOfTheCommitIsAnErrorOfTheSend) {
     const qint32 id = PonerFila(500);
     cliente.EsperaCharge(500, 500, 0);
-    motor.PonerGancho([](const Statement& s) {
-        if (s.kind == Statement::Kind::Confirmar) {
-            throw ErrorEjecucion(13, u"database or disk is full"_s);
-        }
-    });
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Confirmar, u""_s, kSiempre, {13, u"database or disk is full"_s});
     EXPECT_EQ(Enviar(id), envio::kError);
     motor.PonerGancho({});
     EXPECT_EQ(log.lineas.last(),
@@ -398,11 +394,8 @@ TEST_F(EnvioTest, ACommitLineThatCannotBeWrittenIsAnErrorOfASaleThatIsFiled) {
 TEST_F(EnvioTest, AFailedCreditLeavesTheTransactionOpen) {
     const qint32 id = PonerFila(500);
     cliente.EsperaCharge(500, 300, 0, FinGuion::Error(5, u"Atasco"_s));
-    motor.PonerGancho([](const Statement& s) {
-        if (s.sql.startsWith(u"UPDATE"_s)) {
-            throw ErrorEjecucion(5, u"database is locked"_s);
-        }
-    });
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Escritura, u"UPDATE"_s, kSiempre, {5, u"database is locked"_s});
     EXPECT_EQ(Enviar(id), envio::kError);
     motor.PonerGancho({});
     EXPECT_EQ(motor.Nivel(), 1);
@@ -573,11 +566,8 @@ TEST_F(EnvioTest, NobodyIsLockedOutWhileTheOperatorReadsOfAFailedFiling) {
     const qint32 id = PonerFila(500);
     cliente.EsperaCharge(500, 500, 0);
     // The record is written, its row of the queue cannot be deleted.
-    motor.PonerGancho([](const Statement& s) {
-        if (s.kind == Statement::Kind::Escritura && s.sql.startsWith(u"DELETE"_s)) {
-            throw ErrorEjecucion(10, u"disk I/O error"_s);
-        }
-    });
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Escritura, u"DELETE"_s, kSiempre, {10, u"disk I/O error"_s});
     dialogos.EsperaCaja(TextoFallo(), [&] {
         EXPECT_EQ(motor.Nivel(), 0);
         EXPECT_TRUE(OtroPuedeEscribir());
@@ -591,11 +581,8 @@ TEST_F(EnvioTest, NobodyIsLockedOutWhileTheOperatorReadsOfAFailedFiling) {
 
 TEST_F(EnvioTest, NorWhileHeReadsThatAZeroAmountCouldNotBeFiled) {
     const qint32 id = PonerFila(0);
-    motor.PonerGancho([](const Statement& s) {
-        if (s.kind == Statement::Kind::Escritura && s.sql.startsWith(u"DELETE"_s)) {
-            throw ErrorEjecucion(10, u"disk I/O error"_s);
-        }
-    });
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Escritura, u"DELETE"_s, kSiempre, {10, u"disk I/O error"_s});
     dialogos.EsperaCaja(TextoFallo(), [&] {
         EXPECT_EQ(motor.Nivel(), 0);
         EXPECT_TRUE(OtroPuedeEscribir());
@@ -607,11 +594,8 @@ TEST_F(EnvioTest, NorWhileHeReadsThatAZeroAmountCouldNotBeFiled) {
 }
 
 TEST_F(EnvioTest, ARollbackThatFailsIsAnErrorOfTheSendAfterTheBox) {
-    motor.PonerGancho([](const Statement& s) {
-        if (s.kind == Statement::Kind::Deshacer) {
-            throw ErrorEjecucion(10, u"disk I/O error"_s);
-        }
-    });
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Deshacer, u""_s, kSiempre, {10, u"disk I/O error"_s});
     dialogos.EsperaCaja(TextoFallo());
     EXPECT_EQ(Enviar(77), envio::kError);
     motor.PonerGancho({});

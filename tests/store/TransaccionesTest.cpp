@@ -1,7 +1,7 @@
 // Transaction levels: the lazy begin, nesting, and what stands after each way in which a begin, a
 // write, a commit or a rollback can fail.
+#include "DosConexiones.h"
 #include "platform/StringLiterals.h"
-#include "support/BaseDeDatosTemporal.h"
 #include "support/GanchoFallos.h"
 #include "support/ImprimeQt.h"
 #include "support/NumeroError.h"
@@ -16,20 +16,8 @@ using test::GanchoFallos;
 using test::NumeroError;
 using Kind = Statement::Kind;
 
-class TransaccionesTest : public testing::Test {
+class TransaccionesTest : public test::DosConexiones {
   protected:
-    static void Insertar(DatabaseEngine& motor, int importe) {
-        motor.Ejecutar(u"INSERT INTO cola (importe) VALUES (?)"_s, {importe});
-    }
-    void Insertar(int importe) { Insertar(motor, importe); }
-    // Amounts that another program sees.
-    QString Guardado() {
-        QStringList importes;
-        for (const Row& fila : otro->Consultar(u"SELECT importe FROM cola ORDER BY importe"_s)) {
-            importes.append(fila.LeerTexto(0));
-        }
-        return importes.join(QLatin1Char(','));
-    }
     // Nothing more fits into the file.
     void LlenarDisco() {
         const qint32 paginas = motor.Consultar(u"PRAGMA page_count"_s).at(0).LeerLong(0);
@@ -41,10 +29,6 @@ class TransaccionesTest : public testing::Test {
                            {QString(50, u'x'), QString(50, u'y')});
         }
     }
-
-    BaseDeDatosTemporal base;
-    DatabaseEngine& motor = base.Database();
-    std::unique_ptr<SqliteEngine> otro = base.Otro();
 };
 
 TEST_F(TransaccionesTest, AnOpenLevelThatHasNotWrittenLocksNobodyOut) {

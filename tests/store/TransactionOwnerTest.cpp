@@ -1,8 +1,8 @@
 // What becomes of transaction levels that nobody ended, and how long a filing waits for a lock.
 #include "store/TransactionOwner.h"
 
+#include "DosConexiones.h"
 #include "platform/StringLiterals.h"
-#include "support/BaseDeDatosTemporal.h"
 #include "support/GanchoFallos.h"
 #include "support/ImprimeQt.h"
 #include "support/LogMemoria.h"
@@ -25,25 +25,10 @@ using Kind = Statement::Kind;
 
 const QString kDeshecha = u">>> Transacción abandonada: deshecha"_s;
 
-class TransactionOwnerTest : public testing::Test {
+class TransactionOwnerTest : public test::DosConexiones {
   protected:
-    static void Insertar(DatabaseEngine& motor, int importe) {
-        motor.Ejecutar(u"INSERT INTO cola (importe) VALUES (?)"_s, {importe});
-    }
-    void Insertar(int importe) { Insertar(motor, importe); }
-    // Amounts that another program sees.
-    QString Guardado() {
-        QStringList importes;
-        for (const Row& fila : otro->Consultar(u"SELECT importe FROM cola ORDER BY importe"_s)) {
-            importes.append(fila.LeerTexto(0));
-        }
-        return importes.join(QLatin1Char(','));
-    }
     void EsperaQueOtroPuedaEscribir() { EXPECT_NO_THROW(Insertar(*otro, 99)); }
 
-    BaseDeDatosTemporal base;
-    DatabaseEngine& motor = base.Database();
-    std::unique_ptr<SqliteEngine> otro = base.Otro();
     LogMemoria log;
     TransactionOwner dueño{motor, log};
 };
