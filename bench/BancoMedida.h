@@ -68,7 +68,7 @@ class DialogosProhibidos final : public Dialogos {
     QString PedirTexto(const QString& titulo, const QString&, const QString&) override {
         Fin(titulo);
     }
-    Currency PedirImporte(const QString& titulo, const QString&, Currency, bool, bool&) override {
+    Currency PedirImporte(const QString& titulo, const QString&, Currency, bool*, bool&) override {
         Fin(titulo);
     }
     void CajaSimple(const QString& texto) override { Fin(texto); }

@@ -31,7 +31,7 @@ class DialogosNulos final : public zv::Dialogos {
         std::exit(EXIT_FAILURE);
     }
     QString PedirTexto(const QString&, const QString&, const QString&) override { return {}; }
-    zv::Currency PedirImporte(const QString&, const QString&, zv::Currency, bool, bool&) override {
+    zv::Currency PedirImporte(const QString&, const QString&, zv::Currency, bool*, bool&) override {
         return {};
     }
     void CajaSimple(const QString&) override { std::exit(EXIT_FAILURE); }

@@ -43,9 +43,11 @@ class Dialogos {
     // One line of text; empty when cancelled.
     virtual QString PedirTexto(const QString& titulo, const QString& texto,
                                const QString& porDefecto = {}) = 0;
-    // An amount in minor units, default in minor units too; cancelado tells how it ended.
+    // An amount in minor units, default in minor units too; cancelado tells how it ended. Not null,
+    // sinImporte offers to end it without an amount, and tells whether that was chosen: cancelado
+    // is set then too.
     virtual Currency PedirImporte(const QString& titulo, const QString& prompt, Currency porDefecto,
-                                  bool sinImporte, bool& cancelado) = 0;
+                                  bool* sinImporte, bool& cancelado) = 0;
     // The platform's plain message box with one button.
     virtual void CajaSimple(const QString& texto) = 0;
 };

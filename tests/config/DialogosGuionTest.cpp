@@ -25,20 +25,28 @@ TEST(DialogosGuion, AnswersInOrder) {
     guion.EsperaTexto(testing::_, testing::_, u"causa"_s, u"antes"_s);
     guion.EsperaImporte(testing::_, testing::_, Currency(1250));
     guion.EsperaImporte(testing::_, testing::_, Currency(), true);
+    guion.EsperaSinImporte(testing::_, testing::_);
     guion.EsperaCaja(Hola());
     EXPECT_EQ(guion.MostrarMensaje(Hola(), u"x"_s, EstiloMensaje::SiNo), Respuesta::Si);
     EXPECT_TRUE(visto);
     EXPECT_EQ(guion.PedirTexto(Hola(), {}, u"antes"_s), u"causa"_s);
     bool cancelado = true;
-    EXPECT_EQ(guion.PedirImporte(Hola(), {}, Currency(7), true, cancelado), Currency(1250));
+    bool sinImporte = true;
+    EXPECT_EQ(guion.PedirImporte(Hola(), {}, Currency(7), &sinImporte, cancelado), Currency(1250));
     EXPECT_FALSE(cancelado);
+    EXPECT_FALSE(sinImporte);
     EXPECT_EQ(guion.UltimoImportePorDefecto(), Currency(7));
     EXPECT_TRUE(guion.UltimoSinImporte());
-    EXPECT_EQ(guion.PedirImporte(Hola(), {}, Currency(), false, cancelado), Currency());
+    EXPECT_EQ(guion.PedirImporte(Hola(), {}, Currency(), nullptr, cancelado), Currency());
     EXPECT_TRUE(cancelado);
+    EXPECT_FALSE(guion.UltimoSinImporte());
+    cancelado = false;
+    EXPECT_EQ(guion.PedirImporte(Hola(), {}, Currency(), &sinImporte, cancelado), Currency());
+    EXPECT_TRUE(cancelado);
+    EXPECT_TRUE(sinImporte);
     guion.CajaSimple(Hola());
     EXPECT_EQ(guion.Pendientes(), 0U);
-    EXPECT_EQ(guion.Llamadas().size(), 5);
+    EXPECT_EQ(guion.Llamadas().size(), 6);
 }
 
 TEST(DialogosGuion, AnUnexpectedDialogFailsTheTest) {
@@ -46,7 +54,7 @@ TEST(DialogosGuion, AnUnexpectedDialogFailsTheTest) {
     EXPECT_NONFATAL_FAILURE(guion.MostrarMensaje(Hola(), {}), "unexpected dialog");
     EXPECT_NONFATAL_FAILURE(guion.CajaSimple(Hola()), "unexpected dialog");
     bool cancelado = false;
-    EXPECT_NONFATAL_FAILURE(guion.PedirImporte(Hola(), {}, {}, false, cancelado),
+    EXPECT_NONFATAL_FAILURE(guion.PedirImporte(Hola(), {}, {}, nullptr, cancelado),
                             "unexpected dialog");
     EXPECT_TRUE(cancelado);
 }

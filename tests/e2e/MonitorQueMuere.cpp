@@ -81,7 +81,7 @@ class OperadorMortal final : public Dialogos {
         puntos_.Pasar();
         return porDefecto;
     }
-    Currency PedirImporte(const QString&, const QString&, Currency porDefecto, bool,
+    Currency PedirImporte(const QString&, const QString&, Currency porDefecto, bool*,
                           bool& cancelado) override {
         puntos_.Pasar();
         cancelado = false;

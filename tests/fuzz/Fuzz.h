@@ -89,7 +89,7 @@ class DialogosMudos final : public Dialogos {
         return porDefecto;
     }
     Currency PedirImporte(const QString& /*titulo*/, const QString& /*prompt*/, Currency porDefecto,
-                          bool /*sinImporte*/, bool& cancelado) override {
+                          bool* /*sinImporte*/, bool& cancelado) override {
         cancelado = false;
         return porDefecto;
     }

@@ -117,9 +117,11 @@ class Fotografo {
         for (const bool sinImporte : {false, true}) {
             AlAbrir(sinImporte ? u"cash-no-amount"_s : u"cash"_s, [&] {
                 bool cancelado = false;
+                bool elegido = false;
                 dialogos_.PedirImporte(T("cobroManual2", "Cobro manual"),
                                        T("introduzcaImporte", "Introduzca el importe"),
-                                       Currency(sinImporte ? 0 : 123456), sinImporte, cancelado);
+                                       Currency(sinImporte ? 0 : 123456),
+                                       sinImporte ? &elegido : nullptr, cancelado);
             });
         }
         frmImpresio impresio(textos_);

@@ -55,6 +55,7 @@ void DialogosGuion::EsperaMensaje(TextoEsperado titulo, TextoEsperado texto, Res
                       {},
                       {},
                       false,
+                      false,
                       std::move(mientras)});
 }
 
@@ -68,6 +69,7 @@ void DialogosGuion::EsperaTexto(TextoEsperado titulo, TextoEsperado texto, const
                       Respuesta::Ninguna,
                       respuesta,
                       {},
+                      false,
                       false,
                       std::move(mientras)});
 }
@@ -83,7 +85,22 @@ void DialogosGuion::EsperaImporte(TextoEsperado titulo, TextoEsperado prompt, Cu
                       {},
                       respuesta,
                       cancelado,
+                      false,
                       std::move(mientras)});
+}
+
+void DialogosGuion::EsperaSinImporte(TextoEsperado titulo, TextoEsperado prompt) {
+    guion_.push_back({Kind::Importe,
+                      std::move(titulo),
+                      std::move(prompt),
+                      testing::_,
+                      1,
+                      Respuesta::Ninguna,
+                      {},
+                      {},
+                      true,
+                      true,
+                      {}});
 }
 
 void DialogosGuion::EsperaCaja(TextoEsperado texto, Accion mientras) {
@@ -95,6 +112,7 @@ void DialogosGuion::EsperaCaja(TextoEsperado texto, Accion mientras) {
                       Respuesta::Ninguna,
                       {},
                       {},
+                      false,
                       false,
                       std::move(mientras)});
 }
@@ -151,11 +169,14 @@ QString DialogosGuion::PedirTexto(const QString& titulo, const QString& texto,
 }
 
 Currency DialogosGuion::PedirImporte(const QString& titulo, const QString& prompt,
-                                     Currency porDefecto, bool sinImporte, bool& cancelado) {
+                                     Currency porDefecto, bool* sinImporte, bool& cancelado) {
     ultimoImporte_ = porDefecto;
-    ultimoSinImporte_ = sinImporte;
-    const auto paso = Siguiente(Kind::Importe, titulo, prompt, sinImporte ? 1 : 0, {});
+    ultimoSinImporte_ = sinImporte != nullptr;
+    const auto paso = Siguiente(Kind::Importe, titulo, prompt, ultimoSinImporte_ ? 1 : 0, {});
     cancelado = paso ? paso->cancelado : true;
+    if (sinImporte != nullptr) {
+        *sinImporte = paso && paso->sinImporte;
+    }
     return paso ? paso->importe : Currency();
 }
 

@@ -35,6 +35,8 @@ class DialogosGuion final : public Dialogos {
     // respuesta in minor units.
     void EsperaImporte(TextoEsperado titulo, TextoEsperado prompt, Currency respuesta,
                        bool cancelado = false, Accion mientras = {});
+    // "No amount", where it is offered.
+    void EsperaSinImporte(TextoEsperado titulo, TextoEsperado prompt);
     void EsperaCaja(TextoEsperado texto, Accion mientras = {});
 
     // Every call that came, in order, as "Mensaje|title|text|style" and the like.
@@ -52,7 +54,7 @@ class DialogosGuion final : public Dialogos {
     QString PedirTexto(const QString& titulo, const QString& texto,
                        const QString& porDefecto = {}) override;
     Currency PedirImporte(const QString& titulo, const QString& prompt, Currency porDefecto,
-                          bool sinImporte, bool& cancelado) override;
+                          bool* sinImporte, bool& cancelado) override;
     void CajaSimple(const QString& texto) override;
 
   private:
@@ -67,6 +69,7 @@ class DialogosGuion final : public Dialogos {
         QString respuesta;
         Currency importe;
         bool cancelado;
+        bool sinImporte;
         Accion mientras;
     };
 

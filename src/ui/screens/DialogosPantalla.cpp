@@ -49,12 +49,15 @@ QString DialogosPantalla::PedirTexto(const QString& titulo, const QString& texto
 }
 
 Currency DialogosPantalla::PedirImporte(const QString& titulo, const QString& prompt,
-                                        Currency porDefecto, bool sinImporte, bool& cancelado) {
+                                        Currency porDefecto, bool* sinImporte, bool& cancelado) {
     frmCash pantalla(textos_, importes_, Padre());
-    pantalla.Preparar(titulo, prompt, porDefecto, sinImporte);
+    pantalla.Preparar(titulo, prompt, porDefecto, sinImporte != nullptr);
     pantalla.exec();
     const Currency importe = pantalla.Importe();
     cancelado = pantalla.cancelado;
+    if (sinImporte != nullptr) {
+        *sinImporte = pantalla.elegidoSinImporte;
+    }
     return importe;
 }
 

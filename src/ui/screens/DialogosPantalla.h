@@ -32,7 +32,7 @@ class DialogosPantalla final : public Dialogos {
     // Raises 6 for a default or an amount entered that does not fit 32 bits, 11 when the device's
     // multiplier is 0; cancelado is left alone then.
     Currency PedirImporte(const QString& titulo, const QString& prompt, Currency porDefecto,
-                          bool sinImporte, bool& cancelado) override;
+                          bool* sinImporte, bool& cancelado) override;
     void CajaSimple(const QString& texto) override;
 
   private:

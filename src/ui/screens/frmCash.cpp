@@ -71,7 +71,7 @@ void frmCash::CrearTeclado() {
     teclado_->Servir(*tbImporte_);
 
     cancelar_ = CrearOrden(texto::kCashCancelar, &frmCash::Cancelar);
-    sinImporte_ = CrearOrden(texto::kCashSinImporte, &frmCash::Cancelar);
+    sinImporte_ = CrearOrden(texto::kCashSinImporte, &frmCash::SinImporte);
     entrar_ = CrearOrden(texto::kCashEntrar, &frmCash::Entrar);
     tema::PonerPapel(*entrar_, tema::Papel::Principal, Escala());
     entrar_->setDefault(true);
@@ -139,6 +139,11 @@ void frmCash::Entrar() {
 void frmCash::Cancelar() {
     cancelado = true;
     done(QDialog::Rejected);
+}
+
+void frmCash::SinImporte() {
+    elegidoSinImporte = true;
+    Cancelar();
 }
 
 void frmCash::reject() {

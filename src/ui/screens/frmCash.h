@@ -34,6 +34,7 @@ class frmCash final : public FramelessWindow {
     Currency Importe() const;
 
     bool cancelado = false;
+    bool elegidoSinImporte = false; // cancelled by teci(14)
 
     void reject() override;
 
@@ -46,6 +47,7 @@ class frmCash final : public FramelessWindow {
     QPushButton* CrearOrden(const Clave& clave, void (frmCash::*al)());
     void Entrar();
     void Cancelar();
+    void SinImporte();
 
     const Importes& importes_;
     ZonaTexto* zonaImporte_;

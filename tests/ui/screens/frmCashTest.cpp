@@ -13,7 +13,8 @@ class frmCashTest : public DialogosPrueba {
     Currency Pedir(std::function<void(QDialog&)> accion, Currency porDefecto = 0,
                    bool sinImporte = false) {
         const AlAbrir abierto(std::move(accion));
-        return dialogos_.PedirImporte(u"Cobro"_s, u"Importe"_s, porDefecto, sinImporte, cancelado_);
+        return dialogos_.PedirImporte(u"Cobro"_s, u"Importe"_s, porDefecto,
+                                      sinImporte ? &sinImporte_ : nullptr, cancelado_);
     }
     static QLineEdit& Caja(QDialog& d) { return Control<QLineEdit>(d, "tbImporte"); }
     // Types a text in place of the present one, then presses the key of the index given.
@@ -29,6 +30,7 @@ class frmCashTest : public DialogosPrueba {
     }
 
     bool cancelado_ = true;
+    bool sinImporte_ = false;
 };
 
 TEST_F(frmCashTest, ShowsTitlePromptAndTheDefaultAsAnAmount) {
@@ -154,8 +156,11 @@ TEST_F(frmCashTest, ZeroAcceptedReturnsZeroLikeACancelButForTheFlag) {
 TEST_F(frmCashTest, CancelNoAmountAndCloseAllCancelWhateverWasTyped) {
     for (const char* tecla : {"teci_12", "teci_14", "btnW_1"}) {
         cancelado_ = false;
+        sinImporte_ = true;
         EXPECT_EQ(Pedir(Escribe("12,50", tecla), 0, true), Currency(0)) << tecla;
         EXPECT_TRUE(cancelado_) << tecla;
+        // Who has offered it can tell it from the other two.
+        EXPECT_EQ(sinImporte_, tecla == std::string_view("teci_14")) << tecla;
     }
 }
 
@@ -218,7 +223,7 @@ TEST_F(frmCashTest, AmountThatOverflowsIsAFailureOfTheCaller) {
 TEST_F(frmCashTest, MultiplierOfZeroIsAFailureBeforeAnythingIsShown) {
     multiplicador_ = 0;
     EXPECT_EQ(NumeroError([this] {
-                  dialogos_.PedirImporte(u"Cobro"_s, u"Importe"_s, 0, false, cancelado_);
+                  dialogos_.PedirImporte(u"Cobro"_s, u"Importe"_s, 0, nullptr, cancelado_);
               }),
               11);
 }
