@@ -3,11 +3,14 @@
 #include "platform/StringLiterals.h"
 #include "till/ResultadoEnvio.h"
 
+#include <QScopedValueRollback>
+
 namespace zv {
 
 BotonesMonitor::BotonesMonitor(Entorno& entorno, Controles& controles, EstadoMonitor& estado,
                                PulsoCola& pulso)
-    : entorno_(entorno), controles_(controles), estado_(estado), pulso_(pulso) {
+    : entorno_(entorno), controles_(controles), estado_(estado), pulso_(pulso),
+      manuales_(entorno, pulso) {
     botones_[BotonPie::Registro] = Puerta(Pantalla::Cobros, 1, u"authRegistro"_s);
     botones_[BotonPie::Caja] = Puerta(Pantalla::Caja, 1, u"authCaja"_s);
     botones_[BotonPie::Incidencias] = Puerta(Pantalla::Incidencias, 0, u"authIncidencias"_s);
@@ -19,6 +22,30 @@ BotonesMonitor::BotonesMonitor(Entorno& entorno, Controles& controles, EstadoMon
     };
     botones_[BotonPie::Conectar].operacion = [this] {
         entorno_.supervision.Conectar();
+        return Salida::Completa;
+    };
+    PonerManuales();
+}
+
+void BotonesMonitor::PonerManuales() {
+    botones_[BotonPie::DarCambio].operacion = [this] {
+        manuales_.DarCambio();
+        return Salida::Completa;
+    };
+    botones_[BotonPie::AnadirCambio].operacion = [this] {
+        manuales_.AñadirCambio();
+        return Salida::Completa;
+    };
+    botones_[BotonPie::Pago].operacion = [this] {
+        return manuales_.Pago() ? Salida::Completa : Salida::SoloArrancar;
+    };
+    botones_[BotonPie::CobroManual].operacion = [this] {
+        pulso_.ParaTimer();
+        if (entorno_.pantallas.ValidarUsuari(2, u"authCobro"_s)) {
+            manuales_.cobroManual({});
+        } else {
+            pulso_.ArrancaTimer();
+        }
         return Salida::Completa;
     };
 }
@@ -53,12 +80,22 @@ bool BotonesMonitor::TieneOperacion(BotonPie boton) const {
 void BotonesMonitor::boton_Click(BotonPie boton) {
     const EstadoControles& estado = controles_.Estado();
     // A click that was under way when the pulse disabled the footer comes too late.
-    if (TieneOperacion(boton) && estado.framePie && estado.boton[boton]) {
+    if (!ocupado_ && TieneOperacion(boton) && estado.framePie && estado.boton[boton]) {
         Envolver(botones_[boton].operacion);
     }
 }
 
+void BotonesMonitor::cobroManual(const QString& concepto) {
+    if (!ocupado_ && pulso_.Armado() && controles_.Estado().framePie) {
+        const QScopedValueRollback ocupado(ocupado_, true);
+        manuales_.cobroManual(concepto);
+    }
+}
+
 void BotonesMonitor::Envolver(const Operacion& operacion) {
+    // The pulse is armed again, and the footer with it, when an operation has ended; what is told
+    // of its end may still be up.
+    const QScopedValueRollback ocupado(ocupado_, true);
     controles_.Poner(&EstadoControles::framePie, false);
     entorno_.ResultadoEnvio = envio::kBien;
     if (operacion() == Salida::SoloArrancar) {

@@ -4,6 +4,7 @@
 #include "engine/BotonPie.h"
 #include "engine/Controles.h"
 #include "engine/EstadoMonitor.h"
+#include "engine/OperacionesManuales.h"
 #include "engine/PulsoCola.h"
 #include "till/Entorno.h"
 #include "till/Pantallas.h"
@@ -30,6 +31,10 @@ class BotonesMonitor {
     void boton_Click(BotonPie boton);
     // Entry and exit of the handler around an operation.
     void Envolver(const Operacion& operacion);
+    // The manual charge of the floating button, which stands above other programs and can be
+    // touched at any time: it does nothing while the pulse is stopped, a dialog of an operation is
+    // up or rows are being marked.
+    void cobroManual(const QString& concepto);
 
   private:
     struct Boton {
@@ -39,11 +44,15 @@ class BotonesMonitor {
     // lugar empty: nobody is asked.
     Boton Puerta(Pantalla pantalla, qint16 nivel = 0, const QString& lugar = {});
     void AbrirPuerta(Pantalla pantalla, qint16 nivel, const QString& lugar);
+    // The four operations of the device, by their buttons.
+    void PonerManuales();
 
     Entorno& entorno_;
     Controles& controles_;
     EstadoMonitor& estado_;
     PulsoCola& pulso_;
+    OperacionesManuales manuales_;
+    bool ocupado_ = false; // between the entry of the handler and its exit
     PorBotonPie<Boton> botones_;
 };
 

@@ -26,6 +26,19 @@ inline constexpr Clave kClavesEngine[] = {
     {u"retireElCambio2", u" LA OPERACION ANTERIOR"},
     {u"retireElCambio3", u"Pulse 'Aceptar' para continuar con el ABONO"},
     {u"importe", u"Importe: "},
+    // manual operations
+    {u"darCambioAnulado", u"Dar cambio anulado"},
+    {u"añadirCambioAnulado", u"Añadir cambio anulado"},
+    {u"pago11", u"Pago"},
+    {u"pago12", u"Introduzca el concepto del pago"},
+    {u"pagoAnulado", u"Pago anulado"},
+    {u"pagoAnulado2", u"No se puede realizar un pago sin indicar el concepto"},
+    {u"cobroManual2", u"Cobro manual"},
+    {u"conceptoCobroManual", u"Introduzca el concepto del cobro manual"},
+    {u"cobroManualAnulado", u"Cobro manual anulado"},
+    {u"noSePuedeRealizarCobroManual",
+     u"No se puede realizar un cobro manual sin indicar el concepto"},
+    {u"introduzcaImporte", u"Introduzca el importe"},
     // titles of the grid
     {u"anular", u"Anular"},
     {u"fechaVenta", u"Fecha Venta"},
@@ -85,6 +98,18 @@ inline constexpr const Clave& kRetireElCambio = Entrada(kClavesEngine, u"retireE
 inline constexpr const Clave& kRetireElCambio2 = Entrada(kClavesEngine, u"retireElCambio2");
 inline constexpr const Clave& kRetireElCambio3 = Entrada(kClavesEngine, u"retireElCambio3");
 inline constexpr const Clave& kImporteDosPuntos = Entrada(kClavesEngine, u"importe");
+inline constexpr const Clave& kDarCambioAnulado = Entrada(kClavesEngine, u"darCambioAnulado");
+inline constexpr const Clave& kAnadirCambioAnulado = Entrada(kClavesEngine, u"añadirCambioAnulado");
+inline constexpr const Clave& kPagoTitulo = Entrada(kClavesEngine, u"pago11");
+inline constexpr const Clave& kPagoConcepto = Entrada(kClavesEngine, u"pago12");
+inline constexpr const Clave& kPagoAnulado = Entrada(kClavesEngine, u"pagoAnulado");
+inline constexpr const Clave& kPagoSinConcepto = Entrada(kClavesEngine, u"pagoAnulado2");
+inline constexpr const Clave& kCobroManual = Entrada(kClavesEngine, u"cobroManual2");
+inline constexpr const Clave& kCobroConcepto = Entrada(kClavesEngine, u"conceptoCobroManual");
+inline constexpr const Clave& kCobroAnulado = Entrada(kClavesEngine, u"cobroManualAnulado");
+inline constexpr const Clave& kCobroSinConcepto =
+    Entrada(kClavesEngine, u"noSePuedeRealizarCobroManual");
+inline constexpr const Clave& kIntroduzcaImporte = Entrada(kClavesEngine, u"introduzcaImporte");
 inline constexpr const Clave& kAnular = Entrada(kClavesEngine, u"anular");
 inline constexpr const Clave& kFechaVenta = Entrada(kClavesEngine, u"fechaVenta");
 inline constexpr const Clave& kIdVenta = Entrada(kClavesEngine, u"idVenta");

@@ -24,7 +24,11 @@ void Asiento::Abrir(const QString& linea, Espera espera) {
 }
 
 void Asiento::Confirmar(const QString& linea) {
-    entorno_.Database().Confirmar();
+    DatabaseEngine& motor = entorno_.Database();
+    motor.Confirmar();
+    while (motor.Nivel() > 0 && !motor.NivelEscrito()) {
+        motor.Confirmar();
+    }
     entorno_.log.LogLinea(linea);
 }
 

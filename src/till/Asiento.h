@@ -21,7 +21,9 @@ class Asiento {
 
     // Busy mark, begin, log line.
     void Abrir(const QString& linea, Espera espera = Espera::Normal);
-    // Commit, log line.
+    // Commit, log line. An operation that began anew after a reconnection stands nested in its own
+    // earlier attempts. They have written nothing and end with it: what the log calls committed
+    // stands in the file, and nobody is kept from it by what follows.
     void Confirmar(const QString& linea);
     // Rollback, then what the operator is to be told, then the log line: nobody is waited for
     // under the write lock. A rollback that fails is raised when the operator has been told.
