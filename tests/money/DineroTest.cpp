@@ -118,6 +118,7 @@ class Dinero : public testing::Test {
         azar.seed(semilla);
         RecordProperty("seed", std::to_string(semilla));
         std::printf("seed %u\n", semilla);
+        caja.Abrir(CadenaConexion(u"MDB"_s, {}, RutaBaseDatos(tienda.carpeta.path()), {}, {}));
         tienda.log.alEscribir = [this](const QString& linea) {
             // A reconnection begins: the link comes back, or is gone for longer.
             if (linea.contains(u"DISCONNECT_OK"_s) && perdidas > 0 && --perdidas == 0) {
@@ -151,12 +152,15 @@ class Dinero : public testing::Test {
         }
         return ids;
     }
+    // As a point of sale does it, on a connection of its own that waits for its turn.
     void Vender(qint32 importe) {
-        tienda.Database().Ejecutar(
-            u"INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,formapago,"
-            "creditoError,manual) VALUES (?,?,?,?,?,?,?,?,?,?)"_s,
-            {u"2026-03-14 10:20:30"_s, importe, u"V"_s + QString::number(++ventas), u"L"_s, 1,
-             u"TPV"_s + QString::number(Entre(1, 3)), u"Ana"_s, u"EFECTIVO"_s, 0, false});
+        caja.Comenzar(std::chrono::seconds(30));
+        caja.Ejecutar(u"INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,formapago,"
+                      "creditoError,manual) VALUES (?,?,?,?,?,?,?,?,?,?)"_s,
+                      {u"2026-03-14 10:20:30"_s, importe, u"V"_s + QString::number(++ventas),
+                       u"L"_s, 1, u"TPV"_s + QString::number(Entre(1, 3)), u"Ana"_s, u"EFECTIVO"_s,
+                       0, false});
+        caja.Confirmar();
     }
 
     // Faults of one operation; perdidas is how many reconnections begin before the link is back.
@@ -230,6 +234,7 @@ class Dinero : public testing::Test {
     void Correr(int pasos);
 
     Tienda tienda;
+    SqliteEngine caja; // a point of sale
     std::mt19937 azar;
     unsigned semilla = 0;
     int ventas = 0;
@@ -267,7 +272,9 @@ void Dinero::Agrupar() {
         }
     }
     if (UnoDe(15) && !ids.empty()) {
-        tienda.Database().Ejecutar(u"DELETE FROM cola WHERE idZV = ?"_s, {ids.front()});
+        caja.Comenzar(std::chrono::seconds(30));
+        caja.Ejecutar(u"DELETE FROM cola WHERE idZV = ?"_s, {ids.front()});
+        caja.Confirmar();
     }
     tienda.Partes().botones.boton_Click(BotonPie::AgruparCobros);
 }
@@ -355,7 +362,10 @@ void Dinero::ComprobarRegistros(const QStringList& lineas) {
     std::set<qint32> deshechos;
     for (const QString& linea : lineas) {
         if (const auto m = registro.match(linea); m.hasMatch()) {
-            abiertos.insert(m.captured(1).toInt());
+            // 0: stored, but told as 0, because a statement before had to be repeated.
+            if (const int id = m.captured(1).toInt(); id != 0) {
+                abiertos.insert(id);
+            }
         } else if (linea.endsWith(u"_COMMIT"_s)) {
             firmes.merge(abiertos);
             abiertos.clear();
@@ -382,7 +392,7 @@ void Dinero::ComprobarRegistros(const QStringList& lineas) {
 void Dinero::Comprobar(const Paso& paso, const QStringList& lineas, bool fallida) {
     const PartesMonitor& p = tienda.Partes();
     EXPECT_FALSE(p.entorno.transacciones.HayNivelAbierto());
-    EXPECT_EQ(p.entorno.registry.LeerValor(registry_name::kActivo, u"-"_s), u"0"_s);
+    EXPECT_EQ(p.entorno.registry.LeerValor(registry_name::kActivo, u"0"_s), u"0"_s);
     EXPECT_TRUE(p.pulso.Armado());
     ComprobarRegistros(lineas);
 
@@ -442,9 +452,9 @@ void Dinero::DarUnPaso(bool conFallosDeBase) {
     try {
         Obrar(paso);
         tienda.Database().PonerGancho({});
-    } catch (const ErrorEjecucion&) {
+    } catch (const ErrorEjecucion& e) {
         // Nobody is told to catch it: the program ends here and is started again.
-        ASSERT_TRUE(fallida);
+        ASSERT_TRUE(fallida) << e.Numero() << ' ' << e.Descripcion().toStdString();
         tienda.Database().PonerGancho({});
         ++reinicios;
         tienda.aparador.SinFallos();

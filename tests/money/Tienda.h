@@ -15,6 +15,7 @@
 #include <QThread>
 
 #include <functional>
+#include <gtest/gtest.h>
 #include <memory>
 #include <optional>
 
@@ -113,9 +114,12 @@ class OperadorDeTienda final : public Dialogos {
         }
     }
     QString PedirTexto(const QString&, const QString&, const QString&) override { return concepto; }
-    Currency PedirImporte(const QString&, const QString&, Currency, bool,
+    Currency PedirImporte(const QString&, const QString&, Currency, bool* sinImporte,
                           bool& cancelado) override {
         cancelado = cancela;
+        if (sinImporte != nullptr) {
+            *sinImporte = !cancela && importe == 0;
+        }
         return cancela ? Currency(0) : Currency(importe);
     }
     void CajaSimple(const QString&) override { ++mensajes; }
