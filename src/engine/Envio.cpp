@@ -117,18 +117,14 @@ bool Envio::AplicarCredito(Operacion& op) {
     return true;
 }
 
-QString Envio::EtiquetaSaldo(const QString& prefijo, const Operacion& op) const {
-    return prefijo + N(op.idZV) + QLatin1Char('_') + op.origen;
-}
-
 void Envio::ArchivarSinCobro(const Operacion& op) {
     Asiento asiento(entorno_);
     asiento.Abrir(u"ENVIARZV0_BEGINTRANS"_s);
-    const qint32 clave = entorno_.registros.AñadirColaProcesada(
-        op.origen, op.idZV, estado::kOk, 0, 0,
-        entorno_.saldos.SaldoPorTipo(EtiquetaSaldo(u"ENVIARZV0_"_s, op), TipoSaldo::Todo),
-        QString());
+    const LecturaSaldo saldo = entorno_.saldos.Leer(TipoSaldo::Todo);
+    const qint32 clave = entorno_.registros.AñadirColaProcesada(op.origen, op.idZV, estado::kOk, 0,
+                                                                0, saldo.valor, QString());
     TerminarArchivo(asiento, clave, u"ENVIARZV0_"_s + N(op.idZV));
+    entorno_.saldos.Avisar(saldo);
 }
 
 void Envio::ArchivarCobro(const Operacion& op) {
@@ -138,12 +134,13 @@ void Envio::ArchivarCobro(const Operacion& op) {
     Asiento asiento(entorno_);
     asiento.Abrir(etiqueta + u"_BEGINTRANS"_s, Asiento::Espera::TrasMoverDinero);
     entorno_.seguretat.PonerUsuarioFast(true);
+    // The money has moved: what is wrong with the balance is told when the books are closed.
+    const LecturaSaldo saldo = entorno_.saldos.Leer(TipoSaldo::Todo);
     const qint32 clave = entorno_.registros.AñadirColaProcesada(
-        op.origen, op.idZV, estado::kOk, op.paidIn, op.paidOut,
-        entorno_.saldos.SaldoPorTipo(EtiquetaSaldo(u"ENVIARZV_"_s, op), TipoSaldo::Todo),
-        QString());
+        op.origen, op.idZV, estado::kOk, op.paidIn, op.paidOut, saldo.valor, QString());
     TerminarArchivo(asiento, clave, etiqueta);
     entorno_.seguretat.PonerUsuarioFast(false);
+    entorno_.saldos.Avisar(saldo);
 }
 
 void Envio::TerminarArchivo(Asiento& asiento, qint32 clave, const QString& etiqueta) {

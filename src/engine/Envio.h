@@ -45,7 +45,6 @@ class Envio {
                                   const LecturaSaldo& saldo);
     // Commits a filing that answered a key, otherwise rolls back and tells the operator.
     void TerminarArchivo(Asiento& asiento, qint32 clave, const QString& etiqueta);
-    QString EtiquetaSaldo(const QString& prefijo, const Operacion& op) const;
 
     Entorno& entorno_;
     DeviceJournal diario_;

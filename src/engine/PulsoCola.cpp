@@ -212,8 +212,15 @@ std::optional<QString> PulsoCola::AbonoDe(const Row& fila) const {
         return std::nullopt;
     }
     // The lowest amount has no opposite; one ten-thousandth less reads the same.
-    const qint64 opuesto = -std::max(importe.Diezmilesimas(), -std::numeric_limits<qint64>::max());
-    return entorno_.importes.FormatoImporteLargo(Currency::DeDiezmilesimas(opuesto));
+    const Currency opuesto = Currency::DeDiezmilesimas(
+        -std::max(importe.Diezmilesimas(), -std::numeric_limits<qint64>::max()));
+    try {
+        // Rounded as the device will get it.
+        return entorno_.importes.FormatoImporte(opuesto.AEntero32());
+    } catch (const ErrorEjecucion&) {
+        // Too large for the device: the send fails, and the operator is told what was asked.
+        return entorno_.importes.FormatoImporteLargo(opuesto);
+    }
 }
 
 bool PulsoCola::ConfirmarAbono(const QString& mostrado) {

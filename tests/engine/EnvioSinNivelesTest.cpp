@@ -99,7 +99,13 @@ TEST_F(EnvioSinNivelesTest, ASaleThatWasPaidIsFiledThoughItsBalanceCannotBeRead)
     FinGuion fin = EnlacePerdido();
     fin.result = true;
     cliente.EsperaCharge(1250, 1250, 0, fin);
-    EsperaAnulada();
+    EsperaAnulada([this] {
+        // The books are closed: a kill while the operator reads charges nobody twice.
+        EXPECT_EQ(motor.Nivel(), 0);
+        EXPECT_EQ(log.lineas.last(), u"ENVIARZV1_1_COMMIT"_s);
+        EXPECT_TRUE(Cola().empty());
+        EXPECT_FALSE(seguretat.UsuarioFast());
+    });
     EXPECT_EQ(Enviar(id), envio::kBien);
     EXPECT_TRUE(Cola().empty());
     const auto filas = Procesados();

@@ -269,6 +269,32 @@ TEST_F(PulsoColaTest, ALostLinkIsMendedAndTheSaleSentAgain) {
     EXPECT_EQ(configuracio->Modo, modo::kAuto);
 }
 
+TEST_F(PulsoColaTest, NoCounterLimitsTheWaysBackFromALostLink) {
+    ConectarCon(10000);
+    PonerFila(500);
+    for (int i = 0; i < 5; ++i) {
+        cliente.EsperaCharge(500, 0, 0, FinGuion::EnlacePerdido());
+        cliente.EsperaDisconnect();
+        cliente.EsperaConnect(FinGuion::Ok());
+    }
+    cliente.EsperaCharge(500, 500, 0);
+    pulso.ProcesarCola();
+    EXPECT_TRUE(Cola().empty());
+    EXPECT_EQ(Procesados().size(), 6U);
+}
+
+TEST_F(PulsoColaTest, ARefundIsConfirmedAsTheDeviceWillPayIt) {
+    ConectarCon(10000);
+    const qint32 id = PonerFila(-800);
+    motor.Ejecutar(u"UPDATE cola SET importe = -800.5 WHERE idZV = ?"_s, {id});
+    dialogos.EsperaMensaje(u"Abono pendiente"_s, testing::Truly([](const QString& texto) {
+                               return texto.endsWith(u"8,00 €"_s);
+                           }));
+    cliente.EsperaCharge(-800, 0, 800);
+    pulso.ProcesarCola();
+    EXPECT_TRUE(Cola().empty());
+}
+
 TEST_F(PulsoColaTest, ALinkThatStaysLostLeavesTheRowInManual) {
     ConectarCon(10000);
     EscribirIni("[ZVMONITOR]\r\nMODO=MANUAL\r\n");
