@@ -31,7 +31,7 @@ inline constexpr Clave kClavesDevice[] = {
     {u"pasarelaEnlacePerdido", u"Se ha perdido la comunicación con Zorvex"},
     {u"pasarelaOtroAlmacen", u"Tras perder la comunicación ha contestado otro Zorvex"},
     {u"pasarelaCerrando", u"La aplicación se cierra con la operación en curso"},
-    {u"pasarelaNoTermina", u"Zorvex no ha terminado la operación cancelada"},
+    {u"pasarelaNoTermina", u"Zorvex no ha terminado la operación"},
     // window of an operation: titles and what to do
     {u"frmOperacion", u"TituloCobro", u"Cobro"},
     {u"frmOperacion", u"Cobro", u"Introduzca el dinero en Zorvex"},
@@ -51,7 +51,12 @@ inline constexpr Clave kClavesDevice[] = {
     {u"frmOperacion", u"Pendiente",
      u"Se está cancelando una operación anterior que seguía abierta en Zorvex"},
     {u"frmOperacion", u"Reconectando", u"Recuperando la comunicación con Zorvex…"},
-    // its lines and its button
+    {u"frmOperacion", u"PulseTerminar", u"Pulse Terminar cuando acabe"},
+    {u"frmOperacion", u"TermineEnZorvex", u"Termine en el propio Zorvex cuando acabe"},
+    {u"frmOperacion", u"RecojaCambio", u"Recoja el cambio"},
+    {u"frmOperacion", u"Espere", u"Espere a que Zorvex termine"},
+    {u"frmOperacion", u"Devolviendo", u"Zorvex está devolviendo el dinero"},
+    // its lines and its buttons
     {u"frmOperacion", u"lbACobrar", u"A cobrar"},
     {u"frmOperacion", u"lbADevolver", u"A devolver"},
     {u"frmOperacion", u"lbAPagar", u"A pagar"},
@@ -61,6 +66,8 @@ inline constexpr Clave kClavesDevice[] = {
     {u"frmOperacion", u"lbFalta", u"Pendiente"},
     {u"frmOperacion", u"btnCancelar", u"Cancelar"},
     {u"frmOperacion", u"Cancelando", u"Cancelando…"},
+    {u"frmOperacion", u"btnTerminar", u"Terminar"},
+    {u"frmOperacion", u"Terminando", u"Terminando…"},
 };
 
 inline constexpr const Clave& kErrorDeZorvex = Entrada(kClavesDevice, u"errorDeZorvex");
@@ -121,6 +128,15 @@ inline constexpr const Clave& kHacerPendiente =
     Entrada(kClavesDevice, u"frmOperacion", u"Pendiente");
 inline constexpr const Clave& kReconectando =
     Entrada(kClavesDevice, u"frmOperacion", u"Reconectando");
+inline constexpr const Clave& kPulseTerminar =
+    Entrada(kClavesDevice, u"frmOperacion", u"PulseTerminar");
+inline constexpr const Clave& kTermineEnZorvex =
+    Entrada(kClavesDevice, u"frmOperacion", u"TermineEnZorvex");
+inline constexpr const Clave& kRecojaCambio =
+    Entrada(kClavesDevice, u"frmOperacion", u"RecojaCambio");
+inline constexpr const Clave& kEspere = Entrada(kClavesDevice, u"frmOperacion", u"Espere");
+inline constexpr const Clave& kDevolviendo =
+    Entrada(kClavesDevice, u"frmOperacion", u"Devolviendo");
 inline constexpr const Clave& kLbACobrar = Entrada(kClavesDevice, u"frmOperacion", u"lbACobrar");
 inline constexpr const Clave& kLbADevolver =
     Entrada(kClavesDevice, u"frmOperacion", u"lbADevolver");
@@ -132,5 +148,8 @@ inline constexpr const Clave& kLbFalta = Entrada(kClavesDevice, u"frmOperacion",
 inline constexpr const Clave& kBtnCancelar =
     Entrada(kClavesDevice, u"frmOperacion", u"btnCancelar");
 inline constexpr const Clave& kCancelando = Entrada(kClavesDevice, u"frmOperacion", u"Cancelando");
+inline constexpr const Clave& kBtnTerminar =
+    Entrada(kClavesDevice, u"frmOperacion", u"btnTerminar");
+inline constexpr const Clave& kTerminando = Entrada(kClavesDevice, u"frmOperacion", u"Terminando");
 
 } // namespace zv::texto

@@ -119,9 +119,10 @@ class BancoPasarela : public testing::Test {
         return PasarelaGuion::OpId(pasarela.Recibidas(metodo).value(n));
     }
     // The log's line for the end of the operation that the n-th request of that method has started.
-    QString LineaFin(const QString& metodo, int n, const QString& resto) const {
-        return u">>> Operación terminada en Zorvex: "_s + metodo + u' ' + OpId(metodo, n) + u' ' +
-               resto;
+    QString LineaFin(const QString& metodo, int n, const QString& resto,
+                     const QString& como = u"terminada"_s) const {
+        return u">>> Operación "_s + como + u" en Zorvex: "_s + metodo + u' ' + OpId(metodo, n) +
+               u' ' + resto;
     }
     static QStringList Lista(std::initializer_list<const char*> textos) {
         QStringList lista;

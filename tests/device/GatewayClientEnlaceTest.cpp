@@ -134,7 +134,8 @@ TEST_F(GatewayClientEnlaceTest, GivesUpWithTheLastAmountsKnown) {
     EXPECT_EQ(log.lineas, QStringList(LineaFin(kCobro(), 0,
                                                u"ERROR_1 PAIDINVALUE=500 PAIDOUTVALUE=0 "
                                                "ERRORCODE=1 - Se ha perdido la comunicación con "
-                                               "Zorvex"_s)));
+                                               "Zorvex"_s,
+                                               u"interrumpida"_s)));
     EXPECT_EQ(ventana.lineas.last(), u"cerrar"_s);
     EXPECT_FALSE(Niveles(cliente));
     EXPECT_EQ(cliente.ErrorCode(), 1);
@@ -162,6 +163,11 @@ TEST_F(GatewayClientEnlaceTest, DoesNotResumeAtAnotherDevice) {
     });
     EXPECT_EQ(Cobrar(cliente), u"no 500 0 1"_s);
     EXPECT_EQ(cliente.ErrorMessage(), u"Tras perder la comunicación ha contestado otro Zorvex"_s);
+    EXPECT_EQ(log.lineas, QStringList(LineaFin(kCobro(), 0,
+                                               u"ERROR_1 PAIDINVALUE=500 PAIDOUTVALUE=0 "
+                                               "ERRORCODE=1 - Tras perder la comunicación ha "
+                                               "contestado otro Zorvex"_s,
+                                               u"interrumpida"_s)));
     EXPECT_TRUE(pasarela.Recibidas(kEstado).isEmpty());
     EXPECT_FALSE(Niveles(cliente));
     bool bien = false;

@@ -3,6 +3,9 @@
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 
+#include <QCoreApplication>
+#include <QTimer>
+
 namespace zv {
 namespace {
 
@@ -90,6 +93,52 @@ TEST_F(GatewayClientPendienteTest, RaisesAndAcknowledgesNothingWhenTheLogCannotB
     EXPECT_THROW(cliente.Connect(bien), ErrorEjecucion);
     EXPECT_FALSE(Niveles(cliente));
     EXPECT_TRUE(pasarela.Recibidas(kAck).isEmpty());
+}
+
+TEST_F(GatewayClientPendienteTest, TellsTheTrueEndOfAnInterruptedOperationAtTheNextConnection) {
+    GatewayOptions opciones = Rapidas();
+    opciones.reanudar = 60;
+    GatewayClient& cliente = Conectado(opciones);
+    pasarela.Al(kCobro(), Empieza(500));
+    ventana.alProgresar = [this] { QTimer::singleShot(0, qApp, [this] { pasarela.Apagar(); }); };
+    EXPECT_EQ(Cobrar(cliente), u"no 500 0 1"_s);
+    EXPECT_EQ(log.lineas.size(), 1);
+    pasarela.Encender();
+    pasarela.PonerSaludo(u"openOp"_s, CobroHecho(OpId(kCobro()), 2000, 750));
+    bool bien = false;
+    cliente.Connect(bien);
+    EXPECT_TRUE(bien);
+    EXPECT_TRUE(pasarela.Espera(kAck));
+    EXPECT_EQ(log.lineas.value(1), kPendiente + u"charge.start "_s + OpId(kCobro()) +
+                                       u" OK PAIDINVALUE=2000 PAIDOUTVALUE=750 ERRORCODE=0"_s);
+}
+
+TEST_F(GatewayClientPendienteTest, LogsAnEndedOperationFoundByAQueryBeforeItIsAcknowledged) {
+    GatewayClient& cliente = Conectado();
+    pasarela.PonerSaludo(u"openOp"_s, CobroHecho(u"vieja"_s, 2000, 750));
+    pasarela.Cortar();
+    Niveles(cliente); // notices the drop
+    log.fallosPendientes = 1;
+    EXPECT_THROW(Niveles(cliente), ErrorEjecucion);
+    EXPECT_TRUE(pasarela.Recibidas(kAck).isEmpty());
+    // It is looked for again at once.
+    EXPECT_TRUE(Niveles(cliente));
+    EXPECT_TRUE(pasarela.Espera(kAck));
+    EXPECT_EQ(log.lineas, QStringList(kPendiente + u"charge.start vieja OK PAIDINVALUE=2000 "
+                                                   "PAIDOUTVALUE=750 ERRORCODE=0"_s));
+}
+
+TEST_F(GatewayClientPendienteTest, AcknowledgesNothingUnloggedWhileAnotherOperationIsPickedUp) {
+    GatewayClient& cliente = Conectado();
+    pasarela.Al(kCobro(), [this](EnlaceGuion& enlace, const QJsonObject&) {
+        pasarela.PonerSaludo(u"openOp"_s, CobroHecho(u"vieja"_s, 2000, 750));
+        enlace.Cortar();
+    });
+    pasarela.Al(kCobro(), Termina(1250, 0));
+    log.fallosPendientes = 1;
+    EXPECT_EQ(Cobrar(cliente), u"ok 1250 0 0"_s);
+    ASSERT_TRUE(pasarela.Espera(kAck));
+    EXPECT_EQ(OpId(kAck), OpId(kCobro()));
 }
 
 } // namespace

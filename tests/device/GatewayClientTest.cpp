@@ -262,8 +262,8 @@ TEST_F(GatewayClientTest, SendsWhatEachOperationIsGivenAndTakesWhatItGives) {
               kMinimo);
     EXPECT_TRUE(pasarela.Espera(u"op.ack"_s, 7));
     EXPECT_EQ(ventana.lineas.filter(u"abrir"_s),
-              Lista({"abrir 2 0", "abrir 3 0", "abrir 4 1503", "abrir 5 0", "abrir 6 0",
-                     "abrir 1 300", "abrir 1 2147483647"}));
+              Lista({"abrir 2 0 con terminar", "abrir 3 0 con terminar", "abrir 4 1503",
+                     "abrir 5 0", "abrir 6 0", "abrir 1 300", "abrir 1 2147483647"}));
 }
 
 TEST_F(GatewayClientTest, TellsTheAmountsOfAnOperationThatFailed) {
@@ -433,7 +433,8 @@ TEST_F(GatewayClientTest, GivesUpACancelledOperationThatNeverEnds) {
     pasarela.Al(u"op.cancel"_s, Contesta([](const QString& op) { return CobroEnMarcha(op, 500); }));
     ventana.alProgresar = [this] { ventana.Cancelar(); };
     EXPECT_EQ(Cobrar(cliente), u"no 500 0 905"_s);
-    EXPECT_EQ(cliente.ErrorMessage(), u"Zorvex no ha terminado la operación cancelada"_s);
+    EXPECT_EQ(log.CuentaInicio(u">>> Operación interrumpida en Zorvex: charge.start "_s), 1);
+    EXPECT_EQ(cliente.ErrorMessage(), u"Zorvex no ha terminado la operación"_s);
 }
 
 TEST_F(GatewayClientTest, PingsWhileItWaits) {
@@ -509,6 +510,7 @@ TEST_F(GatewayClientTest, EndsTheOperationWhenTheProgramEnds) {
     });
     QCoreApplication::exec();
     EXPECT_EQ(fin, u"no 500 0 904"_s);
+    EXPECT_EQ(log.CuentaInicio(u">>> Operación interrumpida en Zorvex: charge.start "_s), 1);
     EXPECT_EQ(cliente.ErrorMessage(), u"La aplicación se cierra con la operación en curso"_s);
 }
 

@@ -58,9 +58,12 @@ class RelojMortal final : public Clock {
 class OperacionMortal final : public VentanaOperacion {
   public:
     explicit OperacionMortal(Puntos& puntos) : puntos_(puntos) {}
-    void Abrir(OperationKind, qint32, std::function<void()>) override { puntos_.Pasar(); }
+    void Abrir(OperationKind, qint32, std::function<void()>, std::function<void()>) override {
+        puntos_.Pasar();
+    }
     void Progreso(qint32, qint32) override { puntos_.Pasar(); }
     void Aviso(const QString&) override { puntos_.Pasar(); }
+    void SinTerminar() override { puntos_.Pasar(); }
     void Cerrar() override { puntos_.Pasar(); }
 
   private:

@@ -131,6 +131,7 @@ QByteArray PasarelaBytes::Trozo() {
         case '\x04':
         case '\x05':
         case '\x06':
+        case '\x07':
             return trozo;
         case '\x0e':
             if (constexpr int kMaximo = 3; blancos_++ < kMaximo) {
@@ -148,6 +149,9 @@ QByteArray PasarelaBytes::Trozo() {
             break;
         case '\x13':
             trozo += QByteArray::number(idInicio_);
+            break;
+        case '\x14':
+            trozo += QByteArray::number(idTerminar_);
             break;
         default:
             trozo += c;
@@ -189,6 +193,12 @@ bool PasarelaBytes::Paso(bool enBucle) {
         ++sitio_;
         if (enBucle && alPedirNiveles) {
             alPedirNiveles();
+        }
+        return true;
+    case '\x07':
+        ++sitio_;
+        if (enBucle && alTerminar) {
+            alTerminar();
         }
         return true;
     default:
@@ -256,9 +266,14 @@ void PasarelaBytes::Peticion(const QJsonObject& peticion) {
         Exige(movida_ != opId, "what has moved money is not started again");
         opId_ = opId;
         idInicio_ = id;
+        abierta_ =
+            metodo == QLatin1String("change.start") || metodo == QLatin1String("addChange.start");
     } else if (metodo == QLatin1String("op.cancel")) {
         opId_ = opId;
         idCancelar_ = id;
+    } else if (metodo == QLatin1String("op.finish")) {
+        Exige(opId == opId_ && abierta_, "only a change or a float is ended from here");
+        idTerminar_ = id;
     } else if (metodo == QLatin1String("op.ack")) {
         Exige(hechas_.contains(opId) || desconocidas_ > 0,
               "only an operation that has ended is acknowledged");

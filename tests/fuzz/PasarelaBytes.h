@@ -5,8 +5,9 @@
 //   02 the gateway closes the link          11 the id of the last request
 //   03 the next connection is refused       12 the id of the last op.cancel
 //   04 a second passes                      13 the id of the last start
-//   05 the cashier presses cancel           0e half a megabyte of blanks
-//   06 levels are asked for meanwhile
+//   05 the cashier presses cancel           14 the id of the last op.finish
+//   06 levels are asked for meanwhile       0e half a megabyte of blanks
+//   07 the cashier ends the operation
 #pragma once
 
 #include <QByteArray>
@@ -34,6 +35,7 @@ class PasarelaBytes {
     bool Acabado() const { return sitio_ >= guion_.size(); }
 
     std::function<void()> alCancelar;
+    std::function<void()> alTerminar;
     std::function<void()> alPedirNiveles;
 
     // What the gateway has told, as far as it is well-formed JSON.
@@ -63,7 +65,9 @@ class PasarelaBytes {
     QString movida_;
     qint64 ultimoId_ = 0;
     qint64 idCancelar_ = 0;
+    qint64 idTerminar_ = 0;
     qint64 idInicio_ = 0;
+    bool abierta_ = false; // the last start ends when somebody says so
     int porRechazar_ = 0;
     int blancos_ = 0;
     int desconocidas_ = 0;

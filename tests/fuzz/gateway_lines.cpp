@@ -83,11 +83,18 @@ class VentanaBytes final : public VentanaOperacion {
                 cancelar_();
             }
         };
+        pasarela.alTerminar = [this] {
+            if (terminar_) {
+                terminar_();
+            }
+        };
     }
-    void Abrir(OperationKind /*kind*/, qint32 importe, std::function<void()> cancelar) override {
+    void Abrir(OperationKind /*kind*/, qint32 importe, std::function<void()> cancelar,
+               std::function<void()> terminar) override {
         Exige(!abierta && importe >= 0, "one window, an amount without sign");
         abierta = true;
         cancelar_ = std::move(cancelar);
+        terminar_ = std::move(terminar);
         entra = sale = 0;
     }
     void Progreso(qint32 paidIn, qint32 paidOut) override {
@@ -97,10 +104,15 @@ class VentanaBytes final : public VentanaOperacion {
         pasarela_.AnotarMovimiento();
     }
     void Aviso(const QString& /*texto*/) override { Exige(abierta, "a note needs a window"); }
+    void SinTerminar() override {
+        Exige(abierta && terminar_, "a key goes that was there");
+        terminar_ = {};
+    }
     void Cerrar() override {
         Exige(abierta, "a window is closed once");
         abierta = false;
         cancelar_ = {};
+        terminar_ = {};
     }
 
     bool abierta = false;
@@ -110,6 +122,7 @@ class VentanaBytes final : public VentanaOperacion {
   private:
     PasarelaBytes& pasarela_;
     std::function<void()> cancelar_;
+    std::function<void()> terminar_;
 };
 
 class Mostrador {

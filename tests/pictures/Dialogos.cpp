@@ -13,6 +13,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QPushButton>
 #include <QScreen>
 #include <QTimer>
 
@@ -130,7 +131,12 @@ class Fotografo {
 
     void Operacion(const char* nombre, OperationKind kind, qint32 importe, qint32 entrado,
                    qint32 salido) {
-        operacion_.Abrir(kind, importe, [] {});
+        std::function<void()> terminar;
+        if (kind == OperationKind::Cambio || kind == OperationKind::MeterCambio) {
+            terminar = [] {};
+        }
+        operacion_.Abrir(
+            kind, importe, [] {}, std::move(terminar));
         operacion_.Progreso(entrado, salido);
         Guardar(operacion_, QString::fromLatin1(nombre));
     }
@@ -146,11 +152,22 @@ class Fotografo {
         Operacion("operation-charge-huge", OperationKind::Cobro, 2147483647, 0, 0);
         Operacion("operation-refund", OperationKind::Abono, 800, 0, 500);
         Operacion("operation-change", OperationKind::Cambio, 0, 5000, 2000);
+        operacion_.findChild<QPushButton*>(u"btnTerminar"_s)->click();
+        Guardar(operacion_, u"operation-change-finishing"_s);
+        operacion_.SinTerminar();
+        Guardar(operacion_, u"operation-change-no-key"_s);
         Operacion("operation-float", OperationKind::MeterCambio, 0, 12000, 0);
+        operacion_.findChild<QPushButton*>(u"btnTerminar"_s)->click();
+        Guardar(operacion_, u"operation-float-finishing"_s);
+        operacion_.Abrir(
+            OperationKind::MeterCambio, 0, [] {}, [] {});
+        operacion_.Progreso(12000, 0);
+        operacion_.reject();
+        Guardar(operacion_, u"operation-float-cancelling"_s);
         Operacion("operation-pay-out", OperationKind::Pago, 3000, 0, 1000);
         Operacion("operation-close", OperationKind::ControlCajones, 0, 0, 0);
         Operacion("operation-empty", OperationKind::VaciadoCajon, 0, 0, 0);
-        operacion_.Abrir(OperationKind::Pendiente, 0, {});
+        operacion_.Abrir(OperationKind::Pendiente, 0, {}, {});
         Guardar(operacion_, u"operation-pending"_s);
         operacion_.Cerrar();
     }

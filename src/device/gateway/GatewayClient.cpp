@@ -197,7 +197,10 @@ bool GatewayClient::Reabrir() {
     }
     TomarSaludo(*saludo);
     if (saludo->openOp) {
+        // Without its log line it is not acknowledged; the next greeting has to tell of it again.
+        auto sinRegistrar = qScopeGuard([this] { sesion_.Cerrar(); });
         Reconocer(*saludo->openOp);
+        sinRegistrar.dismiss();
     }
     return true;
 }
@@ -252,10 +255,15 @@ GatewayOperation::Fin GatewayClient::Correr(GatewayOperation& operacion, Operati
     });
     if (ventana_ != nullptr) {
         std::function<void()> cancelar;
+        std::function<void()> terminar;
         if (cancelable) {
             cancelar = [&operacion] { operacion.Cancelar(); };
         }
-        ventana_->Abrir(kind, importe, std::move(cancelar));
+        // The others end by themselves.
+        if (kind == OperationKind::Cambio || kind == OperationKind::MeterCambio) {
+            terminar = [&operacion] { operacion.Terminar(); };
+        }
+        ventana_->Abrir(kind, importe, std::move(cancelar), std::move(terminar));
         operacion.MostrarEn(ventana_);
     }
     GatewayOperation::Fin fin = operacion.Esperar();
@@ -302,8 +310,12 @@ void GatewayClient::Anotar(const GatewayOperation::Fin& fin) {
     estado.terminada = true;
     estado.errorCode = CodigoDe(fin);
     estado.errorMessage = MensajeDe(fin);
+    using Motivo = GatewayOperation::Fin::Motivo;
+    const bool acabada = fin.motivo == Motivo::Terminada || fin.motivo == Motivo::Rechazada;
     try {
-        log_.LogLinea(u">>> Operación terminada en Zorvex: "_s + TextoEstado(estado));
+        log_.LogLinea((acabada ? u">>> Operación terminada en Zorvex: "_s
+                               : u">>> Operación interrumpida en Zorvex: "_s) +
+                      TextoEstado(estado));
     } catch (const ErrorEjecucion&) {
         // Money has moved: what came of it goes to the caller all the same.
         return;

@@ -44,7 +44,7 @@ void GatewayOperation::Adoptar(const EstadoOperacion& estado) {
     limiteFin_.setRemainingTime(opciones_.pendiente);
     ping_.start();
     cancelar_ = true;
-    PedirCancelacion();
+    PedirFin();
 }
 
 void GatewayOperation::MostrarEn(VentanaOperacion* ventana) {
@@ -77,12 +77,39 @@ void GatewayOperation::Cancelar() {
     cancelar_ = true;
     limiteFin_.setRemainingTime(opciones_.cancelacion);
     if (fase_ == Fase::EnMarcha) {
-        PedirCancelacion();
+        PedirFin();
     }
 }
 
-void GatewayOperation::PedirCancelacion() {
-    idCancelar_ = sesion_.Enviar(u"op.cancel"_s, ParamsOpId());
+void GatewayOperation::Terminar() {
+    if (terminar_ || cancelar_ || fase_ == Fase::Acabada) {
+        return;
+    }
+    terminar_ = true;
+    limiteFin_.setRemainingTime(opciones_.cancelacion);
+    if (fase_ == Fase::EnMarcha) {
+        PedirFin();
+    }
+}
+
+// What the cashier has asked for: at once, and again after each loss of the link. Both requests may
+// come twice.
+void GatewayOperation::PedirFin() {
+    if (cancelar_) {
+        idCancelar_ = sesion_.Enviar(u"op.cancel"_s, ParamsOpId());
+    } else if (terminar_) {
+        idTerminar_ = sesion_.Enviar(u"op.finish"_s, ParamsOpId());
+    }
+}
+
+void GatewayOperation::AlNegarTermino() {
+    terminar_ = false;
+    if (!cancelar_) {
+        limiteFin_ = QDeadlineTimer(QDeadlineTimer::Forever);
+    }
+    if (ventana_ != nullptr) {
+        ventana_->SinTerminar();
+    }
 }
 
 void GatewayOperation::Pedir(Fase fase, const QString& metodo, const QJsonObject& params) {
@@ -127,7 +154,10 @@ void GatewayOperation::AlMensaje(const RpcMessage& mensaje) {
     if (mensaje.id == idPeticion_) {
         idPeticion_ = 0;
         AlContestar(mensaje);
-    } else if (mensaje.id == idCancelar_ && mensaje.kind == RpcMessage::Kind::Respuesta) {
+    } else if (mensaje.id == idTerminar_ && mensaje.kind == RpcMessage::Kind::Error) {
+        AlNegarTermino();
+    } else if ((mensaje.id == idCancelar_ || mensaje.id == idTerminar_) &&
+               mensaje.kind == RpcMessage::Kind::Respuesta) {
         Aceptar(mensaje.resultado);
     }
 }
@@ -223,9 +253,7 @@ void GatewayOperation::Aceptar(const QJsonValue& valor) {
         if (ventana_ != nullptr) {
             ventana_->Aviso({});
         }
-        if (cancelar_) {
-            PedirCancelacion();
-        }
+        PedirFin();
     }
 }
 
@@ -252,6 +280,7 @@ void GatewayOperation::EnlaceCaido() {
     const bool yaReanudando = Reanudando();
     idPeticion_ = 0;
     idCancelar_ = 0;
+    idTerminar_ = 0;
     fase_ = Fase::Pausa;
     // A link that drops again and again without getting anywhere shares one limit, or it would
     // never end.

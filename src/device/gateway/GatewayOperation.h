@@ -26,7 +26,7 @@ class GatewayOperation final : private GatewaySession::Oyente {
             OtroAlmacen,   // another device answered after the link was lost
             Protocolo,     // the gateway said something impossible
             Cerrando,      // the program ends
-            NoTermina,     // cancelled, and no end within the limit
+            NoTermina,     // cancelled or ended by the cashier, and no end within the limit
         };
         Motivo motivo = Motivo::EnlacePerdido;
         EstadoOperacion estado;
@@ -59,6 +59,9 @@ class GatewayOperation final : private GatewaySession::Oyente {
     Fin Esperar();
     // Asks the gateway to cancel; the operation goes on until the gateway tells its end.
     void Cancelar();
+    // Asks the gateway to end it well, with what has moved. A gateway that cannot do so refuses:
+    // the window is told, and the operation goes on as if nobody had asked.
+    void Terminar();
 
   private:
     enum class Fase { Iniciando, EnMarcha, Pausa, Conectando, Saludando, Consultando, Acabada };
@@ -74,7 +77,8 @@ class GatewayOperation final : private GatewaySession::Oyente {
     void Aceptar(const QJsonValue& valor);
     void EnviarInicio();
     void Pedir(Fase fase, const QString& metodo, const QJsonObject& params);
-    void PedirCancelacion();
+    void PedirFin();
+    void AlNegarTermino();
     void PerderEnlace();
     void EnlaceCaido();
     void Tic();
@@ -98,9 +102,11 @@ class GatewayOperation final : private GatewaySession::Oyente {
     QJsonObject params_;
     bool confirmada_ = false; // the gateway has told a state of it
     bool cancelar_ = false;
+    bool terminar_ = false;
     bool avance_ = false; // amounts have moved since the last loss
     qint64 idPeticion_ = 0;
     qint64 idCancelar_ = 0;
+    qint64 idTerminar_ = 0;
     QElapsedTimer peticion_;    // since the request that is waited for
     QElapsedTimer ping_;        // since the last ping
     QElapsedTimer intento_;     // since the last attempt to connect

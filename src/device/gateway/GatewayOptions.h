@@ -15,7 +15,7 @@ struct GatewayOptions {
     int reapertura = 1000;      // the one attempt of a query on a link that was lost at rest
     int pausaReapertura = 3000; // from a reopening that failed to the next one
     int pendiente = 30000;      // end of a cancelled operation found by Connect
-    int cancelacion = 300000;   // end of an operation that the cashier has cancelled
+    int cancelacion = 300000;   // end of an operation that the cashier has cancelled or ended
     int tic = 100;              // how often the limits above are looked at
 };
 

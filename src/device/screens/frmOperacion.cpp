@@ -11,6 +11,7 @@
 #include <QCloseEvent>
 #include <QFrame>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -29,7 +30,7 @@ constexpr int kAncho = 600;
 constexpr int kLetraRotulo = 20;
 constexpr int kLetraImporte = 34;
 constexpr int kLetraPrincipal = 52;
-constexpr int kAltoCancelar = 72;
+constexpr int kAltoTecla = 72;
 
 // What the window says in each kind of operation.
 struct TextosClase {
@@ -68,8 +69,10 @@ void PonerColor(QLabel& etiqueta, const QColor& color) {
 frmOperacion::frmOperacion(const Textos& textos, const Importes& importes,
                            std::function<QWidget*()> padre)
     : FramelessWindow(u"frmOperacion"_s, nullptr), textos_(textos), importes_(importes),
-      padre_(std::move(padre)), lbInstruccion_(new QLabel(this)), lineas_(new QGridLayout),
-      actividad_(new BarraActividad(this)), btnCancelar_(new QPushButton(this)) {
+      padre_(std::move(padre)), lbInstruccion_(new QLabel(this)), lbTerminar_(new QLabel(this)),
+      lineas_(new QGridLayout), actividad_(new BarraActividad(this)),
+      btnCancelar_(CrearTecla(u"btnCancelar"_s, u"dialog-cancel"_s)),
+      btnTerminar_(CrearTecla(u"btnTerminar"_s, u"dialog-ok-apply"_s)) {
     setWindowModality(Qt::ApplicationModal);
     // The cross would promise to close a window that stays until the device has ended.
     btnW(1)->hide();
@@ -80,6 +83,11 @@ frmOperacion::frmOperacion(const Textos& textos, const Importes& importes,
     // Room for two lines: a note that comes and goes does not move the amounts.
     lbInstruccion_->setMinimumHeight(2 * lbInstruccion_->fontMetrics().lineSpacing());
     Cuerpo()->addWidget(lbInstruccion_);
+    lbTerminar_->setObjectName(u"lbTerminar"_s);
+    lbTerminar_->setFont(tema::Fuente(Px(18), true));
+    lbTerminar_->setWordWrap(true);
+    lbTerminar_->setTextFormat(Qt::PlainText);
+    Cuerpo()->addWidget(lbTerminar_);
     CrearLineas();
     CrearPie();
     VentanaEncima(*this, true);
@@ -108,31 +116,60 @@ void frmOperacion::CrearLineas() {
     Cuerpo()->addLayout(lineas_);
 }
 
+QPushButton* frmOperacion::CrearTecla(const QString& nombre, const QString& icono) {
+    auto* tecla = new QPushButton(this);
+    tecla->setObjectName(nombre);
+    tecla->setMinimumHeight(Px(kAltoTecla));
+    tecla->setIcon(tema::Icono(icono));
+    tecla->setIconSize(QSize(Px(28), Px(28)));
+    // A barcode scanner types into whatever has the focus and ends with Enter: it must never
+    // cancel a sale, nor end a change. Escape is the keyboard's way.
+    tecla->setAutoDefault(false);
+    tecla->setFocusPolicy(Qt::NoFocus);
+    return tecla;
+}
+
 void frmOperacion::CrearPie() {
     Cuerpo()->addStretch(1);
     Cuerpo()->addWidget(actividad_);
-    btnCancelar_->setObjectName(u"btnCancelar"_s);
-    btnCancelar_->setMinimumHeight(Px(kAltoCancelar));
-    btnCancelar_->setIcon(tema::Icono(u"dialog-cancel"_s));
-    btnCancelar_->setIconSize(QSize(Px(28), Px(28)));
-    // A barcode scanner types into whatever has the focus and ends with Enter: it must never
-    // cancel a sale. Escape is the keyboard's way.
-    btnCancelar_->setAutoDefault(false);
-    btnCancelar_->setFocusPolicy(Qt::NoFocus);
     connect(btnCancelar_, &QPushButton::clicked, this, &frmOperacion::Cancelar);
-    Cuerpo()->addWidget(btnCancelar_);
+    connect(btnTerminar_, &QPushButton::clicked, this, &frmOperacion::Terminar);
+    auto* teclas = new QHBoxLayout;
+    teclas->setSpacing(Px(24));
+    teclas->addWidget(btnCancelar_, 1);
+    teclas->addWidget(btnTerminar_, 1);
+    Cuerpo()->addLayout(teclas);
 }
 
 void frmOperacion::PonerTextos() {
     const TextosClase& textos = TextosDe(clase_);
     TraducirVentana(*this, textos_);
     PonerTitulo(textos_.Traduce(textos.titulo));
-    instruccion_ = textos_.Traduce(textos.instruccion);
+    PonerInstruccion(textos.instruccion);
+    PonerTexto(*lbTerminar_, textos_, texto::kPulseTerminar);
     PonerTexto(*rotulo_[Pedido], textos_, textos.pedido);
     PonerTexto(*rotulo_[Entrado], textos_, texto::kLbEntrado);
     PonerTexto(*rotulo_[Salido], textos_, textos.salido);
     PonerTexto(*rotulo_[Falta], textos_, texto::kLbFalta);
-    PonerTexto(*btnCancelar_, textos_, texto::kBtnCancelar);
+    PonerPie(texto::kBtnCancelar, texto::kBtnTerminar, true);
+}
+
+void frmOperacion::PonerPie(const Clave& cancelar, const Clave& terminar, bool habilitadas) {
+    PonerTexto(*btnCancelar_, textos_, cancelar);
+    PonerTexto(*btnTerminar_, textos_, terminar);
+    btnCancelar_->setEnabled(habilitadas);
+    btnTerminar_->setEnabled(habilitadas);
+}
+
+void frmOperacion::PonerInstruccion(const Clave& texto) {
+    instruccion_ = textos_.Traduce(texto);
+    MostrarInstruccion();
+}
+
+void frmOperacion::MostrarInstruccion() {
+    const bool aviso = !aviso_.isEmpty();
+    PonerCaption(*lbInstruccion_, aviso ? aviso_ : instruccion_);
+    PonerColor(*lbInstruccion_, aviso ? tema::kRojoTexto : tema::kTexto);
 }
 
 void frmOperacion::MostrarLinea(Linea linea, bool visible) {
@@ -145,10 +182,13 @@ void frmOperacion::PonerImporte(Linea linea, qint64 importe) {
     valor_[linea]->setAccessibleName(rotulo_[linea]->text() + u' ' + valor_[linea]->text());
 }
 
-void frmOperacion::Abrir(OperationKind kind, qint32 importe, std::function<void()> cancelar) {
+void frmOperacion::Abrir(OperationKind kind, qint32 importe, std::function<void()> cancelar,
+                         std::function<void()> terminar) {
     clase_ = kind;
     importe_ = importe;
     cancelar_ = std::move(cancelar);
+    terminar_ = std::move(terminar);
+    aviso_.clear();
     PonerTextos();
     const bool cobro = kind == OperationKind::Cobro;
     const bool salida = kind == OperationKind::Abono || kind == OperationKind::Pago;
@@ -160,9 +200,9 @@ void frmOperacion::Abrir(OperationKind kind, qint32 importe, std::function<void(
     MostrarLinea(Falta, cobro || salida);
     PonerImporte(Pedido, importe);
     Progreso(0, 0);
-    Aviso({});
     btnCancelar_->setVisible(static_cast<bool>(cancelar_));
-    btnCancelar_->setEnabled(true);
+    btnTerminar_->setVisible(static_cast<bool>(terminar_));
+    lbTerminar_->setVisible(static_cast<bool>(terminar_));
     Colocar();
     show();
     raise();
@@ -178,6 +218,7 @@ void frmOperacion::Colocar() {
 }
 
 void frmOperacion::Progreso(qint32 paidIn, qint32 paidOut) {
+    hayDinero_ = paidIn > 0;
     PonerImporte(Entrado, paidIn);
     PonerImporte(Salido, paidOut);
     // A charge waits for money, a payment for what has to come out.
@@ -188,13 +229,23 @@ void frmOperacion::Progreso(qint32 paidIn, qint32 paidOut) {
 }
 
 void frmOperacion::Aviso(const QString& texto) {
-    const bool aviso = !texto.isEmpty();
-    PonerCaption(*lbInstruccion_, aviso ? texto : instruccion_);
-    PonerColor(*lbInstruccion_, aviso ? tema::kRojoTexto : tema::kTexto);
+    aviso_ = texto;
+    MostrarInstruccion();
+}
+
+void frmOperacion::SinTerminar() {
+    btnTerminar_->hide();
+    terminar_ = nullptr;
+    PonerTexto(*lbTerminar_, textos_, texto::kTermineEnZorvex);
+    if (cancelar_) { // not pressed either
+        PonerPie(texto::kBtnCancelar, texto::kBtnTerminar, true);
+        PonerInstruccion(TextosDe(clase_).instruccion);
+    }
 }
 
 void frmOperacion::Cerrar() {
     cancelar_ = nullptr;
+    terminar_ = nullptr;
     hide();
 }
 
@@ -202,11 +253,27 @@ void frmOperacion::Cancelar() {
     if (!cancelar_ || !btnCancelar_->isEnabled()) {
         return;
     }
-    btnCancelar_->setEnabled(false);
-    PonerTexto(*btnCancelar_, textos_, texto::kCancelando);
+    PonerPie(texto::kCancelando, texto::kBtnTerminar, false);
+    PonerCaption(*lbTerminar_, {});
+    if (hayDinero_) {
+        PonerInstruccion(texto::kDevolviendo);
+    }
     // Taken out first: what it leads to may close this window.
     const std::function<void()> cancelar = std::exchange(cancelar_, nullptr);
     cancelar();
+}
+
+// The other key goes off with it: money may already be on its way out.
+void frmOperacion::Terminar() {
+    if (!terminar_ || !btnTerminar_->isEnabled()) {
+        return;
+    }
+    PonerPie(texto::kBtnCancelar, texto::kTerminando, false);
+    PonerCaption(*lbTerminar_, {});
+    PonerInstruccion(clase_ == OperationKind::Cambio && hayDinero_ ? texto::kRecojaCambio
+                                                                   : texto::kEspere);
+    const std::function<void()> terminar = std::exchange(terminar_, nullptr);
+    terminar();
 }
 
 void frmOperacion::reject() {

@@ -56,15 +56,17 @@ TEST_F(IdiomaInglesOperacionTest, EveryOperation) {
           OperationKind::MeterCambio, OperationKind::Pago, OperationKind::ControlCajones,
           OperationKind::VaciadoCajon, OperationKind::Pendiente}) {
         SCOPED_TRACE(static_cast<int>(kind));
-        castellana_.Abrir(kind, 1250, [] {});
-        inglesa_.Abrir(kind, 1250, [] {});
+        castellana_.Abrir(
+            kind, 1250, [] {}, [] {});
+        inglesa_.Abrir(
+            kind, 1250, [] {}, [] {});
         Comparar(3); // title, instruction, cancel
     }
 }
 
 TEST_F(IdiomaInglesOperacionTest, WhileItIsBeingCancelled) {
-    castellana_.Abrir(OperationKind::Cobro, 1250, [] {});
-    inglesa_.Abrir(OperationKind::Cobro, 1250, [] {});
+    castellana_.Abrir(OperationKind::Cobro, 1250, [] {}, {});
+    inglesa_.Abrir(OperationKind::Cobro, 1250, [] {}, {});
     castellana_.reject();
     inglesa_.reject();
     Comparar(7);

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
+#include <QLayout>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -23,19 +24,25 @@ namespace {
 class frmOperacionTest : public testing::Test {
   protected:
     void Abrir(OperationKind kind, qint32 importe) {
-        ventana.Abrir(kind, importe, [this] { ++cancelaciones; });
+        ventana.Abrir(kind, importe, [this] { ++cancelaciones; }, {});
+    }
+    void AbrirConTerminar(OperationKind kind) {
+        ventana.Abrir(
+            kind, 0, [this] { ++cancelaciones; }, [this] { ++terminos; });
     }
     QString Texto(const char* nombre) const {
         const auto* etiqueta = ventana.findChild<QLabel*>(QString::fromLatin1(nombre));
         return etiqueta->isVisible() ? etiqueta->text() : u"(oculto)"_s;
     }
     QPushButton& Boton() const { return *ventana.findChild<QPushButton*>(u"btnCancelar"_s); }
+    QPushButton& Terminar() const { return *ventana.findChild<QPushButton*>(u"btnTerminar"_s); }
 
     QTemporaryDir carpeta;
     Textos textos{carpeta.path()};
     Importes importes{FormatoRegional(u"es_ES"_s), [] { return quint8{100}; }};
     frmOperacion ventana{textos, importes};
     int cancelaciones = 0;
+    int terminos = 0;
 };
 
 TEST_F(frmOperacionTest, ShowsWhatAChargeAsksForAndWhatIsStillMissing) {
@@ -178,9 +185,135 @@ TEST_F(frmOperacionTest, IsNotCancelledByABarcodeScanner) {
     EXPECT_TRUE(ventana.isVisible());
 }
 
+TEST_F(frmOperacionTest, EndsAChangeOnceAndSaysWhatComesNext) {
+    AbrirConTerminar(OperationKind::Cambio);
+    EXPECT_EQ(Texto("lbInstruccion"), u"Introduzca el dinero que quiere cambiar"_s);
+    EXPECT_EQ(Texto("lbTerminar"), u"Pulse Terminar cuando acabe"_s);
+    EXPECT_EQ(Terminar().text(), u"Terminar"_s);
+    EXPECT_EQ(Boton().text(), u"Cancelar"_s);
+    ventana.Progreso(2000, 0);
+    QTest::mouseClick(&Terminar(), Qt::LeftButton);
+    EXPECT_EQ(terminos, 1);
+    EXPECT_FALSE(Terminar().isEnabled());
+    EXPECT_EQ(Terminar().text(), u"Terminando…"_s);
+    EXPECT_EQ(Texto("lbInstruccion"), u"Recoja el cambio"_s);
+    EXPECT_EQ(Texto("lbTerminar"), QString());
+    // What is on its way out is not called back.
+    EXPECT_FALSE(Boton().isEnabled());
+    QTest::mouseClick(&Terminar(), Qt::LeftButton);
+    QTest::keyClick(&ventana, Qt::Key_Escape);
+    EXPECT_EQ(terminos, 1);
+    EXPECT_EQ(cancelaciones, 0);
+    // The next operation begins anew.
+    ventana.Cerrar();
+    AbrirConTerminar(OperationKind::MeterCambio);
+    EXPECT_TRUE(Terminar().isEnabled());
+    EXPECT_TRUE(Boton().isEnabled());
+    EXPECT_EQ(Terminar().text(), u"Terminar"_s);
+    EXPECT_EQ(Texto("lbInstruccion"), u"Introduzca el cambio en Zorvex"_s);
+    EXPECT_EQ(Texto("lbTerminar"), u"Pulse Terminar cuando acabe"_s);
+    QTest::mouseClick(&Terminar(), Qt::LeftButton);
+    EXPECT_EQ(terminos, 2);
+    EXPECT_EQ(Texto("lbInstruccion"), u"Espere a que Zorvex termine"_s);
+}
+
+TEST_F(frmOperacionTest, PromisesNoChangeForNothing) {
+    AbrirConTerminar(OperationKind::Cambio);
+    Terminar().click();
+    EXPECT_EQ(Texto("lbInstruccion"), u"Espere a que Zorvex termine"_s);
+}
+
+TEST_F(frmOperacionTest, HasTheKeyThatEndsOnlyWhereItIsGiven) {
+    Abrir(OperationKind::Pago, 500);
+    EXPECT_FALSE(Terminar().isVisible());
+    EXPECT_EQ(Texto("lbTerminar"), u"(oculto)"_s);
+    AbrirConTerminar(OperationKind::Cambio);
+    EXPECT_TRUE(Terminar().isVisible());
+    Abrir(OperationKind::Cobro, 500);
+    EXPECT_FALSE(Terminar().isVisible());
+    EXPECT_EQ(Texto("lbTerminar"), u"(oculto)"_s);
+}
+
+TEST_F(frmOperacionTest, SaysSoWhenOnlyTheDeviceItselfCanEndIt) {
+    AbrirConTerminar(OperationKind::Cambio);
+    ventana.Progreso(2000, 0);
+    Terminar().click();
+    ventana.SinTerminar();
+    EXPECT_FALSE(Terminar().isVisible());
+    EXPECT_EQ(Texto("lbInstruccion"), u"Introduzca el dinero que quiere cambiar"_s);
+    EXPECT_EQ(Texto("lbTerminar"), u"Termine en el propio Zorvex cuando acabe"_s);
+    EXPECT_TRUE(Boton().isEnabled());
+    QTest::keyClick(&ventana, Qt::Key_Escape);
+    EXPECT_EQ(cancelaciones, 1);
+    // A refusal that comes after the cancel gives nothing back.
+    ventana.SinTerminar();
+    EXPECT_FALSE(Boton().isEnabled());
+    EXPECT_EQ(Boton().text(), u"Cancelando…"_s);
+    ventana.Cerrar();
+    AbrirConTerminar(OperationKind::Cambio);
+    EXPECT_TRUE(Terminar().isVisible());
+}
+
+TEST_F(frmOperacionTest, SaysWhatACancelDoesWithTheMoney) {
+    AbrirConTerminar(OperationKind::MeterCambio);
+    QTest::keyClick(&ventana, Qt::Key_Escape);
+    EXPECT_EQ(Texto("lbInstruccion"), u"Introduzca el cambio en Zorvex"_s); // nothing is inside
+    EXPECT_EQ(Texto("lbTerminar"), QString());
+    EXPECT_FALSE(Terminar().isEnabled());
+    EXPECT_EQ(terminos, 0);
+    ventana.Cerrar();
+    AbrirConTerminar(OperationKind::MeterCambio);
+    ventana.Progreso(500, 0);
+    Boton().click();
+    EXPECT_EQ(Texto("lbInstruccion"), u"Zorvex está devolviendo el dinero"_s);
+}
+
+TEST_F(frmOperacionTest, KeepsANoteOverWhatThePressedKeySays) {
+    AbrirConTerminar(OperationKind::Cambio);
+    ventana.Progreso(2000, 0);
+    ventana.Aviso(u"Recuperando"_s);
+    Terminar().click();
+    EXPECT_EQ(Texto("lbInstruccion"), u"Recuperando"_s);
+    ventana.Aviso({});
+    EXPECT_EQ(Texto("lbInstruccion"), u"Recoja el cambio"_s);
+    // A note of an operation before goes with it.
+    ventana.Aviso(u"Recuperando"_s);
+    ventana.Cerrar();
+    AbrirConTerminar(OperationKind::Cambio);
+    EXPECT_EQ(Texto("lbInstruccion"), u"Introduzca el dinero que quiere cambiar"_s);
+}
+
+TEST_F(frmOperacionTest, DoesNotMoveItsAmountsWhenAKeyIsPressed) {
+    AbrirConTerminar(OperationKind::Cambio);
+    QTest::qWait(0);
+    const auto* entrado = ventana.findChild<QLabel*>(u"lbImporteEntrado"_s);
+    const QPoint antes = entrado->pos();
+    ventana.Progreso(2000, 0);
+    Terminar().click();
+    ventana.layout()->activate();
+    EXPECT_EQ(entrado->pos(), antes);
+    ventana.SinTerminar();
+    ventana.layout()->activate();
+    EXPECT_EQ(entrado->pos(), antes);
+}
+
+TEST_F(frmOperacionTest, IsNeitherEndedNorCancelledByABarcodeScannerDuringAChange) {
+    AbrirConTerminar(OperationKind::Cambio);
+    // To whatever has the keyboard.
+    for (const auto tecla :
+         {Qt::Key_8, Qt::Key_Tab, Qt::Key_Return, Qt::Key_Tab, Qt::Key_Enter, Qt::Key_Space}) {
+        QTest::keyClick(ventana.windowHandle(), tecla);
+    }
+    EXPECT_EQ(terminos, 0);
+    EXPECT_EQ(cancelaciones, 0);
+    EXPECT_FALSE(Terminar().hasFocus());
+    EXPECT_FALSE(Terminar().isDefault());
+}
+
 TEST_F(frmOperacionTest, HasNothingToPressWhenItCannotBeCancelled) {
-    ventana.Abrir(OperationKind::Pendiente, 0, {});
+    ventana.Abrir(OperationKind::Pendiente, 0, {}, {});
     EXPECT_FALSE(Boton().isVisible());
+    EXPECT_FALSE(Terminar().isVisible());
     QTest::keyClick(&ventana, Qt::Key_Escape);
     EXPECT_TRUE(ventana.isVisible());
 }
@@ -230,6 +363,10 @@ TEST_F(frmOperacionTest, TakesItsTextsFromTheLanguageFile) {
 TEST_F(frmOperacionTest, IsBigEnoughForAFinger) {
     Abrir(OperationKind::Cobro, 2147483647);
     EXPECT_GE(Boton().height(), 64);
+    AbrirConTerminar(OperationKind::Cambio);
+    EXPECT_GE(Terminar().height(), 64);
+    EXPECT_GE(Terminar().x() - Boton().geometry().right(), 16);
+    Abrir(OperationKind::Cobro, 2147483647);
     EXPECT_LE(ventana.width(), 1024);
     EXPECT_LE(ventana.height(), 768);
     for (const auto* etiqueta : ventana.findChildren<QLabel*>()) {
