@@ -110,6 +110,7 @@ bool Aparato::Empezar(const Operacion& pedida, const Acciones& fallos) {
     metidas_ = {};
     tandas_.clear();
     fase_ = Fase::Empezada;
+    terminoPedido_ = false;
     Q_EMIT cambiado();
     return true;
 }
@@ -120,6 +121,16 @@ void Aparato::Cancelar(const QString& opId) {
     }
     if (fase_ == Fase::Empezada || fase_ == Fase::Admision) {
         Devolver({false, 0});
+    }
+}
+
+void Aparato::PedirTermino(const QString& opId) {
+    if (!EnMarcha() || estado_.abierta->opId != opId || !SeTermina(estado_.abierta->metodo)) {
+        return;
+    }
+    if (fase_ == Fase::Empezada || fase_ == Fase::Admision) {
+        terminoPedido_ = true;
+        Q_EMIT cambiado();
     }
 }
 
@@ -145,6 +156,9 @@ void Aparato::Paso() {
     }
     if (fase_ == Fase::Empezada) {
         Primero();
+    } else if (fase_ == Fase::Admision && terminoPedido_) {
+        terminoPedido_ = false;
+        Terminar();
     } else if (fase_ == Fase::Entrega) {
         EntregarTanda();
     }

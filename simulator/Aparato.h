@@ -40,11 +40,15 @@ class Aparato : public QObject {
     // Forgets an ended operation; one that runs stays.
     void Acusar(const QString& opId);
 
+    // Asks a running change or float to end well, in a later step; nothing happens when it is
+    // giving money out, is another one or has ended.
+    void PedirTermino(const QString& opId);
+
     // The device has something to do that waits for nobody.
-    bool TienePaso() const { return fase_ == Fase::Empezada || fase_ == Fase::Entrega; }
+    bool TienePaso() const { return fase_ != Fase::Quieta && !Admite(); }
     void Paso();
     // The device takes pieces in.
-    bool Admite() const { return fase_ == Fase::Admision; }
+    bool Admite() const { return fase_ == Fase::Admision && !terminoPedido_; }
     // Pieces that the running operation has taken in.
     int PiezasMetidas() const { return Piezas(metidas_.deReciclador) + Piezas(metidas_.deCajon); }
     // A piece is put in. False: it came back, because the device takes none, knows no such piece or
@@ -107,6 +111,7 @@ class Aparato : public QObject {
     CapacidadCajones capacidad_;
     Acciones fallos_; // those of the running operation
     Fase fase_ = Fase::Quieta;
+    bool terminoPedido_ = false;
     Sitio metidas_; // what the running operation has taken in
     std::deque<Sitio> tandas_;
     Desenlace desenlace_;

@@ -1,11 +1,15 @@
 // The scripts, as docs/simulator.md tells them.
 #include "simulator/Cliente.h"
 
+#include "platform/StringLiterals.h"
 #include "simulator/Dinero.h"
+
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <array>
 #include <span>
+#include <utility>
 
 namespace zv::simulador {
 
@@ -70,6 +74,102 @@ Gesto Siguiente(Guion guion, const Operacion& op, int piezas) {
     default:
         return {};
     }
+}
+
+// ---- orders
+
+bool Cliente::LeerGestos(const QStringList& gestos, Orden& orden, QString& error) {
+    bool acabado = false;
+    for (const QString& gesto : gestos) {
+        bool numero = false;
+        const qint32 valor = gesto.toInt(&numero);
+        if (acabado) {
+            error = u"\"%1\" está detrás del final"_s.arg(gesto);
+            return false;
+        }
+        if (numero) {
+            if (!Indice(valor)) {
+                error = u"no hay ninguna pieza de %1 céntimos"_s.arg(valor);
+                return false;
+            }
+            orden.piezas.push_back(valor);
+            continue;
+        }
+        acabado = true;
+        if (gesto == QLatin1String("cancelar")) {
+            orden.fin = Gesto::Tipo::Cancelar;
+        } else if (gesto == QLatin1String("esperar")) {
+            orden.fin = Gesto::Tipo::Nada;
+        } else if (gesto != QLatin1String("terminar") || !SeTermina(orden.metodo)) {
+            error = u"\"%1\" no es ningún gesto de esta operación"_s.arg(gesto);
+            return false;
+        }
+    }
+    return true;
+}
+
+std::optional<Cliente::Orden> Cliente::LeerOrden(const QString& texto, QString& error) {
+    static constexpr std::array<std::pair<const char*, Metodo>, 3> kMetodos{
+        {{"cobro", Metodo::Cobro}, {"cambio", Metodo::Cambio}, {"ingreso", Metodo::Ingreso}}};
+    const QRegularExpression forma(u"^([a-z]+)(?:#([1-9][0-9]{0,5}))?=(.+)$"_s);
+    const QRegularExpressionMatch partes = forma.match(texto);
+    if (!partes.hasMatch()) {
+        error = u"la forma es operación[#n]=gesto+gesto…"_s;
+        return std::nullopt;
+    }
+    const auto* const metodo = std::ranges::find_if(
+        kMetodos, [&](const auto& uno) { return partes.captured(1) == QLatin1String(uno.first); });
+    if (metodo == kMetodos.end()) {
+        error = u"un cliente sólo sabe de cobro, cambio e ingreso"_s;
+        return std::nullopt;
+    }
+    Orden orden;
+    orden.metodo = metodo->second;
+    orden.numero = partes.captured(2).toInt();
+    orden.fin = SeTermina(orden.metodo) ? Gesto::Tipo::Terminar : Gesto::Tipo::Nada;
+    if (!LeerGestos(partes.captured(3).split(u'+'), orden, error)) {
+        return std::nullopt;
+    }
+    return orden;
+}
+
+std::optional<Cliente> Cliente::Leer(const QString& guion, QString& error) {
+    Cliente cliente;
+    QStringList partes = guion.split(u',');
+    const auto habito = GuionDeNombre(partes.takeFirst());
+    if (!habito) {
+        error = u"empieza por exacto, redondeo o manual"_s;
+        return std::nullopt;
+    }
+    cliente.habito_ = *habito;
+    for (const QString& parte : std::as_const(partes)) {
+        const auto orden = LeerOrden(parte, error);
+        if (!orden) {
+            error = u"\"%1\": "_s.arg(parte) + error;
+            return std::nullopt;
+        }
+        cliente.ordenes_.push_back(*orden);
+    }
+    return cliente;
+}
+
+void Cliente::AlEmpezar(const Operacion& op) {
+    ++cuenta_[op.metodo];
+}
+
+Gesto Cliente::Siguiente(const Operacion& op, int piezas) const {
+    const auto cuenta = cuenta_.find(op.metodo);
+    const int numero = cuenta == cuenta_.end() ? 0 : cuenta->second;
+    // The last order that fits, so that a general one may stand before its exceptions.
+    const auto orden = std::find_if(ordenes_.rbegin(), ordenes_.rend(), [&](const Orden& una) {
+        return una.metodo == op.metodo && (una.numero == 0 || una.numero == numero);
+    });
+    if (orden == ordenes_.rend()) {
+        return simulador::Siguiente(habito_, op, piezas);
+    }
+    const auto n = static_cast<std::size_t>(piezas);
+    return n < orden->piezas.size() ? Gesto{Gesto::Tipo::Pieza, orden->piezas[n]}
+                                    : Gesto{orden->fin, 0};
 }
 
 } // namespace zv::simulador

@@ -14,7 +14,7 @@ namespace zv::simulador {
 namespace {
 
 using NombrePunto = std::pair<const char*, Punto>;
-constexpr std::array<NombrePunto, 11> kPuntos{{
+constexpr std::array<NombrePunto, 12> kPuntos{{
     {"cobro", Punto::Cobro},
     {"abono", Punto::Abono},
     {"cambio", Punto::Cambio},
@@ -23,12 +23,13 @@ constexpr std::array<NombrePunto, 11> kPuntos{{
     {"cierre", Punto::Cierre},
     {"cuadre", Punto::Cuadre},
     {"vaciado", Punto::Vaciado},
+    {"terminar", Punto::Terminar},
     {"niveles", Punto::Niveles},
     {"configuracion", Punto::Configuracion},
     {"conexion", Punto::Conexion},
 }};
 
-enum class Valor { Ninguno, Codigo, Milisegundos, Centimos, Momento, Cajon };
+enum class Valor { Ninguno, Codigo, Milisegundos, Centimos, Momento, Corte, Cajon };
 enum Donde : unsigned {
     Operaciones = 1,
     Consultas = 2,
@@ -50,7 +51,7 @@ constexpr std::array<NombreAccion, 14> kAcciones{{
     {"atasco", TipoFallo::Atasco, Valor::Ninguno, Operaciones},
     {"cancelar", TipoFallo::Cancelar, Valor::Ninguno, Operaciones},
     {"nolisto", TipoFallo::NoListo, Valor::Codigo, Operaciones},
-    {"cortar", TipoFallo::Cortar, Valor::Momento, kTodo},
+    {"cortar", TipoFallo::Cortar, Valor::Corte, kTodo},
     {"matar", TipoFallo::Matar, Valor::Momento, kTodo},
     {"lento", TipoFallo::Lento, Valor::Milisegundos, kTodo},
     {"repetir", TipoFallo::Repetir, Valor::Ninguno, Operaciones | Consultas},
@@ -65,6 +66,7 @@ unsigned DondeEsta(Punto punto) {
     switch (punto) {
     case Punto::Niveles:
         return Consultas | SoloNiveles;
+    case Punto::Terminar:
     case Punto::Configuracion:
         return Consultas;
     case Punto::Conexion:
@@ -92,6 +94,10 @@ bool LeerPalabra(const QString& texto, const QStringList& palabras, T& cual) {
     return sitio >= 0;
 }
 
+bool LeerMomento(const QString& texto, Momento& momento) {
+    return LeerPalabra(texto, {u"antes"_s, u"durante"_s, u"despues"_s}, momento);
+}
+
 // What the value must be, in words; empty when it is right and has been stored.
 QString LeerValor(Valor clase, const QString& texto, Accion& accion) {
     constexpr qint32 kErrorMayor = 32767; // the client's codes have 16 bits
@@ -112,9 +118,17 @@ QString LeerValor(Valor clase, const QString& texto, Accion& accion) {
                    ? QString()
                    : u"el descuadre va de -100000 a 100000"_s;
     case Valor::Momento:
-        return LeerPalabra(texto, {u"antes"_s, u"durante"_s, u"despues"_s}, accion.momento)
+        return LeerMomento(texto, accion.momento) ? QString()
+                                                  : u"el momento es antes, durante o despues"_s;
+    case Valor::Corte: {
+        const qsizetype mas = texto.indexOf(u'+');
+        if (!LeerMomento(mas < 0 ? texto : texto.left(mas), accion.momento)) {
+            return u"el momento es antes, durante o despues"_s;
+        }
+        return mas < 0 || LeerNumero(texto.mid(mas + 1), 1, kEsperaMayor, accion.valor)
                    ? QString()
-                   : u"el momento es antes, durante o despues"_s;
+                   : u"los milisegundos van de 1 a 600000"_s;
+    }
     case Valor::Cajon:
         return LeerPalabra(texto, {u"monedas"_s, u"billetes"_s, u"todo"_s}, accion.valor)
                    ? QString()

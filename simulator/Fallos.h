@@ -20,6 +20,7 @@ enum class Punto {
     Cierre,
     Cuadre,
     Vaciado,
+    Terminar,
     Niveles,
     Configuracion,
     Conexion,
@@ -31,7 +32,7 @@ enum class TipoFallo {
     Atasco,    // a piece is stuck
     Cancelar,  // somebody presses cancel at the device
     NoListo,   // valor: code; the start itself is refused
-    Cortar,    // the connection is closed at `momento`
+    Cortar,    // the connection is closed at `momento`; valor: milliseconds without another one
     Matar,     // the process dies at `momento`
     Lento,     // valor: milliseconds that the link stalls
     Repetir,   // what is sent is sent twice

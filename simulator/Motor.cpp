@@ -1,10 +1,12 @@
 // The beat of the simulated device.
 #include "simulator/Motor.h"
 
+#include <utility>
+
 namespace zv::simulador {
 
-Motor::Motor(Aparato& aparato, Guion guion, int ritmo, QObject* padre)
-    : QObject(padre), aparato_(aparato), guion_(guion) {
+Motor::Motor(Aparato& aparato, Cliente cliente, int ritmo, QObject* padre)
+    : QObject(padre), aparato_(aparato), cliente_(std::move(cliente)) {
     timer_.setSingleShot(true);
     timer_.setTimerType(Qt::PreciseTimer);
     timer_.setInterval(ritmo);
@@ -16,8 +18,15 @@ Motor::Motor(Aparato& aparato, Guion guion, int ritmo, QObject* padre)
 }
 
 void Motor::PonerGuion(Guion guion) {
-    guion_ = guion;
+    cliente_.PonerHabito(guion);
     Despertar();
+}
+
+void Motor::Mirar() {
+    if (aparato_.EnMarcha() && aparato_.Abierta()->opId != opId_) {
+        opId_ = aparato_.Abierta()->opId;
+        cliente_.AlEmpezar(*aparato_.Abierta());
+    }
 }
 
 bool Motor::HayTrabajo() const {
@@ -25,17 +34,19 @@ bool Motor::HayTrabajo() const {
         return true;
     }
     return aparato_.Admite() &&
-           Siguiente(guion_, *aparato_.Abierta(), aparato_.PiezasMetidas()).tipo !=
+           cliente_.Siguiente(*aparato_.Abierta(), aparato_.PiezasMetidas()).tipo !=
                Gesto::Tipo::Nada;
 }
 
 void Motor::Despertar() {
+    Mirar();
     if (!timer_.isActive() && HayTrabajo()) {
         timer_.start();
     }
 }
 
 bool Motor::Pulso() {
+    Mirar();
     if (aparato_.TienePaso()) {
         aparato_.Paso();
         return true;
@@ -43,9 +54,11 @@ bool Motor::Pulso() {
     if (!aparato_.Admite()) {
         return false;
     }
-    const Gesto gesto = Siguiente(guion_, *aparato_.Abierta(), aparato_.PiezasMetidas());
+    const Gesto gesto = cliente_.Siguiente(*aparato_.Abierta(), aparato_.PiezasMetidas());
     if (gesto.tipo == Gesto::Tipo::Terminar) {
         aparato_.Terminar();
+    } else if (gesto.tipo == Gesto::Tipo::Cancelar) {
+        aparato_.Cancelar(opId_);
     } else if (gesto.tipo == Gesto::Tipo::Pieza && !aparato_.Meter(gesto.valor)) {
         aparato_.Rendirse();
     }

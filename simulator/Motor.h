@@ -14,20 +14,22 @@ class Motor : public QObject {
 
   public:
     // `ritmo` in milliseconds between two beats. The device outlives the motor.
-    Motor(Aparato& aparato, Guion guion, int ritmo, QObject* padre = nullptr);
+    Motor(Aparato& aparato, Cliente cliente, int ritmo, QObject* padre = nullptr);
 
-    Guion ElGuion() const { return guion_; }
+    Guion ElGuion() const { return cliente_.Habito(); }
     void PonerGuion(Guion guion);
 
     // One beat at once. False when nobody has anything to do.
     bool Pulso();
 
   private:
+    void Mirar();
     bool HayTrabajo() const;
     void Despertar();
 
     Aparato& aparato_;
-    Guion guion_;
+    Cliente cliente_;
+    QString opId_; // the operation that the customer knows of
     QTimer timer_;
 };
 

@@ -23,7 +23,8 @@ QString Ayuda() {
            "  --puerto N           puerto de escucha; 0 coge uno libre (16510)\n"
            "  --carpeta DIR        donde guarda su dinero\n"
            "  --sin-ventana        sin pantalla\n"
-           "  --cliente GUION      exacto, redondeo o manual (manual)\n"
+           "  --cliente GUION      exacto, redondeo o manual (manual), y órdenes, p. ej. "
+           "\"exacto,cambio#2=1000+cancelar\"\n"
            "  --ritmo MS           entre pieza y pieza (50; 2 sin ventana)\n"
            "  --fallo GUION        fallos a demanda, p. ej. "
            "\"cobro#2:error=5,niveles:lento=3000\"\n"
@@ -95,13 +96,13 @@ bool LeerOpciones(const QStringList& argumentos, bool hayVentana, Opciones& opci
                                  u"/ZVSimulador"_s;
     opciones.traza = parser.value(N("traza"));
     if (parser.isSet(N("cliente"))) {
-        const auto guion = GuionDeNombre(parser.value(N("cliente")));
-        if (!guion) {
-            error = u"--cliente es exacto, redondeo o manual, no \"%1\""_s.arg(
-                parser.value(N("cliente")));
+        QString porque;
+        const auto cliente = Cliente::Leer(parser.value(N("cliente")), porque);
+        if (!cliente) {
+            error = u"--cliente \"%1\": %2"_s.arg(parser.value(N("cliente")), porque);
             return false;
         }
-        opciones.guion = *guion;
+        opciones.cliente = *cliente;
     }
     int puerto = kPuertoNormal;
     int cajones = 0;

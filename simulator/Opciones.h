@@ -16,7 +16,7 @@ struct Opciones {
     QString traza; // file; empty is stdout
     bool ventana = true;
     bool saldo = false;
-    Guion guion = Guion::Manual;
+    Cliente cliente;
     int ritmo = 0; // milliseconds
     CapacidadCajones cajones;
     Fallos fallos;

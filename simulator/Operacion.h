@@ -14,6 +14,10 @@ enum class Metodo { Cobro, Cambio, Ingreso, Pago, Cajones, Vaciado };
 // "charge.start" and its like.
 QString NombreMetodo(Metodo metodo);
 std::optional<Metodo> MetodoDeNombre(const QString& nombre);
+// It takes in what is put in until somebody says that this was all.
+constexpr bool SeTermina(Metodo metodo) {
+    return metodo == Metodo::Cambio || metodo == Metodo::Ingreso;
+}
 
 // Device errors. 1 belongs to the client.
 inline constexpr qint32 kSinCambioExacto = 4; // a payment that the pieces there cannot make

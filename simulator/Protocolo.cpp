@@ -27,6 +27,7 @@ enum Error {
     OtraVersion = -32003,
     OtraOperacion = -32010,
     OperacionDesconocida = -32011,
+    NoSeTermina = -32012,
     NoListo = -32020,
 };
 
@@ -219,7 +220,8 @@ Protocolo::Atencion Protocolo::Peticion(const QString& metodo, const QJsonValue&
     }
     const bool cancelar = metodo == QLatin1String("op.cancel");
     const bool acusar = metodo == QLatin1String("op.ack");
-    if (!cancelar && !acusar && metodo != QLatin1String("op.status")) {
+    const bool terminar = metodo == QLatin1String("op.finish");
+    if (!cancelar && !acusar && !terminar && metodo != QLatin1String("op.status")) {
         return responder(Fallo(id, Error::MetodoDesconocido, u"método desconocido: "_s + metodo));
     }
 
@@ -229,9 +231,10 @@ Protocolo::Atencion Protocolo::Peticion(const QString& metodo, const QJsonValue&
     }
     if (acusar) {
         aparato_.Acusar(opId);
-    }
-    if (acusar) {
         return responder(Resultado(id, QJsonObject()));
+    }
+    if (terminar) {
+        return Termino(id, opId);
     }
     const auto op = aparato_.Conocida(opId);
     if (!op) {
@@ -241,6 +244,30 @@ Protocolo::Atencion Protocolo::Peticion(const QString& metodo, const QJsonValue&
         aparato_.Cancelar(opId);
     }
     return responder(Resultado(id, op->Estado()));
+}
+
+Protocolo::Atencion Protocolo::Termino(const QJsonValue& id, const QString& opId) {
+    Atencion atencion;
+    const auto op = aparato_.Conocida(opId);
+    if (!op) {
+        atencion.respuesta = Fallo(id, Error::OperacionDesconocida, u"operación desconocida"_s);
+        return atencion;
+    }
+    if (!SeTermina(op->metodo)) {
+        atencion.respuesta = Fallo(id, Error::NoSeTermina, u"esta operación acaba sola"_s);
+        return atencion;
+    }
+    atencion.acciones = fallos_.Toca(Punto::Terminar);
+    if (SinProcesar(atencion.acciones)) {
+        return atencion;
+    }
+    if (const auto error = Buscar(atencion.acciones, TipoFallo::Error)) {
+        atencion.respuesta = NoEstaListo(id, error->valor);
+        return atencion;
+    }
+    aparato_.PedirTermino(opId);
+    atencion.respuesta = Resultado(id, op->Estado());
+    return atencion;
 }
 
 Protocolo::Atencion Protocolo::Arranque(Metodo metodo, const QJsonValue& id,

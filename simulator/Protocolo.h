@@ -34,6 +34,7 @@ class Protocolo {
   private:
     Atencion Peticion(const QString& metodo, const QJsonValue& id, const QJsonObject& params);
     Atencion Arranque(Metodo metodo, const QJsonValue& id, const QJsonObject& params);
+    Atencion Termino(const QJsonValue& id, const QString& opId);
     Atencion Consulta(const QString& metodo, const QJsonValue& id, const QJsonObject& params);
     QByteArray Saludo(const QJsonValue& id, const QJsonObject& params, bool& saludado) const;
     QByteArray Niveles(const QJsonValue& id, const QJsonObject& params) const;

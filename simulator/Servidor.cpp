@@ -68,6 +68,11 @@ bool Servidor::Escuchar(quint16 puerto, QString& error) {
 
 void Servidor::AlConectar() {
     while (QTcpSocket* const nuevo = tcp_.nextPendingConnection()) {
+        if (!fuera_.hasExpired()) {
+            nuevo->abort();
+            nuevo->deleteLater();
+            continue;
+        }
         Soltar(); // the new one takes the place of the old one
         cliente_ = nuevo;
         nuevo->setSocketOption(QAbstractSocket::LowDelayOption, 1);
@@ -120,6 +125,11 @@ void Servidor::CortarEnlace() {
     Soltar();
 }
 
+void Servidor::Cortar(const Accion& corte) {
+    Soltar();
+    fuera_.setRemainingTime(corte.valor);
+}
+
 void Servidor::VigilarAusencia() {
     if (!aparato_.EnMarcha() || HayCliente()) {
         ausente_.stop();
@@ -162,15 +172,19 @@ void Servidor::Atender(const QByteArray& linea) {
     if (Buscar(atencion.acciones, TipoFallo::Repetir) && !atencion.operacion) {
         Enviar(atencion.respuesta);
     }
-    const bool despues = !atencion.operacion &&
-                         Buscar(atencion.acciones, TipoFallo::Cortar, Momento::Despues).has_value();
+    const auto despues = atencion.operacion
+                             ? std::nullopt
+                             : Buscar(atencion.acciones, TipoFallo::Cortar, Momento::Despues);
     if (!atencion.operacion && Buscar(atencion.acciones, TipoFallo::Matar, Momento::Despues)) {
         if (cliente_) {
             cliente_->flush();
         }
         matar_();
     }
-    if (atencion.cerrar || despues) {
+    if (despues) {
+        Cortar(*despues);
+    }
+    if (atencion.cerrar) {
         Soltar();
     }
 }
@@ -184,7 +198,7 @@ bool Servidor::AntesDeResponder(const Acciones& acciones, bool operacion) {
         switch (accion.tipo) {
         case TipoFallo::Cortar:
             if (ahora) {
-                Soltar();
+                Cortar(accion);
                 return false;
             }
             break;
@@ -220,7 +234,7 @@ bool Servidor::FallaEn(Momento momento) {
         matar_();
     }
     if (corte) {
-        Soltar();
+        Cortar(*corte);
     }
     return corte || muerte;
 }

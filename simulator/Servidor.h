@@ -6,6 +6,7 @@
 #include "simulator/Protocolo.h"
 
 #include <QByteArrayList>
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QPointer>
 #include <QTcpServer>
@@ -54,6 +55,8 @@ class Servidor : public QObject {
     bool FallaEn(Momento momento);
     void Notificar(const QString& metodo, const Operacion& op);
     void Enviar(const QByteArray& linea);
+    // The fault: drops the client, and lets nobody in for as long as it says.
+    void Cortar(const Accion& corte);
     void Soltar();
     void VigilarAusencia();
 
@@ -69,6 +72,7 @@ class Servidor : public QObject {
     Acciones alConectar_;      // faults of this connection
     Acciones enMarcha_;        // faults of the running operation
     QByteArrayList retenidas_; // what goes out when the stall is over
+    QDeadlineTimer fuera_{0};  // until then nobody is let in
     QTimer pausa_;
     QTimer ausente_;
     QTimer silencio_;

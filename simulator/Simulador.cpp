@@ -47,7 +47,7 @@ bool Simulador::Arrancar(QString& error) {
     // As a power cut: nothing is flushed, nothing is said.
     const auto matar = [] { std::raise(SIGKILL); };
     servidor_ = std::make_unique<Servidor>(*aparato_, opciones_.fallos, Servidor::Tiempos{}, matar);
-    motor_ = std::make_unique<Motor>(*aparato_, opciones_.guion, opciones_.ritmo);
+    motor_ = std::make_unique<Motor>(*aparato_, opciones_.cliente, opciones_.ritmo);
     connect(aparato_.get(), &Aparato::suceso, this, &Simulador::suceso);
     connect(servidor_.get(), &Servidor::suceso, this, &Simulador::suceso);
     connect(aparato_.get(), &Aparato::roto, this, &Simulador::roto);

@@ -20,7 +20,7 @@ constexpr int kColumnas = 3;
 constexpr int kAltoBoton = 56;
 
 // What the button says, and its rule.
-constexpr std::array<std::pair<const char16_t*, const char*>, 17> kFallos{{
+constexpr std::array<std::pair<const char16_t*, const char*>, 19> kFallos{{
     {u"Error 5", "todo#1:error=5"},
     {u"Error con dinero dentro", "todo#1:parcial=40"},
     {u"Atasco", "todo#1:atasco"},
@@ -30,6 +30,8 @@ constexpr std::array<std::pair<const char16_t*, const char*>, 17> kFallos{{
     {u"Corte antes", "todo#1:cortar=antes"},
     {u"Corte durante", "todo#1:cortar=durante"},
     {u"Corte después", "todo#1:cortar=despues"},
+    {u"Corte largo (12 s)", "todo#1:cortar=durante+12000"},
+    {u"No deja terminar", "terminar#1:error=8"},
     {u"Avisos repetidos", "todo#1:repetir"},
     {u"Línea ilegible", "todo#1:basura"},
     {u"Se queda mudo", "todo#1:mudo"},

@@ -226,6 +226,77 @@ TEST(Cambio, EndedWithNothingInIsASuccessOfNothing) {
     EXPECT_EQ(b.Fin().entrado, 0);
 }
 
+TEST(Termino, AskedForEndsAChangeInItsNextSteps) {
+    Banco b;
+    const qint64 antes = b.Saldo();
+    b.Empezar(Pedir(Metodo::Cambio));
+    b.Meter({1000});
+    b.aparato.PedirTermino(u"op"_s);
+    EXPECT_TRUE(b.fines.empty());
+    EXPECT_TRUE(b.aparato.TienePaso());
+    EXPECT_FALSE(b.aparato.Meter(1000)); // that was all
+    b.Correr();
+    EXPECT_TRUE(b.Fin().ok);
+    EXPECT_EQ(b.Fin().entrado, 1000);
+    EXPECT_EQ(b.Fin().salido, 1000);
+    EXPECT_EQ(b.Saldo(), antes);
+    b.aparato.PedirTermino(u"op"_s); // changes nothing any more
+    EXPECT_FALSE(b.aparato.TienePaso());
+    EXPECT_EQ(b.fines.size(), 1U);
+}
+
+TEST(Termino, AskedForBeforeTheFirstStepEndsWithNothing) {
+    Banco b;
+    b.aparato.Empezar(Pedir(Metodo::Ingreso), {});
+    b.aparato.PedirTermino(u"op"_s);
+    b.Correr();
+    EXPECT_TRUE(b.Fin().ok);
+    EXPECT_EQ(b.Fin().entrado, 0);
+}
+
+TEST(Termino, OfAnOperationThatFailsAtOnceDoesNotEndTheNext) {
+    Banco b;
+    Fallos fallos;
+    QString error;
+    ASSERT_TRUE(fallos.Añadir(u"ingreso:error=12"_s, error));
+    b.aparato.Empezar(Pedir(Metodo::Ingreso), fallos.Toca(Punto::Ingreso));
+    b.aparato.PedirTermino(u"op"_s);
+    b.Correr();
+    EXPECT_EQ(b.Fin().codigo, 12);
+    b.aparato.Acusar(u"op"_s);
+    b.Empezar(Pedir(Metodo::Ingreso, 0, 0, u"op2"_s));
+    EXPECT_TRUE(b.aparato.Admite());
+}
+
+TEST(Termino, IsNothingToAnotherOperationToAChargeAndToMoneyOnItsWayOut) {
+    Banco b;
+    b.Empezar(Pedir(Metodo::Cambio));
+    b.aparato.PedirTermino(u"otra"_s);
+    EXPECT_TRUE(b.aparato.Admite());
+    b.aparato.Meter(1000);
+    b.aparato.Cancelar(u"op"_s);
+    b.aparato.PedirTermino(u"op"_s);
+    b.Correr();
+    EXPECT_FALSE(b.Fin().ok);
+    EXPECT_EQ(b.Fin().codigo, 0);
+    b.aparato.Acusar(u"op"_s);
+    b.Empezar(Pedir(Metodo::Cobro, 500, 0, u"op2"_s));
+    b.aparato.PedirTermino(u"op2"_s);
+    EXPECT_TRUE(b.aparato.Admite());
+}
+
+TEST(Termino, GivesWayToACancelThatComesBeforeTheNextStep) {
+    Banco b;
+    const Inventario antes = b.aparato.Ver().inventario;
+    b.Empezar(Pedir(Metodo::Cambio));
+    b.aparato.Meter(1000);
+    b.aparato.PedirTermino(u"op"_s);
+    b.aparato.Cancelar(u"op"_s);
+    b.Correr();
+    EXPECT_FALSE(b.Fin().ok);
+    EXPECT_EQ(b.aparato.Ver().inventario.reciclador, antes.reciclador); // the same piece
+}
+
 TEST(Ingreso, KeepsWhatCameInBeyondTheTargets) {
     Inventario hay = Inventario::Inicial();
     const auto indice = *Indice(100);

@@ -78,6 +78,15 @@ TEST(Fallos, ACutHasItsMoment) {
     EXPECT_TRUE(Buscar(acciones, TipoFallo::Matar, Momento::Antes));
 }
 
+TEST(Fallos, ACutMayKeepEverybodyOutForAWhile) {
+    Fallos fallos = Con("cambio:cortar=durante+9000,terminar:cortar=antes");
+    const Acciones cambio = fallos.Toca(Punto::Cambio);
+    EXPECT_EQ(cambio.front().momento, Momento::Durante);
+    EXPECT_EQ(cambio.front().valor, 9000);
+    EXPECT_EQ(fallos.Toca(Punto::Terminar).front().valor, 0);
+    EXPECT_TRUE(fallos.Toca(Punto::Ingreso).empty());
+}
+
 TEST(Fallos, AddedLaterCountFromThen) {
     Fallos fallos;
     fallos.Toca(Punto::Cobro);
@@ -111,6 +120,14 @@ TEST(Fallos, AWrongRuleIsToldInPlainWordsAndAddsNothing) {
     EXPECT_EQ(ErrorDe("cobro:atasco=3"), u"fallo \"cobro:atasco=3\": no lleva valor"_s);
     EXPECT_EQ(ErrorDe("cobro:cortar=nunca"),
               u"fallo \"cobro:cortar=nunca\": el momento es antes, durante o despues"_s);
+    EXPECT_EQ(ErrorDe("cobro:cortar=durante+0"),
+              u"fallo \"cobro:cortar=durante+0\": los milisegundos van de 1 a 600000"_s);
+    EXPECT_EQ(ErrorDe("cobro:cortar=nunca+5"),
+              u"fallo \"cobro:cortar=nunca+5\": el momento es antes, durante o despues"_s);
+    EXPECT_EQ(ErrorDe("cobro:matar=durante+5"),
+              u"fallo \"cobro:matar=durante+5\": el momento es antes, durante o despues"_s);
+    EXPECT_EQ(ErrorDe("terminar:atasco"),
+              u"fallo \"terminar:atasco\": \"atasco\" no vale en \"terminar\""_s);
     EXPECT_EQ(ErrorDe("cuadre:retirar=oro"),
               u"fallo \"cuadre:retirar=oro\": el cajón es monedas, billetes o todo"_s);
     EXPECT_EQ(ErrorDe("niveles:descuadre=x"),

@@ -11,9 +11,9 @@ namespace zv::simulador {
 
 class Mostrador {
   public:
-    explicit Mostrador(Guion guion = Guion::Redondeo, const QString& guionFallos = {},
+    explicit Mostrador(const Cliente& cliente = Guion::Redondeo, const QString& guionFallos = {},
                        Servidor::Tiempos tiempos = {}, Estado estado = EstadoInicial())
-        : banco(std::move(estado)), motor(banco.aparato, guion, 0),
+        : banco(std::move(estado)), motor(banco.aparato, cliente, 0),
           servidor(banco.aparato, fallos, tiempos, [this] { ++muertes; }) {
         QString error;
         bien = fallos.Añadir(guionFallos, error) && servidor.Escuchar(0, error);

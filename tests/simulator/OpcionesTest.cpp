@@ -29,7 +29,7 @@ TEST(Opciones, HaveTheirDefaults) {
     EXPECT_EQ(o.puerto, 16510);
     EXPECT_TRUE(o.ventana);
     EXPECT_FALSE(o.saldo);
-    EXPECT_EQ(o.guion, Guion::Manual);
+    EXPECT_EQ(o.cliente.Habito(), Guion::Manual);
     EXPECT_EQ(o.ritmo, 50);
     EXPECT_EQ(o.cajones.monedas, 5000);
     EXPECT_EQ(o.cajones.billetes, 2000);
@@ -45,11 +45,14 @@ TEST(Opciones, WithoutAWindowRunFaster) {
 
 TEST(Opciones, AreRead) {
     const Opciones o =
-        Leidas({u"--puerto=0"_s, u"--carpeta=/x"_s, u"--cliente"_s, u"exacto"_s,
+        Leidas({u"--puerto=0"_s, u"--carpeta=/x"_s, u"--cliente"_s, u"exacto,cambio=500"_s,
                 u"--fallo=cobro:atasco"_s, u"--saldo"_s, u"--cajones=7"_s, u"--traza=/t"_s});
+    Operacion cambio;
+    cambio.metodo = Metodo::Cambio;
     EXPECT_EQ(o.puerto, 0);
     EXPECT_EQ(o.carpeta, u"/x"_s);
-    EXPECT_EQ(o.guion, Guion::Exacto);
+    EXPECT_EQ(o.cliente.Habito(), Guion::Exacto);
+    EXPECT_EQ(o.cliente.Siguiente(cambio, 0).valor, 500);
     EXPECT_FALSE(o.fallos.Vacio());
     EXPECT_TRUE(o.saldo);
     EXPECT_EQ(o.cajones.monedas, 7);
@@ -72,7 +75,7 @@ TEST(Opciones, ThatAreWrongAreToldInPlainWords) {
     EXPECT_EQ(ErrorDe({u"--ritmo=x"_s}), u"--ritmo va de 0 a 60000, no \"x\""_s);
     EXPECT_EQ(ErrorDe({u"--cajones=0"_s}), u"--cajones va de 1 a 100000, no \"0\""_s);
     EXPECT_EQ(ErrorDe({u"--cliente=rico"_s}),
-              u"--cliente es exacto, redondeo o manual, no \"rico\""_s);
+              u"--cliente \"rico\": empieza por exacto, redondeo o manual"_s);
     EXPECT_EQ(ErrorDe({u"--fallo=x"_s}), u"fallo \"x\": la forma es punto[#n]:acción[=valor]"_s);
     EXPECT_EQ(ErrorDe({u"suelto"_s}), u"sobra \"suelto\""_s);
     EXPECT_FALSE(ErrorDe({u"--direccion=0.0.0.0"_s}).isEmpty());

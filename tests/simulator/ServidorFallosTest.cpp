@@ -104,6 +104,54 @@ TEST(FalloCortar, OfAQueryLosesItOrItsAnswerOrOnlyTheLink) {
     }
 }
 
+TEST(FalloCortar, KeepsEverybodyOutForAsLongAsItSays) {
+    constexpr int kFuera = 200;
+    Mostrador m(Guion::Redondeo, u"cobro#1:cortar=durante+%1,conexion#3:rechazar"_s.arg(kFuera));
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    c.Pedir(u"charge.start"_s, Cobro(u"a"_s, 1250));
+    ASSERT_TRUE(c.Cerrado());
+    QElapsedTimer reloj;
+    reloj.start();
+    {
+        ClientePrueba fuera(m.servidor.Puerto());
+        EXPECT_TRUE(fuera.Cerrado());
+        EXPECT_TRUE(fuera.Saludar().isEmpty());
+    }
+    EXPECT_LT(reloj.elapsed(), kFuera);
+    ASSERT_TRUE(Esperar([&] { return reloj.elapsed() > kFuera; }));
+    // Who was kept out has not been counted: this is the second connection.
+    ClientePrueba d(m.servidor.Puerto());
+    EXPECT_TRUE(d.Saludar().value(u"openOp"_s).toObject().value(u"ok"_s).toBool());
+}
+
+TEST(FalloTerminar, RefusesTheEndThatTheMonitorAsksFor) {
+    Mostrador m(Guion::Manual, u"terminar#1:error=8"_s);
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    c.Resultado(u"addChange.start"_s, ConOpId(u"a"_s));
+    ASSERT_TRUE(Esperar([&] { return m.banco.aparato.Admite(); }));
+    EXPECT_EQ(c.Error(u"op.finish"_s, ConOpId(u"a"_s)), -32020);
+    EXPECT_TRUE(m.banco.aparato.Admite());
+    c.Resultado(u"op.finish"_s, ConOpId(u"a"_s));
+    EXPECT_TRUE(c.Fin().value(u"ok"_s).toBool());
+}
+
+TEST(FalloTerminar, LosesTheLinkBeforeDuringAndAfter) {
+    for (const auto& [momento, acaba, respondida] :
+         {std::tuple{"antes", false, false}, {"durante", true, false}, {"despues", true, true}}) {
+        Mostrador m(Guion::Manual, u"terminar:cortar="_s + QLatin1String(momento));
+        ClientePrueba c(m.servidor.Puerto());
+        c.Saludar();
+        c.Resultado(u"addChange.start"_s, ConOpId(u"a"_s));
+        ASSERT_TRUE(Esperar([&] { return m.banco.aparato.Admite(); }));
+        const int id = c.Pedir(u"op.finish"_s, ConOpId(u"a"_s));
+        EXPECT_TRUE(c.Cerrado()) << momento;
+        EXPECT_EQ(!c.Respuesta(id).isEmpty(), respondida) << momento;
+        EXPECT_EQ(!m.banco.aparato.Admite(), acaba) << momento;
+    }
+}
+
 TEST(FalloMatar, StrikesAtItsMoment) {
     struct Caso {
         const char* momento;

@@ -270,6 +270,35 @@ TEST(Operacion, CancelledAnswersItsStateAndEndsSoonAfter) {
     EXPECT_EQ(c.Resultado(u"op.status"_s, ConOpId(u"a"_s)), fin);
 }
 
+TEST(Operacion, FinishedAnswersItsStateAndEndsWellSoonAfter) {
+    Mostrador m(Guion::Manual);
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    c.Resultado(u"change.start"_s, ConOpId(u"a"_s));
+    ASSERT_TRUE(Esperar([&] { return m.banco.aparato.Admite(); }));
+    m.banco.aparato.Meter(1000);
+    const QJsonObject entonces = c.Resultado(u"op.finish"_s, ConOpId(u"a"_s));
+    EXPECT_EQ(Texto(entonces, "state"), u"running"_s);
+    EXPECT_EQ(Entero(entonces, "paidIn"), 1000);
+    const QJsonObject fin = c.Fin();
+    EXPECT_TRUE(fin.value(u"ok"_s).toBool());
+    EXPECT_EQ(Entero(fin, "paidIn"), 1000);
+    EXPECT_EQ(Entero(fin, "paidOut"), 1000);
+    EXPECT_EQ(c.Resultado(u"op.finish"_s, ConOpId(u"a"_s)), fin); // changes nothing any more
+    EXPECT_EQ(c.Avisos(u"op.result"_s).size(), 1U);
+}
+
+TEST(Operacion, ThatEndsByItselfCannotBeFinished) {
+    Mostrador m(Guion::Manual);
+    ClientePrueba c(m.servidor.Puerto());
+    c.Saludar();
+    EXPECT_EQ(c.Error(u"op.finish"_s, {}), -32602);
+    EXPECT_EQ(c.Error(u"op.finish"_s, ConOpId(u"a"_s)), -32011);
+    c.Resultado(u"charge.start"_s, Cobro(u"a"_s, 1250));
+    EXPECT_EQ(c.Error(u"op.finish"_s, ConOpId(u"a"_s)), -32012);
+    ASSERT_TRUE(Esperar([&] { return m.banco.aparato.Admite(); })); // it goes on
+}
+
 TEST(Niveles, AreOneForEachDenominationAscending) {
     Mostrador m(Guion::Manual);
     ClientePrueba c(m.servidor.Puerto());

@@ -141,7 +141,7 @@ TEST_F(Ventana, EveryFaultOfTheMenuIsARule) {
         EXPECT_EQ(simulador->LosFallos().Pendientes().size(), reglas)
             << boton->objectName().toStdString();
     }
-    EXPECT_EQ(reglas, 17);
+    EXPECT_EQ(reglas, 19);
     dialogo.findChild<QPushButton*>(u"quitar"_s)->click();
     EXPECT_TRUE(simulador->LosFallos().Vacio());
 }
