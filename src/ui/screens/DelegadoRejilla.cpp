@@ -12,6 +12,8 @@ namespace {
 // As in the header, where a line one pixel wide ends each section.
 constexpr int kMargenIzquierdo = 6;
 constexpr int kMargenDerecho = 7;
+constexpr int kOscuroPulsado = 130; // per cent
+constexpr double kVeloApagado = 0.35;
 
 // Letters, icons and gaps grow with the rows.
 int Escalado(int pixeles, const QRect& celda) {
@@ -28,19 +30,44 @@ void DelegadoRejilla::PonerImagen(Imagen imagen, const QAbstractButton& boton,
     imagenes_[static_cast<std::size_t>(imagen)] = {&boton, fondo};
 }
 
-void DelegadoRejilla::PintarImagen(QPainter& painter, const QRect& celda, Imagen imagen) const {
+void DelegadoRejilla::PonerApagada(int columna, bool apagada) {
+    if (apagada) {
+        apagadas_.insert(columna);
+    } else {
+        apagadas_.erase(columna);
+    }
+}
+
+void DelegadoRejilla::PonerPulsada(int fila, int columna) {
+    filaPulsada_ = fila;
+    columnaPulsada_ = columna;
+}
+
+DelegadoRejilla::Boton DelegadoRejilla::EstadoDe(int fila, int columna) const {
+    if (EstaApagada(columna)) {
+        return Boton::Apagado;
+    }
+    return fila == filaPulsada_ && columna == columnaPulsada_ ? Boton::Pulsado : Boton::Normal;
+}
+
+void DelegadoRejilla::PintarImagen(QPainter& painter, const QRect& celda, Imagen imagen,
+                                   Boton estado) const {
     const Dibujo& dibujo = imagenes_[static_cast<std::size_t>(imagen)];
     if (dibujo.boton == nullptr) {
         return;
     }
     const QRect marco = celda.adjusted(8, 4, -8, -4);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(dibujo.fondo);
+    const bool pulsado = estado == Boton::Pulsado;
+    painter.setPen(pulsado ? QPen(tema::kTexto, 2) : QPen(Qt::NoPen));
+    painter.setBrush(estado == Boton::Apagado ? tema::kBotonApagado
+                     : pulsado                ? dibujo.fondo.darker(kOscuroPulsado)
+                                              : dibujo.fondo);
     painter.drawRoundedRect(marco, 6, 6);
     const int lado = qMin(Escalado(28, celda), marco.height() - 8);
     QRect icono(0, 0, lado, lado);
     icono.moveCenter(marco.center());
+    painter.setOpacity(estado == Boton::Apagado ? kVeloApagado : 1);
     dibujo.boton->icon().paint(&painter, icono);
 }
 
@@ -110,7 +137,7 @@ void DelegadoRejilla::paint(QPainter* painter, const QStyleOptionViewItem& optio
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
 
     if (aspecto.imagen != Imagen::Ninguna) {
-        PintarImagen(*painter, option.rect, aspecto.imagen);
+        PintarImagen(*painter, option.rect, aspecto.imagen, EstadoDe(fila, index.column()));
     } else {
         painter->setPen(aspecto.texto != 0 ? QColor(aspecto.texto) : tema::kTexto);
         const QRect caja = option.rect.adjusted(kMargenIzquierdo, 0, -kMargenDerecho, 0);

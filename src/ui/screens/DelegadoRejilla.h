@@ -7,6 +7,7 @@
 #include <QStyledItemDelegate>
 
 #include <array>
+#include <set>
 
 class QAbstractButton;
 
@@ -20,6 +21,11 @@ class DelegadoRejilla final : public QStyledItemDelegate {
 
     // The picture is that of a button, which is never clicked there; it must outlive the view.
     void PonerImagen(Imagen imagen, const QAbstractButton& boton, const QColor& fondo);
+    // The pictures of a column are drawn faint: a touch on them does nothing now.
+    void PonerApagada(int columna, bool apagada);
+    bool EstaApagada(int columna) const { return apagadas_.contains(columna); }
+    // The cell on which a finger rests; row 0 for none.
+    void PonerPulsada(int fila, int columna);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -30,7 +36,10 @@ class DelegadoRejilla final : public QStyledItemDelegate {
         QColor fondo;
     };
 
-    void PintarImagen(QPainter& painter, const QRect& celda, Imagen imagen) const;
+    // How the picture of a cell looks as a button.
+    enum class Boton { Normal, Pulsado, Apagado };
+    Boton EstadoDe(int fila, int columna) const;
+    void PintarImagen(QPainter& painter, const QRect& celda, Imagen imagen, Boton estado) const;
     void PintarTexto(QPainter& painter, const QRect& caja, int alineacion, const QString& texto,
                      bool negrita) const;
     void PintarImporte(QPainter& painter, const QRect& caja, int alineacion,
@@ -38,6 +47,9 @@ class DelegadoRejilla final : public QStyledItemDelegate {
 
     const Rejilla& rejilla_;
     std::array<Dibujo, kImagenes> imagenes_;
+    std::set<int> apagadas_; // columns
+    int filaPulsada_ = 0;
+    int columnaPulsada_ = 0;
 };
 
 } // namespace zv

@@ -179,6 +179,20 @@ void PonerColorTexto(QWidget& rotulo, const QColor& color) {
     rotulo.setStyleSheet(u"color: "_s + color.name() + QLatin1Char(';'));
 }
 
+void PonerTono(QWidget& marco, Tono tono) {
+    struct Colores {
+        QColor fondo;
+        QColor letra;
+    };
+    const Colores colores = tono == Tono::Marca    ? Colores{kAmbar, kTexto}
+                            : tono == Tono::Aviso  ? Colores{kFondoAnular, kRojoOscuro}
+                            : tono == Tono::Alarma ? Colores{kRojoOscuro, Qt::white}
+                                                   : Colores{kCuerpo, kTexto};
+    marco.setStyleSheet(u"#%1 { background: %2; border: none; border-top: 1px solid %3; } "
+                        "QLabel { color: %4; }"_s.arg(marco.objectName(), colores.fondo.name(),
+                                                      kBorde.name(), colores.letra.name()));
+}
+
 void PonerLetra(QWidget& dentro, int pixeles) {
     dentro.setStyleSheet(
         pixeles == 0 ? QString()

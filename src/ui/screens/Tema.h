@@ -19,6 +19,7 @@ namespace zv::tema {
 inline const QColor kAmbar(255, 190, 0);
 inline const QColor kVerde(145, 207, 77);
 inline const QColor kRojo(214, 48, 49);
+inline const QColor kRojoOscuro(153, 27, 27);
 inline const QColor kRojoTexto(200, 0, 0); // red text on the light body, 4.5:1 or better
 // Surfaces.
 inline const QColor kCabecera(31, 41, 55);
@@ -33,6 +34,7 @@ inline const QColor kBordeControl(118, 132, 153); // marks what can be touched: 
 inline const QColor kPulsado(219, 227, 238);      // ground of what is pressed
 inline const QColor kResalte(37, 99, 235);        // focus and selection
 inline const QColor kFilaPar(238, 242, 247);      // every other row of a grid
+inline const QColor kBotonApagado(226, 232, 240); // ground of a picture that does nothing now
 inline const QColor kFondoAnular(254, 226, 226);  // behind the picture that annuls
 
 // Sizes in pixels at scale 1.
@@ -68,6 +70,15 @@ enum class Papel {
 void PonerPapel(QWidget& boton, Papel papel, double escala = 1);
 // The same for the role that the button has already; nothing for one without a role.
 void EscalarPapel(QWidget& boton, double escala);
+
+// How loud a line of the screen speaks: ground and letters of a frame with labels.
+enum class Tono {
+    Callado,
+    Marca,  // what the operator has chosen
+    Aviso,  // what is missing
+    Alarma, // nothing goes on before the operator does something
+};
+void PonerTono(QWidget& marco, Tono tono);
 
 // What a label says; decides its letters, which grow with its window.
 enum class Letra {

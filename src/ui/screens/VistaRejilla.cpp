@@ -25,7 +25,9 @@ VistaRejilla::VistaRejilla(Rejilla& rejilla, const QString& nombre, QWidget* pad
     setObjectName(nombre);
     // The keyboard belongs to the screen.
     setFocusPolicy(Qt::NoFocus);
-    setSelectionMode(QAbstractItemView::NoSelection);
+    // Nothing is ever left selected: what is chosen over the accessibility bus, whose cells can do
+    // nothing else, counts as touched.
+    setSelectionMode(QAbstractItemView::SingleSelection);
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -45,6 +47,8 @@ VistaRejilla::VistaRejilla(Rejilla& rejilla, const QString& nombre, QWidget* pad
     setModel(&modelo_);
     setItemDelegate(&delegado_);
     PonerAnchos();
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection& elegidas) { PulsarElegidas(elegidas); });
     connect(verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int valor) {
         if (!siguiendo_) {
             rejilla_.PonerFilaSuperior(valor + 1);
@@ -71,6 +75,13 @@ VistaRejilla::~VistaRejilla() {
 void VistaRejilla::PonerImagen(Imagen imagen, const QAbstractButton& boton, const QColor& fondo) {
     delegado_.PonerImagen(imagen, boton, fondo);
     viewport()->update();
+}
+
+void VistaRejilla::HabilitarImagenes(int columna, bool habilitadas) {
+    if (delegado_.EstaApagada(columna) == habilitadas) {
+        delegado_.PonerApagada(columna, !habilitadas);
+        viewport()->update();
+    }
 }
 
 void VistaRejilla::Escalar(double escala) {
@@ -128,36 +139,76 @@ void VistaRejilla::updateGeometries() {
 }
 
 VistaRejilla::Lugar VistaRejilla::LugarDe(const QPoint& punto) const {
-    const int fila = rowAt(punto.y());
-    Lugar lugar{fila + 1, columnAt(punto.x()), fila < 0, {}};
-    for (int columna = 0; fila >= 0 && columna < rejilla_.Columnas(); ++columna) {
-        lugar.textos << rejilla_.Texto(lugar.fila, columna);
+    return LugarDe(rowAt(punto.y()) + 1, columnAt(punto.x()));
+}
+
+VistaRejilla::Lugar VistaRejilla::LugarDe(int fila, int columna) const {
+    Lugar lugar{fila, columna, fila < 1, {}};
+    // The grid may be ahead of what the view shows.
+    for (int i = 0; fila >= 1 && fila <= rejilla_.FilasDatos() && i < rejilla_.Columnas(); ++i) {
+        lugar.textos << rejilla_.Texto(fila, i);
     }
     return lugar;
+}
+
+void VistaRejilla::PulsarElegidas(const QItemSelection& elegidas) {
+    const QModelIndexList indices = elegidas.indexes();
+    if (indices.isEmpty()) {
+        return;
+    }
+    const Lugar lugar = LugarDe(indices.first().row() + 1, indices.first().column());
+    // Later: who has chosen waits for the answer, and the touch may bring a dialog up.
+    const auto tocar = [this, lugar] {
+        clearSelection();
+        if (isEnabled() && LugarDe(lugar.fila, lugar.columna) == lugar) {
+            Q_EMIT Soltado(lugar.fila, lugar.columna, false);
+        }
+    };
+    QMetaObject::invokeMethod(this, tocar, Qt::QueuedConnection);
+}
+
+void VistaRejilla::SeñalarPulsada(const std::optional<Lugar>& lugar) {
+    delegado_.PonerPulsada(lugar ? lugar->fila : 0, lugar ? lugar->columna : 0);
+    viewport()->update();
+}
+
+void VistaRejilla::Pulsar(const std::optional<Lugar>& lugar) {
+    pulsado_ = lugar;
+    SeñalarPulsada(lugar);
 }
 
 void VistaRejilla::Soltar(const std::optional<Lugar>& lugar) {
     // A finger that has slid elsewhere meant neither cell; one below which another row has come,
     // not that row.
-    if (const auto pulsado = std::exchange(pulsado_, std::nullopt); pulsado && pulsado == lugar) {
+    const auto pulsado = std::exchange(pulsado_, std::nullopt);
+    SeñalarPulsada(std::nullopt);
+    if (pulsado && pulsado == lugar) {
+        anterior_ = pulsado;
         Q_EMIT Soltado(lugar->fila, lugar->columna, lugar->debajo);
     }
 }
 
 // The base class would move a selection and scroll after the pointer: nothing of it is wanted.
 void VistaRejilla::mousePressEvent(QMouseEvent* evento) {
-    pulsado_.reset();
-    if (evento->button() == Qt::LeftButton) {
-        pulsado_ = LugarDe(evento->position().toPoint());
-    }
+    const bool izquierdo = evento->button() == Qt::LeftButton;
+    Pulsar(izquierdo ? std::optional(LugarDe(evento->position().toPoint())) : std::nullopt);
 }
 
+// Two quick touches mean one row: where the first has brought another one below the finger, the
+// second is none.
 void VistaRejilla::mouseDoubleClickEvent(QMouseEvent* evento) {
     mousePressEvent(evento);
+    if (pulsado_ != anterior_) {
+        Pulsar(std::nullopt);
+    }
 }
 
 void VistaRejilla::mouseMoveEvent(QMouseEvent* evento) {
     evento->accept();
+    if (pulsado_) {
+        const bool encima = LugarDe(evento->position().toPoint()) == pulsado_;
+        SeñalarPulsada(encima ? pulsado_ : std::nullopt);
+    }
 }
 
 void VistaRejilla::mouseReleaseEvent(QMouseEvent* evento) {
@@ -179,7 +230,7 @@ bool VistaRejilla::eventFilter(QObject* objeto, QEvent* evento) {
             if (evento->type() == QEvent::MouseButtonRelease) {
                 Soltar(titulos->rect().contains(punto) ? std::optional(lugar) : std::nullopt);
             } else {
-                pulsado_ = lugar;
+                Pulsar(lugar);
             }
         }
     }

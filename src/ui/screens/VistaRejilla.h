@@ -25,6 +25,8 @@ class VistaRejilla final : public QTableView, public Escalable {
 
     // The picture of a button, on a ground of that colour.
     void PonerImagen(Imagen imagen, const QAbstractButton& boton, const QColor& fondo);
+    // The pictures of a column look as if a touch on them did something, or not.
+    void HabilitarImagenes(int columna, bool habilitadas);
     // Heights and letters; 1 is a window of 1024x768.
     void Escalar(double escala) override;
     int AltoFila() const;
@@ -34,8 +36,9 @@ class VistaRejilla final : public QTableView, public Escalable {
   Q_SIGNALS:
     // The operator has scrolled; the grid knows its new top row.
     void Desplazada();
-    // The left button has been released over the cell in which it was pressed. fila 0: the titles;
-    // columna -1: beside the columns; debajo: below the last row.
+    // The left button has been released over the cell in which it was pressed, or a screen reader
+    // has chosen the cell. fila 0: the titles; columna -1: beside the columns; debajo: below the
+    // last row.
     void Soltado(int fila, int columna, bool debajo);
 
   protected:
@@ -56,7 +59,11 @@ class VistaRejilla final : public QTableView, public Escalable {
     };
 
     Lugar LugarDe(const QPoint& punto) const;
+    Lugar LugarDe(int fila, int columna) const;
+    void Pulsar(const std::optional<Lugar>& lugar);
     void Soltar(const std::optional<Lugar>& lugar);
+    void SeñalarPulsada(const std::optional<Lugar>& lugar);
+    void PulsarElegidas(const QItemSelection& elegidas);
     void PonerAnchos();
     void SeguirPosicion();
 
@@ -64,7 +71,8 @@ class VistaRejilla final : public QTableView, public Escalable {
     ModeloRejilla modelo_;
     DelegadoRejilla delegado_;
     std::optional<Lugar> pulsado_;
-    int ultimaPagina_ = 0; // value of the scroll bar at which the last page is filled
+    std::optional<Lugar> anterior_; // the one pressed before
+    int ultimaPagina_ = 0;          // value of the scroll bar at which the last page is filled
     bool siguiendo_ = false;
 };
 

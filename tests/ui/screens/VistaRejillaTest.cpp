@@ -1,6 +1,7 @@
 // A grid on the screen: which row stands on top, what a click tells, and the cells as painted.
 #include "ui/screens/VistaRejilla.h"
 
+#include "Accesible.h"
 #include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 #include "ui/screens/Paginador.h"
@@ -252,6 +253,62 @@ TEST_F(VistaRejillaTest, ADoubleClickIsTwo) {
     EXPECT_EQ(soltado.size(), 2);
 }
 
+TEST_F(VistaRejillaTest, TheSecondOfTwoQuickTouchesIsNoneOnAnotherRow) {
+    Filas(2);
+    rejilla.PonerTexto(1, 0, u"Primera"_s);
+    // The first touch makes its row go, and the next one comes up below the finger.
+    QObject::connect(&vista, &VistaRejilla::Soltado, &vista, [this] {
+        if (rejilla.FilasDatos() == 2) {
+            rejilla.Recortar(1);
+            rejilla.PonerTexto(1, 0, u"Segunda"_s);
+        }
+    });
+    Clic(Centro(1, 0));
+    QTest::mouseDClick(vista.viewport(), Qt::LeftButton, {}, Centro(1, 0));
+    QTest::mouseRelease(vista.viewport(), Qt::LeftButton, {}, Centro(1, 0));
+    EXPECT_EQ(soltado.size(), 1);
+    // A touch of its own is one.
+    Clic(Centro(1, 0));
+    EXPECT_EQ(soltado.size(), 2);
+}
+
+TEST_F(VistaRejillaTest, WhatAScreenReaderChoosesIsTouched) {
+    Filas(3);
+    rejilla.PonerImagen(2, 3, Imagen::Cobro);
+    QApplication::processEvents();
+    const auto celda = [this](int fila, int columna) {
+        return Accesible(vista).tableInterface()->cellAt(fila - 1, columna);
+    };
+    QAccessibleActionInterface* accion = celda(2, 3)->actionInterface();
+    ASSERT_NE(accion, nullptr);
+    accion->doAction(accion->actionNames().value(0));
+    EXPECT_EQ(soltado.size(), 0); // who asks is not kept waiting
+    QApplication::processEvents();
+    ASSERT_EQ(soltado.size(), 1);
+    EXPECT_EQ(soltado[0], (QList<QVariant>{2, 3, false}));
+    EXPECT_FALSE(vista.selectionModel()->hasSelection());
+    // Again, as often as it is chosen.
+    accion->doAction(accion->actionNames().value(0));
+    QApplication::processEvents();
+    EXPECT_EQ(soltado.size(), 2);
+    // Another row has come to its place, or the grid is disabled.
+    accion->doAction(accion->actionNames().value(0));
+    rejilla.PonerTexto(2, 0, u"Otra"_s);
+    QApplication::processEvents();
+    accion->doAction(accion->actionNames().value(0));
+    vista.setEnabled(false);
+    QApplication::processEvents();
+    EXPECT_EQ(soltado.size(), 2);
+    EXPECT_FALSE(vista.selectionModel()->hasSelection());
+}
+
+TEST_F(VistaRejillaTest, AMouseSelectsNothing) {
+    Filas(3);
+    Clic(Centro(2, 0));
+    QTest::mouseDClick(vista.viewport(), Qt::LeftButton, {}, Centro(2, 0));
+    EXPECT_FALSE(vista.selectionModel()->hasSelection());
+}
+
 TEST_F(VistaRejillaTest, ADisabledGridTellsNothing) {
     Filas(1);
     vista.setEnabled(false);
@@ -291,6 +348,52 @@ TEST_F(VistaRejillaTest, PicturesStandInTheirCellsAlone) {
     QApplication::processEvents();
     EXPECT_GT(Puntos(1, 3, tema::kVerde), 100);
     EXPECT_EQ(Puntos(2, 3, tema::kVerde), 0);
+}
+
+TEST_F(VistaRejillaTest, APictureUnderAFingerLooksPressed) {
+    Filas(2);
+    rejilla.PonerImagen(1, 3, Imagen::Cobro);
+    rejilla.PonerImagen(2, 3, Imagen::Cobro);
+    QApplication::processEvents();
+    const int suelta = Puntos(1, 3, tema::kVerde);
+    const auto pulsada = [&](int fila) {
+        const int puntos = Puntos(fila, 3, tema::kVerde);
+        EXPECT_TRUE(puntos == suelta || puntos == 0) << puntos;
+        return puntos == 0;
+    };
+    QTest::mousePress(vista.viewport(), Qt::LeftButton, {}, Centro(1, 3));
+    EXPECT_TRUE(pulsada(1));
+    EXPECT_FALSE(pulsada(2));
+    const auto deslizar = [this](QPoint donde) {
+        QMouseEvent evento(QEvent::MouseMove, donde, vista.viewport()->mapToGlobal(donde),
+                           Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(vista.viewport(), &evento);
+    };
+    deslizar(Centro(2, 3));
+    EXPECT_FALSE(pulsada(1));
+    EXPECT_FALSE(pulsada(2));
+    deslizar(Centro(1, 3));
+    EXPECT_TRUE(pulsada(1));
+    QTest::mouseRelease(vista.viewport(), Qt::LeftButton, {}, Centro(1, 3));
+    EXPECT_FALSE(pulsada(1));
+    // A finger that rests on a text presses no picture.
+    QTest::mousePress(vista.viewport(), Qt::LeftButton, {}, Centro(1, 0));
+    EXPECT_FALSE(pulsada(1));
+    QTest::mouseRelease(vista.viewport(), Qt::LeftButton, {}, Centro(1, 0));
+}
+
+TEST_F(VistaRejillaTest, PicturesOfAColumnThatDoesNothingAreFaint) {
+    Filas(1);
+    rejilla.PonerImagen(1, 3, Imagen::Cobro);
+    QApplication::processEvents();
+    vista.HabilitarImagenes(3, false);
+    EXPECT_EQ(Puntos(1, 3, tema::kVerde), 0);
+    EXPECT_GT(Puntos(1, 3, tema::kBotonApagado), 100);
+    QTest::mousePress(vista.viewport(), Qt::LeftButton, {}, Centro(1, 3));
+    EXPECT_GT(Puntos(1, 3, tema::kBotonApagado), 100);
+    QTest::mouseRelease(vista.viewport(), Qt::LeftButton, {}, Centro(1, 3));
+    vista.HabilitarImagenes(3, true);
+    EXPECT_GT(Puntos(1, 3, tema::kVerde), 100);
 }
 
 TEST_F(VistaRejillaTest, AnAmountTooWideForItsColumnIsShrunkAndItsMarkGoesAbove) {
