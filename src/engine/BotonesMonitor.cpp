@@ -8,7 +8,7 @@
 namespace zv {
 
 BotonesMonitor::BotonesMonitor(Entorno& entorno, Controles& controles, EstadoMonitor& estado,
-                               PulsoCola& pulso)
+                               PulsoCola& pulso, CobrosAgrupados& agrupados)
     : entorno_(entorno), controles_(controles), estado_(estado), pulso_(pulso),
       manuales_(entorno, pulso) {
     botones_[BotonPie::Registro] = Puerta(Pantalla::Cobros, 1, u"authRegistro"_s);
@@ -22,6 +22,10 @@ BotonesMonitor::BotonesMonitor(Entorno& entorno, Controles& controles, EstadoMon
     };
     botones_[BotonPie::Conectar].operacion = [this] {
         entorno_.supervision.Conectar();
+        return Salida::Completa;
+    };
+    botones_[BotonPie::AgruparCobros].operacion = [&agrupados] {
+        agrupados.Pulsar();
         return Salida::Completa;
     };
     PonerManuales();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/BotonPie.h"
+#include "engine/CobrosAgrupados.h"
 #include "engine/Controles.h"
 #include "engine/EstadoMonitor.h"
 #include "engine/OperacionesManuales.h"
@@ -23,7 +24,8 @@ class BotonesMonitor {
     };
     using Operacion = std::function<Salida()>;
 
-    BotonesMonitor(Entorno& entorno, Controles& controles, EstadoMonitor& estado, PulsoCola& pulso);
+    BotonesMonitor(Entorno& entorno, Controles& controles, EstadoMonitor& estado, PulsoCola& pulso,
+                   CobrosAgrupados& agrupados);
 
     // False where the button would do nothing: it stays disabled on the screen.
     bool TieneOperacion(BotonPie boton) const;

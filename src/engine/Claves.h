@@ -39,6 +39,24 @@ inline constexpr Clave kClavesEngine[] = {
     {u"noSePuedeRealizarCobroManual",
      u"No se puede realizar un cobro manual sin indicar el concepto"},
     {u"introduzcaImporte", u"Introduzca el importe"},
+    // grouped charges
+    {u"marqueCobros", u"Toque los cobros que se pagan juntos, o pulse Agrupar cobros para dejarlo"},
+    {u"marcados", u"Marcados:"},
+    {u"pulseAgrupar", u"Pulse Agrupar cobros para cobrarlos"},
+    {u"sumaMarcados", u"Suma:"},
+    {u"sinSuma", u"No se pueden sumar"},
+    {u"cobrosNoAgrupados", u"No se han cobrado los cobros marcados"},
+    // annulling; the cause stands behind the first
+    {u"anularMovimiento", u"Anular movimiento"},
+    {u"introduzcaCausa", u"Introduzca la causa de la anulación"},
+    {u"anulacionCancelada", u"Anulación cancelada"},
+    {u"anulacionCancelada2", u"No se puede anular un movimiento sin indicar la causa"},
+    {u"cobroAnulado", u"Cobro Anulado: "},
+    {u"cobroAnulado", u"Cobro Anulado"},
+    // why nothing moves, and what to press
+    {u"pulseConectar", u"Sin conexión: pulse Conectar"},
+    {u"colaParada",
+     u"Sin conexión y con la cola parada: minimice y abra la ventana, y pulse Conectar"},
     // titles of the grid
     {u"anular", u"Anular"},
     {u"fechaVenta", u"Fecha Venta"},
@@ -110,6 +128,20 @@ inline constexpr const Clave& kCobroAnulado = Entrada(kClavesEngine, u"cobroManu
 inline constexpr const Clave& kCobroSinConcepto =
     Entrada(kClavesEngine, u"noSePuedeRealizarCobroManual");
 inline constexpr const Clave& kIntroduzcaImporte = Entrada(kClavesEngine, u"introduzcaImporte");
+inline constexpr const Clave& kMarqueCobros = Entrada(kClavesEngine, u"marqueCobros");
+inline constexpr const Clave& kMarcados = Entrada(kClavesEngine, u"marcados");
+inline constexpr const Clave& kPulseAgrupar = Entrada(kClavesEngine, u"pulseAgrupar");
+inline constexpr const Clave& kSumaMarcados = Entrada(kClavesEngine, u"sumaMarcados");
+inline constexpr const Clave& kSinSuma = Entrada(kClavesEngine, u"sinSuma");
+inline constexpr const Clave& kCobrosNoAgrupados = Entrada(kClavesEngine, u"cobrosNoAgrupados");
+inline constexpr const Clave& kAnularMovimiento = Entrada(kClavesEngine, u"anularMovimiento");
+inline constexpr const Clave& kIntroduzcaCausa = Entrada(kClavesEngine, u"introduzcaCausa");
+inline constexpr const Clave& kAnulacionCancelada = Entrada(kClavesEngine, u"anulacionCancelada");
+inline constexpr const Clave& kAnulacionCancelada2 = Entrada(kClavesEngine, u"anulacionCancelada2");
+inline constexpr const Clave& kMotivoConCausa = Entrada(kClavesEngine, u"cobroAnulado", 0);
+inline constexpr const Clave& kMotivoSinCausa = Entrada(kClavesEngine, u"cobroAnulado", 1);
+inline constexpr const Clave& kPulseConectar = Entrada(kClavesEngine, u"pulseConectar");
+inline constexpr const Clave& kColaParada = Entrada(kClavesEngine, u"colaParada");
 inline constexpr const Clave& kAnular = Entrada(kClavesEngine, u"anular");
 inline constexpr const Clave& kFechaVenta = Entrada(kClavesEngine, u"fechaVenta");
 inline constexpr const Clave& kIdVenta = Entrada(kClavesEngine, u"idVenta");

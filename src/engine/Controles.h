@@ -12,6 +12,20 @@
 
 namespace zv {
 
+// The line above the footer: what the operator needs to know as long as it holds.
+struct LineaAviso {
+    enum class Tono {
+        Ninguno,     // nothing to say
+        Agrupando,   // rows are being marked
+        SinConexion, // the device is not connected
+        Parada       // nor does the pulse run
+    };
+    Tono tono = Tono::Ninguno;
+    QString texto;
+    QString importe; // at its end; empty for none
+    bool operator==(const LineaAviso&) const = default;
+};
+
 struct EstadoControles {
     bool timerCola = false;
     bool framePie = true;
@@ -33,6 +47,11 @@ struct EstadoControles {
     bool botonAccesoEncima = false; // frmBotonAcceso in the always-on-top level
     QString lbContador;
     QString lbEstado;
+    LineaAviso aviso;
+    // The columns "Anular" and "Enviar": a touch on them does what they say.
+    bool puedeAnular = true;
+    bool puedeEnviar = true;
+    bool agrupando = false; // boton(9) shows pressed
 
     bool operator==(const EstadoControles&) const = default;
 };

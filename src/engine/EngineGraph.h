@@ -18,6 +18,7 @@ class EngineGraph {
     GridCola grid_;
     EstadoMonitor estado_;
     PulsoCola pulso_;
+    CobrosAgrupados agrupados_;
     BotonesMonitor botones_;
     ClicGrid clic_;
     PartesMonitor partes_;

@@ -1,13 +1,12 @@
 #include "engine/Envio.h"
 
 #include "engine/Claves.h"
+#include "engine/ImporteDispositivo.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 #include "store/Palabras.h"
 #include "store/Tablas.h"
 #include "till/ResultadoEnvio.h"
-
-#include <limits>
 
 namespace zv {
 
@@ -15,16 +14,6 @@ namespace {
 
 QString N(qint32 numero) {
     return QString::number(numero);
-}
-
-// A refund is a negative amount, and what is shown and told of it is its opposite: the one amount
-// of 32 bits that has no opposite there is too large as well.
-qint32 ParaElDispositivo(Currency importe) {
-    const qint32 valor = importe.AEntero32();
-    if (valor == std::numeric_limits<qint32>::min()) {
-        throw errores::Desbordamiento();
-    }
-    return valor;
 }
 
 } // namespace

@@ -95,13 +95,75 @@ void EstadoMonitor::ActualizarTexto(bool automatico) {
 
 void EstadoMonitor::ActualizarBotonesMonitor(bool habilitado) {
     const bool conectado = entorno_.supervision.Conectado();
+    // While rows are being marked a door may come by here: only the marking can be ended then, also
+    // when the device has gone meanwhile.
+    const bool operaciones = habilitado && !marcando_;
     controles_.PonerBoton(BotonPie::Conectar, !conectado);
     controles_.PonerBoton(BotonPie::Desconectar, conectado);
-    controles_.PonerBoton(BotonPie::Pago, entorno_.configuracio->BLOQUEARPAGOS == 0 && habilitado);
-    controles_.PonerBoton(BotonPie::DarCambio, habilitado);
-    controles_.PonerBoton(BotonPie::AnadirCambio, habilitado);
-    controles_.PonerBoton(BotonPie::CobroManual, habilitado);
-    controles_.PonerBoton(BotonPie::AgruparCobros, ultimaCuenta_ >= 2 && habilitado);
+    controles_.PonerBoton(BotonPie::Pago, entorno_.configuracio->BLOQUEARPAGOS == 0 && operaciones);
+    controles_.PonerBoton(BotonPie::DarCambio, operaciones);
+    controles_.PonerBoton(BotonPie::AnadirCambio, operaciones);
+    controles_.PonerBoton(BotonPie::CobroManual, operaciones);
+    controles_.PonerBoton(BotonPie::AgruparCobros, (ultimaCuenta_ >= 2 && habilitado) || marcando_);
+    ActualizarAviso();
+}
+
+void EstadoMonitor::PonerAgrupando(bool agrupando) {
+    agrupando_ = agrupando;
+    marcando_ = agrupando;
+    controles_.Poner(&EstadoControles::agrupando, agrupando);
+    ActualizarAviso();
+}
+
+void EstadoMonitor::PonerMarcas(int cuantas, const std::optional<Currency>& suma) {
+    const Textos& textos = entorno_.textos;
+    LineaAviso aviso{LineaAviso::Tono::Agrupando, textos.Traduce(texto::kMarqueCobros), {}};
+    if (cuantas > 0) {
+        aviso.texto = textos.Traduce(texto::kMarcados) + QLatin1Char(' ') +
+                      QString::number(cuantas) + u". "_s + textos.Traduce(texto::kPulseAgrupar);
+        aviso.importe = suma ? textos.Traduce(texto::kSumaMarcados) + QLatin1Char(' ') +
+                                   entorno_.importes.FormatoImporteLargo(*suma)
+                             : textos.Traduce(texto::kSinSuma);
+    }
+    controles_.Poner(&EstadoControles::aviso, aviso);
+}
+
+LineaAviso::Tono EstadoMonitor::TonoAviso() const {
+    if (agrupando_) {
+        return LineaAviso::Tono::Agrupando;
+    }
+    if (entorno_.supervision.Conectado()) {
+        return LineaAviso::Tono::Ninguno;
+    }
+    if (parada_) {
+        return LineaAviso::Tono::Parada;
+    }
+    // While it is being connected the button is off.
+    return controles_.Estado().boton[BotonPie::Conectar] ? LineaAviso::Tono::SinConexion
+                                                         : LineaAviso::Tono::Ninguno;
+}
+
+void EstadoMonitor::ActualizarAviso() {
+    controles_.Poner(&EstadoControles::puedeAnular, !agrupando_);
+    controles_.Poner(&EstadoControles::puedeEnviar,
+                     !agrupando_ && entorno_.supervision.Conectado());
+    const LineaAviso::Tono tono = TonoAviso();
+    // This is asked for at every tick: the texts are looked up when there is something new to say.
+    if (tono == controles_.Estado().aviso.tono) {
+        return;
+    }
+    if (tono == LineaAviso::Tono::Agrupando) {
+        PonerMarcas(0, std::nullopt);
+        return;
+    }
+    const Textos& textos = entorno_.textos;
+    controles_.Poner(&EstadoControles::aviso, LineaAviso{tono,
+                                                         tono == LineaAviso::Tono::Parada
+                                                             ? textos.Traduce(texto::kColaParada)
+                                                         : tono == LineaAviso::Tono::SinConexion
+                                                             ? textos.Traduce(texto::kPulseConectar)
+                                                             : QString(),
+                                                         {}});
 }
 
 void EstadoMonitor::PulsarModo(int indice) {
@@ -150,6 +212,7 @@ void EstadoMonitor::Desplazar(int filas) {
 
 void EstadoMonitor::HabilitarConectar(bool habilitado) {
     controles_.PonerBoton(BotonPie::Conectar, habilitado);
+    ActualizarAviso();
 }
 
 void EstadoMonitor::MostrarEspera(bool espera) {

@@ -6,6 +6,8 @@
 #include "engine/GridCola.h"
 #include "till/Entorno.h"
 
+#include <optional>
+
 namespace zv {
 
 class EstadoMonitor final : public VistaConexion {
@@ -42,9 +44,26 @@ class EstadoMonitor final : public VistaConexion {
     void MostrarEspera(bool espera) override;
     void MostrarLamparas(bool ok, bool alerta, bool critico) override;
     bool Agrupando() const override { return agrupando_; }
-    void PonerAgrupando(bool agrupando) { agrupando_ = agrupando; }
+    void PonerAgrupando(bool agrupando);
+    // Rows are being marked: the operations' buttons are off, but for the one that ends it. Ends
+    // before Agrupando does, with the press of that button.
+    bool Marcando() const { return marcando_; }
+    void DejarDeMarcar() { marcando_ = false; }
+    // The line that tells how many rows are marked; without a sum when there is none to tell.
+    void PonerMarcas(int cuantas, const std::optional<Currency>& suma);
+    // The pulse stays stopped, with footer and grid disabled, until something arms it.
+    bool Parada() const { return parada_; }
+    void PonerParada(bool parada) {
+        if (parada_ != parada) {
+            parada_ = parada;
+            ActualizarAviso();
+        }
+    }
 
   private:
+    LineaAviso::Tono TonoAviso() const;
+    // The line above the footer, and what the columns "Anular" and "Enviar" can do.
+    void ActualizarAviso();
     void ActualizarContador();
     void ActualizarTexto(bool automatico);
     void Desplazar(int filas);
@@ -54,6 +73,8 @@ class EstadoMonitor final : public VistaConexion {
     GridCola& grid_;
     qint32 ultimaCuenta_ = 0;
     bool agrupando_ = false;
+    bool marcando_ = false;
+    bool parada_ = false;
 };
 
 } // namespace zv

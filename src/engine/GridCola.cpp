@@ -15,6 +15,10 @@ namespace {
 
 constexpr int kAnchoBotonTwips = 1300;
 constexpr ColorCelda kRojo = ColorRGB(255, 0, 0);
+// Of a marked row: where a touch would annul or send, and elsewhere.
+constexpr ColorCelda kMarcadaBoton = ColorRGB(145, 207, 77);
+constexpr ColorCelda kMarcada = ColorRGB(255, 190, 0);
+constexpr ColorCelda kSuPropioColor = 0;
 const QString kMarcaCredito = u"! >>> "_s;
 
 constexpr auto kCentro = Qt::AlignCenter;
@@ -162,12 +166,35 @@ void GridCola::Rellenar(DatabaseEngine& motor, bool sinHora) {
     const SinDibujo sinDibujo(celdas_);
     celdas_.PonerFilaSuperior(1);
     celdas_.PonerFilaActual(0);
+    QuitarResaltes();
     // The mark is taken before the reading: a row written in between is read the next time.
     const Lectura ahora{motor.ChangeStampExceptAdded(), sinHora, importes_.Multiplicador()};
     LeerFilas(motor, anterior == ahora, sinHora);
     lectura_ = ahora;
     if (celdas_.FilasDatos() > 0) {
         celdas_.PonerFilaActual(1);
+    }
+}
+
+void GridCola::ResaltarFila(int fila, bool resaltada) {
+    const SinDibujo sinDibujo(celdas_);
+    for (int columna = 0; columna < ColumnaCola::Cuantas; ++columna) {
+        const bool boton = columna == ColumnaCola::Anular || columna == ColumnaCola::Enviar;
+        celdas_.PonerCeldaActual(fila, columna);
+        celdas_.PonerFondo(fila, columna,
+                           !resaltada ? kSuPropioColor
+                           : boton    ? kMarcadaBoton
+                                      : kMarcada);
+    }
+    resaltadas_.push_back(fila);
+}
+
+// Rows that stand through a refill would keep them.
+void GridCola::QuitarResaltes() {
+    for (const int fila : std::exchange(resaltadas_, {})) {
+        for (int columna = 0; columna < ColumnaCola::Cuantas; ++columna) {
+            celdas_.PonerFondo(fila, columna, kSuPropioColor);
+        }
     }
 }
 

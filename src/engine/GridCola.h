@@ -9,6 +9,7 @@
 #include "ui/Textos.h"
 
 #include <optional>
+#include <vector>
 
 namespace zv {
 
@@ -45,6 +46,12 @@ class GridCola {
     // since the last time, the rows that stand are kept.
     void Rellenar(DatabaseEngine& motor, bool sinHora);
 
+    // Colours the cells of a row that is marked for a grouped charge, or gives them back their own;
+    // the last column becomes the current one. A refill takes the colours away.
+    void ResaltarFila(int fila, bool resaltada);
+
+    // idZV of a data row.
+    QString IdDeFila(int fila) const { return celdas_.Texto(fila, ColumnaCola::IdCola); }
     int FilasDatos() const { return celdas_.FilasDatos(); }
     int Abonos() const { return abonos_; }
 
@@ -63,6 +70,7 @@ class GridCola {
     };
     struct Campos;
 
+    void QuitarResaltes();
     void LeerFilas(DatabaseEngine& motor, bool soloNuevas, bool sinHora);
     void PonerFila(const Row& fila, const Campos& campos, bool sinHora);
 
@@ -72,6 +80,7 @@ class GridCola {
     std::optional<Lectura> lectura_; // none: the rows are not whole
     qint32 ultimoId_ = 0;            // idZV of the last row
     int abonos_ = 0;
+    std::vector<int> resaltadas_; // rows that have been coloured since the last refill
 };
 
 // Date of a sale for the grid: "dd/mm/yy hh:mm:ss", or without the time; empty for no date.

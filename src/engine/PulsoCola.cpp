@@ -24,6 +24,7 @@ PulsoCola::PulsoCola(Entorno& entorno, Controles& controles, GridCola& grid, Est
     : entorno_(entorno), controles_(controles), grid_(grid), estado_(estado), envio_(entorno) {}
 
 void PulsoCola::ParaTimer() {
+    estado_.PonerParada(false);
     controles_.Poner(&EstadoControles::timerCola, false);
     controles_.Poner(&EstadoControles::framePie, false);
     controles_.Poner(&EstadoControles::grdZV, false);
@@ -33,7 +34,10 @@ void PulsoCola::ParaTimer() {
 }
 
 void PulsoCola::ArrancaTimer() {
-    controles_.Poner(&EstadoControles::timerCola, true);
+    estado_.PonerParada(false);
+    // For as long as rows are being marked cola is not looked at and nothing is sent, whatever
+    // screen the operator comes back from.
+    controles_.Poner(&EstadoControles::timerCola, !estado_.Agrupando());
     controles_.Poner(&EstadoControles::framePie, true);
     controles_.Poner(&EstadoControles::grdZV, true);
     if (entorno_.configuracio->BOTONACCESO == 1) {
@@ -274,9 +278,19 @@ bool PulsoCola::EnviarConReconexion(qint32 idZV) {
     return true;
 }
 
+void PulsoCola::DejarParado() {
+    // No tick will come to do it.
+    entorno_.transacciones.Saldar();
+    estado_.PonerParada(true);
+}
+
+bool PulsoCola::NadieTrabaja() const {
+    const bool marcando = estado_.Marcando() && controles_.Estado().framePie;
+    return Armado() || estado_.Parada() || marcando;
+}
+
 void PulsoCola::SaldarAbandonadas() {
-    // While the pulse is armed nobody works inside a transaction.
-    if (Armado()) {
+    if (NadieTrabaja()) {
         entorno_.transacciones.Saldar();
     }
 }

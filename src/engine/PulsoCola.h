@@ -20,9 +20,13 @@ class PulsoCola {
     // The main window; it must be set before the pulse is armed.
     void PonerVentana(VentanaPrincipal* ventana) { ventana_ = ventana; }
 
-    // The bracket of every operation that uses the device.
+    // The bracket of every operation that uses the device. While rows are being marked the pulse
+    // itself stays stopped.
     void ParaTimer();
     void ArrancaTimer();
+    // At the end of an operation after which the pulse stays stopped: until something arms it the
+    // screen tells so.
+    void DejarParado();
     // Ends the transaction that a failed operation has left open, unless an operation runs now.
     void SaldarAbandonadas();
     bool Armado() const { return controles_.Estado().timerCola; }
@@ -37,6 +41,7 @@ class PulsoCola {
     void RestaurarVentana();
 
   private:
+    bool NadieTrabaja() const;
     bool ConectorActivo();
     void ReflejarCambios();
     bool PuedeEnviar() const;

@@ -14,7 +14,9 @@ constexpr std::chrono::seconds kEsperaTrasMoverDinero{10};
 } // namespace
 
 void Asiento::Abrir(const QString& linea, Espera espera) {
-    entorno_.marca.MarcarActivo(true);
+    if (marca_ == Marca::Poner) {
+        entorno_.marca.MarcarActivo(true);
+    }
     if (espera == Espera::TrasMoverDinero) {
         entorno_.Database().Comenzar(kEsperaTrasMoverDinero);
     } else {
@@ -23,11 +25,14 @@ void Asiento::Abrir(const QString& linea, Espera espera) {
     entorno_.log.LogLinea(linea);
 }
 
-void Asiento::Confirmar(const QString& linea) {
+void Asiento::Confirmar(const QString& linea, const std::function<void()>& mostrar) {
     DatabaseEngine& motor = entorno_.Database();
     motor.Confirmar();
     while (motor.Nivel() > 0 && !motor.NivelEscrito()) {
         motor.Confirmar();
+    }
+    if (mostrar) {
+        mostrar();
     }
     entorno_.log.LogLinea(linea);
 }

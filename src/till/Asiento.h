@@ -17,20 +17,26 @@ class Asiento {
         TrasMoverDinero // up to 10 s: the books must tell of money that has moved
     };
 
-    explicit Asiento(Entorno& entorno) : entorno_(entorno) {}
+    // Whether the connector is told of the transaction.
+    enum class Marca { Poner, Dejar };
+
+    explicit Asiento(Entorno& entorno, Marca marca = Marca::Poner)
+        : entorno_(entorno), marca_(marca) {}
 
     // Busy mark, begin, log line.
     void Abrir(const QString& linea, Espera espera = Espera::Normal);
-    // Commit, log line. An operation that began anew after a reconnection stands nested in its own
-    // earlier attempts. They have written nothing and end with it: what the log calls committed
-    // stands in the file, and nobody is kept from it by what follows.
-    void Confirmar(const QString& linea);
+    // Commit, then what the operator is to see of it, then the log line. An operation that began
+    // anew after a reconnection stands nested in its own earlier attempts. They have written
+    // nothing and end with it: what the log calls committed stands in the file, and nobody is kept
+    // from it by what follows.
+    void Confirmar(const QString& linea, const std::function<void()>& mostrar = {});
     // Rollback, then what the operator is to be told, then the log line: nobody is waited for
     // under the write lock. A rollback that fails is raised when the operator has been told.
     void Deshacer(const QString& linea, const std::function<void()>& avisar = {});
 
   private:
     Entorno& entorno_;
+    Marca marca_;
 };
 
 } // namespace zv

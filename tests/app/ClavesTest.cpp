@@ -39,11 +39,9 @@ const Carpeta kCarpetas[] = {
 // here.
 constexpr auto kPorVenir =
     "abonoAgrupado abonoManual abonos2 abonoVenta ajustePorDescuadre al "
-    "anulacionCancelada anulacionCancelada2 anularMovimiento arqueoCaja atencion "
-    "añadirCambioCancelado billetes billetes2 cajon2 cambiAñadido "
-    "cambio cambioCancelado cierre2 cierreCaja0 cierreCaja1 cierreDeCaja cierreDeCaja2 "
-    "cierreDeCaja2b cierreDeCaja3 cobrado cobroAgrupado cobroAnulado cobroManual "
-    "cobros2 cobroVenta concepto concepto2 "
+    "arqueoCaja atencion añadirCambioCancelado billetes billetes2 cajon2 cambiAñadido cambio "
+    "cambioCancelado cierre2 cierreCaja0 cierreCaja1 cierreDeCaja cierreDeCaja2 cierreDeCaja2b "
+    "cierreDeCaja3 cobrado cobroAgrupado cobroManual cobros2 cobroVenta concepto concepto2 "
     "conexionEstablecida contraseñaIncorrecta0 contraseñaIncorrecta1 "
     "contraseñaIncorrecta2 crearUsuario0 crearUsuario1 crearUsuario2 crearUsuario3 "
     "crearUsuario4 descartar descartarIncidencias descartarIncidencias2 "
@@ -54,7 +52,7 @@ constexpr auto kPorVenir =
     "errorConfiguracion6 errorDeZorvex2 errorGuardarUsuario0 errorGuardarUsuario1 "
     "errorRecuperarDatos errorRecuperarNiveles estado exploradorWindows1 exportar0 "
     "exportar1 fecha2 fechaAcceso fPago guardarUsuario0 guardarUsuario1 identificacion "
-    "ingresos2 inicial2 introduzcaCausa limiarHistorial "
+    "ingresos2 inicial2 limiarHistorial "
     "limpiarHistorial lugar modificarContraseña monedas monedas2 movimientosDeCajaDel "
     "movimientosDeCajaHasta noHayMovimientosParaImprimir NoSePuedeConectar "
     "operacionNoAutomatica operacionNoReenviada "

@@ -59,6 +59,7 @@ void DisenoMonitor::Construir(QWidget& ventana, Rejilla& cola) {
     ConstruirCabecera(ventana);
     ConstruirEstado(ventana);
     ConstruirGrid(ventana, cola);
+    ConstruirAviso(ventana);
     ConstruirPie(ventana);
 
     auto* centro = new QHBoxLayout;
@@ -73,6 +74,7 @@ void DisenoMonitor::Construir(QWidget& ventana, Rejilla& cola) {
     todo->addWidget(frameCab);
     todo->addWidget(frmEstado);
     todo->addLayout(centro, 1);
+    todo->addWidget(frmAviso);
     todo->addWidget(framePie);
     AplicarEscala();
 }
@@ -110,6 +112,9 @@ void DisenoMonitor::AplicarEscala() {
     for (Lampara* lampara : {ShapeOK, ShapeAlert, ShapeCritico}) {
         lampara->setFixedSize(px(32), px(32));
     }
+    frmAviso->setFixedHeight(px(44));
+    lbAviso->setFont(tema::Fuente(px(18), true));
+    lbSumaAviso->setFont(tema::FuenteImporte(px(26)));
     grdZV->Escalar(escala_);
     pctScrollBar->Escalar(escala_);
     framePie->Escalar(escala_);
@@ -215,6 +220,44 @@ void DisenoMonitor::ConstruirGrid(QWidget& ventana, Rejilla& cola) {
     grdZV->PonerImagen(Imagen::Cancelar, *btnCancelar, tema::kFondoAnular);
     grdZV->PonerImagen(Imagen::Cobro, *btnCobro, tema::kVerde);
     grdZV->PonerImagen(Imagen::Abono, *btnAbono, tema::kAmbar);
+}
+
+void DisenoMonitor::ConstruirAviso(QWidget& ventana) {
+    frmAviso = new QFrame(&ventana);
+    frmAviso->setObjectName(u"frmAviso"_s);
+    lbAviso = new QLabel(frmAviso);
+    lbAviso->setObjectName(u"lbAviso"_s);
+    lbAviso->setWordWrap(true);
+    lbSumaAviso = new QLabel(frmAviso);
+    lbSumaAviso->setObjectName(u"lbSumaAviso"_s);
+    lbSumaAviso->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+
+    auto* fila = new QHBoxLayout(frmAviso);
+    fila->setContentsMargins(14, 0, 14, 0);
+    fila->setSpacing(14);
+    fila->addWidget(lbAviso, 1);
+    fila->addWidget(lbSumaAviso);
+    PonerAviso({});
+}
+
+void DisenoMonitor::PonerAviso(const LineaAviso& aviso) {
+    tema::Tono tono = tema::Tono::Callado;
+    switch (aviso.tono) {
+    case LineaAviso::Tono::Ninguno:
+        break;
+    case LineaAviso::Tono::Agrupando:
+        tono = tema::Tono::Marca;
+        break;
+    case LineaAviso::Tono::SinConexion:
+        tono = tema::Tono::Aviso;
+        break;
+    case LineaAviso::Tono::Parada:
+        tono = tema::Tono::Alarma;
+        break;
+    }
+    tema::PonerTono(*frmAviso, tono);
+    lbAviso->setText(aviso.texto);
+    lbSumaAviso->setText(aviso.importe);
 }
 
 void DisenoMonitor::ConstruirPie(QWidget& ventana) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/BotonPie.h"
+#include "engine/Controles.h"
 #include "engine/screens/Lampara.h"
 #include "ui/screens/BarraPie.h"
 #include "ui/screens/Paginador.h"
@@ -25,6 +26,8 @@ struct DisenoMonitor {
     void Construir(QWidget& ventana, Rejilla& cola);
     // Letters, rows and footer grow with a window larger than 1024x768, up to half as much again.
     void Escalar(const QSize& ventana);
+    // The line above the footer.
+    void PonerAviso(const LineaAviso& aviso);
     // The state line: a text too long for two lines takes smaller letters.
     void PonerEstado(const QString& texto);
 
@@ -47,6 +50,10 @@ struct DisenoMonitor {
     QToolButton* btnArriba = nullptr;
     QToolButton* btnAbajo = nullptr;
 
+    QFrame* frmAviso = nullptr;
+    QLabel* lbAviso = nullptr;
+    QLabel* lbSumaAviso = nullptr;
+
     BarraPie* framePie = nullptr;
     PorBotonPie<QToolButton*> boton;
 
@@ -61,6 +68,7 @@ struct DisenoMonitor {
     void ConstruirCabecera(QWidget& ventana);
     void ConstruirEstado(QWidget& ventana);
     void ConstruirGrid(QWidget& ventana, Rejilla& cola);
+    void ConstruirAviso(QWidget& ventana);
     void ConstruirPie(QWidget& ventana);
     void AplicarEscala();
     void AjustarEstado();

@@ -162,6 +162,14 @@ void frmZVMonitor::Seguir() {
         ui_.PonerEstado(e.lbEstado);
         e.lbEstado.isEmpty() ? timerParpadeo_.stop() : timerParpadeo_.start();
     }
+    if (e.aviso != aplicado_.aviso) {
+        ui_.PonerAviso(e.aviso);
+    }
+    ui_.grdZV->HabilitarImagenes(ColumnaCola::Anular, e.puedeAnular);
+    ui_.grdZV->HabilitarImagenes(ColumnaCola::Enviar, e.puedeEnviar);
+    // Only while it holds its state is it more than a button.
+    ui_.boton[BotonPie::AgruparCobros]->setCheckable(e.agrupando);
+    ui_.boton[BotonPie::AgruparCobros]->setChecked(e.agrupando);
     if (e.punteroEspera != aplicado_.punteroEspera) {
         e.punteroEspera ? setCursor(Qt::WaitCursor) : unsetCursor();
     }

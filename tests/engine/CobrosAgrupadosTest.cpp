@@ -1,0 +1,961 @@
+// Grouped charges: marking and its end, and what stands in cola, in procesados and in the log after
+// each outcome at the device.
+#include "engine/CobrosAgrupados.h"
+
+#include "BancoAgrupar.h"
+#include "store/Palabras.h"
+#include "store/dades.h"
+#include "support/GanchoFallos.h"
+#include "till/ResultadoEnvio.h"
+
+#include <limits>
+
+namespace zv::test {
+
+// ---- marking
+
+class MarcarCobrosTest : public BancoAgrupar {
+  protected:
+    void SetUp() override {
+        BancoAgrupar::SetUp();
+        PonerVenta(1000, u"A"_s);
+        PonerVenta(250, u"B"_s);
+        PonerVenta(-300, u"C"_s);
+        Mirar();
+    }
+    // The row has the colours of marking; false when it has its own.
+    bool Resaltada(int fila) const {
+        int marcadas = 0;
+        for (int columna = 0; columna < ColumnaCola::Cuantas; ++columna) {
+            const bool boton = columna == 0 || columna == 10;
+            const ColorCelda color = boton ? ColorRGB(145, 207, 77) : ColorRGB(255, 190, 0);
+            const ColorCelda fondo = grid.Celdas().AspectoDe(fila, columna).fondo;
+            EXPECT_TRUE(fondo == color || fondo == 0) << fila << " " << columna;
+            marcadas += fondo == color ? 1 : 0;
+        }
+        EXPECT_TRUE(marcadas == 0 || marcadas == ColumnaCola::Cuantas) << marcadas;
+        return marcadas > 0;
+    }
+    QString Linea() const { return C().aviso.texto + u" | "_s + C().aviso.importe; }
+};
+
+TEST_F(MarcarCobrosTest, TheButtonNeedsADeviceAndTwoRows) {
+    EXPECT_TRUE(botones.TieneOperacion(BotonPie::AgruparCobros));
+    EXPECT_TRUE(C().boton[BotonPie::AgruparCobros]);
+    motor.Ejecutar(u"DELETE FROM cola WHERE idZV > 1"_s);
+    Mirar();
+    EXPECT_FALSE(C().boton[BotonPie::AgruparCobros]);
+    Agrupar();
+    EXPECT_FALSE(estado.Agrupando());
+}
+
+TEST_F(MarcarCobrosTest, ItsPressStopsThePulseAndLeavesGridFooterAndItselfOn) {
+    motor.Ejecutar(u"INSERT INTO cola (importe,id1) VALUES (5,'D')"_s);
+    entorno.ResultadoEnvio = envio::kCancelado;
+    Agrupar();
+    EXPECT_TRUE(estado.Agrupando());
+    EXPECT_FALSE(pulso.Armado());
+    EXPECT_TRUE(C().framePie);
+    EXPECT_TRUE(C().grdZV);
+    EXPECT_TRUE(C().agrupando);
+    for (const BotonPie boton : {BotonPie::DarCambio, BotonPie::AnadirCambio, BotonPie::Pago,
+                                 BotonPie::CobroManual, BotonPie::Conectar}) {
+        EXPECT_FALSE(C().boton[boton]) << static_cast<int>(boton);
+    }
+    EXPECT_TRUE(C().boton[BotonPie::AgruparCobros]);
+    EXPECT_TRUE(C().boton[BotonPie::Desconectar]);
+    EXPECT_EQ(grid.FilasDatos(), 4); // refilled
+    EXPECT_EQ(C().lbContador, u"3 cobros / 1 abonos"_s);
+    EXPECT_EQ(C().lbEstado, QString());
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
+    EXPECT_TRUE(log.lineas.isEmpty());
+}
+
+TEST_F(MarcarCobrosTest, AClickAnywhereInARowMarksItAndAnotherOneUnmarksIt) {
+    Agrupar();
+    ClicEnFila(2, ColumnaCola::Importe);
+    EXPECT_FALSE(Resaltada(1));
+    EXPECT_TRUE(Resaltada(2));
+    ClicEnFila(1, ColumnaCola::Enviar); // nothing is sent
+    ClicEnFila(3, ColumnaCola::Anular); // nor annulled
+    EXPECT_TRUE(Resaltada(1));
+    EXPECT_TRUE(Resaltada(3));
+    ClicEnFila(2, ColumnaCola::Fecha);
+    EXPECT_FALSE(Resaltada(2));
+    EXPECT_TRUE(Resaltada(1));
+    EXPECT_EQ(Cola().size(), 3U);
+    EXPECT_TRUE(pantallas.Llamadas().isEmpty());
+    EXPECT_FALSE(pulso.Armado());
+}
+
+TEST_F(MarcarCobrosTest, OnlyRowsOfDataAreMarked) {
+    Agrupar();
+    clic.grdZV_MouseUp(0, 5, false);
+    clic.grdZV_MouseUp(3, 5, true);
+    clic.grdZV_MouseUp(1, -1, false);
+    EXPECT_FALSE(Resaltada(1));
+    EXPECT_FALSE(Resaltada(3));
+}
+
+TEST_F(MarcarCobrosTest, IdsAreKeptInTheOrderOfMarking) {
+    CobrosAgrupados sujeto(entorno, controles, grid, estado, pulso);
+    sujeto.Pulsar();
+    const auto marcar = [&](int fila) {
+        grid.Celdas().PonerCeldaActual(fila, 3);
+        sujeto.MarcarFila();
+        return sujeto.Marcados();
+    };
+    EXPECT_EQ(marcar(3), u"3"_s);
+    EXPECT_EQ(marcar(1), u"3,1"_s);
+    EXPECT_EQ(marcar(2), u"3,1,2"_s);
+    EXPECT_EQ(marcar(1), u"3,2"_s);
+    EXPECT_EQ(marcar(1), u"3,2,1"_s);
+    EXPECT_EQ(marcar(3), u"2,1"_s);
+    EXPECT_EQ(marcar(2), u"1"_s);
+    EXPECT_EQ(marcar(1), QString());
+    EXPECT_EQ(marcar(2), u"2"_s);
+    // The next marking begins with none.
+    EsperaPermiso(false);
+    sujeto.Pulsar();
+    sujeto.Pulsar();
+    EXPECT_EQ(sujeto.Marcados(), QString());
+}
+
+TEST_F(MarcarCobrosTest, AnIdWithinAnotherOneIsNotTakenForIt) {
+    for (int i = 4; i <= 12; ++i) {
+        PonerFila(100);
+    }
+    Mirar();
+    CobrosAgrupados sujeto(entorno, controles, grid, estado, pulso);
+    sujeto.Pulsar();
+    for (const int fila : {12, 1, 2, 11, 1}) {
+        grid.Celdas().PonerCeldaActual(fila, 3);
+        sujeto.MarcarFila();
+    }
+    EXPECT_EQ(sujeto.Marcados(), u"12,2,11"_s);
+}
+
+TEST_F(MarcarCobrosTest, TheLineTellsHowManyAndWhatSum) {
+    Agrupar();
+    EXPECT_EQ(C().aviso.tono, LineaAviso::Tono::Agrupando);
+    EXPECT_EQ(Linea(),
+              u"Toque los cobros que se pagan juntos, o pulse Agrupar cobros para dejarlo | "_s);
+    ClicEnFila(1);
+    EXPECT_EQ(Linea(), u"Marcados: 1. Pulse Agrupar cobros para cobrarlos | Suma: 10,00 €"_s);
+    ClicEnFila(2);
+    ClicEnFila(3);
+    EXPECT_EQ(Linea(), u"Marcados: 3. Pulse Agrupar cobros para cobrarlos | Suma: 9,50 €"_s);
+    ClicEnFila(1);
+    EXPECT_EQ(Linea(), u"Marcados: 2. Pulse Agrupar cobros para cobrarlos | Suma: -0,50 €"_s);
+    ClicEnFila(2);
+    ClicEnFila(3);
+    EXPECT_EQ(C().aviso.importe, QString());
+    EXPECT_EQ(C().aviso.texto.left(5), u"Toque"_s);
+    Agrupar();
+    EXPECT_EQ(C().aviso, LineaAviso());
+}
+
+TEST_F(MarcarCobrosTest, ASumTooLargeForTheDeviceIsToldWholeAndOneThatIsNoneIsToldToo) {
+    motor.Ejecutar(u"UPDATE cola SET importe = 2147483647 WHERE idZV < 3"_s);
+    Marcar({1, 2});
+    EXPECT_EQ(C().aviso.importe, u"Suma: 42.949.672,94 €"_s);
+    motor.Ejecutar(u"UPDATE cola SET importe = '900000000000000' WHERE idZV < 3"_s);
+    ClicEnFila(3);
+    EXPECT_EQ(Linea(), u"Marcados: 3. Pulse Agrupar cobros para cobrarlos | No se pueden sumar"_s);
+}
+
+TEST_F(MarcarCobrosTest, TheLineCountsWhatWouldBeCharged) {
+    Marcar({1, 2});
+    Otro()->Ejecutar(u"DELETE FROM cola WHERE idZV = 1"_s);
+    ClicEnFila(3);
+    EXPECT_EQ(Linea(), u"Marcados: 2. Pulse Agrupar cobros para cobrarlos | Suma: -0,50 €"_s);
+}
+
+TEST_F(MarcarCobrosTest, PicturesOfTheGridRestWhileItIsMarked) {
+    EXPECT_TRUE(C().puedeAnular);
+    EXPECT_TRUE(C().puedeEnviar);
+    Agrupar();
+    EXPECT_FALSE(C().puedeAnular);
+    EXPECT_FALSE(C().puedeEnviar);
+    Agrupar();
+    EXPECT_TRUE(C().puedeAnular);
+    EXPECT_TRUE(C().puedeEnviar);
+}
+
+TEST_F(MarcarCobrosTest, LeavingWithNothingMarkedAsksNobodyAndGoesOn) {
+    Agrupar();
+    motor.Ejecutar(u"INSERT INTO cola (importe,id1) VALUES (5,'D')"_s);
+    Agrupar();
+    EXPECT_FALSE(estado.Agrupando());
+    EXPECT_TRUE(pulso.Armado());
+    EXPECT_TRUE(C().framePie);
+    EXPECT_TRUE(C().grdZV);
+    EXPECT_FALSE(C().agrupando);
+    EXPECT_EQ(grid.FilasDatos(), 4);
+    EXPECT_TRUE(C().boton[BotonPie::DarCambio]);
+    EXPECT_TRUE(C().boton[BotonPie::AgruparCobros]);
+    EXPECT_TRUE(pantallas.Llamadas().isEmpty());
+    EXPECT_TRUE(log.lineas.isEmpty());
+}
+
+TEST_F(MarcarCobrosTest, ARowThatWasUnmarkedIsNotCharged) {
+    Marcar({1, 2, 1});
+    cliente.EsperaCharge(250, 250, 0);
+    Cobrar();
+    ASSERT_EQ(Cola().size(), 2U);
+    EXPECT_EQ(Cola().front().LeerLong(u"idZV"_s), 1);
+}
+
+TEST_F(MarcarCobrosTest, ARefusedUserLeavesAllRowsAndTheMarkingEnds) {
+    Marcar({1, 2});
+    EsperaPermiso(false, [this] {
+        EXPECT_TRUE(estado.Agrupando());
+        EXPECT_FALSE(C().framePie);
+        EXPECT_FALSE(pulso.Armado());
+    });
+    Agrupar();
+    EXPECT_EQ(Cola().size(), 3U);
+    EXPECT_TRUE(Procesados().empty());
+    EXPECT_FALSE(estado.Agrupando());
+    EXPECT_TRUE(pulso.Armado());
+    EXPECT_FALSE(Resaltada(1));
+    EXPECT_FALSE(Resaltada(2));
+    // Nothing stays marked for the next time.
+    Agrupar();
+    Agrupar();
+    EXPECT_EQ(pantallas.Llamadas().size(), 1);
+}
+
+TEST_F(MarcarCobrosTest, ARefillTakesTheColoursAwayAlsoFromRowsThatStand) {
+    Marcar({1, 3});
+    // A row of this program's own: those that stand are kept.
+    dades datos(motor, reloj);
+    datos.Inicialitza();
+    Missatge missatge;
+    missatge.ID1 = u"NUEVA"_s;
+    missatge.Importe = 700;
+    bool bien = false;
+    datos.Inserta(missatge, bien);
+    ASSERT_TRUE(bien);
+    estado.RellenarGrid();
+    EXPECT_EQ(grid.FilasDatos(), 4);
+    for (int fila = 1; fila <= 4; ++fila) {
+        EXPECT_FALSE(Resaltada(fila)) << fila;
+    }
+    // The marks themselves stand: a click on a marked row unmarks it.
+    ClicEnFila(1);
+    EXPECT_FALSE(Resaltada(1));
+    EXPECT_EQ(C().aviso.importe, u"Suma: -3,00 €"_s);
+}
+
+TEST_F(MarcarCobrosTest, TheFirstRowIsCurrentAgainAfterARefillOfMarkedRows) {
+    Marcar({3});
+    EXPECT_EQ(grid.Celdas().FilaActual(), 3);
+    EXPECT_EQ(grid.Celdas().ColumnaActual(), ColumnaCola::Enviar);
+    EsperaPermiso(false);
+    Agrupar();
+    EXPECT_EQ(grid.Celdas().FilaActual(), 1);
+}
+
+TEST_F(MarcarCobrosTest, SalesThatArriveMeanwhileShowWhenItEnds) {
+    Agrupar();
+    Otro()->Ejecutar(u"INSERT INTO cola (importe,id1) VALUES (5,'D')"_s);
+    for (int i = 0; i < 3; ++i) {
+        ClicEnFila(1);
+    }
+    EXPECT_EQ(grid.FilasDatos(), 3);
+    EsperaPermiso(false);
+    Agrupar();
+    EXPECT_EQ(grid.FilasDatos(), 4);
+}
+
+TEST_F(MarcarCobrosTest, DisconnectingIsRefusedMeanwhile) {
+    Agrupar();
+    dialogos.EsperaMensaje(u"Conflicto de operaciones"_s,
+                           u"Esta agrupando pagos, finalize la operacion primero"_s);
+    botones.boton_Click(BotonPie::Desconectar);
+    EXPECT_TRUE(supervision.Conectado());
+    EXPECT_TRUE(estado.Agrupando());
+}
+
+// ---- doors, modes and window buttons while rows are marked
+
+TEST_F(MarcarCobrosTest, WhatComesBackFromAnotherScreenDoesNotStartThePulse) {
+    Marcar({1});
+    pantallas.EsperaValidar(1, u"authRegistro"_s, true);
+    pantallas.EsperaAbrir(Pantalla::Cobros, [this] {
+        EXPECT_FALSE(C().grdZV);
+        ClicEnFila(2); // too late
+    });
+    botones.boton_Click(BotonPie::Registro);
+    EXPECT_TRUE(estado.Agrupando());
+    EXPECT_FALSE(pulso.Armado());
+    EXPECT_TRUE(C().framePie);
+    EXPECT_TRUE(C().grdZV);
+    EXPECT_TRUE(Resaltada(1));
+    EXPECT_EQ(C().aviso.importe, u"Suma: 10,00 €"_s);
+    // Minimising arms the pulse too.
+    pulso.ArrancaTimer();
+    EXPECT_FALSE(pulso.Armado());
+}
+
+TEST_F(MarcarCobrosTest, ADeviceThatGoesMeanwhileLeavesTheMarkingToBeEnded) {
+    Marcar({1, 2});
+    pantallas.EsperaValidar(1, u"authCaja"_s, true);
+    pantallas.EsperaAbrir(Pantalla::Caja, [this] { supervision.MarcarDesconectado(); });
+    botones.boton_Click(BotonPie::Caja);
+    EXPECT_FALSE(pulso.Armado());
+    EXPECT_TRUE(C().boton[BotonPie::AgruparCobros]);
+    EXPECT_TRUE(C().boton[BotonPie::Conectar]);
+    EXPECT_EQ(C().aviso.tono, LineaAviso::Tono::Agrupando);
+    EsperaPermiso();
+    Agrupar();
+    EXPECT_EQ(Cola().size(), 3U);
+    EXPECT_TRUE(Procesados().empty());
+    EXPECT_TRUE(pulso.Armado());
+    EXPECT_FALSE(C().boton[BotonPie::AgruparCobros]);
+    EXPECT_EQ(C().aviso.tono, LineaAviso::Tono::SinConexion);
+    EXPECT_TRUE(log.lineas.isEmpty());
+}
+
+TEST_F(MarcarCobrosTest, TheOperationsStayOffWhenADoorHasSetTheButtons) {
+    Agrupar();
+    pantallas.EsperaValidar(1, u"authCaja"_s, true);
+    pantallas.EsperaAbrir(Pantalla::Caja);
+    botones.boton_Click(BotonPie::Caja);
+    EXPECT_TRUE(supervision.Conectado());
+    for (const BotonPie boton :
+         {BotonPie::DarCambio, BotonPie::AnadirCambio, BotonPie::Pago, BotonPie::CobroManual}) {
+        EXPECT_FALSE(C().boton[boton]) << static_cast<int>(boton);
+    }
+    EXPECT_TRUE(C().boton[BotonPie::AgruparCobros]);
+}
+
+TEST_F(MarcarCobrosTest, AnotherModeSendsNothingBeforeTheMarkingEnds) {
+    Agrupar();
+    estado.PulsarModo(0);
+    EXPECT_EQ(configuracio->Modo, modo::kAuto);
+    EXPECT_FALSE(pulso.Armado());
+    EXPECT_EQ(Cola().size(), 3U);
+    EXPECT_TRUE(estado.Agrupando());
+}
+
+TEST_F(MarcarCobrosTest, AnAbandonedTransactionHoldsNobodyUpMeanwhile) {
+    motor.Comenzar();
+    motor.Ejecutar(u"UPDATE cola SET id1 = 'X'"_s);
+    Agrupar();
+    EXPECT_EQ(motor.Nivel(), 0);
+    EXPECT_EQ(log.Cuenta(u">>> Transacción abandonada: deshecha"_s), 1);
+    // Nor does one that a screen has left.
+    pantallas.EsperaValidar(1, u"authRegistro"_s, true);
+    pantallas.EsperaAbrir(Pantalla::Cobros, [this] {
+        motor.Comenzar();
+        motor.Ejecutar(u"UPDATE cola SET id1 = 'X'"_s);
+        pulso.SaldarAbandonadas(); // somebody works
+        EXPECT_EQ(motor.Nivel(), 1);
+    });
+    botones.boton_Click(BotonPie::Registro);
+    pulso.SaldarAbandonadas();
+    EXPECT_EQ(motor.Nivel(), 0);
+}
+
+// ---- the charge
+
+class CobrosAgrupadosTest : public BancoAgrupar {
+  protected:
+    CobrosAgrupadosTest() : sujeto(entorno, controles, grid, estado, pulso) {}
+
+    // Two rows of one sale each.
+    void DosFilas() {
+        PonerVenta(1000, u"A"_s);
+        PonerVenta(250, u"B"_s, u"L2"_s);
+        log.Toma();
+    }
+    bool Procesar(const QString& ids = u"1,2"_s) { return sujeto.ProcesarAgrupadas(ids); }
+    Row Ultimo() {
+        return motor.Consultar(u"SELECT * FROM procesados ORDER BY idZV DESC"_s).front();
+    }
+    Row DeFila(qint32 idZV) {
+        return motor
+            .Consultar(u"SELECT * FROM procesados WHERE idcola = "_s + QString::number(idZV))
+            .front();
+    }
+    static QStringList LineasDelGrupo() {
+        return {u"ZVCHARGE_AGR_MAN_OK: VALUEINCENTS=1250 PAIDINVALUE=2000 PAIDOUTVALUE=750"_s,
+                u"AGR_MAN_BEGINTRANS"_s,
+                u"ADDPROC_OK_1_AGR_MAN"_s,
+                u"ADDPROC_OK_2_AGR_MAN_DELCOLA_GRUPO_MANUAL"_s,
+                u"PROCCOLA_DELCOLA_OK_1 [AGR_MAN_DELCOLA_GRUPO_MANUAL]"_s,
+                u"ADDPROC_OK_3_AGR_MAN_DELCOLA_GRUPO_MANUAL"_s,
+                u"PROCCOLA_DELCOLA_OK_2 [AGR_MAN_DELCOLA_GRUPO_MANUAL]"_s,
+                u"AGR_MAN_COMMIT"_s};
+    }
+    // That text of a group's record, which its rows' own texts make.
+    QString TerminalDe(const QStringList& terminales) {
+        QStringList ids;
+        for (const QString& terminal : terminales) {
+            ids << QString::number(PonerVenta(100, u"T"_s, {}, terminal));
+        }
+        cliente.EsperaCharge(static_cast<qint32>(100 * terminales.size()), 0, 0);
+        EXPECT_TRUE(Procesar(ids.join(u',')));
+        return motor.Consultar(u"SELECT * FROM procesados WHERE idcola = 0 ORDER BY idZV DESC"_s)
+            .front()
+            .LeerTexto(u"terminal"_s);
+    }
+
+    CobrosAgrupados sujeto;
+};
+
+TEST_F(CobrosAgrupadosTest, AGroupIsChargedOnceAndFiledWithItsRowsCancelled) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 2000, 750, FinGuion::Ok().Durante([this] {
+        cliente.PonerTotal(51250);
+        EXPECT_EQ(motor.Nivel(), 0);
+        EXPECT_FALSE(C().boton[BotonPie::DarCambio]);
+        EXPECT_FALSE(C().boton[BotonPie::AgruparCobros]);
+    }));
+    EXPECT_TRUE(Procesar());
+    EXPECT_TRUE(Cola().empty());
+    const auto filas = Procesados();
+    ASSERT_EQ(filas.size(), 3U);
+    const Row& g = filas[0];
+    EXPECT_EQ(g.LeerTexto(u"estado"_s), u"OK"_s);
+    EXPECT_EQ(g.LeerFecha(u"fechaVenta"_s), reloj.Ahora());
+    EXPECT_EQ(g.LeerCurrency(u"importeVenta"_s), Currency(1250));
+    EXPECT_EQ(g.LeerCurrency(u"cobrado"_s), Currency(2000));
+    EXPECT_EQ(g.LeerCurrency(u"devuelto"_s), Currency(750));
+    EXPECT_EQ(g.LeerTexto(u"id1"_s), u"A + B/L2"_s);
+    EXPECT_EQ(g.LeerTexto(u"id2"_s), QString());
+    EXPECT_EQ(g.LeerLong(u"idcaja"_s), 0);
+    EXPECT_EQ(g.LeerTexto(u"terminal"_s), u"TPV1"_s);
+    EXPECT_EQ(g.LeerTexto(u"vendedor"_s), QString());
+    EXPECT_EQ(g.LeerTexto(u"formapago"_s), QString());
+    EXPECT_EQ(g.LeerTexto(u"error"_s), u"Cobro agrupado"_s);
+    EXPECT_EQ(g.LeerCurrency(u"saldoZV"_s), Currency(51250));
+    EXPECT_EQ(g.LeerLong(u"idcola"_s), 0);
+    EXPECT_EQ(g.LeerTexto(u"usuario"_s), QString());
+    for (const int n : {1, 2}) {
+        const Row& f = filas[static_cast<std::size_t>(n)];
+        EXPECT_EQ(f.LeerTexto(u"estado"_s), u"CANCEL"_s);
+        EXPECT_EQ(f.LeerLong(u"idcola"_s), n);
+        EXPECT_EQ(f.LeerTexto(u"error"_s), u"Anulada por cobro agrupado MANUAL"_s);
+        EXPECT_EQ(f.LeerCurrency(u"importeVenta"_s), Currency(n == 1 ? 1000 : 250));
+        EXPECT_EQ(f.LeerCurrency(u"cobrado"_s), Currency(0));
+        EXPECT_EQ(f.LeerCurrency(u"devuelto"_s), Currency(0));
+        EXPECT_EQ(f.LeerCurrency(u"saldoZV"_s), Currency(0));
+    }
+    EXPECT_EQ(log.lineas, LineasDelGrupo());
+    EXPECT_EQ(registry.LeerValor(registry_name::kSaldoExit, QString()), u"51250"_s);
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
+    EXPECT_EQ(motor.Nivel(), 0);
+    // The connector is not told.
+    EXPECT_EQ(Activo(), u"-"_s);
+}
+
+TEST_F(CobrosAgrupadosTest, ByTheButtonTheScreenFollows) {
+    DosFilas();
+    PonerVenta(30, u"C"_s);
+    Mirar();
+    Marcar({1, 2});
+    cliente.EsperaCharge(1250, 1250, 0, FinGuion::Ok().Durante([this] {
+        EXPECT_TRUE(estado.Agrupando());
+        EXPECT_FALSE(C().framePie);
+        ClicEnFila(3); // nobody marks any more
+    }));
+    Cobrar();
+    EXPECT_EQ(grid.FilasDatos(), 1);
+    EXPECT_EQ(C().lbContador, u"1 cobros"_s);
+    EXPECT_EQ(C().lbEstado, QString());
+    EXPECT_FALSE(estado.Agrupando());
+    EXPECT_TRUE(pulso.Armado());
+    EXPECT_TRUE(C().framePie);
+    EXPECT_EQ(C().aviso, LineaAviso());
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+}
+
+TEST_F(CobrosAgrupadosTest, IdentifiersAreJoinedInTheOrderOfTheQueue) {
+    PonerVenta(100, u"A"_s, u"1"_s);
+    PonerVenta(100, QString(), QString());
+    PonerVenta(100, u"C"_s);
+    PonerVenta(100, QString(), u"4"_s);
+    cliente.EsperaCharge(400, 400, 0);
+    EXPECT_TRUE(Procesar(u"4,3,1,2"_s));
+    EXPECT_EQ(Procesados().front().LeerTexto(u"id1"_s), u"A/1 +  + C + /4"_s);
+    // The rows go in the order of their marks.
+    EXPECT_EQ(LineasDe(u"PROCCOLA_DELCOLA_OK_4"_s).size(), 1);
+    EXPECT_EQ(Procesados()[1].LeerLong(u"idcola"_s), 4);
+    EXPECT_EQ(Procesados()[4].LeerLong(u"idcola"_s), 2);
+}
+
+TEST_F(CobrosAgrupadosTest, LongIdentifiersAreCutInTheRecordAlone) {
+    for (int i = 0; i < 10; ++i) {
+        PonerVenta(100, u"FACTURA-2026-00%1"_s.arg(i));
+    }
+    cliente.EsperaCharge(1000, 1000, 0);
+    EXPECT_TRUE(Procesar(u"1,2,3,4,5,6,7,8,9,10"_s));
+    EXPECT_EQ(Procesados().front().LeerTexto(u"id1"_s),
+              u"FACTURA-2026-000 + FACTURA-2026-001 + FACTURA-2026-002"_s.left(50));
+    EXPECT_EQ(Procesados().size(), 11U);
+}
+
+TEST_F(CobrosAgrupadosTest, OnlyTheFirstTerminalIsKnownAgain) {
+    EXPECT_EQ(TerminalDe({u"A"_s, u"B"_s, u"B"_s}), u"A, B, B"_s);
+    EXPECT_EQ(TerminalDe({u"A"_s, u"A"_s}), u"A"_s);
+    EXPECT_EQ(TerminalDe({u"A"_s, u"B"_s, u"A"_s, u"C"_s, u"B"_s}), u"A, B, C, B"_s);
+    EXPECT_EQ(TerminalDe({u"A"_s, u"a"_s}), u"A, a"_s);
+    // One that begins with a blank is what the parting finds.
+    EXPECT_EQ(TerminalDe({u"A"_s, u"B"_s, u" B"_s}), u"A, B"_s);
+    EXPECT_EQ(TerminalDe({u"A"_s, QString()}), u"A, "_s);
+    EXPECT_EQ(TerminalDe({QString(), u"B"_s, u"B"_s}), u"B"_s);
+}
+
+TEST_F(CobrosAgrupadosTest, ACreditOfARowIsNotLookedAt) {
+    DosFilas();
+    PonerCredito(1, 400);
+    cliente.EsperaCharge(1250, 1250, 0);
+    EXPECT_TRUE(Procesar());
+    EXPECT_EQ(Procesados().front().LeerCurrency(u"importeVenta"_s), Currency(1250));
+    // The row's own record counts it.
+    EXPECT_EQ(DeFila(1).LeerCurrency(u"importeVenta"_s), Currency(600));
+}
+
+TEST_F(CobrosAgrupadosTest, AmountsThatAddUpToNothingAreChargedAsNothing) {
+    PonerVenta(500, u"A"_s);
+    PonerVenta(-500, u"B"_s);
+    log.Toma();
+    cliente.EsperaCharge(0, 0, 0);
+    EXPECT_TRUE(Procesar());
+    EXPECT_TRUE(Cola().empty());
+    EXPECT_EQ(Procesados().front().LeerCurrency(u"importeVenta"_s), Currency(0));
+    EXPECT_EQ(log.lineas.first(),
+              u"ZVCHARGE_AGR_MAN_OK: VALUEINCENTS=0 PAIDINVALUE=0 PAIDOUTVALUE=0"_s);
+}
+
+TEST_F(CobrosAgrupadosTest, ARefundIsANegativeCharge) {
+    PonerVenta(500, u"A"_s);
+    PonerVenta(-800, u"B"_s);
+    cliente.EsperaCharge(-300, 0, 300);
+    EXPECT_TRUE(Procesar());
+    EXPECT_EQ(Procesados().front().LeerCurrency(u"importeVenta"_s), Currency(-300));
+    EXPECT_EQ(Procesados().front().LeerCurrency(u"devuelto"_s), Currency(300));
+}
+
+TEST_F(CobrosAgrupadosTest, WithoutADeviceNothingHappens) {
+    DosFilas();
+    supervision.MarcarDesconectado();
+    EXPECT_FALSE(Procesar());
+    EXPECT_EQ(Cola().size(), 2U);
+    EXPECT_TRUE(log.lineas.isEmpty());
+    EXPECT_TRUE(dialogos.Llamadas().isEmpty());
+}
+
+TEST_F(CobrosAgrupadosTest, ARowThatAnotherProgramHasDeletedIsNotCharged) {
+    DosFilas();
+    Otro()->Ejecutar(u"DELETE FROM cola WHERE idZV = 1"_s);
+    cliente.EsperaCharge(250, 250, 0);
+    EXPECT_TRUE(Procesar());
+    EXPECT_TRUE(Cola().empty());
+    ASSERT_EQ(Procesados().size(), 2U);
+    EXPECT_EQ(Procesados().front().LeerTexto(u"id1"_s), u"B/L2"_s);
+    EXPECT_EQ(log.lineas,
+              (QStringList{
+                  u"ZVCHARGE_AGR_MAN_OK: VALUEINCENTS=250 PAIDINVALUE=250 PAIDOUTVALUE=0"_s,
+                  u"AGR_MAN_BEGINTRANS"_s, u"ADDPROC_OK_1_AGR_MAN"_s,
+                  u"ADDPROC_OK_2_AGR_MAN_DELCOLA_GRUPO_MANUAL"_s,
+                  u"PROCCOLA_DELCOLA_OK_2 [AGR_MAN_DELCOLA_GRUPO_MANUAL]"_s, u"AGR_MAN_COMMIT"_s}));
+}
+
+TEST_F(CobrosAgrupadosTest, ARowThatGoesWhileTheCustomerPaysLeavesNoRecordOfItsOwn) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 1250, 0, FinGuion::Ok().Durante([this] {
+        Otro()->Ejecutar(u"DELETE FROM cola WHERE idZV = 2"_s);
+        Otro()->Ejecutar(u"INSERT INTO cola (importe,id1) VALUES (5,'NUEVA')"_s);
+    }));
+    EXPECT_TRUE(Procesar());
+    EXPECT_EQ(Procesados().size(), 2U);
+    ASSERT_EQ(Cola().size(), 1U);
+    EXPECT_EQ(Cola().front().LeerTexto(u"id1"_s), u"NUEVA"_s);
+}
+
+// ---- the device refuses, fails or is cancelled
+
+TEST_F(CobrosAgrupadosTest, ADeviceErrorIsFiledOnceAndKeepsTheRows) {
+    DosFilas();
+    PonerCredito(1, 400);
+    log.Toma();
+    cliente.EsperaCharge(1250, 1000, 300, FinGuion::Error(5, u"Billete atascado"_s));
+    EXPECT_FALSE(Procesar());
+    ASSERT_EQ(Cola().size(), 2U);
+    // Money kept by a failed group stands only in the record.
+    EXPECT_EQ(Cola()[0].LeerCurrency(u"creditoError"_s), Currency(400));
+    EXPECT_EQ(Cola()[1].LeerCurrency(u"creditoError"_s), Currency(0));
+    ASSERT_EQ(Procesados().size(), 1U);
+    const Row f = Ultimo();
+    EXPECT_EQ(f.LeerTexto(u"estado"_s), u"ERROR"_s);
+    EXPECT_EQ(f.LeerFecha(u"fechaVenta"_s), reloj.Ahora());
+    EXPECT_EQ(f.LeerCurrency(u"importeVenta"_s), Currency(1250));
+    EXPECT_EQ(f.LeerCurrency(u"cobrado"_s), Currency(1000));
+    EXPECT_EQ(f.LeerCurrency(u"devuelto"_s), Currency(300));
+    EXPECT_EQ(f.LeerTexto(u"id1"_s), u"A + B/L2"_s);
+    EXPECT_EQ(f.LeerTexto(u"terminal"_s), u"TPV1"_s);
+    EXPECT_EQ(f.LeerCurrency(u"saldoZV"_s), Currency(50000));
+    EXPECT_EQ(f.LeerLong(u"idcola"_s), 0);
+    EXPECT_EQ(f.LeerTexto(u"error"_s), u"Error cobro agrupado: 5 - Billete atascado"_s);
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
+    EXPECT_FALSE(entorno.falloSinDispositivo);
+    EXPECT_EQ(log.lineas,
+              (QStringList{u"AGR_MAN_BEGINTRANS"_s,
+                           u"ZVCHARGE_AGR_MAN_ERROR_5: VALUEINCENTS=1250 PAIDINVALUE=1000 "
+                           "PAIDOUTVALUE=300"_s,
+                           u"AGR_MAN_ERRORZV_5 - Billete atascado"_s, u"ADDPROC_OK_1_AGR_MAN"_s,
+                           u"AGR_MAN_COMMIT"_s}));
+    EXPECT_EQ(Activo(), u"-"_s);
+}
+
+TEST_F(CobrosAgrupadosTest, AnErrorIsToldByTheScreenAndTheModeStays) {
+    DosFilas();
+    Mirar();
+    configuracio->Modo = modo::kSemi;
+    entorno.falloSinDispositivo = true; // of an earlier send
+    Marcar({1, 2});
+    cliente.EsperaCharge(1250, 0, 0, FinGuion::Error(12, u"Sin cambio"_s));
+    dialogos.EsperaMensaje(
+        u"Error de Zorvex"_s, u"12 - Sin cambio"_s, Respuesta::Aceptar, std::nullopt, [this] {
+            EXPECT_EQ(motor.Nivel(), 0);
+            EXPECT_EQ(C().lbEstado, u"Error 12 - Sin cambio. Consulte con su técnico"_s);
+        });
+    Cobrar();
+    EXPECT_EQ(configuracio->Modo, modo::kSemi);
+    EXPECT_EQ(Cola().size(), 2U);
+    EXPECT_TRUE(pulso.Armado());
+}
+
+TEST_F(CobrosAgrupadosTest, ALostLinkIsAnErrorLikeAnyOther) {
+    DosFilas();
+    Mirar();
+    Marcar({1, 2});
+    cliente.EsperaCharge(1250, 0, 0, FinGuion::EnlacePerdido());
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"1 - Enlace perdido"_s);
+    Cobrar();
+    // No reconnection, no retry.
+    EXPECT_EQ(cliente.Llamadas().count(u"Charge(1250)"_s), 1);
+    EXPECT_EQ(cliente.Llamadas().filter(u"onnect("_s), QStringList{u"Connect()"_s});
+    EXPECT_TRUE(supervision.Conectado());
+    EXPECT_EQ(Ultimo().LeerTexto(u"error"_s), u"Error cobro agrupado: 1 - Enlace perdido"_s);
+}
+
+TEST_F(CobrosAgrupadosTest, ACancelIsFiledOnceAndKeepsTheRows) {
+    DosFilas();
+    for (const qint16 codigo : {qint16{0}, qint16{-3}}) {
+        log.Toma();
+        cliente.EsperaCharge(1250, 500, 500, FinGuion::Error(codigo, u"fuera"_s));
+        EXPECT_FALSE(Procesar());
+        EXPECT_EQ(Cola().size(), 2U);
+        const Row f = Ultimo();
+        EXPECT_EQ(f.LeerTexto(u"estado"_s), u"CANCEL"_s);
+        EXPECT_EQ(f.LeerTexto(u"error"_s), u"Cobro agrupado cancelado"_s);
+        EXPECT_EQ(f.LeerCurrency(u"importeVenta"_s), Currency(1250));
+        EXPECT_EQ(f.LeerCurrency(u"cobrado"_s), Currency(500));
+        EXPECT_EQ(f.LeerCurrency(u"devuelto"_s), Currency(500));
+        EXPECT_EQ(f.LeerTexto(u"id1"_s), u"A + B/L2"_s);
+        EXPECT_EQ(f.LeerTexto(u"terminal"_s), u"TPV1"_s);
+        EXPECT_EQ(f.LeerCurrency(u"saldoZV"_s), Currency(50000));
+        EXPECT_EQ(entorno.ResultadoEnvio, envio::kCancelado);
+        EXPECT_EQ(log.lineas, (QStringList{u"AGR_MAN_BEGINTRANS"_s,
+                                           u"ZVCHARGE_AGR_MAN_CANCEL: VALUEINCENTS=1250 "
+                                           "PAIDINVALUE=500 PAIDOUTVALUE=500"_s,
+                                           u"AGR_MAN_CANCEL_%1 - fuera"_s.arg(codigo),
+                                           u"ADDPROC_OK_%1_AGR_MAN"_s.arg(Procesados().size()),
+                                           u"AGR_MAN_COMMIT"_s}));
+    }
+}
+
+TEST_F(CobrosAgrupadosTest, ACancelIsToldByTheStateLine) {
+    DosFilas();
+    Mirar();
+    Marcar({1, 2});
+    cliente.EsperaCharge(1250, 0, 0, FinGuion::Cancelado());
+    Cobrar();
+    EXPECT_EQ(C().lbEstado, u"Última operación cancelada. Cambiado a modo MANUAL"_s);
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kCancelado);
+}
+
+TEST_F(CobrosAgrupadosTest, ABalanceThatCannotBeReadIsToldWhenTheBooksAreClosed) {
+    DosFilas();
+    const auto enlace = [this] {
+        for (const qint32 tipo : {2, 3, 4}) {
+            cliente.FallarNiveles(tipo, 1, u"Sin conexión"_s);
+        }
+    };
+    const auto cerrados = [this] {
+        EXPECT_EQ(motor.Nivel(), 0);
+        EXPECT_EQ(log.lineas.last(), u"AGR_MAN_COMMIT"_s);
+    };
+    cliente.EsperaCharge(1250, 0, 0, FinGuion::Error(5, u"Atasco"_s).Durante(enlace));
+    for (int i = 0; i < 2; ++i) { // of the record, of "Saldo_Exit"
+        dialogos.EsperaMensaje(u"Operación anulada"_s, u"Sin conexión"_s, Respuesta::Aceptar,
+                               std::nullopt, cerrados);
+    }
+    EXPECT_FALSE(Procesar());
+    EXPECT_EQ(Ultimo().LeerCurrency(u"saldoZV"_s), Currency(0));
+    // The record tells of the charge, not of the balance.
+    EXPECT_EQ(Ultimo().LeerTexto(u"error"_s), u"Error cobro agrupado: 5 - Atasco"_s);
+}
+
+// ---- failures
+
+TEST_F(CobrosAgrupadosTest, AFailedRecordStillCommitsAndTheRowsStay) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 1250, 0);
+    dialogos.EsperaCaja(TextoFallo(), [this] {
+        EXPECT_EQ(motor.Nivel(), 0);
+        EXPECT_EQ(registry.LeerValor(registry_name::kSaldoExit, QString()), u"51250"_s);
+    });
+    cliente.PonerTotal(51250);
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Escritura, u"INSERT INTO"_s, 4);
+    EXPECT_FALSE(Procesar());
+    EXPECT_EQ(gancho.Pendientes(), 0);
+    EXPECT_EQ(Cola().size(), 2U);
+    EXPECT_TRUE(Procesados().empty());
+    EXPECT_EQ(log.lineas.first().left(19), u"ZVCHARGE_AGR_MAN_OK"_s);
+    EXPECT_EQ(log.lineas.last(), u"AGR_MAN_COMMIT"_s);
+    EXPECT_EQ(LineasDe(u"AGR_MAN_ROLLBACK"_s).size(), 0);
+}
+
+TEST_F(CobrosAgrupadosTest, ARecordThatWasStoredAtTheSecondAttemptCountsAsNone) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 1250, 0);
+    dialogos.EsperaCaja(TextoFallo());
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Escritura, u"INSERT INTO"_s, 1);
+    EXPECT_FALSE(Procesar());
+    EXPECT_EQ(Cola().size(), 2U);
+    EXPECT_EQ(Procesados().size(), 1U);
+}
+
+TEST_F(CobrosAgrupadosTest, ARowThatCannotBeCancelledStaysAndTheOthersGo) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 1250, 0);
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Lectura, u"idzv=1"_s, 1);
+    EXPECT_TRUE(Procesar());
+    EXPECT_EQ(gancho.Pendientes(), 0);
+    ASSERT_EQ(Cola().size(), 1U);
+    EXPECT_EQ(Cola().front().LeerLong(u"idZV"_s), 1);
+    EXPECT_EQ(Procesados().size(), 2U);
+    EXPECT_EQ(log.CuentaInicio(u"DELCOLA_GRUPO_ERROR_5 - "_s), 1);
+    EXPECT_EQ(log.lineas.last(), u"AGR_MAN_COMMIT"_s);
+}
+
+TEST_F(CobrosAgrupadosTest, AFailureWithoutAHandlerOfItsOwnRollsBack) {
+    struct Caso {
+        Statement::Kind kind;
+        QString lineaAntes;
+    };
+    for (const Caso& caso :
+         {Caso{Statement::Kind::Comenzar,
+               u"ZVCHARGE_AGR_MAN_OK: VALUEINCENTS=1250 PAIDINVALUE=1250 PAIDOUTVALUE=0"_s},
+          Caso{Statement::Kind::Confirmar,
+               u"PROCCOLA_DELCOLA_OK_2 [AGR_MAN_DELCOLA_GRUPO_MANUAL]"_s}}) {
+        motor.Ejecutar(u"DELETE FROM cola"_s);
+        motor.Ejecutar(u"DELETE FROM sqlite_sequence"_s);
+        DosFilas();
+        cliente.EsperaCharge(1250, 1250, 0);
+        dialogos.EsperaCaja(TextoFallo(), [this] { EXPECT_EQ(motor.Nivel(), 0); });
+        {
+            GanchoFallos gancho(motor);
+            gancho.Falla(caso.kind, {}, 1, ErrorEjecucion(13, u"disk is full"_s));
+            EXPECT_FALSE(Procesar());
+            EXPECT_EQ(gancho.Pendientes(), 0);
+        }
+        EXPECT_EQ(Cola().size(), 2U);
+        EXPECT_TRUE(Procesados().empty());
+        EXPECT_EQ(log.lineas.last(), u"AGR_MAN_ROLLBACK_ERROR_13 - disk is full"_s);
+        EXPECT_EQ(log.lineas.at(log.lineas.size() - 2), caso.lineaAntes);
+    }
+}
+
+TEST_F(CobrosAgrupadosTest, AnErrorOfTheDeviceWhoseRecordFailsIsCommittedAllTheSame) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 0, 0, FinGuion::Error(5, u"Atasco"_s));
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Escritura, u"INSERT INTO"_s, 4);
+    EXPECT_FALSE(Procesar());
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
+    EXPECT_EQ(log.lineas.last(), u"AGR_MAN_COMMIT"_s);
+    EXPECT_TRUE(Procesados().empty());
+}
+
+TEST_F(CobrosAgrupadosTest, ALogThatFailsInTheFilingRollsBack) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 1250, 0);
+    dialogos.EsperaCaja(TextoFallo());
+    motor.PonerGancho([this](const Statement& s) {
+        if (s.kind == Statement::Kind::Comenzar && s.sql.isEmpty()) {
+            log.fallosPendientes = 1; // "AGR_MAN_BEGINTRANS"
+        }
+    });
+    EXPECT_FALSE(Procesar());
+    motor.PonerGancho({});
+    EXPECT_EQ(motor.Nivel(), 0);
+    EXPECT_EQ(Cola().size(), 2U);
+    EXPECT_EQ(log.lineas.last().left(27), u"AGR_MAN_ROLLBACK_ERROR_75 -"_s);
+}
+
+TEST_F(CobrosAgrupadosTest, ALogThatFailsForGoodEndsNoTill) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 1250, 0,
+                         FinGuion::Ok().Durante([this] { log.fallosPendientes = 1000; }));
+    dialogos.EsperaCaja(TextoFallo());
+    EXPECT_FALSE(Procesar());
+    log.fallosPendientes = 0;
+    EXPECT_EQ(Cola().size(), 2U);
+}
+
+TEST_F(CobrosAgrupadosTest, ARollbackThatFailsEndsNoTill) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 1250, 0);
+    dialogos.EsperaCaja(TextoFallo());
+    motor.PonerGancho([this](const Statement& s) {
+        if (s.kind == Statement::Kind::Deshacer) {
+            throw ErrorEjecucion(10, u"disk I/O error"_s);
+        }
+        if (s.kind == Statement::Kind::Comenzar && s.sql.isEmpty()) {
+            log.fallosPendientes = 1;
+        }
+    });
+    EXPECT_FALSE(Procesar());
+    motor.PonerGancho({});
+    EXPECT_EQ(motor.Nivel(), 0);
+    EXPECT_EQ(log.lineas.last().left(26), u"AGR_MAN_ROLLBACK_ERROR_75 "_s);
+}
+
+TEST_F(CobrosAgrupadosTest, ACommitLineThatCannotBeWrittenDoesNotTouchTheBooks) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 1250, 0);
+    motor.PonerGancho([this](const Statement& s) {
+        if (s.kind == Statement::Kind::Confirmar) {
+            log.fallosPendientes = 1;
+        }
+    });
+    // Nothing is wrong that the operator could mend.
+    EXPECT_FALSE(Procesar());
+    motor.PonerGancho({});
+    EXPECT_TRUE(Cola().empty());
+    EXPECT_EQ(Procesados().size(), 3U);
+    EXPECT_EQ(log.lineas.last().left(27), u"AGR_MAN_ROLLBACK_ERROR_75 -"_s);
+}
+
+TEST_F(CobrosAgrupadosTest, ADeviceThatRaisesIsLoggedAndTold) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 0, 0, FinGuion::Ok().Durante([] {
+        throw ErrorEjecucion(429, u"El componente no responde"_s);
+    }));
+    dialogos.EsperaCaja(TextoFallo());
+    EXPECT_FALSE(Procesar());
+    EXPECT_EQ(log.lineas, QStringList{u"AGR_MAN_ROLLBACK_ERROR_429 - El componente no responde"_s});
+    EXPECT_EQ(Cola().size(), 2U);
+}
+
+TEST_F(CobrosAgrupadosTest, ASumBeyondTheDeviceIsLoggedAndToldAndMovesNothing) {
+    for (const qint64 importe : {qint64{2147483647}, qint64{-1073741824}}) {
+        motor.Ejecutar(u"DELETE FROM cola"_s);
+        const qint32 una = PonerVenta(importe, u"A"_s);
+        const qint32 otra = PonerVenta(importe, u"B"_s);
+        Mirar();
+        Marcar({1, 2});
+        dialogos.EsperaMensaje(u"No se han cobrado los cobros marcados"_s,
+                               u"Error nº 6 - Desbordamiento"_s, Respuesta::Aceptar, std::nullopt,
+                               [this] { EXPECT_EQ(motor.Nivel(), 0); });
+        Cobrar();
+        EXPECT_EQ(log.lineas, QStringList{u"AGR_MAN_ROLLBACK_ERROR_6 - Desbordamiento"_s});
+        ASSERT_EQ(Cola().size(), 2U);
+        EXPECT_EQ(Cola()[0].LeerLong(u"idZV"_s), una);
+        EXPECT_EQ(Cola()[1].LeerLong(u"idZV"_s), otra);
+        EXPECT_TRUE(Procesados().empty());
+        EXPECT_TRUE(pulso.Armado());
+        EXPECT_FALSE(estado.Agrupando());
+        EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
+    }
+}
+
+TEST_F(CobrosAgrupadosTest, ASumThatIsNoneIsLoggedAndToldAndTheTillGoesOn) {
+    // A table of another program's, without a word on what a column takes.
+    motor.Ejecutar(u"DROP TABLE cola"_s);
+    motor.Ejecutar(
+        u"CREATE TABLE cola (idZV INTEGER PRIMARY KEY, fecha, importe, id1, id2, idcaja, "
+        "terminal, vendedor, formapago, creditoError, manual)"_s);
+    motor.Ejecutar(u"INSERT INTO cola (id1) VALUES ('A'), ('B')"_s);
+    for (const auto& [valor, fallo] :
+         {std::pair<QVariant, QString>{900000000000000LL, u"6 - Desbordamiento"_s},
+          std::pair<QVariant, QString>{u"diez"_s, u"13 - No coinciden los tipos"_s}}) {
+        motor.Ejecutar(u"UPDATE cola SET importe = ?"_s, {valor});
+        Mirar();
+        Marcar({1, 2});
+        dialogos.EsperaMensaje(u"No se han cobrado los cobros marcados"_s, u"Error nº "_s + fallo);
+        log.Toma();
+        Cobrar();
+        EXPECT_EQ(log.lineas, QStringList{u">>> Error nº "_s +
+                                          QString(fallo).replace(
+                                              u" - "_s, u" al leer los cobros marcados - "_s)});
+        EXPECT_EQ(Cola().size(), 2U);
+        EXPECT_TRUE(Procesados().empty());
+        EXPECT_TRUE(pulso.Armado());
+    }
+    EXPECT_EQ(cliente.Llamadas().filter(u"Charge"_s).size(), 0);
+}
+
+TEST_F(CobrosAgrupadosTest, RowsThatCannotBeReadAreToldWithoutALogToo) {
+    DosFilas();
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Lectura, u"idzv IN (1,2)"_s, 1);
+    log.fallosPendientes = 1;
+    dialogos.EsperaMensaje(u"No se han cobrado los cobros marcados"_s,
+                           u"Error nº 5 - database is locked"_s);
+    EXPECT_FALSE(Procesar());
+    EXPECT_EQ(gancho.Pendientes(), 0);
+}
+
+// ---- locks
+
+TEST_F(CobrosAgrupadosTest, NothingIsLockedWhileTheCustomerPays) {
+    DosFilas();
+    cliente.EsperaCharge(1250, 1250, 0, FinGuion::Ok().Durante([this] {
+        EXPECT_EQ(Otro()->Ejecutar(u"INSERT INTO cola (importe,id1) VALUES (1,'POS')"_s), 1);
+    }));
+    EXPECT_TRUE(Procesar());
+    EXPECT_EQ(Cola().size(), 1U);
+}
+
+TEST_F(CobrosAgrupadosTest, MoneyThatHasMovedIsFiledThoughTheLockIsHeldAWhile) {
+    for (const bool bien : {true, false}) {
+        motor.Ejecutar(u"DELETE FROM cola"_s);
+        motor.Ejecutar(u"DELETE FROM sqlite_sequence"_s);
+        DosFilas();
+        cliente.EsperaCharge(1250, 1250, 0,
+                             bien ? FinGuion::Ok() : FinGuion::Error(5, u"Atasco"_s));
+        std::vector<qint32> esperas;
+        motor.PonerGancho([&](const Statement& s) {
+            if (s.sql == u"BEGIN IMMEDIATE"_s) {
+                esperas.push_back(motor.Consultar(u"PRAGMA busy_timeout"_s).front().LeerLong(0));
+            }
+        });
+        EXPECT_EQ(Procesar(), bien);
+        motor.PonerGancho({});
+        EXPECT_EQ(esperas, std::vector<qint32>{10000});
+    }
+}
+
+TEST_F(CobrosAgrupadosTest, AnAbandonedTransactionEndsBeforeTheDeviceIsAsked) {
+    DosFilas();
+    motor.Comenzar();
+    motor.Ejecutar(u"UPDATE cola SET id1 = 'X'"_s);
+    cliente.EsperaCharge(1250, 1250, 0);
+    EXPECT_TRUE(Procesar());
+    EXPECT_EQ(motor.Nivel(), 0);
+    EXPECT_EQ(log.lineas.first(), u">>> Transacción abandonada: deshecha"_s);
+    EXPECT_EQ(DeFila(1).LeerTexto(u"id1"_s), u"A"_s);
+}
+
+} // namespace zv::test
