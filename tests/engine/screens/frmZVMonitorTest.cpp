@@ -176,7 +176,7 @@ TEST_F(frmZVMonitorTest, OnlyButtonsWithAnOperationAreEnabled) {
     QApplication::processEvents();
     EXPECT_TRUE(D().boton[BotonPie::Conectar]->isEnabled());
     EXPECT_FALSE(D().boton[BotonPie::Desconectar]->isEnabled());
-    EXPECT_FALSE(D().boton[BotonPie::DarCambio]->isEnabled());
+    EXPECT_TRUE(D().boton[BotonPie::DarCambio]->isEnabled());
     EXPECT_TRUE(D().boton[BotonPie::Registro]->isEnabled());
     EXPECT_FALSE(D().boton[BotonPie::Caja]->isEnabled());
     cliente.PonerTotal(0);
