@@ -15,11 +15,11 @@ from gi.repository import Atspi, GLib  # noqa: E402
 STEP = 0.03  # s between two looks
 PATIENCE = 20  # s for what should come at once, on a machine with other work
 
-BUTTON = ("push button", "toggle button")
-FIELD = ("text", "password text", "entry")
 CHOICE = ("check box", "radio button", "toggle button")
+BUTTON = ("push button", *CHOICE)  # one that holds its state is pressed like any other
+FIELD = ("text", "password text", "entry")
 # What somebody can press, fill in or read as a thing of its own: none of these without a name.
-CONTROLS = (*BUTTON, *FIELD, *CHOICE, "combo box", "list", "list item", "table", "table cell",
+CONTROLS = (*BUTTON, *FIELD, "combo box", "list", "list item", "table", "table cell",
             "table column header", "image", "dialog", "alert", "slider", "spin button")
 
 
@@ -91,7 +91,10 @@ class Control:
         return at.x, at.y, at.width, at.height
 
     def __repr__(self):
-        return f"{self.role} {self.name!r}"
+        try:
+            return f"{self.role} {self.name!r}"
+        except GLib.Error:
+            return "what has gone"
 
     # ---- what it holds
 
@@ -114,6 +117,7 @@ class Control:
             yield from child.walk()
 
     def all(self, roles, name=None):
+        """What is shown in it of these roles, and of this name."""
         roles = (roles,) if isinstance(roles, str) else roles
         return [each for each in self.walk()
                 if each.role in roles and (name is None or each.name == name)]
@@ -132,6 +136,10 @@ class Control:
 
     def button(self, name, limit=PATIENCE):
         return self.find(BUTTON, name, limit)
+
+    def buttons(self):
+        """All that can be pressed in it, by name: for who presses many."""
+        return {each.name: each for each in self.all(BUTTON)}
 
     def choice(self, name, limit=PATIENCE):
         return self.find(CHOICE, name, limit)
@@ -195,6 +203,10 @@ class Control:
     def value(self):
         """What the field holds."""
         return Atspi.Text.get_text(self.node, 0, Atspi.Text.get_character_count(self.node))
+
+    def length(self):
+        """How many characters it holds: all that is told of a password."""
+        return Atspi.Text.get_character_count(self.node)
 
     def key(self, *keys):
         self.x("key", *keys)
@@ -271,30 +283,39 @@ class Program:
                 shown.append(window)
         return shown
 
-    def window(self, name, limit=PATIENCE):
-        """The only window of this name."""
+    def window(self, name, holding=None, limit=PATIENCE):
+        """The only window of this name; of several with one title, the one that holds a control
+        called like this."""
         def look():
-            found = [each for each in self.windows() if each.name == name]
+            found = [each for each in self.windows() if each.name == name and
+                     (holding is None or any(part.name == holding for part in each.walk()))]
             if len(found) > 1:
                 raise Failed(f"{len(found)} windows are called {name!r}")
             return found and found[0]
+        what = f"the window {name!r}" + (f" with {holding!r}" if holding else "")
         try:
-            return wait(f"the window {name!r}", look, limit)
+            return wait(what, look, limit)
         except Failed as failure:
             raise Failed(f"{failure}\n{self.told()}") from None
 
-    def gone(self, name, limit=PATIENCE):
-        wait(f"the end of the window {name!r}",
-             lambda: name not in [each.name for each in self.windows()], limit)
+    def gone(self, window, limit=PATIENCE):
+        """Sees this very window go; another one may come up under its name."""
+        def look():
+            try:
+                return not window.shown
+            except GLib.Error:
+                return True
+        wait(f"the end of {window!r}", look, limit)
 
-    def answer(self, title, button, text=None):
-        """Presses a button of a dialog, whose text must be this, and sees the dialog go."""
-        dialog = self.window(title)
+    def answer(self, title, button, text=None, limit=PATIENCE):
+        """Presses a button of a message, whose text must be this, and sees the message go."""
+        dialog = self.window(title, limit=limit)
         if text is not None:
-            check(f"the text of {title!r}", text, "\n".join(dialog.texts()[1:]).replace("\r\n", "\n"))
+            said = "\n".join(dialog.texts()[1:]).replace("\r\n", "\n")
+            check(f"the text of {title!r}", text.replace("\r\n", "\n"), said)
         check_names(dialog)
         dialog.button(button).press()
-        self.gone(title)
+        self.gone(dialog)
 
     def told(self):
         return "\n".join(each.told() for each in self.windows())

@@ -28,8 +28,12 @@ def log():
 
 
 def registry(name):
-    with open(f"{FOLDER}/Registro/HKLM/Software/Zorvex/ZVMonitor/{name}", encoding="utf-8") as file:
-        return file.read()
+    """A value of the monitor's, or nothing where it does not stand."""
+    try:
+        with open(f"{FOLDER}/Registro/HKLM/Software/Zorvex/ZVMonitor/{name}", encoding="utf-8") as file:
+            return file.read()
+    except FileNotFoundError:
+        return None
 
 
 def money():
