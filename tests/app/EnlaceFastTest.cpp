@@ -157,6 +157,54 @@ TEST_F(EnlaceFastTest, NoChargeIsConfirmedWhileATransactionStandsOpen) {
     }
 }
 
+// Change, float, pay-out and manual charge hold a transaction open while the device works: what a
+// point of sale asks meanwhile is answered when it has ended, and is durable then.
+TEST_F(EnlaceFastTest, ASaleThatComesDuringAManualOperationIsAnsweredAfterItAndNeverLost) {
+    Cargar();
+    Ajustes().PREGUNTARCTO = 0;
+    const auto socket = Conectar();
+    const auto pedir = [&](const QByteArray& id) {
+        return FinGuion::Ok().Durante([&, id] {
+            socket->write("C|" + id + "|700");
+            ASSERT_TRUE(Esperar([&] { return monitor->Fast().MensajesEnCola() == 1; }));
+            monitor->Fast().Tick();
+            EXPECT_EQ(monitor->Fast().MensajesEnCola(), 1U);
+            EXPECT_EQ(socket->bytesAvailable(), 0);
+        });
+    };
+    const auto contestada = [&](const QByteArray& id) {
+        SCOPED_TRACE(id.toStdString());
+        ASSERT_TRUE(Esperar([&] { return socket->bytesAvailable() > 0; }));
+        EXPECT_EQ(socket->readAll(), QByteArray("OK|Added"));
+        EXPECT_EQ(Pregunta(*socket, "S|" + id), QByteArray("OK|PENDING"));
+    };
+    BotonesMonitor& pulsar = monitor->Partes().botones;
+
+    cliente.EsperaChange(1000, 1000, pedir("VC"));
+    pulsar.boton_Click(BotonPie::DarCambio);
+    contestada("VC");
+
+    cliente.EsperaAddChange(500, pedir("VI"));
+    pantallas.EsperaValidar(2, u"authCambio"_s, true);
+    pulsar.boton_Click(BotonPie::AnadirCambio);
+    contestada("VI");
+
+    pantallas.EsperaValidar(1, u"authPago"_s, true);
+    dialogos.EsperaImporte(u"Pago"_s, u"Importe a pagar"_s, 300);
+    cliente.EsperaPay(300, 300, pedir("VP"));
+    pulsar.boton_Click(BotonPie::Pago);
+    contestada("VP");
+
+    pantallas.EsperaValidar(2, u"authCobro"_s, true);
+    dialogos.EsperaImporte(u"Cobro manual"_s, u"Introduzca el importe"_s, 400);
+    cliente.EsperaCharge(400, 400, 0, pedir("VM"));
+    pulsar.boton_Click(BotonPie::CobroManual);
+    contestada("VM");
+
+    EXPECT_EQ(Database().Consultar(u"SELECT * FROM procesados"_s).size(), 4U);
+    EXPECT_EQ(Database().Consultar(u"SELECT * FROM cola"_s).size(), 4U);
+}
+
 TEST_F(EnlaceFastTest, AScannedSaleNeverJoinsAnAbandonedTransaction) {
     Cargar("[BARCODE]\r\nBCEAN=6\r\nBCTPRE=1\r\nBCTINI=1\r\nBCTFIN=2\r\nBCIINI=3\r\nBCIFIN=6\r\n"
            "BCDEC=2\r\n");
