@@ -1,6 +1,7 @@
 #include "store/sqlite/SqliteConnection.h"
 
 #include "platform/StringLiterals.h"
+#include "store/TextoCitado.h"
 #include "store/sqlite/SqliteErrors.h"
 
 #include <QFileInfo>
@@ -24,6 +25,24 @@ ErrorEjecucion Fallo(const QSqlError& error) {
     const QString texto =
         error.databaseText().isEmpty() ? error.driverText() : error.databaseText();
     return {esNumero ? numero : kErrorSQLite, texto};
+}
+
+const TextoCitado* CitadoDe(const QVariant& valor) {
+    return valor.metaType() == QMetaType::fromType<TextoCitado>()
+               ? static_cast<const TextoCitado*>(valor.constData())
+               : nullptr;
+}
+
+// SQLite's own failure for a literal that does not end. It tells nothing of the text, which may be
+// a password and would come into the log.
+void ExigirEnteros(const Parametros& parametros) {
+    for (const QVariant& valor : parametros) {
+        const TextoCitado* citado = CitadoDe(valor);
+        if (citado != nullptr &&
+            (citado->texto.contains(QLatin1Char('\'')) || citado->texto.contains(QChar(u'\0')))) {
+            throw ErrorEjecucion(kErrorSQLite, u"unrecognized token: \"'\""_s);
+        }
+    }
 }
 
 // Finishes the statement on every way out: an open one would freeze the connection's view.
@@ -65,6 +84,9 @@ QVariant SqliteConnection::Valor(const QVariant& valor) {
     case QMetaType::Bool:
         return valor.toBool() ? 1 : 0;
     default:
+        if (const TextoCitado* citado = CitadoDe(valor)) {
+            return Valor(citado->texto);
+        }
         return valor.metaType() == QMetaType::fromType<Currency>()
                    ? ValorBD(valor.value<Currency>())
                    : valor;
@@ -166,6 +188,7 @@ qint64 SqliteConnection::Ejecutar(const QString& sql, const Parametros& parametr
     if (ocupada_) {
         throw ErrorEjecucion(kErrorUso, u"la conexión está recorriendo una consulta"_s);
     }
+    ExigirEnteros(parametros);
     Preparada& preparada = Preparar(sql, parametros.size());
     std::optional<ErrorEjecucion> fallo;
     qint64 tocadas = 0;
