@@ -1,5 +1,5 @@
-// A monitor with its main screen alone: no other screen exists, and nobody can be asked who they
-// are, so that nobody passes a guarded place.
+// A monitor without other screens than its main one, for measurements and tests: nobody can be
+// asked who they are, so that nobody passes a guarded place.
 #pragma once
 
 #include "till/Pantallas.h"

@@ -12,6 +12,7 @@ enum class Pantalla {
     Caja,             // the cash office
     Configuracion,    // the settings
     CambioContrasena, // the login, to change one's own password
+    Usuarios,         // the users, from within the settings
     BotonAcceso       // the floating button
 };
 

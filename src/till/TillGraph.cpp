@@ -6,7 +6,7 @@ namespace zv {
 
 TillGraph::TillGraph(const TillServices& s)
     : conexion_(database_, s.carpeta, s.log, s.dialogos, s.textos),
-      transacciones_(database_, s.log),
+      transacciones_(database_, s.log), seguretat_(database_, s.log, s.dialogos, s.textos, s.reloj),
       registros_(database_, s.log, s.dialogos, seguretat_, s.importes, s.reloj),
       ini_(s.log, s.dialogos), configuracio_(std::make_unique<Configuracio>(
                                    ini_, s.registry, s.carpeta, s.importes.Formato())),

@@ -241,12 +241,11 @@ TEST_F(ArranqueTest, TwoMonitorsLiveSideBySide) {
     EXPECT_EQ(segundo.Partes().entorno.configuracio->Modo, modo::kManual);
 }
 
-// What the program itself is built with as long as its main screen is the only one.
 TEST(PantallasCerradas, LeaveOnlyTheConnectionToTheFooter) {
     PantallasCerradas cerradas;
     for (const Pantalla pantalla :
          {Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Caja, Pantalla::Configuracion,
-          Pantalla::CambioContrasena, Pantalla::BotonAcceso}) {
+          Pantalla::CambioContrasena, Pantalla::Usuarios, Pantalla::BotonAcceso}) {
         EXPECT_FALSE(cerradas.Existe(pantalla));
         cerradas.Abrir(pantalla);
     }

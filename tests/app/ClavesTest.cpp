@@ -2,6 +2,7 @@
 // the sources: every text that an operator reads stands in an array.
 #include "app/Claves.h"
 
+#include "access/Claves.h"
 #include "barcode/Claves.h"
 #include "config/Modo.h"
 #include "device/Claves.h"
@@ -30,30 +31,30 @@ struct Carpeta {
 
 // Each folder with a Claves.h.
 const Carpeta kCarpetas[] = {
-    {"app", texto::kClavesApp},       {"barcode", texto::kClavesBarcode},
-    {"device", texto::kClavesDevice}, {"engine", texto::kClavesEngine},
-    {"store", texto::kClavesStore},   {"ui", texto::kClavesUi},
+    {"access", texto::kClavesAccess},   {"app", texto::kClavesApp},
+    {"barcode", texto::kClavesBarcode}, {"device", texto::kClavesDevice},
+    {"engine", texto::kClavesEngine},   {"store", texto::kClavesStore},
+    {"ui", texto::kClavesUi},
 };
 
 // Keys of the section COMMON whose screens do not stand yet. One that an array holds goes from
 // here.
 constexpr auto kPorVenir =
     "abonoAgrupado abonoManual abonos2 abonoVenta ajustePorDescuadre al "
-    "arqueoCaja atencion añadirCambioCancelado billetes billetes2 cajon2 cambiAñadido cambio "
+    "arqueoCaja atencion billetes billetes2 cajon2 cambiAñadido cambio "
     "cambioCancelado cierre2 cierreCaja0 cierreCaja1 cierreDeCaja cierreDeCaja2 cierreDeCaja2b "
     "cierreDeCaja3 cobrado cobroAgrupado cobroManual cobros2 cobroVenta concepto concepto2 "
-    "conexionEstablecida contraseñaIncorrecta0 contraseñaIncorrecta1 "
-    "contraseñaIncorrecta2 crearUsuario0 crearUsuario1 crearUsuario2 crearUsuario3 "
-    "crearUsuario4 descartar descartarIncidencias descartarIncidencias2 "
+    "conexionEstablecida "
+    "descartar descartarIncidencias descartarIncidencias2 "
     "descuadreDetectado descuadreDetectado2 descuadreDetectado3 deseaEliminarIncidencia "
     "deseaGuardar deseaReenviarOperacion deseaSalir eliminarAccesos eliminarAccesos1 "
-    "error errorBorrarUsuario0 errorBorrarUsuario1 errorCierre errorConectarZorvex "
+    "error errorCierre errorConectarZorvex "
     "errorConfiguracion errorConfiguracion2 errorConfiguracion4 errorConfiguracion5 "
-    "errorConfiguracion6 errorDeZorvex2 errorGuardarUsuario0 errorGuardarUsuario1 "
+    "errorConfiguracion6 errorDeZorvex2 "
     "errorRecuperarDatos errorRecuperarNiveles estado exploradorWindows1 exportar0 "
-    "exportar1 fecha2 fechaAcceso fPago guardarUsuario0 guardarUsuario1 identificacion "
+    "exportar1 fecha2 fechaAcceso fPago "
     "ingresos2 inicial2 limiarHistorial "
-    "limpiarHistorial lugar modificarContraseña monedas monedas2 movimientosDeCajaDel "
+    "limpiarHistorial lugar monedas monedas2 movimientosDeCajaDel "
     "movimientosDeCajaHasta noHayMovimientosParaImprimir NoSePuedeConectar "
     "operacionNoAutomatica operacionNoReenviada "
     "operacionYaReenviada pagado pago pagos2 "

@@ -20,6 +20,8 @@ QString Nombre(Pantalla pantalla) {
         return u"Configuracion"_s;
     case Pantalla::CambioContrasena:
         return u"CambioContrasena"_s;
+    case Pantalla::Usuarios:
+        return u"Usuarios"_s;
     case Pantalla::BotonAcceso:
         return u"BotonAcceso"_s;
     }

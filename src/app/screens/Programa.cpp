@@ -19,7 +19,8 @@ Programa::Programa(const Opciones& opciones, const Clock& reloj)
       operacion_(servicios_.textos, servicios_.importes, [this] { return Padre(); }),
       cliente_(servicios_.log, servicios_.textos, &operacion_),
       dialogos_(opciones.programa, servicios_.textos, servicios_.importes,
-                [this] { return Padre(); }) {}
+                [this] { return Padre(); }),
+      pantallas_([this] { return Padre(); }) {}
 
 QWidget* Programa::Padre() {
     // A dialog on a window that is not shown would not be shown either.
@@ -28,6 +29,7 @@ QWidget* Programa::Padre() {
 
 bool Programa::Arrancar() {
     monitor_.emplace(servicios_, Exterior{cliente_, dialogos_, procesos_, shell_, pantallas_});
+    pantallas_.PonerEntorno(monitor_->Partes().entorno);
     pantalla_.emplace(
         monitor_->Partes(),
         AccionesVentana{[this] { Terminar(); },

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "app/Monitor.h"
-#include "app/PantallasCerradas.h"
+#include "app/screens/PantallasPrograma.h"
 #include "device/gateway/GatewayClient.h"
 #include "device/screens/frmOperacion.h"
 #include "engine/screens/frmZVMonitor.h"
@@ -41,7 +41,7 @@ class Programa {
     DialogosPantalla dialogos_;
     SystemProcessList procesos_;
     ShellSistema shell_;
-    PantallasCerradas pantallas_;
+    PantallasPrograma pantallas_;
     std::optional<zv::Monitor> monitor_;
     std::optional<frmZVMonitor> pantalla_;
     std::optional<TerminationSignal> senal_;

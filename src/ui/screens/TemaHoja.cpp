@@ -60,8 +60,8 @@ QToolButton:disabled { color: @apagado; background: transparent; }
 #frameCab QToolButton:checked { background: @ambar; color: @texto; font-weight: bold; }
 #frameCab QToolButton:focus { border-color: #93c5fd; }
 #frameCab QToolButton:disabled { color: #6b7280; }
-#frameCab QToolButton#btnW_1:hover { background: #b91c1c; }
-#frameCab QToolButton#btnW_1:pressed { background: #7f1d1d; }
+#frameCab QToolButton#btnW_1:hover, #frameCab #btnTancar:hover { background: #b91c1c; }
+#frameCab QToolButton#btnW_1:pressed, #frameCab #btnTancar:pressed { background: #7f1d1d; }
 #frameCab #btnLogo, #frameCab #btnLogo:hover, #frameCab #btnLogo:pressed {
   background: transparent; border: none;
 }
@@ -108,6 +108,7 @@ QDateTimeEdit {
   selection-background-color: @resalte; selection-color: white;
 }
 QTextEdit, QPlainTextEdit { padding: 6px 10px; }
+QLineEdit { lineedit-password-character: 42; }
 QLineEdit:focus, QTextEdit:focus, QPlainTextEdit:focus, QSpinBox:focus, QDoubleSpinBox:focus,
 QComboBox:focus, QDateEdit:focus, QTimeEdit:focus, QDateTimeEdit:focus {
   border: 3px solid @resalte; padding: 0 9px;

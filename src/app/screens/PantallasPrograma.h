@@ -1,0 +1,35 @@
+// The screens of the program behind the port that opens them.
+#pragma once
+
+#include "access/screens/LoginPantalla.h"
+#include "till/Entorno.h"
+
+#include <functional>
+#include <optional>
+
+class QWidget;
+
+namespace zv {
+
+class PantallasPrograma final : public Pantallas {
+  public:
+    // padre gives the window over which screens come up; it may give none.
+    explicit PantallasPrograma(std::function<QWidget*()> padre) : padre_(std::move(padre)) {}
+
+    // The till that the screens work with: once, before the first of them is asked for. It must
+    // outlive this.
+    void PonerEntorno(Entorno& entorno);
+
+    bool Existe(Pantalla pantalla) const override;
+    void Abrir(Pantalla pantalla) override;
+    bool ValidarUsuari(qint16 nivel, const QString& lugar) override;
+
+  private:
+    void AbrirUsuarios();
+
+    std::function<QWidget*()> padre_;
+    Entorno* entorno_ = nullptr;
+    std::optional<LoginPantalla> login_;
+};
+
+} // namespace zv
