@@ -2,6 +2,7 @@
 
 #include "access/Claves.h"
 #include "platform/StringLiterals.h"
+#include "store/Tablas.h"
 
 namespace zv {
 
@@ -50,11 +51,11 @@ void Seguretat::ApuntarAccess(const QString& lugar) {
     if (TipoS_ == kSinProteccion) {
         return;
     }
-    const auto accesos = database_.AbrirTabla(u"Accesos"_s);
+    const auto accesos = database_.AbrirTabla(tabla::kAccesos);
     accesos->Nuevo();
-    accesos->Poner(u"Fecha"_s, reloj_.Ahora());
-    accesos->Poner(u"usuario"_s, GetNom());
-    accesos->Poner(u"lugar"_s, lugar);
+    accesos->Poner(columna::kFecha, reloj_.Ahora());
+    accesos->Poner(columna::kUsuario, GetNom());
+    accesos->Poner(columna::kLugar, lugar);
     accesos->Actualizar();
     accesos->Cerrar();
     log_.LogLinea(u"APUNTA_ACCESS_"_s + GetNom() + QLatin1Char('-') + lugar);

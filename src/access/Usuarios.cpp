@@ -4,6 +4,7 @@
 #include "access/PantallaLogin.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
+#include "store/Tablas.h"
 #include "store/TextoCitado.h"
 
 #include <algorithm>
@@ -13,14 +14,9 @@ namespace zv {
 
 namespace {
 
-const QString kTabla = u"Usuarios"_s;
-const QString kNombre = u"nombre"_s;
-const QString kPassword = u"password"_s;
-const QString kRol = u"Rol"_s;
-
 // A user to whom another program gave no role has none: he enters nowhere.
 qint16 RolDe(const Row& fila) {
-    const qint32 rol = fila.LeerLong(kRol, kSinNivel);
+    const qint32 rol = fila.LeerLong(columna::kRol, kSinNivel);
     if (rol < std::numeric_limits<qint16>::min() || rol > std::numeric_limits<qint16>::max()) {
         throw errores::Desbordamiento();
     }
@@ -32,7 +28,8 @@ std::optional<Usuario> UsuarioDe(const RecordSet& filas) {
         return std::nullopt;
     }
     const Row& fila = filas.Actual();
-    return Usuario{fila.LeerTexto(kNombre), fila.LeerTexto(kPassword), RolDe(fila)};
+    return Usuario{fila.LeerTexto(columna::kNombre), fila.LeerTexto(columna::kPassword),
+                   RolDe(fila)};
 }
 
 QChar Minuscula(QChar letra) {
@@ -53,12 +50,12 @@ QStringList Usuarios::Nombres() {
 
 std::unique_ptr<RecordSet> Usuarios::Abrir(const QString& nombre) {
     return database_.Preparar(u"SELECT * FROM Usuarios WHERE nombre = ?"_s, 1)
-        ->AbrirConjunto(kTabla, {Citado(nombre)});
+        ->AbrirConjunto(tabla::kUsuarios, {Citado(nombre)});
 }
 
 std::unique_ptr<RecordSet> Usuarios::Abrir(const QString& nombre, const QString& password) {
     return database_.Preparar(u"SELECT * FROM Usuarios WHERE nombre = ? and password = ?"_s, 2)
-        ->AbrirConjunto(kTabla, {Citado(nombre), Citado(password)});
+        ->AbrirConjunto(tabla::kUsuarios, {Citado(nombre), Citado(password)});
 }
 
 std::optional<Usuario> Usuarios::Buscar(const QString& nombre) {
@@ -75,7 +72,7 @@ bool Usuarios::CambiarPassword(const QString& nombre, const QString& password,
     if (!fila->HayActual()) {
         return false;
     }
-    fila->Poner(kPassword, nueva);
+    fila->Poner(columna::kPassword, nueva);
     fila->Actualizar();
     fila->Cerrar();
     return true;
@@ -85,12 +82,12 @@ bool Usuarios::Guardar(const QString& nombre, const QString& password, qint16 ro
     const auto fila = Abrir(nombre);
     if (!fila->HayActual()) {
         fila->Nuevo();
-        fila->Poner(kNombre, nombre);
+        fila->Poner(columna::kNombre, nombre);
     } else if (OtrosAdministradores(nombre) == 0 && rol != kAdministrador) {
         return false;
     }
-    fila->Poner(kPassword, password);
-    fila->Poner(kRol, rol);
+    fila->Poner(columna::kPassword, password);
+    fila->Poner(columna::kRol, rol);
     fila->Actualizar();
     fila->Cerrar();
     return true;

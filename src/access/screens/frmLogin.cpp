@@ -51,9 +51,8 @@ frmLogin::frmLogin(Usuarios& usuarios, Dialogos& dialogos, const Textos& textos,
     tema::PonerLetra(*lbNota_, tema::Letra::Nota);
     lbNota_->setWordWrap(true);
     lbNota_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    cancelar_ = CrearOrden(texto::kLoginCancelar, &frmLogin::Cancelar);
-    entrar_ = CrearOrden(texto::kLoginEntrar, &frmLogin::Entrar);
-    tema::PonerPapel(*entrar_, tema::Papel::Principal, Escala());
+    cancelar_ = CrearOrden(texto::kLoginCancelar, tema::Papel::Normal, &frmLogin::Cancelar);
+    entrar_ = CrearOrden(texto::kLoginEntrar, tema::Papel::Principal, &frmLogin::Entrar);
     entrar_->setDefault(true);
     entrar_->setEnabled(false);
     Componer();
@@ -102,9 +101,10 @@ QLineEdit* frmLogin::CrearPassword(const char* nombre) {
     return campo;
 }
 
-QPushButton* frmLogin::CrearOrden(const Clave& clave, void (frmLogin::*al)()) {
+QPushButton* frmLogin::CrearOrden(const Clave& clave, tema::Papel papel, void (frmLogin::*al)()) {
     auto* boton = new QPushButton(this);
     Rotular(*boton, clave);
+    tema::PonerPapel(*boton, papel, Escala());
     boton->setAutoDefault(false);
     boton->setMinimumSize(Px(kAnchoOrden), Px(kAltoOrden));
     connect(boton, &QPushButton::clicked, this, al);

@@ -4,6 +4,7 @@
 #include "access/PantallaLogin.h"
 #include "ui/screens/DeferredFailure.h"
 #include "ui/screens/FramelessWindow.h"
+#include "ui/screens/Tema.h"
 
 #include <vector>
 
@@ -49,7 +50,7 @@ class frmLogin final : public FramelessWindow {
     void CrearAzulejos(const QStringList& nombres);
     QLabel* CrearFila(const Clave& clave, QWidget& campo);
     QLineEdit* CrearPassword(const char* nombre);
-    QPushButton* CrearOrden(const Clave& clave, void (frmLogin::*al)());
+    QPushButton* CrearOrden(const Clave& clave, tema::Papel papel, void (frmLogin::*al)());
     void Componer();
     void AjustarTamano();
     void AlElegir(int indice);

@@ -55,11 +55,11 @@ frmUsuarios::frmUsuarios(Usuarios& usuarios, Seguretat& seguretat, Dialogos& dia
     txtPassword_->setObjectName(u"txtPassword"_s);
     txtPassword_->setMaxLength(kMaximoPassword);
     CrearRoles();
-    btnSortir_ = CrearOrden(texto::kUsuariosSortir, &frmUsuarios::reject);
-    btnEliminar_ = CrearOrden(texto::kUsuariosEliminar, &frmUsuarios::Eliminar);
-    btnGuardar_ = CrearOrden(texto::kUsuariosGuardar, &frmUsuarios::Guardar);
-    tema::PonerPapel(*btnEliminar_, tema::Papel::Peligro, Escala());
-    tema::PonerPapel(*btnGuardar_, tema::Papel::Principal, Escala());
+    btnSortir_ = CrearOrden(texto::kUsuariosSortir, tema::Papel::Normal, &frmUsuarios::reject);
+    btnEliminar_ =
+        CrearOrden(texto::kUsuariosEliminar, tema::Papel::Peligro, &frmUsuarios::Eliminar);
+    btnGuardar_ =
+        CrearOrden(texto::kUsuariosGuardar, tema::Papel::Principal, &frmUsuarios::Guardar);
     btnEliminar_->setEnabled(false);
     Componer();
     TraducirPantalla(*this, textos_);
@@ -77,6 +77,22 @@ frmUsuarios::frmUsuarios(Usuarios& usuarios, Seguretat& seguretat, Dialogos& dia
     layout()->activate();
     setFixedSize(layout()->totalMinimumSize().expandedTo(QSize(AnchoCabecera(), 0)));
     VentanaEncima(*this, true);
+}
+
+frmUsuarios::~frmUsuarios() {
+    Callar();
+}
+
+void frmUsuarios::done(int resultado) {
+    Callar();
+    FramelessWindow::done(resultado);
+}
+
+// The list tells of the end of its editing also when its window closes, and when it goes with the
+// base class of this one.
+void frmUsuarios::Callar() {
+    cmbNom_->disconnect(this);
+    cmbNom_->lineEdit()->disconnect(this);
 }
 
 void frmUsuarios::CrearNombre() {
@@ -108,9 +124,11 @@ void frmUsuarios::CrearRoles() {
     lbRol_->setWordWrap(true);
 }
 
-QPushButton* frmUsuarios::CrearOrden(const Clave& clave, void (frmUsuarios::*al)()) {
+QPushButton* frmUsuarios::CrearOrden(const Clave& clave, tema::Papel papel,
+                                     void (frmUsuarios::*al)()) {
     auto* boton = new QPushButton(this);
     Rotular(*boton, clave);
+    tema::PonerPapel(*boton, papel, Escala());
     boton->setAutoDefault(false);
     boton->setMinimumSize(Px(kAnchoOrden), Px(kAltoOrden));
     connect(boton, &QPushButton::clicked, this, al);

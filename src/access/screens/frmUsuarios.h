@@ -4,6 +4,7 @@
 #include "access/PantallaLogin.h"
 #include "ui/screens/DeferredFailure.h"
 #include "ui/screens/FramelessWindow.h"
+#include "ui/screens/Tema.h"
 
 class QComboBox;
 class QLabel;
@@ -26,14 +27,18 @@ class frmUsuarios final : public FramelessWindow {
     // Reads the list of users; a failure of that is the caller's. All must outlive this.
     frmUsuarios(Usuarios& usuarios, Seguretat& seguretat, Dialogos& dialogos, const Textos& textos,
                 QWidget* padre = nullptr);
+    ~frmUsuarios() override;
+
+    void done(int resultado) override;
 
     // After the dialog: raises the failure that ended it.
     void LanzarFallo() const { fallo_.Lanzar(); }
 
   private:
+    void Callar();
     void CrearNombre();
     void CrearRoles();
-    QPushButton* CrearOrden(const Clave& clave, void (frmUsuarios::*al)());
+    QPushButton* CrearOrden(const Clave& clave, tema::Papel papel, void (frmUsuarios::*al)());
     void Componer();
     // The row of the list that the table takes for this name; -1 for none.
     int Buscar(const QString& nombre) const;

@@ -1,0 +1,124 @@
+// The screens that the program has, each opened through the port over a whole till.
+#include "app/screens/PantallasPrograma.h"
+
+#include "../BancoMonitor.h"
+#include "support/AlAbrir.h"
+#include "support/NumeroError.h"
+#include "ui/screens/Tema.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+
+namespace zv::test {
+namespace {
+
+class PantallasProgramaTest : public BancoMonitor {
+  protected:
+    static void SetUpTestSuite() { tema::Aplicar(*qApp); }
+
+    PantallasProgramaTest() {
+        EscribirIni();
+        PonerSaldo(0);
+        cliente.EsperaConnect();
+        EXPECT_TRUE(monitor->Cargar());
+        programa.PonerEntorno(monitor->Partes().entorno);
+    }
+    void PonerUsuario(const char* nombre, const char* password, int rol) {
+        Database().Ejecutar(u"INSERT INTO Usuarios (nombre,password,rol) VALUES (?,?,?)"_s,
+                            {QString::fromLatin1(nombre), QString::fromLatin1(password), rol});
+        monitor->Partes().entorno.seguretat.PonerRecargar(true);
+    }
+    void Abrir(Pantalla pantalla, std::function<void(QDialog&)> accion) {
+        const AlAbrir abierto(std::move(accion));
+        programa.Abrir(pantalla);
+    }
+    static void Tocar(QDialog& d, const char* nombre) {
+        d.findChild<QAbstractButton*>(QString::fromLatin1(nombre))->click();
+    }
+    static void Entrar(QDialog& d, const char* password) {
+        EXPECT_EQ(d.objectName(), u"frmLogin"_s);
+        d.findChild<QComboBox*>(u"cmbNom"_s)->setCurrentIndex(0);
+        d.findChild<QLineEdit*>(u"txtPassword"_s)->setText(QString::fromLatin1(password));
+        Tocar(d, "teci_10");
+    }
+    qint32 Cuenta(const QString& tabla) {
+        return Database().Consultar(u"SELECT count(*) FROM "_s + tabla).front().LeerLong(0);
+    }
+
+    PantallasPrograma programa{{}};
+};
+
+TEST_F(PantallasProgramaTest, HasTheScreensOfTheUsersAndNoOtherYet) {
+    for (const Pantalla pantalla : {Pantalla::CambioContrasena, Pantalla::Usuarios}) {
+        EXPECT_TRUE(programa.Existe(pantalla));
+    }
+    for (const Pantalla pantalla : {Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Caja,
+                                    Pantalla::Configuracion, Pantalla::BotonAcceso}) {
+        EXPECT_FALSE(programa.Existe(pantalla));
+        programa.Abrir(pantalla); // nothing happens
+    }
+}
+
+TEST_F(PantallasProgramaTest, PlacesAskTheOneWhoGuardsThem) {
+    EXPECT_TRUE(programa.ValidarUsuari(0, u"authConfiguracion"_s));
+    PonerUsuario("ANA", "1234", 0);
+    {
+        const AlAbrir abierto([](QDialog& d) { Entrar(d, "1234"); });
+        EXPECT_TRUE(programa.ValidarUsuari(0, u"authConfiguracion"_s));
+    }
+    EXPECT_EQ(monitor->Partes().entorno.seguretat.GetNom(), u"ANA"_s);
+    EXPECT_EQ(Cuenta(u"Accesos"_s), 1);
+    EXPECT_EQ(LineasLog().last(), u"APUNTA_ACCESS_ANA-authConfiguracion"_s);
+    const AlAbrir abierto([](QDialog& d) { d.reject(); });
+    EXPECT_FALSE(programa.ValidarUsuari(0, u"authConfiguracion"_s));
+}
+
+TEST_F(PantallasProgramaTest, AChangeOfPassword) {
+    PonerUsuario("ANA", "1234", 0);
+    Abrir(Pantalla::CambioContrasena, [](QDialog& d) {
+        d.findChild<QLineEdit*>(u"txtNewPassword"_s)->setText(u"9999"_s);
+        d.findChild<QLineEdit*>(u"txtRepeatPassword"_s)->setText(u"9999"_s);
+        Entrar(d, "1234");
+    });
+    EXPECT_EQ(Database().Consultar(u"SELECT password FROM Usuarios"_s).front().LeerTexto(0),
+              u"9999"_s);
+}
+
+TEST_F(PantallasProgramaTest, TheFirstUserProtectsAtOnce) {
+    EXPECT_TRUE(programa.ValidarUsuari(0, u"authConfiguracion"_s));
+    dialogos.EsperaMensaje(u"Usuario guardado"_s, u"Usuario guardado correctamente"_s);
+    Abrir(Pantalla::Usuarios, [](QDialog& d) {
+        EXPECT_EQ(d.objectName(), u"frmUsuarios"_s);
+        d.findChild<QComboBox*>(u"cmbNom"_s)->setEditText(u"ANA"_s);
+        d.findChild<QLineEdit*>(u"txtPassword"_s)->setText(u"1234"_s);
+        Tocar(d, "btnGuardar");
+    });
+    const AlAbrir abierto([](QDialog& d) { Entrar(d, "1234"); });
+    EXPECT_TRUE(programa.ValidarUsuari(0, u"authConfiguracion"_s));
+}
+
+TEST_F(PantallasProgramaTest, AFailureOfAScreenIsTheCallers) {
+    PonerUsuario("ANA", "1234", 0);
+    Database().Ejecutar(u"DROP TABLE Usuarios"_s);
+    EXPECT_EQ(NumeroError([&] { programa.Abrir(Pantalla::Usuarios); }), 1);
+    EXPECT_EQ(NumeroError([&] { programa.Abrir(Pantalla::CambioContrasena); }), 1);
+    EXPECT_EQ(NumeroError([&] { programa.ValidarUsuari(0, u"authConfiguracion"_s); }), 1);
+}
+
+TEST_F(PantallasProgramaTest, AFailureWhileAScreenIsUpEndsItAndIsTheCallers) {
+    PonerUsuario("ANA", "1234", 0);
+    EXPECT_EQ(NumeroError([&] {
+                  Abrir(Pantalla::Usuarios, [this](QDialog& d) {
+                      d.findChild<QComboBox*>(u"cmbNom"_s)->setEditText(u"EVA"_s);
+                      d.findChild<QLineEdit*>(u"txtPassword"_s)->setText(u"1234"_s);
+                      Database().Ejecutar(u"DROP TABLE Usuarios"_s);
+                      Tocar(d, "btnGuardar");
+                  });
+              }),
+              1);
+}
+
+} // namespace
+} // namespace zv::test
