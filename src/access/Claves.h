@@ -70,8 +70,8 @@ inline constexpr const Clave& kContraseñaIncorrecta =
     Entrada(kClavesAccess, u"contraseñaIncorrecta1");
 inline constexpr const Clave& kContraseñasDistintas =
     Entrada(kClavesAccess, u"contraseñaIncorrecta2");
-inline constexpr const Clave& kAñadirCambioAnulado = Entrada(kClavesAccess, u"añadirCambioAnulado");
-inline constexpr const Clave& kAñadirCambioCancelado =
+inline constexpr const Clave& kAnadirCambioAnulado = Entrada(kClavesAccess, u"añadirCambioAnulado");
+inline constexpr const Clave& kAnadirCambioCancelado =
     Entrada(kClavesAccess, u"añadirCambioCancelado");
 inline constexpr const Clave& kLoginTitulo = Entrada(kClavesAccess, u"frmLogin", u"lbTitulo");
 inline constexpr const Clave& kLoginUsuario = Entrada(kClavesAccess, u"frmLogin", u"lblUsuario");

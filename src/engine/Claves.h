@@ -28,7 +28,6 @@ inline constexpr Clave kClavesEngine[] = {
     {u"importe", u"Importe: "},
     // manual operations
     {u"darCambioAnulado", u"Dar cambio anulado"},
-    {u"añadirCambioAnulado", u"Añadir cambio anulado"},
     {u"pago11", u"Pago"},
     {u"pago12", u"Introduzca el concepto del pago"},
     {u"pagoAnulado", u"Pago anulado"},
@@ -117,7 +116,6 @@ inline constexpr const Clave& kRetireElCambio2 = Entrada(kClavesEngine, u"retire
 inline constexpr const Clave& kRetireElCambio3 = Entrada(kClavesEngine, u"retireElCambio3");
 inline constexpr const Clave& kImporteDosPuntos = Entrada(kClavesEngine, u"importe");
 inline constexpr const Clave& kDarCambioAnulado = Entrada(kClavesEngine, u"darCambioAnulado");
-inline constexpr const Clave& kAnadirCambioAnulado = Entrada(kClavesEngine, u"añadirCambioAnulado");
 inline constexpr const Clave& kPagoTitulo = Entrada(kClavesEngine, u"pago11");
 inline constexpr const Clave& kPagoConcepto = Entrada(kClavesEngine, u"pago12");
 inline constexpr const Clave& kPagoAnulado = Entrada(kClavesEngine, u"pagoAnulado");

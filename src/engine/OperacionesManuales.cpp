@@ -1,5 +1,6 @@
 #include "engine/OperacionesManuales.h"
 
+#include "access/Claves.h"
 #include "engine/Claves.h"
 #include "platform/StringLiterals.h"
 #include "store/Palabras.h"

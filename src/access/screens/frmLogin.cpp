@@ -276,8 +276,8 @@ void frmLogin::VaciarNuevas() {
 
 void frmLogin::Cancelar() {
     if (devuelveDinero_ &&
-        dialogos_.MostrarMensaje(textos_.Traduce(texto::kAñadirCambioAnulado),
-                                 textos_.Traduce(texto::kAñadirCambioCancelado),
+        dialogos_.MostrarMensaje(textos_.Traduce(texto::kAnadirCambioAnulado),
+                                 textos_.Traduce(texto::kAnadirCambioCancelado),
                                  EstiloMensaje::AceptarCancelar) != Respuesta::Aceptar) {
         return;
     }
