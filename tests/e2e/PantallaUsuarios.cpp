@@ -13,16 +13,17 @@
 
 #include <cstdio>
 
+namespace zv {
 namespace {
 
 int Ejecutar(const QString& carpeta) {
-    using namespace zv;
     Opciones opciones;
     opciones.carpeta = carpeta;
     opciones.registro = carpeta + u"/Registro"_s;
     opciones.region = u"es_ES"_s;
     opciones.programa = u"ZVMonitor"_s;
     const SystemClock reloj;
+    Aplicacion::setApplicationName(opciones.programa);
     Servicios servicios(opciones, reloj);
     GatewayClient cliente(servicios.log, servicios.textos, nullptr);
     DialogosPantalla dialogos(opciones.programa, servicios.textos, servicios.importes);
@@ -40,6 +41,7 @@ int Ejecutar(const QString& carpeta) {
 }
 
 } // namespace
+} // namespace zv
 
 int main(int argc, char** argv) {
     zv::Aplicacion app(argc, argv);
@@ -48,10 +50,9 @@ int main(int argc, char** argv) {
         std::fputs("usage: zv_users_screen FOLDER\n", stderr);
         return EXIT_FAILURE;
     }
-    zv::Aplicacion::setApplicationName(u"ZVMonitor"_s);
     zv::tema::Aplicar(app);
     try {
-        return Ejecutar(argumentos.at(1));
+        return zv::Ejecutar(argumentos.at(1));
     } catch (const std::exception& e) {
         std::fprintf(stderr, "%s\n", qPrintable(zv::TextoDeError(e)));
         return EXIT_FAILURE;
