@@ -137,9 +137,9 @@ bool CobrosAgrupados::Cobrar(Operacion& op, const QString& ids) {
     estado_.ActualizarBotonesMonitor(false);
     op.cantidad = ParaElDispositivo(op.grupo.total);
     op.pedida = true;
-    entorno_.falloSinDispositivo = false;
     entorno_.cliente.Charge(op.cantidad, op.fin.paidIn, op.fin.paidOut, op.fin.bien);
     op.fin.Tomar(entorno_.cliente);
+    entorno_.codigoEnvio = op.fin.codigo;
     bool archivado = false;
     if (op.fin.bien) {
         archivado = ArchivarCobro(op, ids);

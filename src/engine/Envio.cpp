@@ -25,12 +25,16 @@ int Envio::EnviarOperacion(const QString& origen, DeviceClient& cliente, qint32 
     op.origen = origen;
     op.idZV = idZV;
     int resultado = envio::kError;
-    entorno_.falloSinDispositivo = true;
+    entorno_.codigoEnvio = 0;
     try {
         resultado = Enviar(cliente, op);
     } catch (const ErrorEjecucion& e) {
         resultado = envio::kError;
         // A transaction that is open here is ended by TransactionOwner; UsuarioFast is not reset.
+        if (entorno_.codigoEnvio == envio::kEnlacePerdido) {
+            // What had come in stands in no record: the row is not sent again by itself.
+            entorno_.codigoEnvio = 0;
+        }
         AnotarFallo(op, e);
     }
     if (!op.creditoRechazado) {
@@ -64,8 +68,8 @@ int Envio::Enviar(DeviceClient& cliente, Operacion& op) {
     entorno_.log.LogLinea(u"ENVIARZV_INICIO_CHARGE: "_s + op.importe.ATexto());
     bool cobrado = false;
     const qint32 cantidad = ParaElDispositivo(op.importe);
-    entorno_.falloSinDispositivo = false;
     cliente.Charge(cantidad, op.paidIn, op.paidOut, cobrado);
+    entorno_.codigoEnvio = cobrado ? qint16{0} : cliente.ErrorCode();
     if (cobrado) {
         ArchivarCobro(op);
         return envio::kBien;

@@ -76,7 +76,7 @@ void EstadoMonitor::ActualizarTexto(bool automatico) {
         }
         break;
     case envio::kError: {
-        const qint16 codigo = entorno_.CodigoEnvio();
+        const qint16 codigo = entorno_.codigoEnvio;
         if (codigo != 0) {
             const QString detalle =
                 QString::number(codigo) + u" - "_s + entorno_.cliente.ErrorMessage();

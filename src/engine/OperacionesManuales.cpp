@@ -294,7 +294,7 @@ OperacionesManuales::Avisos OperacionesManuales::ArchivarCobro(const FinOperacio
     if (fin.bien) {
         return {Archivar(u"COBROMAN_OK"_s, registro)};
     }
-    entorno_.falloSinDispositivo = false;
+    entorno_.codigoEnvio = fin.codigo;
     if (fin.codigo <= 0) {
         entorno_.ResultadoEnvio = envio::kCancelado;
         return {};

@@ -16,7 +16,6 @@ namespace {
 
 const QString kCero = u"0"_s;
 constexpr qint64 kPausaAvisoMs = 1000; // one line a second, or the log would fill the disk
-constexpr qint16 kEnlacePerdido = 1;
 
 } // namespace
 
@@ -189,7 +188,7 @@ void PulsoCola::EnviarPrimera() {
 // A row that cannot even be named fails like any other send: the till goes on in "MANUAL".
 void PulsoCola::FallarSinEnviar(const ErrorEjecucion& e) {
     entorno_.ResultadoEnvio = envio::kError;
-    entorno_.falloSinDispositivo = true;
+    entorno_.codigoEnvio = 0;
     estado_.CambiarModo(modo::kManual);
     try {
         entorno_.log.LogLinea(u">>> Error nº "_s + QString::number(e.Numero()) +
@@ -255,8 +254,8 @@ bool PulsoCola::EnviarConReconexion(qint32 idZV) {
         entorno_.ResultadoEnvio = envio_.EnviarOperacion(u"ENVIARCOLA"_s, entorno_.cliente, idZV);
         // What it may have left open must not outlast the dialogs that follow.
         entorno_.transacciones.Saldar();
-        const qint16 codigo = entorno_.CodigoEnvio();
-        if (codigo != kEnlacePerdido || entorno_.ResultadoEnvio != envio::kError) {
+        if (entorno_.codigoEnvio != envio::kEnlacePerdido ||
+            entorno_.ResultadoEnvio != envio::kError) {
             break;
         }
         if (!entorno_.supervision.IntentarReconnectar()) {

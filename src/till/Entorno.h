@@ -51,11 +51,9 @@ struct Entorno : TillServices {
 
     // Result of the last send, process-wide: 0 good, 1 cancelled, 2 error.
     int ResultadoEnvio = 0;
-    // The last send failed before the device was asked: the device's code tells of an earlier
-    // operation. Whoever sets ResultadoEnvio after a device operation sets this to false.
-    bool falloSinDispositivo = false;
-    // The device's code, if it has to do with the last send.
-    qint16 CodigoEnvio() const { return falloSinDispositivo ? qint16{0} : cliente.ErrorCode(); }
+    // The device's code for it, taken as its operation ended: a balance that fails after it changes
+    // what the client says. 0 when the device was not asked, or did its part well.
+    qint16 codigoEnvio = 0;
 
     DatabaseEngine& Database() const { return conexion.Database(); }
 };

@@ -4,6 +4,7 @@
 
 #include "device/DeviceClient.h"
 #include "platform/StringLiterals.h"
+#include "till/ResultadoEnvio.h"
 
 namespace zv {
 
@@ -21,7 +22,7 @@ struct FinOperacion {
             mensaje = cliente.ErrorMessage();
         }
     }
-    bool EnlacePerdido() const { return !bien && codigo == 1; }
+    bool EnlacePerdido() const { return !bien && codigo == envio::kEnlacePerdido; }
     // "12 - Atasco", as records and log lines have it.
     QString Detalle() const { return QString::number(codigo) + u" - "_s + mensaje; }
 };

@@ -408,7 +408,7 @@ TEST_F(ClicGridTest, ALockThatSomebodyHoldsIsToldAndTheRowStays) {
 TEST_F(ClicGridTest, NobodyIsToldAnythingUnderTheWriteLock) {
     // The refill and the state line may have something to tell.
     entorno.ResultadoEnvio = envio::kError;
-    entorno.falloSinDispositivo = false;
+    entorno.codigoEnvio = 5;
     cliente.PonerError(5, u"Atasco"_s);
     EsperaAnular();
     dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"5 - Atasco"_s, Respuesta::Aceptar, std::nullopt,

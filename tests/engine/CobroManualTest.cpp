@@ -159,11 +159,11 @@ TEST_F(CobroManualTest, AnErrorIsALineInTheLogAndNoRecord) {
         dialogos.EsperaMensaje(u"Error de Zorvex"_s, detalle, Respuesta::Aceptar, std::nullopt,
                                [&] {
                                    EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
-                                   EXPECT_FALSE(entorno.falloSinDispositivo);
+                                   EXPECT_EQ(entorno.codigoEnvio, codigo);
                                    EXPECT_EQ(Activo(), u"0"_s);
                                    EXPECT_EQ(motor.Nivel(), 0);
                                });
-        entorno.falloSinDispositivo = true; // of an earlier send
+        entorno.codigoEnvio = 44; // of an earlier send
         Cobrar();
         EXPECT_EQ(log.lineas,
                   (QStringList{u"COBROMAN_BEGINTRANS"_s,
@@ -210,7 +210,6 @@ TEST_F(CobroManualTest, ACancelHasNoRecordAndIsToldByTheStateLine) {
     for (const FinGuion& fin : {FinGuion::Cancelado(), FinGuion::Error(-3, u"raro"_s)}) {
         log.Toma();
         EsperaPreguntas(1250);
-        entorno.falloSinDispositivo = true;
         cliente.EsperaCharge(1250, 500, 500, fin);
         Cobrar();
         EXPECT_EQ(log.lineas,
@@ -220,7 +219,6 @@ TEST_F(CobroManualTest, ACancelHasNoRecordAndIsToldByTheStateLine) {
                                u"COBROMAN_COMMIT"_s}));
         ComprobarApuntes({});
         EXPECT_EQ(entorno.ResultadoEnvio, envio::kCancelado);
-        EXPECT_FALSE(entorno.falloSinDispositivo);
         EXPECT_EQ(C().lbEstado, u"Última operación cancelada. Cambiado a modo MANUAL"_s);
     }
 }

@@ -602,7 +602,7 @@ TEST_F(CobrosAgrupadosTest, ADeviceErrorIsFiledOnceAndKeepsTheRows) {
     EXPECT_EQ(f.LeerLong(u"idcola"_s), 0);
     EXPECT_EQ(f.LeerTexto(u"error"_s), u"Error cobro agrupado: 5 - Billete atascado"_s);
     EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
-    EXPECT_FALSE(entorno.falloSinDispositivo);
+    EXPECT_EQ(entorno.codigoEnvio, 5);
     EXPECT_EQ(log.lineas,
               (QStringList{u"AGR_MAN_BEGINTRANS"_s,
                            u"ZVCHARGE_AGR_MAN_ERROR_5: VALUEINCENTS=1250 PAIDINVALUE=1000 "
@@ -616,7 +616,7 @@ TEST_F(CobrosAgrupadosTest, AnErrorIsToldByTheScreenAndTheModeStays) {
     DosFilas();
     Mirar();
     configuracio->Modo = modo::kSemi;
-    entorno.falloSinDispositivo = true; // of an earlier send
+    entorno.codigoEnvio = 44; // of an earlier send
     Marcar({1, 2});
     cliente.EsperaCharge(1250, 0, 0, FinGuion::Error(12, u"Sin cambio"_s));
     dialogos.EsperaMensaje(

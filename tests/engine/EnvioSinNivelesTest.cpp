@@ -144,6 +144,56 @@ TEST_F(EnvioSinNivelesTest, LevelsWithoutSenseAreToldAfterTheCommitOfAnError) {
     EXPECT_EQ(Procesados().front().LeerCurrency(u"saldoZV"_s), Currency(0));
 }
 
+// What the device says after a balance that failed has nothing to do with the sale.
+TEST_F(EnvioSinNivelesTest, AnErrorWhoseBalanceFailsIsNotTakenForALostLink) {
+    PonerFila(1250);
+    cliente.EsperaCharge(1250, 0, 0, EnlacePerdido(33));
+    EsperaAnulada(); // of the record
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, testing::Truly([](const QString& texto) {
+                               return texto.startsWith(u"33 - "_s);
+                           }));
+    EsperaAnulada(); // of the balance that is kept
+    pulso.ProcesarCola();
+    EXPECT_EQ(Procesados().size(), 1U);
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+}
+
+TEST_F(EnvioSinNivelesTest, APaidSaleThatCannotBeFiledIsNotChargedAgainByItself) {
+    PonerFila(1250);
+    FinGuion fin = EnlacePerdido();
+    fin.result = true;
+    cliente.EsperaCharge(1250, 1250, 0, fin);
+    motor.PonerGancho([](const Statement& s) {
+        if (s.kind == Statement::Kind::Confirmar) {
+            throw ErrorEjecucion(13, u"database or disk is full"_s);
+        }
+    });
+    EsperaAnulada(); // of the balance that is kept
+    pulso.ProcesarCola();
+    motor.PonerGancho({});
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+    EXPECT_EQ(Cola().size(), 1U);
+    EXPECT_TRUE(supervision.Conectado());
+}
+
+TEST_F(EnvioSinNivelesTest, ALostLinkWhoseMoneyCannotBeFiledIsNotSentAgainByItself) {
+    PonerFila(1250);
+    cliente.EsperaCharge(1250, 1000, 0, EnlacePerdido());
+    motor.PonerGancho([](const Statement& s) {
+        if (s.kind == Statement::Kind::Escritura) {
+            throw ErrorEjecucion(5, u"database is locked"_s);
+        }
+    });
+    EsperaAnulada(); // of the balance that is kept
+    pulso.ProcesarCola();
+    motor.PonerGancho({});
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
+    EXPECT_EQ(configuracio->Modo, modo::kManual);
+    EXPECT_EQ(Cola().size(), 1U);
+    EXPECT_EQ(controles.Estado().lbEstado, u"Error de Zorvex. Consulte con su técnico"_s);
+}
+
 TEST_F(EnvioSinNivelesTest, AMultiplierOfZeroKeepsARefundInTheQueue) {
     PonerFila(-500);
     cliente.PonerMultiplier(0);

@@ -75,6 +75,7 @@ TEST_F(EstadoMonitorTest, ACancelWithAnEmptyQueueReturnsToAuto) {
 TEST_F(EstadoMonitorTest, ADeviceErrorIsShownOnceWithItsWords) {
     entorno.ResultadoEnvio = envio::kError;
     cliente.PonerError(12, u"Sin cambio"_s);
+    entorno.codigoEnvio = 12;
     dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"12 - Sin cambio"_s);
     estado.ActualizarEstado(true);
     EXPECT_EQ(C().lbEstado, u"Error 12 - Sin cambio. Consulte con su técnico"_s);
@@ -166,6 +167,7 @@ TEST_F(EstadoMonitorTest, TheWordsComeFromTheLanguageFileEvenTheModes) {
     estado.ActualizarEstado(true);
     EXPECT_EQ(C().lbEstado, u"see the technician"_s);
     cliente.PonerError(12, u"Sin cambio"_s);
+    entorno.codigoEnvio = 12;
     dialogos.EsperaMensaje(u"Fault"_s, u"12 - Sin cambio"_s);
     estado.ActualizarEstado(true);
     EXPECT_EQ(C().lbEstado, u"see the technician"_s);

@@ -269,6 +269,14 @@ TEST_F(PulsoColaTest, ALostLinkIsMendedAndTheSaleSentAgain) {
     EXPECT_EQ(configuracio->Modo, modo::kAuto);
 }
 
+TEST_F(PulsoColaTest, ASaleOfNothingIsNoRefundThatSomebodyHasToConfirm) {
+    ConectarCon(10000);
+    PonerFila(0);
+    pulso.ProcesarCola();
+    EXPECT_TRUE(Cola().empty());
+    EXPECT_EQ(Procesados().size(), 1U);
+}
+
 TEST_F(PulsoColaTest, NoCounterLimitsTheWaysBackFromALostLink) {
     ConectarCon(10000);
     PonerFila(500);

@@ -461,6 +461,11 @@ void Dinero::DarUnPaso(bool conFallosDeBase) {
         tienda.Empezar();
     }
     fallidas += fallida ? 1 : 0;
+    for (const QString& hecho :
+         {u"AGR_MAN_COMMIT"_s, u"ANULARCOBRO_COMMIT"_s, u"AÑADIRCAMBIO_AUTH"_s,
+          u"COBROMAN_ROLLBACK"_s, u">>> Transacción abandonada"_s}) {
+        finales[hecho] += static_cast<int>(tienda.log.lineas.filter(hecho).size());
+    }
     DejarEnReposo();
     Comprobar(paso, tienda.log.lineas, fallida);
 }
@@ -494,8 +499,9 @@ TEST_F(Dinero, AddsUpOverRandomOperations) {
     for (const char* que :
          {"charge.start OK", "charge.start 0", "charge.start 1", "charge.start 12",
           "charge.start 27", "change.start OK", "addChange.start OK", "addChange.start 0",
-          "pay.start OK", "pay.start 4"}) {
-        EXPECT_GT(finales[QString::fromLatin1(que)], 0) << que;
+          "pay.start OK", "pay.start 4", "AGR_MAN_COMMIT", "ANULARCOBRO_COMMIT",
+          "AÑADIRCAMBIO_AUTH", "COBROMAN_ROLLBACK"}) {
+        EXPECT_GT(finales[QString::fromUtf8(que)], 0) << que;
     }
     EXPECT_GT(excepciones, 0);
     EXPECT_GT(fallidas, 0);
