@@ -383,6 +383,7 @@ TEST_F(ClicGridTest, AFilingThatFailsIsToldAndCommittedAsFarAsItWent) {
         }
         EXPECT_EQ(Cola().size(), caso.enCola);
         EXPECT_EQ(Procesados().size(), caso.archivadas);
+        ASSERT_FALSE(log.lineas.isEmpty());
         EXPECT_EQ(log.lineas.first(), u"ANULARCOBRO_BEGINTRANS"_s);
         EXPECT_EQ(log.lineas.last(), u"ANULARCOBRO_COMMIT"_s);
         EXPECT_EQ(Activo(), u"0"_s);
