@@ -144,7 +144,7 @@ LineaAviso::Tono EstadoMonitor::TonoAviso() const {
 }
 
 void EstadoMonitor::ActualizarAviso() {
-    controles_.Poner(&EstadoControles::puedeAnular, !agrupando_);
+    controles_.Poner(&EstadoControles::puedeAnular, !agrupando_ && !parada_);
     controles_.Poner(&EstadoControles::puedeEnviar,
                      !agrupando_ && entorno_.supervision.Conectado());
     const LineaAviso::Tono tono = TonoAviso();

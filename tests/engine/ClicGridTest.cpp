@@ -464,11 +464,13 @@ TEST_F(ClicGridTest, TheScreenSaysWhyNothingMovesAndWhatToPress) {
     EXPECT_FALSE(C().puedeEnviar);
     Clic(1, 5);
     EXPECT_FALSE(pulso.Armado());
+    EXPECT_FALSE(C().puedeAnular);
     EXPECT_EQ(C().aviso.tono, LineaAviso::Tono::Parada);
     EXPECT_EQ(C().aviso.texto, u"Sin conexión y con la cola parada: minimice y abra la ventana, y "
                                "pulse Conectar"_s);
     // What it says to do.
     pulso.ArrancaTimer();
+    EXPECT_TRUE(C().puedeAnular);
     EXPECT_EQ(C().aviso.texto, u"Sin conexión: pulse Conectar"_s);
     cliente.EsperaConnect();
     botones.boton_Click(BotonPie::Conectar);

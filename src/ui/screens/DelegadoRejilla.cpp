@@ -14,10 +14,20 @@ constexpr int kMargenIzquierdo = 6;
 constexpr int kMargenDerecho = 7;
 constexpr int kOscuroPulsado = 130; // per cent
 constexpr double kVeloApagado = 0.35;
+constexpr int kOscuroSobreColor = 170; // per cent
 
 // Letters, icons and gaps grow with the rows.
 int Escalado(int pixeles, const QRect& celda) {
     return pixeles * celda.height() / tema::kAltoFila;
+}
+
+// A coloured text on a coloured ground would hardly be read: it is darkened there.
+QColor ColorTexto(const Aspecto& aspecto) {
+    if (aspecto.texto == 0) {
+        return tema::kTexto;
+    }
+    const QColor color(aspecto.texto);
+    return aspecto.fondo == 0 ? color : color.darker(kOscuroSobreColor);
 }
 
 } // namespace
@@ -139,7 +149,7 @@ void DelegadoRejilla::paint(QPainter* painter, const QStyleOptionViewItem& optio
     if (aspecto.imagen != Imagen::Ninguna) {
         PintarImagen(*painter, option.rect, aspecto.imagen, EstadoDe(fila, index.column()));
     } else {
-        painter->setPen(aspecto.texto != 0 ? QColor(aspecto.texto) : tema::kTexto);
+        painter->setPen(ColorTexto(aspecto));
         const QRect caja = option.rect.adjusted(kMargenIzquierdo, 0, -kMargenDerecho, 0);
         const auto alineacion = static_cast<int>(columna.alineacion);
         const QString& texto = rejilla_.Texto(fila, index.column());

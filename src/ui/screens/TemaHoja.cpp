@@ -78,6 +78,7 @@ zv--Paginador QToolButton:disabled { background: transparent; border-color: #e2e
 #framePie { background: white; border: none; border-top: 1px solid @borde; }
 QToolButton[papel="pie"] { font-size: 16px; padding: 0; }
 QToolButton[papel="pie"]:checked { background: @ambar; }
+QToolButton[papel="pie"]:checked:pressed { background: #d9a200; }
 
 QPushButton[papel="parte"] { border-radius: 0; padding: 12px 8px; }
 QPushButton[lugar="primera"] {

@@ -1,6 +1,7 @@
 // The theme: icons that are never blank, readable colours, sizes for a finger.
 #include "ui/screens/Tema.h"
 
+#include "Contraste.h"
 #include "platform/StringLiterals.h"
 #include "support/CarpetaTemporal.h"
 #include "support/ImprimeQt.h"
@@ -43,20 +44,6 @@ QColor ColorDe(const QImage& imagen) {
         }
     }
     return QColor::fromRgb(qRed(mejor), qGreen(mejor), qBlue(mejor));
-}
-
-double Luminancia(const QColor& color) {
-    const auto lineal = [](double c) {
-        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * lineal(color.redF()) + 0.7152 * lineal(color.greenF()) +
-           0.0722 * lineal(color.blueF());
-}
-
-double Contraste(const QColor& uno, const QColor& otro) {
-    const double a = Luminancia(uno);
-    const double b = Luminancia(otro);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
 CarpetaTemporal CarpetaConIcono() {
@@ -125,6 +112,8 @@ TEST(TemaTest, TextIsReadableOnItsGround) {
     EXPECT_GE(Contraste(kAmbar, kCabecera), 4.5);
     EXPECT_GE(Contraste(kVerde, kCabecera), 4.5);
     EXPECT_GE(Contraste(kTexto, kAmbar), 4.5);
+    EXPECT_GE(Contraste(kRojoOscuro, kFondoAnular), 4.5);
+    EXPECT_GE(Contraste(Qt::white, kRojoOscuro), 4.5);
     EXPECT_GE(Contraste(Qt::white, kResalte), 4.5);
     EXPECT_GE(Contraste(kResalte, kCuerpo), 3.0) << "the focus ring";
 }

@@ -2,6 +2,7 @@
 #include "ui/screens/VistaRejilla.h"
 
 #include "Accesible.h"
+#include "Contraste.h"
 #include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 #include "ui/screens/Paginador.h"
@@ -332,6 +333,17 @@ TEST_F(VistaRejillaTest, CellsTakeTheColoursOfTheirLooks) {
     EXPECT_EQ(Puntos(3, 0, tema::kAmbar), 0);
     EXPECT_GT(Puntos(2, 0, tema::kFilaPar), 1000);
     EXPECT_GT(Puntos(3, 0, tema::kCuerpo), 1000);
+}
+
+TEST_F(VistaRejillaTest, ARedTextOnAColouredGroundIsDarkEnoughToBeRead) {
+    Filas(1);
+    rejilla.PonerColorFila(1, ColorRGB(255, 0, 0), true);
+    for (const QColor& fondo : {tema::kAmbar, tema::kVerde}) {
+        rejilla.PonerFondo(1, 0, fondo.rgb());
+        EXPECT_EQ(Puntos(1, 0, QColor(255, 0, 0)), 0);
+        EXPECT_GT(Puntos(1, 0, QColor(150, 0, 0)), 0);
+        EXPECT_GT(Contraste(QColor(150, 0, 0), fondo), 4.5);
+    }
 }
 
 TEST_F(VistaRejillaTest, BoldRowsAreHeavier) {
