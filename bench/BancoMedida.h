@@ -3,12 +3,12 @@
 #pragma once
 
 #include "app/Monitor.h"
-#include "app/PantallasCerradas.h"
 #include "platform/StringLiterals.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 
@@ -34,7 +34,9 @@ class DispositivoListo final : public DeviceClient {
         in = value;
         out = 0;
         result = true;
+        respuesta = std::chrono::steady_clock::now();
     }
+    std::chrono::steady_clock::time_point respuesta; // of the last charge
     void CashBoxControl(qint32, qint32& a, qint32& b, qint32&, bool& result) override {
         Nada(a, b, result);
     }
@@ -92,6 +94,27 @@ class SinShell final : public Shell {
     bool AbrirDireccion(const QString&) override { return false; }
 };
 
+// No other screen, and nobody who has to say who they are.
+class PantallasAbiertas final : public Pantallas {
+  public:
+    bool Existe(Pantalla) const override { return false; }
+    void Abrir(Pantalla) override {}
+    bool ValidarUsuari(qint16, const QString&) override { return true; }
+};
+
+// The queue holds n rows that no mode sends, put there in one transaction.
+inline void PonerFilas(DatabaseEngine& motor, int n) {
+    motor.Comenzar();
+    motor.Ejecutar(u"DELETE FROM cola"_s);
+    for (int i = 0; i < n; ++i) {
+        motor.Ejecutar(u"INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,"
+                       "formapago,creditoError,manual) VALUES (?,?,?,?,?,?,?,?,?,?)"_s,
+                       {u"2026-03-14 10:20:30"_s, 100 + i, u"T%1"_s.arg(i), u"L%1"_s.arg(i), 3,
+                        u"TPV1"_s, u"Ana"_s, u"EFECTIVO"_s, 0, true});
+    }
+    motor.Confirmar();
+}
+
 class BancoMedida {
   public:
     BancoMedida()
@@ -104,19 +127,7 @@ class BancoMedida {
         ini.write("[ZVMONITOR]\r\nMODO=AUTO\r\n[CONECTOR]\r\nZVFastActive=0\r\n");
     }
 
-    // n rows that no mode sends, in one transaction.
-    void PonerFilas(int n) {
-        DatabaseEngine& motor = monitor.Partes().entorno.Database();
-        motor.Comenzar();
-        motor.Ejecutar(u"DELETE FROM cola"_s);
-        for (int i = 0; i < n; ++i) {
-            motor.Ejecutar(u"INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,"
-                           "formapago,creditoError,manual) VALUES (?,?,?,?,?,?,?,?,?,?)"_s,
-                           {u"2026-03-14 10:20:30"_s, 100 + i, u"T%1"_s.arg(i), u"L%1"_s.arg(i), 3,
-                            u"TPV1"_s, u"Ana"_s, u"EFECTIVO"_s, 0, true});
-        }
-        motor.Confirmar();
-    }
+    void PonerFilas(int n) { bench::PonerFilas(monitor.Partes().entorno.Database(), n); }
     QString RutaBase() const { return carpeta.filePath(u"ZVMonito2.mdb"_s); }
 
     QTemporaryDir carpeta;
@@ -126,7 +137,7 @@ class BancoMedida {
     DialogosProhibidos dialogos;
     SinProcesos procesos;
     SinShell shell;
-    PantallasCerradas pantallas;
+    PantallasAbiertas pantallas;
     Monitor monitor;
 
   private:

@@ -1,5 +1,6 @@
 // Filing a sale: AñadirColaProcesada in its transaction, beside the same rows read, written and
 // deleted by bare sqlite3 calls with the same durability, taken in turns in the same run.
+#include "Desnuda.h"
 #include "Medida.h"
 #include "store/ConexionBD.h"
 #include "store/Esquema.h"
@@ -10,7 +11,6 @@
 #include <QTemporaryDir>
 
 #include <cstdio>
-#include <sqlite3.h>
 
 using namespace Qt::StringLiterals;
 
@@ -43,93 +43,6 @@ class FirmaFija final : public zv::Firma {
     QString GetNom() const override { return {}; }
 };
 
-class Desnuda {
-  public:
-    explicit Desnuda(const QString& ruta) {
-        Exigir(sqlite3_open(ruta.toUtf8().constData(), &base_) == SQLITE_OK);
-        Hacer("PRAGMA journal_mode=WAL");
-        Hacer("PRAGMA synchronous=FULL");
-        leer_ = Preparar("SELECT * FROM cola WHERE idZV=?");
-        comenzar_ = Preparar("BEGIN IMMEDIATE");
-        clave_ = Preparar("SELECT max(coalesce((SELECT max(idZV) FROM procesados),0),coalesce(("
-                          "SELECT seq FROM sqlite_sequence WHERE name='Procesados'),0))+1");
-        insertar_ = Preparar("INSERT INTO procesados (idZV,fechaZV,fechaVenta,importeVenta,cobrado,"
-                             "devuelto,estado,id1,id2,idcaja,terminal,vendedor,formapago,error,"
-                             "idCierre,saldoZV,idcola,usuario) VALUES "
-                             "(?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?)");
-        borrar_ = Preparar("DELETE FROM cola WHERE idZV=?");
-        confirmar_ = Preparar("COMMIT");
-    }
-    ~Desnuda() {
-        for (sqlite3_stmt* s : {leer_, comenzar_, clave_, insertar_, borrar_, confirmar_}) {
-            sqlite3_finalize(s);
-        }
-        sqlite3_close(base_);
-    }
-    Desnuda(const Desnuda&) = delete;
-    Desnuda& operator=(const Desnuda&) = delete;
-
-    void Archivar(sqlite3_int64 id) {
-        Correr(comenzar_);
-        sqlite3_bind_int64(leer_, 1, id);
-        Exigir(sqlite3_step(leer_) == SQLITE_ROW);
-        Exigir(sqlite3_step(clave_) == SQLITE_ROW);
-        sqlite3_bind_int64(insertar_, 1, sqlite3_column_int64(clave_, 0));
-        Texto(2, "2026-03-14 18:04:11");
-        Texto(3, "2026-03-14 18:04:11");
-        sqlite3_bind_int64(insertar_, 4, sqlite3_column_int64(leer_, 2));
-        sqlite3_bind_int64(insertar_, 5, 2000);
-        sqlite3_bind_int64(insertar_, 6, 750);
-        Texto(7, "OK");
-        // id1, id2, idcaja, terminal, vendedor, formapago stand in the same order in both tables.
-        for (int i = 0; i < 6; ++i) {
-            sqlite3_bind_value(insertar_, 8 + i, sqlite3_column_value(leer_, 3 + i));
-        }
-        Texto(14, "");
-        sqlite3_bind_int64(insertar_, 15, 0);
-        sqlite3_bind_int64(insertar_, 16, 123456);
-        sqlite3_bind_int64(insertar_, 17, id);
-        Texto(18, "ZVFast");
-        sqlite3_reset(leer_);
-        sqlite3_reset(clave_);
-        Correr(insertar_);
-        sqlite3_bind_int64(borrar_, 1, id);
-        Correr(borrar_);
-        Correr(confirmar_);
-    }
-
-  private:
-    static void Exigir(bool bien) {
-        if (!bien) {
-            std::fputs("sqlite3 failed\n", stderr);
-            std::exit(EXIT_FAILURE);
-        }
-    }
-    void Hacer(const char* sql) {
-        Exigir(sqlite3_exec(base_, sql, nullptr, nullptr, nullptr) == SQLITE_OK);
-    }
-    sqlite3_stmt* Preparar(const char* sql) {
-        sqlite3_stmt* sentencia = nullptr;
-        Exigir(sqlite3_prepare_v2(base_, sql, -1, &sentencia, nullptr) == SQLITE_OK);
-        return sentencia;
-    }
-    static void Correr(sqlite3_stmt* sentencia) {
-        Exigir(sqlite3_step(sentencia) == SQLITE_DONE);
-        sqlite3_reset(sentencia);
-    }
-    void Texto(int posicion, const char* texto) {
-        sqlite3_bind_text(insertar_, posicion, texto, -1, SQLITE_STATIC);
-    }
-
-    sqlite3* base_ = nullptr;
-    sqlite3_stmt* leer_ = nullptr;
-    sqlite3_stmt* comenzar_ = nullptr;
-    sqlite3_stmt* clave_ = nullptr;
-    sqlite3_stmt* insertar_ = nullptr;
-    sqlite3_stmt* borrar_ = nullptr;
-    sqlite3_stmt* confirmar_ = nullptr;
-};
-
 // A database of its own with that many rows queued, keys from 1.
 QString Preparar(const QString& carpeta) {
     LogNulo log;
@@ -158,7 +71,7 @@ int main(int argc, char** argv) {
     const QTemporaryDir unaCarpeta(u"bench-XXXXXX"_s);
     const QTemporaryDir otraCarpeta(u"bench-XXXXXX"_s);
     const QString una = Preparar(unaCarpeta.path());
-    Desnuda desnuda(Preparar(otraCarpeta.path()));
+    zv::bench::Desnuda desnuda(Preparar(otraCarpeta.path()));
 
     LogNulo log;
     DialogosNulos dialogos;
