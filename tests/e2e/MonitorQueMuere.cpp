@@ -1,12 +1,14 @@
 // A monitor without windows that kills itself: it counts the points it passes (each statement, each
 // line of the log, each call of the device and each step of an operation, each message) and at the
-// n-th one is gone as by a power cut. Not killed, it works until cola is empty.
+// n-th one is gone as by a power cut. Not killed, it does the operation that it is asked for, by
+// its button, and works until cola is empty.
 //
-//   zv_crash_monitor FOLDER N    N 0: no kill. Prints the points passed. Exit codes: 0 cola is
-//   empty,
-//                                1 it could not start or the queue did not empty in time.
+//   zv_crash_monitor FOLDER N [OPERATION]    N 0: no kill. OPERATION: cambio, ingreso, rechazado (a
+//                                            float that nobody authorises), pago, cobro, cero (a
+//                                            manual charge without an amount).
+//   Prints the points passed. Exit codes: 0 cola is empty; 1 it could not start, or the queue did
+//   not empty in time.
 #include "app/Monitor.h"
-#include "app/PantallasCerradas.h"
 #include "device/gateway/GatewayClient.h"
 #include "platform/StringLiterals.h"
 #include "support/FakeProcessList.h"
@@ -15,6 +17,7 @@
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 
+#include <algorithm>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -23,6 +26,15 @@ namespace zv {
 namespace {
 
 constexpr int kLimiteMs = 30000;
+constexpr qint32 kImporte = 1250;
+
+// One attempt to have a lost link back.
+GatewayOptions UnIntento() {
+    GatewayOptions opciones;
+    opciones.reanudar = 300;
+    opciones.reintento = 1000;
+    return opciones;
+}
 
 class Puntos {
   public:
@@ -73,27 +85,44 @@ class OperacionMortal final : public VentanaOperacion {
 // Accepts whatever is asked.
 class OperadorMortal final : public Dialogos {
   public:
-    explicit OperadorMortal(Puntos& puntos) : puntos_(puntos) {}
+    OperadorMortal(Puntos& puntos, qint32 importe) : puntos_(puntos), importe_(importe) {}
     Respuesta MostrarMensaje(const QString&, const QString&, EstiloMensaje estilo) override {
         puntos_.Pasar();
         return estilo == EstiloMensaje::ReintentarCancelar ? Respuesta::Reintentar
                : estilo == EstiloMensaje::SiNo             ? Respuesta::Si
                                                            : Respuesta::Aceptar;
     }
-    QString PedirTexto(const QString&, const QString&, const QString& porDefecto) override {
+    QString PedirTexto(const QString&, const QString&, const QString&) override {
         puntos_.Pasar();
-        return porDefecto;
+        return u"concepto"_s;
     }
-    Currency PedirImporte(const QString&, const QString&, Currency porDefecto, bool*,
+    Currency PedirImporte(const QString&, const QString&, Currency, bool*,
                           bool& cancelado) override {
         puntos_.Pasar();
         cancelado = false;
-        return porDefecto;
+        return importe_;
     }
     void CajaSimple(const QString&) override { puntos_.Pasar(); }
 
   private:
     Puntos& puntos_;
+    qint32 importe_;
+};
+
+// No other screen, and somebody who passes every place, or none.
+class PantallasMortales final : public Pantallas {
+  public:
+    PantallasMortales(Puntos& puntos, bool pasa) : puntos_(puntos), pasa_(pasa) {}
+    bool Existe(Pantalla) const override { return false; }
+    void Abrir(Pantalla) override {}
+    bool ValidarUsuari(qint16, const QString&) override {
+        puntos_.Pasar();
+        return pasa_;
+    }
+
+  private:
+    Puntos& puntos_;
+    bool pasa_;
 };
 
 // The gateway client, with a point before and after each call.
@@ -153,11 +182,27 @@ class DeviceMortal final : public DeviceClient {
     Puntos& puntos_;
 };
 
+struct Operacion {
+    const char* nombre;
+    BotonPie boton;
+    qint32 importe = kImporte;
+    bool autorizada = true;
+};
+constexpr Operacion kOperaciones[] = {
+    {"", BotonPie::SinUso}, // none
+    {"cambio", BotonPie::DarCambio},
+    {"ingreso", BotonPie::AnadirCambio},
+    {"rechazado", BotonPie::AnadirCambio, kImporte, false},
+    {"pago", BotonPie::Pago},
+    {"cobro", BotonPie::CobroManual},
+    {"cero", BotonPie::CobroManual, 0},
+};
+
 bool Vacia(DatabaseEngine& database) {
     return database.Consultar(u"SELECT Count(*) AS n FROM cola"_s).front().LeerLong(0) == 0;
 }
 
-int Ejecutar(const QString& carpeta, int mortal) {
+int Ejecutar(const QString& carpeta, int mortal, const Operacion& pedida) {
     Puntos puntos(mortal);
     const RelojMortal reloj(puntos);
     Opciones opciones;
@@ -167,12 +212,12 @@ int Ejecutar(const QString& carpeta, int mortal) {
     opciones.programa = u"ZVMonitor"_s;
     Servicios servicios(opciones, reloj);
     OperacionMortal operacion(puntos);
-    GatewayClient pasarela(servicios.log, servicios.textos, &operacion);
+    GatewayClient pasarela(servicios.log, servicios.textos, &operacion, UnIntento());
     DeviceMortal cliente(pasarela, puntos);
-    OperadorMortal dialogos(puntos);
+    OperadorMortal dialogos(puntos, pedida.importe);
     test::FakeProcessList procesos;
     test::ShellFalsa shell(procesos);
-    PantallasCerradas pantallas;
+    PantallasMortales pantallas(puntos, pedida.autorizada);
     test::VentanaFalsa ventana;
     Monitor monitor(servicios, Exterior{cliente, dialogos, procesos, shell, pantallas});
     monitor.PonerVentana(ventana);
@@ -181,6 +226,8 @@ int Ejecutar(const QString& carpeta, int mortal) {
     if (!monitor.Cargar()) {
         return EXIT_FAILURE;
     }
+    monitor.Partes().pulso.ProcesarCola(); // enables the buttons
+    monitor.Partes().botones.boton_Click(pedida.boton);
     const QDeadlineTimer limite(kLimiteMs);
     bool vacia = false;
     while (!vacia && !limite.hasExpired()) {
@@ -201,12 +248,15 @@ int main(int argc, char** argv) {
     const QStringList argumentos = QCoreApplication::arguments();
     bool bien = false;
     const int mortal = argumentos.value(2).toInt(&bien);
-    if (argumentos.size() != 3 || !bien || mortal < 0) {
-        std::fputs("usage: zv_crash_monitor FOLDER N\n", stderr);
+    const auto* const pedida = std::ranges::find_if(zv::kOperaciones, [&](const auto& cada) {
+        return argumentos.value(3) == QLatin1String(cada.nombre);
+    });
+    if (argumentos.size() > 4 || !bien || mortal < 0 || pedida == std::end(zv::kOperaciones)) {
+        std::fputs("usage: zv_crash_monitor FOLDER N [OPERATION]\n", stderr);
         return EXIT_FAILURE;
     }
     try {
-        return zv::Ejecutar(argumentos.at(1), mortal);
+        return zv::Ejecutar(argumentos.at(1), mortal, *pedida);
     } catch (const std::exception& e) {
         std::fprintf(stderr, "%s\n", e.what());
         return EXIT_FAILURE;
