@@ -99,6 +99,61 @@ TEST_F(EnlaceFastTest, ItAnswersUnderADialogAndWhileACustomerPays) {
     EXPECT_EQ(Pregunta(*socket, "S|T3"), QByteArray("OK|PENDING"));
 }
 
+// An operation of the foot has its transaction open while the device works: a sale that arrives
+// then is answered when the operation has ended, before anybody reads what is told of it.
+TEST_F(EnlaceFastTest, ASaleThatArrivesDuringAManualOperationIsAnsweredWhenItIsFiled) {
+    Cargar();
+    Pulso().ProcesarCola();
+    const auto socket = Conectar();
+    int llegadas = 0;
+    const auto llega = [&] {
+        ++llegadas;
+        socket->write("C|V" + QByteArray::number(llegadas) + "|1250");
+        ASSERT_TRUE(Esperar([&] { return monitor->Fast().MensajesEnCola() == 1; }));
+        for (int i = 0; i < 3; ++i) {
+            monitor->Fast().Tick();
+        }
+        EXPECT_EQ(socket->bytesAvailable(), 0);
+    };
+    const auto contesta = [&] {
+        EXPECT_TRUE(Esperar([&] { return socket->bytesAvailable() > 0; }));
+        EXPECT_EQ(socket->readAll(), QByteArray("OK|Added"));
+    };
+    const FinGuion atasco = FinGuion::Error(12, u"Atasco"_s).Durante(llega);
+    BotonesMonitor& botones = monitor->Partes().botones;
+
+    cliente.EsperaChange(0, 0, atasco);
+    dialogos.EsperaMensaje(u"Dar cambio anulado"_s, testing::_, Respuesta::Aceptar, std::nullopt,
+                           contesta);
+    botones.boton_Click(BotonPie::DarCambio);
+
+    cliente.EsperaAddChange(0, atasco);
+    dialogos.EsperaMensaje(u"Añadir cambio anulado"_s, testing::_, Respuesta::Aceptar, std::nullopt,
+                           contesta);
+    botones.boton_Click(BotonPie::AnadirCambio);
+
+    // Nothing is open while the operator is asked.
+    const auto pregunta = [&] { EXPECT_EQ(Pregunta(*socket, "S|V1"), QByteArray("OK|PENDING")); };
+    pantallas.EsperaValidar(1, u"authPago"_s, true, pregunta);
+    dialogos.EsperaTexto(u"Pago"_s, testing::_, u"Pan"_s, testing::_, pregunta);
+    dialogos.EsperaImporte(u"Pago"_s, testing::_, 500, false, pregunta);
+    cliente.EsperaPay(500, 0, atasco);
+    dialogos.EsperaMensaje(u"Pago anulado"_s, testing::_, Respuesta::Aceptar, std::nullopt,
+                           contesta);
+    botones.boton_Click(BotonPie::Pago);
+
+    pantallas.EsperaValidar(2, u"authCobro"_s, true, pregunta);
+    dialogos.EsperaTexto(u"Cobro manual"_s, testing::_, u"Pan"_s, testing::_, pregunta);
+    dialogos.EsperaImporte(u"Cobro manual"_s, testing::_, 500, false, pregunta);
+    cliente.EsperaCharge(500, 0, 0, atasco);
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, testing::_, Respuesta::Aceptar, std::nullopt,
+                           contesta);
+    botones.boton_Click(BotonPie::CobroManual);
+
+    EXPECT_EQ(llegadas, 4);
+    EXPECT_EQ(Database().Consultar(u"SELECT * FROM cola"_s).size(), 4U);
+}
+
 TEST_F(EnlaceFastTest, APortInUseEndsTheStart) {
     QTcpServer otro;
     ASSERT_TRUE(otro.listen(QHostAddress(DireccionPropia()), 16501));

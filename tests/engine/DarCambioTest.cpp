@@ -37,6 +37,14 @@ TEST_F(DarCambioTest, NothingPutInWritesNoRecordAndNoJournal) {
     ComprobarApuntes({});
 }
 
+TEST_F(DarCambioTest, WhatCameInDecidesWhetherThereIsARecord) {
+    cliente.EsperaChange(1000, 0);
+    Dar();
+    cliente.EsperaChange(0, 1000);
+    Dar();
+    ComprobarApuntes({{tipo::kDarCambio, estado::kOk, 1000, 1000, 0, {}, 50000}});
+}
+
 TEST_F(DarCambioTest, ADeviceErrorIsFiledAndToldWhenTheBooksAreClosed) {
     cliente.EsperaChange(2000, 500, FinGuion::Error(12, u"Atasco"_s));
     dialogos.EsperaMensaje(u"Dar cambio anulado"_s, u"12: Atasco"_s, Respuesta::Aceptar,
@@ -172,15 +180,6 @@ TEST_F(DarCambioTest, TheCommitLineComesWhenTheRecordStandsInTheFile) {
     motor.PonerGancho({});
     EXPECT_EQ(ordenes, (QStringList{u"RELEASE zv2"_s, u"COMMIT"_s}));
     EXPECT_EQ(log.lineas.last(), u"DARCAMBIO_COMMIT"_s);
-}
-
-TEST_F(DarCambioTest, ALevelThatSomebodyHasLeftOpenIsEndedFirst) {
-    motor.Comenzar();
-    motor.Ejecutar(u"INSERT INTO historial (id) VALUES ('a medias')"_s);
-    cliente.EsperaChange(2000, 1990, FinGuion::Ok().Durante([this] { ComprobarEnMarcha(); }));
-    Dar();
-    EXPECT_EQ(log.lineas.first(), u">>> Transacción abandonada: deshecha"_s);
-    ComprobarApuntes({Bueno()});
 }
 
 TEST_F(DarCambioTest, LevelsThatCannotBeReadAreToldWhenTheBooksAreClosedAndBeforeTheError) {

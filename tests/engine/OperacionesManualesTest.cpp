@@ -95,6 +95,20 @@ TEST_F(OperacionesManualesTest, TheHandlerClearsTheResultOfTheLastSend) {
     EXPECT_EQ(Procesados().size(), 4U);
 }
 
+TEST_F(OperacionesManualesTest, ALevelThatSomebodyHasLeftOpenIsEndedFirst) {
+    for (const BotonPie boton : kManuales) {
+        log.Toma();
+        motor.Comenzar();
+        motor.Ejecutar(u"INSERT INTO historial (id) VALUES ('a medias')"_s);
+        Preparar(boton, FinGuion::Ok().Durante([this] { ComprobarEnMarcha(); }));
+        Pulsar(boton);
+        EXPECT_EQ(log.lineas.first(), u">>> Transacción abandonada: deshecha"_s);
+        EXPECT_EQ(log.lineas.last(), Nombre(boton) + u"_COMMIT"_s);
+        ComprobarReposo();
+    }
+    EXPECT_EQ(ApuntesEnElFichero(), 4);
+}
+
 TEST_F(OperacionesManualesTest, NothingIsBegunWhileTheDeviceWorks) {
     for (const BotonPie boton : kManuales) {
         Preparar(boton, FinGuion::Ok().Durante(Tocando()));
