@@ -99,9 +99,8 @@ TEST_F(EnlaceFastTest, ItAnswersUnderADialogAndWhileACustomerPays) {
     EXPECT_EQ(Pregunta(*socket, "S|T3"), QByteArray("OK|PENDING"));
 }
 
-// An operation of the foot has its transaction open while the device works: a sale that arrives
-// then is answered when the operation has ended, before anybody reads what is told of it.
-TEST_F(EnlaceFastTest, ASaleThatArrivesDuringAManualOperationIsAnsweredWhenItIsFiled) {
+// Only while the device works does its transaction stand open.
+TEST_F(EnlaceFastTest, WhatIsAskedAndToldOfAManualOperationKeepsNoSaleWaiting) {
     Cargar();
     Pulso().ProcesarCola();
     const auto socket = Conectar();
@@ -132,7 +131,6 @@ TEST_F(EnlaceFastTest, ASaleThatArrivesDuringAManualOperationIsAnsweredWhenItIsF
                            contesta);
     botones.boton_Click(BotonPie::AnadirCambio);
 
-    // Nothing is open while the operator is asked.
     const auto pregunta = [&] { EXPECT_EQ(Pregunta(*socket, "S|V1"), QByteArray("OK|PENDING")); };
     pantallas.EsperaValidar(1, u"authPago"_s, true, pregunta);
     dialogos.EsperaTexto(u"Pago"_s, testing::_, u"Pan"_s, testing::_, pregunta);

@@ -40,7 +40,7 @@ all_told() {
   while read -r id; do
     grep -q "^acuse $id\$" "$till/simulador.log" || fail "an operation is left open after point $1"
     read -r in out <<<"$(log_lines | sed -nE \
-      "s/^>>> Operación (terminada|pendiente) en Zorvex: .* $id .*PAIDINVALUE=(-?[0-9]+) PAIDOUTVALUE=(-?[0-9]+).*/\2 \3/p" | tail -n 1)"
+      "s/^>>> Operación (terminada|interrumpida|pendiente) en Zorvex: .* $id .*PAIDINVALUE=(-?[0-9]+) PAIDOUTVALUE=(-?[0-9]+).*/\2 \3/p" | tail -n 1)"
     [ -n "$out" ] || fail "the log does not tell of an operation after point $1"
     told=$((told + in - out))
   done < <(sed -n 's/^inicio .* //p' "$till/simulador.log")
