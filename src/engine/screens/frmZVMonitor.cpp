@@ -44,7 +44,8 @@ class DescriptoresCallados final : public QObject {
 
 frmZVMonitor::frmZVMonitor(PartesMonitor partes, AccionesVentana acciones)
     : partes_(partes), acciones_(std::move(acciones)),
-      arrastre_(*this, [this] { return !maximizando_; }) {
+      arrastre_(*this, [this] { return !maximizando_; }),
+      acceso_(*this, [this](const QString& concepto) { partes_.botones.cobroManual(concepto); }) {
     setObjectName(u"frmZVMonitor"_s);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
     PonerRol(*this, QAccessible::Window);
@@ -173,6 +174,9 @@ void frmZVMonitor::Seguir() {
     if (e.punteroEspera != aplicado_.punteroEspera) {
         e.punteroEspera ? setCursor(Qt::WaitCursor) : unsetCursor();
     }
+    if (botonAcceso_ && e.botonAccesoEncima != aplicado_.botonAccesoEncima) {
+        VentanaEncima(*botonAcceso_, e.botonAccesoEncima);
+    }
     aplicado_ = e;
 }
 
@@ -296,6 +300,17 @@ void frmZVMonitor::Mostrar() {
         setGeometry(pantalla->availableGeometry());
     }
     showMaximized();
+}
+
+void frmZVMonitor::MostrarBotonAcceso() {
+    if (botonAcceso_) {
+        return;
+    }
+    botonAcceso_ = std::make_unique<frmBotonAcceso>(acceso_);
+    VentanaEncima(*botonAcceso_, partes_.controles.Estado().botonAccesoEncima);
+    botonAcceso_->show();
+    // What is not yet shown to be so follows as any other difference.
+    aplicado_.botonAccesoEncima = partes_.controles.Estado().botonAccesoEncima;
 }
 
 void frmZVMonitor::ColocarColumnas() {

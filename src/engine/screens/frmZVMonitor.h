@@ -4,12 +4,14 @@
 #include "engine/PartesMonitor.h"
 #include "engine/VentanaPrincipal.h"
 #include "engine/screens/DisenoMonitor.h"
+#include "engine/screens/frmBotonAcceso.h"
 #include "ui/screens/FramelessWindow.h"
 
 #include <QTimer>
 #include <QWidget>
 
 #include <functional>
+#include <memory>
 
 namespace zv {
 
@@ -37,6 +39,9 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     void PrepararGrid() override;
     void PonerVersion(const QString& caption) override;
     void Mostrar() override;
+
+    // The floating button comes up, and is above all other windows while nothing runs here.
+    void MostrarBotonAcceso();
 
     // Always false: the program is never at design time.
     void ModoDiseño(bool& resultado) const { resultado = false; }
@@ -72,6 +77,8 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     bool maximizando_ = false; // within a second of a maximise by double click
     bool parpadeoAmbar_ = false;
     Arrastre arrastre_;
+    BotonAcceso acceso_;
+    std::unique_ptr<frmBotonAcceso> botonAcceso_; // none until it is shown
 
     // Children by their names, so that they can be found from outside.
     QTimer timerCola_{this};

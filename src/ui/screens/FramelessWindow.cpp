@@ -65,8 +65,8 @@ int BordeInferior(const QWidget& control) {
     return control.y() + control.height();
 }
 
-Arrastre::Arrastre(QWidget& ventana, std::function<bool()> puede)
-    : ventana_(ventana), puede_(std::move(puede)) {}
+Arrastre::Arrastre(QWidget& ventana, std::function<bool()> puede, Qt::MouseButton boton)
+    : ventana_(ventana), puede_(std::move(puede)), boton_(boton) {}
 
 void Arrastre::Añadir(QWidget& asidero) {
     asidero.installEventFilter(this);
@@ -75,7 +75,7 @@ void Arrastre::Añadir(QWidget& asidero) {
 bool Arrastre::eventFilter(QObject* objeto, QEvent* evento) {
     if (evento->type() == QEvent::MouseButtonPress) {
         const auto* raton = static_cast<QMouseEvent*>(evento);
-        activo_ = raton->button() == Qt::LeftButton && (!puede_ || puede_());
+        activo_ = raton->button() == boton_ && (!puede_ || puede_());
         desde_ = raton->globalPosition().toPoint() - ventana_.pos();
         // Wayland lets no window place itself: the compositor moves it.
         if (activo_ && ventana_.windowHandle() != nullptr &&
@@ -84,8 +84,9 @@ bool Arrastre::eventFilter(QObject* objeto, QEvent* evento) {
         }
     } else if (evento->type() == QEvent::MouseMove) {
         const auto* raton = static_cast<QMouseEvent*>(evento);
-        if (activo_ && raton->buttons().testFlag(Qt::LeftButton)) {
-            ventana_.move(raton->globalPosition().toPoint() - desde_);
+        if (activo_ && raton->buttons().testFlag(boton_)) {
+            const QPoint sitio = raton->globalPosition().toPoint() - desde_;
+            ventana_.move(limite_ ? limite_(sitio) : sitio);
         }
     } else if (evento->type() == QEvent::MouseButtonRelease) {
         activo_ = false;

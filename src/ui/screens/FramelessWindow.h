@@ -26,14 +26,17 @@ void VentanaEncima(QWidget& ventana, bool activar);
 int BordeDerecho(const QWidget& control);
 int BordeInferior(const QWidget& control);
 
-// Moves a window by the controls it is given: pressed with the left button and drawn along.
+// Moves a window by the controls it is given: pressed with a button of the mouse and drawn along.
 class Arrastre final : public QObject {
     Q_OBJECT
 
   public:
     // puede, when given, is asked at each press.
-    explicit Arrastre(QWidget& ventana, std::function<bool()> puede = {});
+    explicit Arrastre(QWidget& ventana, std::function<bool()> puede = {},
+                      Qt::MouseButton boton = Qt::LeftButton);
     void Añadir(QWidget& asidero);
+    // Where the window may stand, for the place to which it would be drawn.
+    void PonerLimite(std::function<QPoint(const QPoint&)> limite) { limite_ = std::move(limite); }
 
   protected:
     bool eventFilter(QObject* objeto, QEvent* evento) override;
@@ -41,6 +44,8 @@ class Arrastre final : public QObject {
   private:
     QWidget& ventana_;
     std::function<bool()> puede_;
+    const Qt::MouseButton boton_;
+    std::function<QPoint(const QPoint&)> limite_;
     QPoint desde_; // pointer at the press, within the window
     bool activo_ = false;
 };

@@ -1,0 +1,251 @@
+// The floating button on the screen, and how it follows the pulse.
+#include "engine/screens/frmBotonAcceso.h"
+
+#include "BancoPantalla.h"
+#include "support/ImprimeQt.h"
+
+#include <QPainter>
+#include <QScreen>
+#include <QWindow>
+
+#include <cmath>
+
+namespace zv::test {
+namespace {
+
+class frmBotonAccesoTest : public BancoPantalla {
+  protected:
+    void SetUp() override {
+        configuracio->BOTONACCESO = 1;
+        pulso.ParaTimer(); // as the start leaves it
+        pantalla->MostrarBotonAcceso();
+        for (QWidget* tope : QApplication::topLevelWidgets()) {
+            if (auto* este = qobject_cast<frmBotonAcceso*>(tope)) {
+                boton = este;
+            }
+        }
+        ASSERT_NE(boton, nullptr);
+        QApplication::processEvents();
+    }
+    bool Encima() const { return boton->windowFlags().testFlag(Qt::WindowStaysOnTopHint); }
+    // Presses, draws and lets go, with that button of the mouse.
+    void Llevar(Qt::MouseButton con, const QPoint& desde, const QPoint& trecho) const {
+        const QPoint esquina = boton->pos();
+        const auto raton = [&](QEvent::Type tipo, const QPoint& donde, Qt::MouseButton cual,
+                               Qt::MouseButtons abajo) {
+            QMouseEvent evento(tipo, donde - boton->pos(), donde, cual, abajo, Qt::NoModifier);
+            QApplication::sendEvent(boton, &evento);
+        };
+        raton(QEvent::MouseButtonPress, esquina + desde, con, con);
+        raton(QEvent::MouseMove, esquina + desde + trecho, Qt::NoButton, con);
+        raton(QEvent::MouseButtonRelease, esquina + desde + trecho, con, Qt::NoButton);
+    }
+    // The amount is asked for, and the operator gives up.
+    void EsperaCobro(DialogosGuion::Accion mientras = {}) {
+        dialogos.EsperaImporte(u"Cobro manual"_s, testing::_, 0, true, std::move(mientras));
+    }
+
+    frmBotonAcceso* boton = nullptr;
+};
+
+TEST_F(frmBotonAccesoTest, IsARoundPictureWithANameAndNoText) {
+    EXPECT_EQ(boton->accessibleName(), u"Cobro manual"_s);
+    EXPECT_TRUE(boton->text().isEmpty());
+    EXPECT_GE(boton->width(), 96);
+    EXPECT_EQ(boton->width(), boton->height());
+    EXPECT_TRUE(boton->mask().contains(boton->rect().center()));
+    EXPECT_FALSE(boton->mask().contains(QPoint(2, 2)));
+    EXPECT_FALSE(boton->mask().contains(QPoint(boton->width() - 3, boton->height() - 3)));
+}
+
+TEST_F(frmBotonAccesoTest, TakesTheKeyboardFromNobody) {
+    EXPECT_TRUE(boton->windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    EXPECT_TRUE(boton->testAttribute(Qt::WA_ShowWithoutActivating));
+    EXPECT_EQ(boton->focusPolicy(), Qt::NoFocus);
+}
+
+TEST_F(frmBotonAccesoTest, ComesUpWholeInTheHeadersBand) {
+    const QRect toda = boton->screen()->geometry();
+    EXPECT_EQ(boton->pos(), QPoint(toda.width() - 5 * boton->width(), 0));
+    EXPECT_TRUE(toda.contains(boton->geometry()));
+}
+
+TEST_F(frmBotonAccesoTest, StandsOutFromAnyGround) {
+    for (const QColor fondo : {QColor(Qt::white), QColor(Qt::black), QColor(128, 128, 128),
+                               tema::kCabecera, tema::kAmbar}) {
+        QImage imagen(boton->size(), QImage::Format_ARGB32);
+        imagen.fill(fondo);
+        QPainter p(&imagen);
+        boton->render(&p, {}, {}, QWidget::DrawChildren);
+        p.end();
+        // From the edge to the middle: somewhere a contrast of at least 3:1 with the ground.
+        double mayor = 0;
+        for (int x = 0; x < imagen.width() / 2; ++x) {
+            const auto luz = [](const QColor& c) {
+                const auto parte = [](double v) {
+                    return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+                };
+                return 0.2126 * parte(c.redF()) + 0.7152 * parte(c.greenF()) +
+                       0.0722 * parte(c.blueF()) + 0.05;
+            };
+            const double a = luz(imagen.pixelColor(x, imagen.height() / 2));
+            const double b = luz(fondo);
+            mayor = std::max(mayor, std::max(a, b) / std::min(a, b));
+        }
+        EXPECT_GE(mayor, 3.0) << fondo.name().toStdString();
+    }
+}
+
+TEST_F(frmBotonAccesoTest, ALeftPressChargesByHandAtOnce) {
+    ConectarCon(10000);
+    EsperaCobro();
+    QTest::mousePress(boton, Qt::LeftButton);
+    EXPECT_EQ(dialogos.Pendientes(), 0U);
+    EXPECT_FALSE(boton->isDown());
+    QTest::mouseRelease(boton, Qt::LeftButton); // no second one
+}
+
+TEST_F(frmBotonAccesoTest, ShowsThatItIsPressed) {
+    ConectarCon(10000);
+    const QImage antes = boton->grab().toImage();
+    QImage mientras;
+    EsperaCobro([&] {
+        EXPECT_TRUE(boton->isDown());
+        mientras = boton->grab().toImage();
+    });
+    QTest::mousePress(boton, Qt::LeftButton);
+    EXPECT_NE(mientras, antes);
+    EXPECT_EQ(boton->grab().toImage(), antes);
+}
+
+TEST_F(frmBotonAccesoTest, ALeftPressBringsAMinimisedMainScreenUpFirst) {
+    ConectarCon(10000);
+    pantalla->PonerWindowState(ventana::kMinimizada);
+    int comoEstaba = -1;
+    EsperaCobro([&] { comoEstaba = pantalla->WindowState(); });
+    QTest::mousePress(boton, Qt::LeftButton);
+    EXPECT_EQ(comoEstaba, ventana::kMaximizada);
+}
+
+TEST_F(frmBotonAccesoTest, ItsNameOnTheBusCanBePressedToo) {
+    ConectarCon(10000);
+    EsperaCobro();
+    boton->click();
+    EXPECT_EQ(dialogos.Pendientes(), 0U);
+}
+
+TEST_F(frmBotonAccesoTest, APressBesideTheDiscIsNone) {
+    ConectarCon(10000);
+    QTest::mousePress(boton, Qt::LeftButton, {}, QPoint(2, 2));
+    EXPECT_FALSE(boton->isDown());
+}
+
+TEST_F(frmBotonAccesoTest, ARightPressAloneChangesNothing) {
+    ConectarCon(10000);
+    const QPoint antes = boton->pos();
+    Llevar(Qt::RightButton, {48, 48}, {0, 0});
+    EXPECT_EQ(boton->pos(), antes);
+    EXPECT_FALSE(boton->isDown());
+}
+
+TEST_F(frmBotonAccesoTest, IsDrawnWithTheRightButtonAloneAndStaysWhole) {
+    boton->move(300, 300);
+    Llevar(Qt::RightButton, {48, 48}, {-20, 35});
+    EXPECT_EQ(boton->pos(), QPoint(280, 335));
+    Llevar(Qt::RightButton, {10, 50}, {-5000, 40});
+    EXPECT_EQ(boton->pos(), QPoint(0, 375));
+    Llevar(Qt::RightButton, {10, 50}, {5000, 5000});
+    const QRect cabe = boton->screen()->availableGeometry();
+    EXPECT_TRUE(cabe.contains(boton->geometry()));
+    EXPECT_EQ(boton->geometry().bottomRight(), cabe.bottomRight());
+}
+
+TEST_F(frmBotonAccesoTest, IsNotClosedByTheWindowSystem) {
+    boton->windowHandle()->close();
+    EXPECT_TRUE(boton->isVisible());
+}
+
+TEST_F(frmBotonAccesoTest, LeavesTheTopLevelWhileAnOperationRuns) {
+    pulso.ArrancaTimer();
+    QApplication::processEvents();
+    EXPECT_TRUE(Encima());
+    pulso.ParaTimer();
+    QApplication::processEvents();
+    EXPECT_FALSE(Encima());
+    EXPECT_TRUE(boton->isVisible());
+    pulso.ArrancaTimer();
+    QApplication::processEvents();
+    EXPECT_TRUE(Encima());
+}
+
+TEST_F(frmBotonAccesoTest, IsBelowTheDialogsOfAnOperation) {
+    ConectarCon(10000);
+    QApplication::processEvents();
+    ASSERT_TRUE(Encima());
+    bool encima = true;
+    EsperaCobro([&] {
+        QApplication::processEvents(); // what a dialog's own loop does first
+        encima = Encima();
+    });
+    QTest::mousePress(boton, Qt::LeftButton);
+    EXPECT_FALSE(encima);
+    QApplication::processEvents();
+    EXPECT_TRUE(Encima());
+}
+
+TEST_F(frmBotonAccesoTest, ComesBackAboveWithARestoredMainScreen) {
+    pantalla->PonerWindowState(ventana::kMinimizada);
+    pulso.RestaurarVentana();
+    QApplication::processEvents();
+    EXPECT_TRUE(Encima());
+}
+
+// Its real window is not touched by the thousand changes a second of an idle pulse.
+TEST_F(frmBotonAccesoTest, DoesNotMoveWithTheTicks) {
+    ConectarCon(10000);
+    QApplication::processEvents();
+    ASSERT_TRUE(Encima());
+    struct Mirador : QObject {
+        bool eventFilter(QObject*, QEvent* evento) override {
+            ++sucesos;
+            tipos << QString::number(evento->type());
+            return false;
+        }
+        int sucesos = 0;
+        QStringList tipos;
+    } mirador;
+    boton->installEventFilter(&mirador);
+    boton->windowHandle()->installEventFilter(&mirador);
+    int cambios = 0;
+    QObject::connect(boton->windowHandle(), &QWindow::visibilityChanged, boton, [&] { ++cambios; });
+    for (int i = 0; i < 50; ++i) {
+        pulso.ProcesarCola();
+        QApplication::processEvents();
+    }
+    EXPECT_EQ(mirador.sucesos, 0) << mirador.tipos.join(u' ').toStdString();
+    EXPECT_EQ(cambios, 0);
+}
+
+TEST_F(BancoPantalla, WithoutTheSettingTheButtonIsLeftAlone) {
+    configuracio->BOTONACCESO = 0;
+    pantalla->MostrarBotonAcceso(); // whoever shows it all the same
+    for (QWidget* tope : QApplication::topLevelWidgets()) {
+        if (auto* boton = qobject_cast<frmBotonAcceso*>(tope)) {
+            pulso.ArrancaTimer();
+            QApplication::processEvents();
+            EXPECT_FALSE(boton->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+        }
+    }
+}
+
+TEST_F(frmBotonAccesoTest, IsShownOnce) {
+    pantalla->MostrarBotonAcceso();
+    int cuantos = 0;
+    for (QWidget* tope : QApplication::topLevelWidgets()) {
+        cuantos += qobject_cast<frmBotonAcceso*>(tope) != nullptr ? 1 : 0;
+    }
+    EXPECT_EQ(cuantos, 1);
+}
+
+} // namespace
+} // namespace zv::test
