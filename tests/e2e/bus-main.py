@@ -71,6 +71,7 @@ main.choice(modes[1]).press()
 mode_is(1)
 main.button(footer(6)).press()
 able(7)
+main.says(texts.text("pulseConectar", "Sin conexión: pulse Conectar"))
 main.button(footer(7)).press()
 able(*CONNECTED)
 
@@ -79,6 +80,7 @@ put_sale(123456, "T1", terminal="TPV1")
 put_sale(-450, "T2")
 put_sale(700, "T3")
 main.says(counter(2, 1))
+able(*CONNECTED, 9)
 TITLES = [texts.text(key, spanish) for key, spanish in (
     ("anular", "Anular"), ("fechaVenta", "Fecha Venta"), ("idVenta", "Id. Venta"),
     ("importe2", "Importe"), ("enviar", "Enviar"))]

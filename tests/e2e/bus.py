@@ -96,6 +96,11 @@ class Control:
         except GLib.Error:
             return "what has gone"
 
+    @property
+    def seen(self):
+        """Of a window: the screen shows it. One that is minimised counts as shown on the bus."""
+        return self.x("search", "--onlyvisible", "--name", f"^{self.name}$", fails=True) == 0
+
     # ---- what it holds
 
     def children(self):
@@ -211,9 +216,9 @@ class Control:
     def key(self, *keys):
         self.x("key", *keys)
 
-    def x(self, *command):
-        subprocess.run(["xdotool", *command], check=True, stdout=subprocess.DEVNULL,
-                       env={**os.environ, "DISPLAY": self.display})
+    def x(self, *command, fails=False):
+        return subprocess.run(["xdotool", *command], check=not fails, stdout=subprocess.DEVNULL,
+                              env={**os.environ, "DISPLAY": self.display}).returncode
 
 
 class Table(Control):

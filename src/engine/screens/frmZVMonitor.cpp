@@ -279,6 +279,7 @@ void frmZVMonitor::TraerAlFrente() {
 
 void frmZVMonitor::Traducir() {
     TraducirPantalla(*this, partes_.entorno.textos);
+    setAccessibleName(windowTitle());      // a minimised window would have none
     ui_.PonerEstado(ui_.lbEstado->text()); // a longer text may need smaller letters
 }
 

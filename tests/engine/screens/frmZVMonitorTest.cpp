@@ -408,6 +408,8 @@ TEST_F(frmZVMonitorTest, CaptionsComeFromTheLanguageFile) {
     fichero.close();
     pantalla->Traducir();
     EXPECT_EQ(pantalla->windowTitle(), u"Till"_s);
+    pantalla->setWindowState(Qt::WindowMinimized);
+    EXPECT_EQ(NombreDe(*pantalla), u"Till"_s);
     EXPECT_EQ(D().boton[BotonPie::DarCambio]->text(), u"Give change"_s);
     EXPECT_EQ(D().btnModo[1]->text(), u"By hand"_s);
     EXPECT_EQ(D().boton[BotonPie::Registro]->text(), u"Registro"_s);
