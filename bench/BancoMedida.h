@@ -117,7 +117,9 @@ inline void PonerFilas(DatabaseEngine& motor, int n) {
 
 class BancoMedida {
   public:
-    BancoMedida()
+    BancoMedida() : BancoMedida(abiertas) {}
+    // With screens of its own.
+    explicit BancoMedida(Pantallas& pantallas)
         : servicios(OpcionesDe(carpeta), reloj),
           monitor(servicios, Exterior{cliente, dialogos, procesos, shell, pantallas}) {
         QFile ini(carpeta.filePath(u"ZVMonitor.ini"_s));
@@ -137,7 +139,7 @@ class BancoMedida {
     DialogosProhibidos dialogos;
     SinProcesos procesos;
     SinShell shell;
-    PantallasAbiertas pantallas;
+    PantallasAbiertas abiertas;
     Monitor monitor;
 
   private:
