@@ -1,6 +1,11 @@
 // Pictures of the dialogs, each opened on its own, also of those that a till seldom shows:
 // screen_pictures APPLICATION-FOLDER OUTPUT-FOLDER. The language file is the application folder's.
 #include "Muestras.h"
+#include "TablaDeMuestra.h"
+#include "access/Seguretat.h"
+#include "access/Usuarios.h"
+#include "access/screens/frmLogin.h"
+#include "access/screens/frmUsuarios.h"
 #include "device/Claves.h"
 #include "device/screens/frmOperacion.h"
 #include "platform/FormatoRegional.h"
@@ -11,8 +16,11 @@
 #include "ui/screens/Tema.h"
 #include "ui/screens/frmImpresio.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
 #include <QTimer>
@@ -33,6 +41,9 @@ class Fotografo {
         Preguntas();
         Operaciones();
         Piezas();
+        for (const int usuarios : {0, 3, 6, 8, 1000}) {
+            Usuarios(usuarios);
+        }
         return bien_;
     }
 
@@ -180,8 +191,7 @@ class Fotografo {
         const bool ingles = T("anular", "Anular") != u"Anular"_s;
         const std::pair<const char*, QWidget*> muestras[] = {
             {"kit-list", muestra::Lista(textos_, &caja, ingles)},
-            {"kit-settings", muestra::Ajustes(textos_, &caja, ingles)},
-            {"kit-login", muestra::Entrada(&caja, ingles)}};
+            {"kit-settings", muestra::Ajustes(textos_, &caja, ingles)}};
         for (const auto& [nombre, ventana] : muestras) {
             ventana->show();
             Guardar(*ventana, QString::fromLatin1(nombre));
@@ -189,6 +199,53 @@ class Fotografo {
         }
     }
 
+    // Login and users over a till of the screen's size, with so many of them.
+    void Usuarios(int cuantos) {
+        QWidget caja;
+        caja.setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        caja.show();
+        muestra::TablaDeMuestra tabla(cuantos, dialogos_, textos_);
+        zv::Usuarios usuarios(tabla.Database(), dialogos_, textos_);
+        const auto nombre = [cuantos](const char* que) {
+            return QString::fromLatin1(que) + QLatin1Char('-') + QString::number(cuantos);
+        };
+        frmLogin login(usuarios, dialogos_, textos_, &caja);
+        login.FormaIdentificacion(false);
+        login.show();
+        Guardar(login, nombre("login"));
+        auto* lista = login.findChild<QComboBox*>(u"cmbNom"_s);
+        if (cuantos > 0) {
+            lista->showPopup();
+            Guardar(*lista->view()->window(), nombre("login-list"));
+            lista->hidePopup();
+            lista->setCurrentIndex(1);
+            login.findChild<QLineEdit*>(u"txtPassword"_s)->setText(u"1234"_s);
+            Guardar(login, nombre("login-chosen"));
+        }
+        login.FormaCambioContrasena();
+        Guardar(login, nombre("login-change"));
+        login.hide();
+        Seguretat seguretat(tabla.Database(), mudo_, dialogos_, textos_, reloj_);
+        frmUsuarios pantalla(usuarios, seguretat, dialogos_, textos_, &caja);
+        pantalla.show();
+        Guardar(pantalla, nombre("users"));
+        if (cuantos > 0) {
+            auto* nombres = pantalla.findChild<QComboBox*>(u"cmbNom"_s);
+            nombres->setCurrentIndex(1);
+            Q_EMIT nombres->activated(1);
+            Guardar(pantalla, nombre("users-chosen"));
+            nombres->showPopup();
+            Guardar(*nombres->view()->window(), nombre("users-list"));
+            nombres->hidePopup();
+        }
+        pantalla.hide();
+    }
+
+    struct : Log {
+        void LogLinea(const QString& /*texto*/) override {}
+        void LogFast(const QString& /*texto*/) override {}
+    } mudo_;
+    SystemClock reloj_;
     Textos textos_;
     QString salida_;
     bool bien_ = true;

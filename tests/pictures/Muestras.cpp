@@ -8,12 +8,10 @@
 #include "ui/screens/PantallaCompleta.h"
 #include "ui/screens/SelectorTres.h"
 #include "ui/screens/Tarjeta.h"
-#include "ui/screens/TecladoNumerico.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
 #include "ui/screens/VistaRejilla.h"
 
-#include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -86,14 +84,6 @@ constexpr Clave kAjustes[] = {{u"m", u"boton_0", u"Salir"},
                               {u"m", u"lbIp", u"Zorvex IP:"},
                               {u"m", u"nota", u"Connected"}};
 constexpr int kMitadAjustes = 15;
-
-constexpr Clave kEntrada[] = {
-    {u"m", u"teci_12", u"Retroceso"},      {u"m", u"teci_10", u"Entrar"},
-    {u"m", u"teci_11", u"Cancelar"},       {u"m", u"lblUsuario", u"Usuario"},
-    {u"m", u"lblPassword", u"Contraseña"}, {u"m", u"teci_12", u"Backspace"},
-    {u"m", u"teci_10", u"Enter"},          {u"m", u"teci_11", u"Cancel"},
-    {u"m", u"lblUsuario", u"User"},        {u"m", u"lblPassword", u"Password"}};
-constexpr int kMitadEntrada = 5;
 
 constexpr auto kSalir = EntradaPie::Clase::Salir;
 
@@ -216,49 +206,6 @@ class PantallaAjustes final : public PantallaCompleta {
     }
 };
 
-class DialogoEntrada final : public FramelessWindow {
-  public:
-    DialogoEntrada(bool ingles, QWidget* sobre) : FramelessWindow(u"muestra"_s, sobre) {
-        const Clave* c = kEntrada + (ingles ? kMitadEntrada : 0);
-        PonerTitulo(ingles ? u"Identification"_s : u"Identificación"_s);
-        auto* fila = new QHBoxLayout;
-        auto* campos = new QVBoxLayout;
-        auto* teclado = new TecladoNumerico(c[0], {}, this);
-        for (int i = 3; i < 5; ++i) {
-            auto* rotulo = Rotulo({}, this);
-            Rotular(*rotulo, c[i]);
-            campos->addWidget(rotulo);
-            if (i == 3) {
-                auto* usuario = new QComboBox(this);
-                usuario->addItem(u"ANA"_s);
-                campos->addWidget(usuario);
-            } else {
-                for (int j = 0; j < 2; ++j) {
-                    auto* campo = new QLineEdit(j == 0 ? u"1234"_s : QString(), this);
-                    campo->setEchoMode(QLineEdit::Password);
-                    campos->addWidget(campo);
-                    teclado->Servir(*campo);
-                }
-            }
-        }
-        campos->addStretch(1);
-        fila->addLayout(campos, 1);
-        fila->addWidget(teclado);
-        Cuerpo()->addLayout(fila);
-        auto* pie = new QHBoxLayout;
-        for (int i = 2; i > 0; --i) {
-            auto* orden = new QPushButton(this);
-            Rotular(*orden, c[i]);
-            if (i == 1) {
-                tema::PonerPapel(*orden, tema::Papel::Principal);
-            }
-            pie->addWidget(orden);
-        }
-        Cuerpo()->addLayout(pie);
-        Escalar(Escala());
-    }
-};
-
 } // namespace
 
 QWidget* Lista(const Textos& textos, QWidget* sobre, bool ingles) {
@@ -266,9 +213,6 @@ QWidget* Lista(const Textos& textos, QWidget* sobre, bool ingles) {
 }
 QWidget* Ajustes(const Textos& textos, QWidget* sobre, bool ingles) {
     return new PantallaAjustes(textos, ingles, sobre);
-}
-QWidget* Entrada(QWidget* sobre, bool ingles) {
-    return new DialogoEntrada(ingles, sobre);
 }
 
 } // namespace zv::muestra

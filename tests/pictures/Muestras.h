@@ -12,6 +12,5 @@ namespace zv::muestra {
 // Over a window, which gives them their size; in the language of the captions.
 QWidget* Lista(const Textos& textos, QWidget* sobre, bool ingles);
 QWidget* Ajustes(const Textos& textos, QWidget* sobre, bool ingles);
-QWidget* Entrada(QWidget* sobre, bool ingles);
 
 } // namespace zv::muestra

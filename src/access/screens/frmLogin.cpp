@@ -23,10 +23,10 @@ namespace {
 
 constexpr int kDiferencia = tema::TwipsAPixeles(2000);
 constexpr int kAnchoCampo = 260;
-constexpr int kAnchoAzulejo = 200;
 constexpr int kAnchoOrden = 200;
 constexpr int kAltoOrden = 72;
 constexpr int kMaximoAzulejos = 6;
+constexpr int kMargenAzulejo = 32; // at both sides of its name, which is bold once chosen
 constexpr int kColumnasAzulejos = 2;
 // Names that the list shows at once.
 constexpr int kVisibles = 8;
@@ -42,7 +42,7 @@ frmLogin::frmLogin(Usuarios& usuarios, Dialogos& dialogos, const Textos& textos,
       teclado_(new TecladoNumerico(texto::kLoginRetroceso, {}, this)) {
     const QStringList nombres = usuarios_.Nombres();
     PonerTitulo(texto::kLoginTitulo.PorDefecto());
-    CrearUsuarios(nombres);
+    CrearLista(nombres.isEmpty());
     CrearFila(texto::kLoginUsuario, *cmbNom_);
     CrearFila(texto::kLoginPassword, *txtPassword_);
     lblNewPassword_ = CrearFila(texto::kLoginNewPassword, *txtNewPassword_);
@@ -62,6 +62,10 @@ frmLogin::frmLogin(Usuarios& usuarios, Dialogos& dialogos, const Textos& textos,
         const auto* rotulo = qobject_cast<QLabel*>(campos_->itemAtPosition(fila, 0)->widget());
         campos_->itemAtPosition(fila, 1)->widget()->setAccessibleName(rotulo->text());
     }
+    // Names that the list held already would all be laid out while it is polished.
+    Pulir();
+    cmbNom_->addItems(nombres);
+    cmbNom_->setCurrentIndex(-1);
     CrearAzulejos(nombres);
     connect(cmbNom_, &QComboBox::currentIndexChanged, this, &frmLogin::AlElegir);
     // Also the one that was chosen already.
@@ -70,16 +74,14 @@ frmLogin::frmLogin(Usuarios& usuarios, Dialogos& dialogos, const Textos& textos,
     VentanaEncima(*this, true);
 }
 
-void frmLogin::CrearUsuarios(const QStringList& nombres) {
+void frmLogin::CrearLista(bool vacia) {
     cmbNom_->setObjectName(u"cmbNom"_s);
     cmbNom_->setMaxVisibleItems(kVisibles);
     // The width of the longest name is not looked for among a thousand.
     cmbNom_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    cmbNom_->addItems(nombres);
     cmbNom_->setPlaceholderText(
-        textos_.Traduce(nombres.isEmpty() ? texto::kSinUsuarios : texto::kElijaUsuario));
-    cmbNom_->setCurrentIndex(-1);
-    cmbNom_->setEnabled(!nombres.isEmpty());
+        textos_.Traduce(vacia ? texto::kSinUsuarios : texto::kElijaUsuario));
+    cmbNom_->setEnabled(!vacia);
 }
 
 QLabel* frmLogin::CrearFila(const Clave& clave, QWidget& campo) {
@@ -155,6 +157,7 @@ void frmLogin::CrearAzulejos(const QStringList& nombres) {
     }
     auto* rejilla = new QGridLayout;
     rejilla->setSpacing(teclado_->Hueco());
+    const int ancho = (campos_->minimumSize().width() - teclado_->Hueco()) / kColumnasAzulejos;
     azulejos_.reserve(static_cast<std::size_t>(nombres.size()));
     for (int i = 0; i < static_cast<int>(nombres.size()); ++i) {
         auto* azulejo = new QPushButton(this);
@@ -165,11 +168,12 @@ void frmLogin::CrearAzulejos(const QStringList& nombres) {
         azulejo->setAutoDefault(false);
         // The next one to write into is the password.
         azulejo->setFocusPolicy(Qt::TabFocus);
+        azulejo->setProperty("lugar", u"sola"_s);
         tema::PonerPapel(*azulejo, tema::Papel::Parte, Escala());
-        azulejo->setFixedWidth(Px(kAnchoAzulejo));
+        azulejo->setFixedWidth(ancho);
         azulejo->ensurePolished();
-        QString rotulo =
-            azulejo->fontMetrics().elidedText(nombres[i], Qt::ElideRight, Px(kAnchoAzulejo - 24));
+        QString rotulo = azulejo->fontMetrics().elidedText(nombres[i], Qt::ElideRight,
+                                                           ancho - Px(kMargenAzulejo));
         azulejo->setText(rotulo.replace(QLatin1Char('&'), QLatin1String("&&")));
         connect(azulejo, &QPushButton::clicked, this, [this, i] {
             cmbNom_->setCurrentIndex(i);

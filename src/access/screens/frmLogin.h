@@ -46,7 +46,7 @@ class frmLogin final : public FramelessWindow {
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
   private:
-    void CrearUsuarios(const QStringList& nombres);
+    void CrearLista(bool vacia);
     void CrearAzulejos(const QStringList& nombres);
     QLabel* CrearFila(const Clave& clave, QWidget& campo);
     QLineEdit* CrearPassword(const char* nombre);

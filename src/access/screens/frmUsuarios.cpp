@@ -73,7 +73,10 @@ frmUsuarios::frmUsuarios(Usuarios& usuarios, Seguretat& seguretat, Dialogos& dia
     }
     btnAdmin(0);
     cmbNom_->setFocus();
+    // Names that the list held already would all be laid out while it is polished.
     Pulir();
+    cmbNom_->addItems(usuarios_.Nombres());
+    cmbNom_->setCurrentIndex(-1);
     layout()->activate();
     setFixedSize(layout()->totalMinimumSize().expandedTo(QSize(AnchoCabecera(), 0)));
     VentanaEncima(*this, true);
@@ -103,8 +106,6 @@ void frmUsuarios::CrearNombre() {
     cmbNom_->setCompleter(nullptr);
     cmbNom_->setMaxVisibleItems(kVisibles);
     cmbNom_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    cmbNom_->addItems(usuarios_.Nombres());
-    cmbNom_->setCurrentIndex(-1);
     cmbNom_->setMinimumWidth(Px(kAnchoCampo));
     txtPassword_->setMinimumWidth(Px(kAnchoCampo));
     connect(cmbNom_, &QComboBox::editTextChanged, this, &frmUsuarios::AlEscribir);

@@ -34,6 +34,8 @@ SelectorTres::SelectorTres(const Clave& grupo, const std::array<const Clave*, 3>
         parte->setProperty("lugar", i == 0 ? u"primera"_s : i == 2 ? u"ultima"_s : u"media"_s);
         partes_[static_cast<std::size_t>(i)] = parte;
     }
+    // The base class measured itself by the rules of its own name, before it had this one.
+    setContentsMargins(0, 0, 0, 0);
     Escalar(1);
 }
 

@@ -87,6 +87,7 @@ QPushButton[lugar="primera"] {
 QPushButton[lugar="ultima"] {
   border-top-right-radius: 8px; border-bottom-right-radius: 8px; border-left-width: 0;
 }
+QPushButton[lugar="sola"] { border-radius: 8px; }
 QPushButton[papel="parte"]:checked {
   background: @cabecera; color: white; border-color: @cabecera; font-weight: bold;
 }
@@ -121,6 +122,7 @@ QComboBox:disabled, QDateEdit:disabled, QTimeEdit:disabled, QDateTimeEdit:disabl
 QLineEdit[activo="true"] { border: 3px solid @resalte; padding: 0 9px; }
 QLineEdit:read-only { background: #f1f5f9; }
 QLineEdit[papel="importe"] { font-size: 34px; font-weight: bold; min-height: 60px; }
+QComboBox { combobox-popup: 0; }
 QComboBox::drop-down { border: none; width: 44px; }
 QComboBox::down-arrow { image: url(zviconos:actions/22/go-down.svg); width: 22px; height: 22px; }
 QSpinBox::up-button, QDoubleSpinBox::up-button, QDateTimeEdit::up-button {
@@ -135,8 +137,11 @@ QSpinBox::up-arrow, QDoubleSpinBox::up-arrow, QDateTimeEdit::up-arrow {
 QSpinBox::down-arrow, QDoubleSpinBox::down-arrow, QDateTimeEdit::down-arrow {
   image: url(zviconos:actions/22/go-down.svg); width: 18px; height: 18px;
 }
-QComboBox QAbstractItemView { background: white; outline: 0; }
-QComboBox QAbstractItemView::item { min-height: 44px; }
+QComboBox QAbstractItemView { background: white; outline: 0; border: 2px solid @mando; }
+QComboBox QAbstractItemView::item {
+  min-height: 44px; padding: 0 10px; border: none; background: white; color: @texto;
+}
+QComboBox QAbstractItemView::item:selected { background: @resalte; color: white; }
 
 QCheckBox, QRadioButton { spacing: 10px; min-height: 44px; font-size: 17px; color: @texto; }
 QCheckBox::indicator, QRadioButton::indicator {

@@ -65,6 +65,11 @@ TEST_F(SelectorTresTest, IsAGroupOfThreeRadioButtons) {
     }
 }
 
+TEST_F(SelectorTresTest, TakesNoRoomBesideItsParts) {
+    EXPECT_EQ(selector_.contentsMargins(), QMargins());
+    EXPECT_EQ(selector_.Parte(0)->mapTo(&selector_, QPoint()), QPoint());
+}
+
 TEST_F(SelectorTresTest, NothingIsChosenAtFirst) {
     EXPECT_EQ(selector_.Elegida(), SelectorTres::kNinguna);
     EXPECT_EQ(Pulsadas(), QList<int>());
