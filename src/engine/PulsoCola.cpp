@@ -20,7 +20,8 @@ constexpr qint64 kPausaAvisoMs = 1000; // one line a second, or the log would fi
 } // namespace
 
 PulsoCola::PulsoCola(Entorno& entorno, Controles& controles, GridCola& grid, EstadoMonitor& estado)
-    : entorno_(entorno), controles_(controles), grid_(grid), estado_(estado), envio_(entorno) {}
+    : entorno_(entorno), controles_(controles), grid_(grid), estado_(estado), envio_(entorno),
+      conectorActivo_(entorno.registry, registry_name::kConectorActivo, kCero) {}
 
 void PulsoCola::ParaTimer() {
     estado_.PonerParada(false);
@@ -45,7 +46,7 @@ void PulsoCola::ArrancaTimer() {
 }
 
 bool PulsoCola::ConectorActivo() {
-    const QString activo = entorno_.registry.LeerValor(registry_name::kConectorActivo, kCero);
+    const QString& activo = conectorActivo_.Leer();
     // "0" is the common case; anything else is compared by its number, as "01" is 1 too.
     if (activo == kCero) {
         return false;

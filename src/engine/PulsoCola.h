@@ -7,6 +7,7 @@
 #include "engine/EstadoMonitor.h"
 #include "engine/GridCola.h"
 #include "engine/VentanaPrincipal.h"
+#include "platform/WatchedValue.h"
 #include "till/Entorno.h"
 
 #include <optional>
@@ -59,6 +60,7 @@ class PulsoCola {
     GridCola& grid_;
     EstadoMonitor& estado_;
     Envio envio_;
+    WatchedValue conectorActivo_;
     VentanaPrincipal* ventana_ = nullptr;
 
     // What a look at cola finds; without a sum when the amounts are too large for one.

@@ -430,6 +430,24 @@ QString RegistryTree::LeerValor(const QString& clave, const QString& valor,
     return codigo == kBien ? TextoDe(bytes) : defecto;
 }
 
+QList<QByteArray> RegistryTree::Carpetas(const RegistryName& nombre) const {
+    QList<QByteArray> carpetas{carpeta_};
+    auto partes = arbol::PartesDeClave(u"Software\\"_s + nombre.key);
+    if (!partes) {
+        return carpetas;
+    }
+    partes->prepend(Carpeta(Raiz::HKLM));
+    carpetas.reserve(partes->size() + 1);
+    for (const QByteArray& parte : *partes) {
+        const auto entrada = arbol::Entrada(carpetas.constLast(), parte, arbol::Kind::Carpeta);
+        if (!entrada) {
+            break;
+        }
+        carpetas.append(carpetas.constLast() + '/' + *entrada);
+    }
+    return carpetas;
+}
+
 void RegistryTree::GuardarValor(const QString& clave, const QString& valor, const QString& dato,
                                 Guardado guardado) {
     const QString completa = u"Software\\"_s + clave + QLatin1Char('\\');

@@ -9,6 +9,7 @@
 
 #include <QByteArray>
 #include <QHash>
+#include <QList>
 #include <QString>
 
 #include <memory>
@@ -56,7 +57,7 @@ class RegistryTree {
     int BorrarRegistro(const QString& raiz, const QString& clave, const QString& valor);
 
     // Text values under HKLM\Software\<clave>; failures yield the default or are ignored.
-    // LeerValor is on the path of every idle tick: a few microseconds.
+    // LeerValor takes a few microseconds; what is asked for at every tick is a WatchedValue.
     QString LeerValor(const QString& clave, const QString& valor, const QString& defecto) const;
     // A passing value need not outlive a power cut, and costs no wait for the disk.
     void GuardarValor(const QString& clave, const QString& valor, const QString& dato,
@@ -71,6 +72,9 @@ class RegistryTree {
         GuardarValor(nombre.key, nombre.value, dato, guardado);
     }
     void BorrarValor(const RegistryName& nombre) { BorrarValor(nombre.key, nombre.value); }
+    // The folders whose entries decide what LeerValor answers: from that of the tree down to that
+    // of the value, as far as they exist, in the system's encoding.
+    QList<QByteArray> Carpetas(const RegistryName& nombre) const;
 
   private:
     struct Nombre {

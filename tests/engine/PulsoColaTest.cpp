@@ -5,6 +5,8 @@
 #include "support/NumeroError.h"
 #include "till/ResultadoEnvio.h"
 
+#include <QElapsedTimer>
+
 namespace zv::test {
 
 namespace {
@@ -540,6 +542,24 @@ TEST_F(PulsoColaTest, WhileTheConnectorWorksNothingRunsButOneLineASecond) {
     registry.GuardarValor(registry_name::kConectorActivo, u"0"_s);
     cliente.EsperaCharge(500, 500, 0);
     pulso.ProcesarCola();
+    EXPECT_TRUE(Cola().empty());
+}
+
+TEST_F(PulsoColaTest, TheConnectorsMarkShowsAtTheNextTickHoweverLongThePulseHasBeatInVain) {
+    ConectarCon(10000);
+    QElapsedTimer real;
+    for (const QString& activo : {u"1"_s, u"0"_s}) {
+        for (real.start(); real.elapsed() < 120;) {
+            pulso.ProcesarCola();
+        }
+        registry.GuardarValor(registry_name::kConectorActivo, activo);
+        if (activo == u"1"_s) {
+            PonerFila(500);
+        } else {
+            cliente.EsperaCharge(500, 500, 0);
+        }
+        pulso.ProcesarCola();
+    }
     EXPECT_TRUE(Cola().empty());
 }
 

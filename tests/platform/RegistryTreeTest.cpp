@@ -339,6 +339,25 @@ TEST_F(RegistroArbol, TwoRegistriesDoNotMeet) {
     EXPECT_EQ(dos.LeerValor(u"A"_s, u"v"_s, {}), QString());
 }
 
+TEST_F(RegistroArbol, TellsTheFoldersOnTheWayToAValue) {
+    const auto carpetas = [this](const char* clave) {
+        QStringList rutas;
+        for (const QByteArray& ruta : registry.Carpetas({QString::fromUtf8(clave), u"v"_s})) {
+            rutas << QDir(carpeta.Ruta()).relativeFilePath(QFile::decodeName(ruta));
+        }
+        return rutas.join(u' ');
+    };
+    EXPECT_EQ(carpetas("A\\B"), u"."_s);
+    Pon("HKLM/SOFTWARE/a/B/v", "1");
+    EXPECT_EQ(carpetas("A\\B"), u". HKLM HKLM/SOFTWARE HKLM/SOFTWARE/a HKLM/SOFTWARE/a/B"_s);
+    // The exact name comes first, even where the value is not.
+    Pon("HKLM/SOFTWARE/A", "a file is no folder");
+    EXPECT_TRUE(carpetas("A/B").endsWith(u"/a/B"_s));
+    carpeta.PonCarpeta(u"HKLM/Software"_s);
+    EXPECT_EQ(carpetas("A/B"), u". HKLM HKLM/Software"_s);
+    EXPECT_EQ(carpetas("A/../B"), u"."_s);
+}
+
 TEST_F(RegistroArbol, ManyNamesDoNotPileUpOrMixUp) {
     for (int i = 0; i < 1000; ++i) {
         const QString nombre = u"v%1"_s.arg(i);

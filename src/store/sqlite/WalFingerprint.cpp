@@ -18,26 +18,37 @@ qint64 Milisegundos(const timespec& hasta, const timespec& desde) {
 
 } // namespace
 
+WalFingerprint::WalFingerprint() : pausa_(kPreguntaMs) {}
+
 void WalFingerprint::Vigilar(const QByteArray& ruta) {
     ruta_ = ruta + "-wal";
+    carpeta_ = {ruta.left(ruta.lastIndexOf('/') + 1)};
+    vigia_.Vigilar({});
     asentada_ = false;
 }
 
 bool WalFingerprint::HayQuePreguntar() {
-    timespec ahora{};
-    clock_gettime(CLOCK_MONOTONIC_COARSE, &ahora);
+    const bool reciente = !pausa_.Vencida();
+    if (asentada_) {
+        const bool cambiado = vigia_.HaCambiado();
+        if (reciente && !cambiado) {
+            return false;
+        }
+        if (!reciente && cambiado) {
+            vigia_.Vigilar(carpeta_); // before the look, so that no change slips in between
+        }
+    }
     struct stat datos {};
     const bool existe = ::stat(ruta_.constData(), &datos) == 0;
-    if (existe && asentada_ && datos.st_mtim.tv_sec == modificado_.tv_sec &&
-        datos.st_mtim.tv_nsec == modificado_.tv_nsec &&
-        Milisegundos(ahora, preguntado_) < kPreguntaMs) {
+    if (existe && asentada_ && reciente && datos.st_mtim.tv_sec == modificado_.tv_sec &&
+        datos.st_mtim.tv_nsec == modificado_.tv_nsec) {
         return false;
     }
     timespec reloj{};
     clock_gettime(CLOCK_REALTIME_COARSE, &reloj);
     modificado_ = datos.st_mtim;
     asentada_ = existe && Milisegundos(reloj, modificado_) > kReposoMs;
-    preguntado_ = ahora;
+    pausa_.Empezar();
     return true;
 }
 

@@ -2,6 +2,9 @@
 // SQLite would give the same answer.
 #pragma once
 
+#include "platform/CoarsePause.h"
+#include "platform/FolderWatch.h"
+
 #include <QByteArray>
 
 #include <ctime>
@@ -10,7 +13,9 @@ namespace zv {
 
 class WalFingerprint {
   public:
-    // ruta: of the database file, as the file system names it.
+    WalFingerprint();
+
+    // ruta: of the database file, absolute, as the file system names it.
     void Vigilar(const QByteArray& ruta);
 
     // True when SQLite has to be asked. A writer fills the log first and makes its commit seen
@@ -20,9 +25,11 @@ class WalFingerprint {
 
   private:
     QByteArray ruta_;
+    QList<QByteArray> carpeta_; // of the database; the log is made, written and deleted in it
+    FolderWatch vigia_;
+    CoarsePause pausa_;
     timespec modificado_{};
     bool asentada_ = false;
-    timespec preguntado_{};
 };
 
 } // namespace zv
