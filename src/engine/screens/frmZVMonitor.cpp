@@ -72,7 +72,6 @@ void frmZVMonitor::Conectar() {
     timerMaximitzat_.setObjectName(u"timerMaximitzat"_s);
     timerCola_.setTimerType(Qt::PreciseTimer);
     timerCola_.setInterval(kPulsoMs);
-    connect(&timerCola_, &QTimer::timeout, this, &frmZVMonitor::Tick);
     timerParpadeo_.setInterval(kParpadeoMs);
     connect(&timerParpadeo_, &QTimer::timeout, this, [this] {
         parpadeoAmbar_ = !parpadeoAmbar_;

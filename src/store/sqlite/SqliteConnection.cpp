@@ -119,6 +119,7 @@ void SqliteConnection::Abrir(const QString& ruta, Modo modo, std::chrono::millis
         Cerrar();
         throw fallo;
     }
+    abierta_ = true;
 }
 
 void SqliteConnection::PonerEspera(std::chrono::milliseconds espera) {
@@ -137,6 +138,7 @@ void SqliteConnection::Cerrar() {
     if (!base_.isValid()) {
         return;
     }
+    abierta_ = false;
     preparadas_.clear();
     const QString nombre = base_.connectionName();
     base_.close();

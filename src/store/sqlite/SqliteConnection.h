@@ -43,7 +43,7 @@ class SqliteConnection {
       private:
         SqliteConnection& conexion_;
     };
-    bool Abierta() const { return base_.isValid(); }
+    bool Abierta() const { return abierta_; }
     // An open transaction is rolled back. Harmless when closed.
     void Cerrar();
 
@@ -70,6 +70,7 @@ class SqliteConnection {
     Preparada& Preparar(const QString& sql, std::size_t parametros);
 
     QSqlDatabase base_;
+    bool abierta_ = false; // asked for at every idle tick
     std::unordered_map<QString, Preparada> preparadas_;
     std::chrono::milliseconds espera_{};
     quint64 usos_ = 0;

@@ -88,14 +88,18 @@ TEST_F(CodigoBarrasTest, AStoppedPulseLeavesTheFocusWhereItIs) {
     pulso.ArrancaTimer();
     QApplication::processEvents();
     auto* timerCola = pantalla->findChild<QTimer*>(u"timerCola"_s);
+    const auto tic = [timerCola] {
+        QTimerEvent evento(timerCola->timerId());
+        QCoreApplication::sendEvent(timerCola, &evento);
+    };
     pantalla->setFocusPolicy(Qt::StrongFocus);
     pantalla->setFocus();
     // Stopped by an operation before the event loop could stop the real timer.
     pulso.ParaTimer();
-    QMetaObject::invokeMethod(timerCola, "timeout");
+    tic();
     EXPECT_EQ(pantalla->focusWidget(), pantalla.get());
     pulso.ArrancaTimer();
-    QMetaObject::invokeMethod(timerCola, "timeout");
+    tic();
     EXPECT_EQ(pantalla->focusWidget(), D().TextIni);
 }
 
