@@ -152,6 +152,54 @@ TEST_F(EnlaceFastTest, WhatIsAskedAndToldOfAManualOperationKeepsNoSaleWaiting) {
     EXPECT_EQ(Database().Consultar(u"SELECT * FROM cola"_s).size(), 4U);
 }
 
+TEST_F(EnlaceFastTest, SalesThatComeWhileRowsAreMarkedAndPaidAreAnsweredAndShowAfterwards) {
+    Cargar();
+    const auto socket = Conectar();
+    EXPECT_EQ(Pregunta(*socket, "C|T1|700"), QByteArray("OK|Added"));
+    EXPECT_EQ(Pregunta(*socket, "C|T2|300"), QByteArray("OK|Added"));
+    Pulso().ProcesarCola();
+    const PartesMonitor& partes = monitor->Partes();
+    partes.botones.boton_Click(BotonPie::AgruparCobros);
+    EXPECT_EQ(Pregunta(*socket, "C|T3|100"), QByteArray("OK|Added"));
+    partes.clic.grdZV_MouseUp(1, ColumnaCola::Importe, false);
+    partes.clic.grdZV_MouseUp(2, ColumnaCola::Importe, false);
+    EXPECT_EQ(Grid().FilasDatos(), 2);
+    // A level that somebody has left keeps nobody waiting, though no tick comes.
+    Database().Comenzar();
+    Database().Ejecutar(u"DELETE FROM historial"_s);
+    EXPECT_EQ(Pregunta(*socket, "C|T4|100"), QByteArray("OK|Added"));
+
+    pantallas.EsperaValidar(2, u"authCobro"_s, true, [&] {
+        EXPECT_EQ(Pregunta(*socket, "C|T5|100"), QByteArray("OK|Added"));
+    });
+    cliente.EsperaCharge(1000, 1000, 0, FinGuion::Ok().Durante([&] {
+        EXPECT_EQ(Pregunta(*socket, "C|T6|100"), QByteArray("OK|Added"));
+        EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("OK|PENDING"));
+    }));
+    partes.botones.boton_Click(BotonPie::AgruparCobros);
+    EXPECT_EQ(Grid().FilasDatos(), 4);
+    EXPECT_EQ(Controles().lbContador, u"4 cobros"_s);
+    EXPECT_EQ(Pregunta(*socket, "S|T1"), QByteArray("OK|CANCEL"));
+    EXPECT_EQ(Pregunta(*socket, "S|T6"), QByteArray("OK|PENDING"));
+}
+
+TEST_F(EnlaceFastTest, SalesThatComeWhileThePulseStandsStoppedAreAnswered) {
+    Cargar();
+    const auto socket = Conectar();
+    EXPECT_EQ(Pregunta(*socket, "C|T1|700"), QByteArray("OK|Added"));
+    Pulso().ProcesarCola();
+    cliente.EsperaDisconnect();
+    const PartesMonitor& partes = monitor->Partes();
+    partes.botones.boton_Click(BotonPie::Desconectar);
+    partes.clic.grdZV_MouseUp(1, ColumnaCola::Importe, false);
+    ASSERT_FALSE(Pulso().Armado());
+    EXPECT_EQ(Pregunta(*socket, "C|T2|700"), QByteArray("OK|Added"));
+    Database().Comenzar();
+    Database().Ejecutar(u"DELETE FROM historial"_s);
+    EXPECT_EQ(Pregunta(*socket, "C|T3|700"), QByteArray("OK|Added"));
+    EXPECT_EQ(Pregunta(*socket, "S|T2"), QByteArray("OK|PENDING"));
+}
+
 TEST_F(EnlaceFastTest, APortInUseEndsTheStart) {
     QTcpServer otro;
     ASSERT_TRUE(otro.listen(QHostAddress(DireccionPropia()), 16501));

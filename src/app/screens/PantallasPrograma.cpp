@@ -16,11 +16,12 @@ bool PantallasPrograma::Existe(Pantalla pantalla) const {
     case Pantalla::CambioContrasena:
     case Pantalla::Usuarios:
         return true;
+    case Pantalla::BotonAcceso:
+        return static_cast<bool>(botonAcceso_);
     case Pantalla::Cobros:
     case Pantalla::Incidencias:
     case Pantalla::Caja:
     case Pantalla::Configuracion:
-    case Pantalla::BotonAcceso:
         break;
     }
     return false;
@@ -31,6 +32,8 @@ void PantallasPrograma::Abrir(Pantalla pantalla) {
         login_->CambiarContrasena();
     } else if (pantalla == Pantalla::Usuarios) {
         AbrirUsuarios();
+    } else if (pantalla == Pantalla::BotonAcceso && botonAcceso_) {
+        botonAcceso_();
     }
 }
 

@@ -13,8 +13,11 @@ namespace zv {
 
 class PantallasPrograma final : public Pantallas {
   public:
-    // padre gives the window over which screens come up; it may give none.
-    explicit PantallasPrograma(std::function<QWidget*()> padre) : padre_(std::move(padre)) {}
+    // padre gives the window over which screens come up; it may give none. botonAcceso shows the
+    // floating button, which belongs to the main screen.
+    explicit PantallasPrograma(std::function<QWidget*()> padre,
+                               std::function<void()> botonAcceso = {})
+        : padre_(std::move(padre)), botonAcceso_(std::move(botonAcceso)) {}
 
     // The till that the screens work with: once, before the first of them is asked for. It must
     // outlive this.
@@ -28,6 +31,7 @@ class PantallasPrograma final : public Pantallas {
     void AbrirUsuarios();
 
     std::function<QWidget*()> padre_;
+    std::function<void()> botonAcceso_;
     Entorno* entorno_ = nullptr;
     std::optional<LoginPantalla> login_;
 };

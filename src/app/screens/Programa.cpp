@@ -20,7 +20,7 @@ Programa::Programa(const Opciones& opciones, const Clock& reloj)
       cliente_(servicios_.log, servicios_.textos, &operacion_),
       dialogos_(opciones.programa, servicios_.textos, servicios_.importes,
                 [this] { return Padre(); }),
-      pantallas_([this] { return Padre(); }) {}
+      pantallas_([this] { return Padre(); }, [this] { pantalla_->MostrarBotonAcceso(); }) {}
 
 QWidget* Programa::Padre() {
     // A dialog on a window that is not shown would not be shown either.

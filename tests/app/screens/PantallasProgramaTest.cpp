@@ -61,6 +61,14 @@ TEST_F(PantallasProgramaTest, HasTheScreensOfTheUsersAndNoOtherYet) {
     }
 }
 
+TEST_F(PantallasProgramaTest, ShowsTheFloatingButtonOfWhoeverHasIt) {
+    int veces = 0;
+    PantallasPrograma conBoton{{}, [&] { ++veces; }};
+    EXPECT_TRUE(conBoton.Existe(Pantalla::BotonAcceso));
+    conBoton.Abrir(Pantalla::BotonAcceso);
+    EXPECT_EQ(veces, 1);
+}
+
 TEST_F(PantallasProgramaTest, PlacesAskTheOneWhoGuardsThem) {
     EXPECT_TRUE(programa.ValidarUsuari(0, u"authConfiguracion"_s));
     PonerUsuario("ANA", "1234", 0);
