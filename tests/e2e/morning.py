@@ -513,6 +513,24 @@ def charge_by_hand_badly():
     books.agree()
 
 
+def floating_button():
+    # From a program that covers the till: the main window comes back, and the charge over it.
+    main.button(caption("frmZVMonitor", "btnW_0", "Minimizar")).press()
+    wait("the minimised window", lambda: not main.seen)
+    floating = monitor.window("Cobro manual")
+    check("what floats", "push button", floating.role)
+    floating.press()
+    amount(MANUAL_TITLE, MANUAL_AMOUNT, "2")
+    charging(200).puts(200).ends()
+    wait("the main window", lambda: main.seen)
+    books.moved(200)
+    books.wrote("COBROMAN_BEGINTRANS")
+    charge_line("COBROMAN", "OK", 200, 200, 0)
+    books.record("COBROMAN_OK", 200, 200, 0, "OK", "COBRO_MANUAL", "VENTA")
+    books.wrote("COBROMAN_COMMIT")
+    books.agree()
+
+
 # ---- rows of the queue
 
 def queue(*sales):
@@ -744,3 +762,4 @@ if whole:
     annulled("H2", 600, "A")
     sent("H1", 400, "A")
 queued()
+floating_button()

@@ -21,7 +21,7 @@ faults=(
 )
 [ -z "$language" ] || faults=()
 start_till_shown --cliente manual "${faults[@]/#/--fallo=}"
-sed -i 's/^MODO=.*/MODO=MANUAL\r/' "$till/ZVMonitor.ini"
+sed -i 's/^MODO=.*/MODO=MANUAL\r\nBOTONACCESO=1\r/' "$till/ZVMonitor.ini"
 start_monitor_connected
 drive morning "$monitor_pid" "$simulator_pid" "$simulator_display" "$language"
 stop_monitor
