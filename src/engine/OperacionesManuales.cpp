@@ -335,7 +335,7 @@ RegistroProcesado OperacionesManuales::Registro(const QString& id1, const QStrin
 }
 
 LecturaSaldo OperacionesManuales::Archivar(const QString& origen, RegistroProcesado registro) {
-    const LecturaSaldo saldo = entorno_.saldos.Leer(TipoSaldo::Todo);
+    LecturaSaldo saldo = entorno_.saldos.Leer(TipoSaldo::Todo);
     registro.saldoZV = saldo.valor;
     entorno_.registros.AñadirProcesado(origen, registro);
     return saldo;

@@ -20,7 +20,7 @@ click_manual() { click 492 28; }
 click_semi() { click 662 28; }
 click_minimise() { click 938 28; }
 click_close() { click 992 28; }
-click_down() { click 986 618; }
+click_down() { click 986 574; }
 click_up() { click 986 163; }
 
 # close_by_cross WHAT: the dialog's own cross.

@@ -517,7 +517,7 @@ def floating_button():
     # From a program that covers the till: the main window comes back, and the charge over it.
     main.button(caption("frmZVMonitor", "btnW_0", "Minimizar")).press()
     wait("the minimised window", lambda: not main.seen)
-    floating = monitor.window("Cobro manual")
+    floating = monitor.window(MANUAL_TITLE)
     check("what floats", "push button", floating.role)
     floating.press()
     amount(MANUAL_TITLE, MANUAL_AMOUNT, "2")

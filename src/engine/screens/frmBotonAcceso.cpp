@@ -28,12 +28,11 @@ constexpr int kOrillaSombra = 60; // alpha of the shadow where it ends
 
 } // namespace
 
-frmBotonAcceso::frmBotonAcceso(BotonAcceso& boton)
+frmBotonAcceso::frmBotonAcceso(BotonAcceso& boton, const QString& nombre)
     : QAbstractButton(nullptr), boton_(boton), arrastre_(*this, {}, Qt::RightButton) {
     setObjectName(u"frmBotonAcceso"_s);
-    // What stands on a picture has no text; this is what it is called when it is read aloud.
-    setAccessibleName(u"Cobro manual"_s);
-    setWindowTitle(u"Cobro manual"_s);
+    setAccessibleName(nombre);
+    setWindowTitle(nombre);
     setWindowFlags(Qt::Window | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint |
                    Qt::WindowDoesNotAcceptFocus);
     setAttribute(Qt::WA_TranslucentBackground);

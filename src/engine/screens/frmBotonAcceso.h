@@ -15,8 +15,9 @@ class frmBotonAcceso final : public QAbstractButton {
     Q_OBJECT
 
   public:
-    // boton outlives the window. Hidden until it is shown.
-    explicit frmBotonAcceso(BotonAcceso& boton);
+    // boton outlives the window. nombre: what stands on a picture has no text; this is what it is
+    // called when it is read aloud. Hidden until it is shown.
+    frmBotonAcceso(BotonAcceso& boton, const QString& nombre);
 
   protected:
     void mousePressEvent(QMouseEvent* evento) override;

@@ -306,7 +306,8 @@ void frmZVMonitor::MostrarBotonAcceso() {
     if (botonAcceso_) {
         return;
     }
-    botonAcceso_ = std::make_unique<frmBotonAcceso>(acceso_);
+    botonAcceso_ = std::make_unique<frmBotonAcceso>(
+        acceso_, partes_.entorno.textos.Traduce(texto::kCobroManual));
     VentanaEncima(*botonAcceso_, partes_.controles.Estado().botonAccesoEncima);
     botonAcceso_->show();
     // What is not yet shown to be so follows as any other difference.

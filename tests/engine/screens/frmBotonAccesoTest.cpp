@@ -217,7 +217,8 @@ TEST_F(frmBotonAccesoTest, DoesNotMoveWithTheTicks) {
     boton->installEventFilter(&mirador);
     boton->windowHandle()->installEventFilter(&mirador);
     int cambios = 0;
-    QObject::connect(boton->windowHandle(), &QWindow::visibilityChanged, boton, [&] { ++cambios; });
+    QObject::connect(boton->windowHandle(), &QWindow::visibilityChanged, &mirador,
+                     [&] { ++cambios; });
     for (int i = 0; i < 50; ++i) {
         pulso.ProcesarCola();
         QApplication::processEvents();
