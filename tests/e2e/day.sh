@@ -189,14 +189,14 @@ xdotool key Up
 wait_for 5 "one row up" same "$top"
 click_down
 wait_for 5 "one page down" different "$top"
-for _ in $(seq 1 30); do click_down; done
+for _ in $(seq 1 40); do click_down; done
 wait_for 5 "the last page" different "$top"
 last=$(picture $grid)
 snap queue-last
 click_down
 sleep 0.3
 same "$last" || fail "a page beyond the last one"
-for _ in $(seq 1 35); do click_up; done
+for _ in $(seq 1 45); do click_up; done
 wait_for 5 "the first page" same "$top"
 
 # ---- minimised; a new row in the manual mode brings it back
