@@ -26,9 +26,19 @@ SupervisionConexion::SupervisionConexion(DeviceClient& cliente, RegistryTree& re
       saldos_(
           cliente, [this] { return conectado_; }, dialogos, textos) {}
 
+void SupervisionConexion::LeerSaldoInicial() {
+    saldoInicial_ =
+        importes_.Formato().LeerCurrency(registry_.LeerValor(kSaldoInicial, u"0"_s)).AEntero32();
+}
+
+void SupervisionConexion::RenovarSaldoInicial(Currency saldo) {
+    saldoInicial_ = saldo.AEntero32();
+    registry_.GuardarValor(kSaldoInicial, saldo.ATexto());
+}
+
 void SupervisionConexion::LeerSaldos() {
     const FormatoRegional& formato = importes_.Formato();
-    saldoInicial_ = formato.LeerCurrency(registry_.LeerValor(kSaldoInicial, u"0"_s)).AEntero32();
+    LeerSaldoInicial();
     ultimoSaldo_ = formato.LeerCurrency(registry_.LeerValor(kSaldoExit, u"0"_s));
 }
 

@@ -68,6 +68,13 @@ class SupervisionConexion {
     Currency UltimoSaldo() const { return ultimoSaldo_; }
     // Start-up: reads both values from the registry, default "0".
     void LeerSaldos();
+    // Reads "Saldo_Inicial" again, default "0": another program may have written it. Raises 13 for
+    // no number, 6 beyond 32 bits.
+    void LeerSaldoInicial();
+    // A new period starts with that balance, minor units: "Saldo_Inicial" and its mirror.
+    void RenovarSaldoInicial(Currency saldo);
+    // The mirror of "Saldo_Exit" alone; the registry keeps what it holds.
+    void PonerSaldoExit(Currency saldo) { saldoExit_ = saldo; }
 
   private:
     // The session with the device, with what the screen shows meanwhile.

@@ -4,6 +4,7 @@
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 #include "store/Tablas.h"
+#include "till/Claves.h"
 
 #include <algorithm>
 #include <array>

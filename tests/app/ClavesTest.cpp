@@ -4,6 +4,7 @@
 
 #include "access/Claves.h"
 #include "barcode/Claves.h"
+#include "cashoffice/Claves.h"
 #include "config/Modo.h"
 #include "device/Claves.h"
 #include "engine/Claves.h"
@@ -11,6 +12,7 @@
 #include "store/Claves.h"
 #include "support/IdiomaIngles.h"
 #include "support/ImprimeQt.h"
+#include "till/Claves.h"
 #include "ui/Claves.h"
 
 #include <QDirIterator>
@@ -32,8 +34,9 @@ struct Carpeta {
 // Each folder with a Claves.h.
 const Carpeta kCarpetas[] = {
     {"access", texto::kClavesAccess},   {"app", texto::kClavesApp},
-    {"barcode", texto::kClavesBarcode}, {"device", texto::kClavesDevice},
-    {"engine", texto::kClavesEngine},   {"store", texto::kClavesStore},
+    {"barcode", texto::kClavesBarcode}, {"cashoffice", texto::kClavesCashoffice},
+    {"device", texto::kClavesDevice},   {"engine", texto::kClavesEngine},
+    {"store", texto::kClavesStore},     {"till", texto::kClavesTill},
     {"ui", texto::kClavesUi},
 };
 
@@ -43,7 +46,7 @@ constexpr auto kPorVenir =
     "abonoAgrupado abonoManual abonos2 abonoVenta ajustePorDescuadre al "
     "arqueoCaja atencion billetes billetes2 cajon2 cambiAñadido cambio "
     "cambioCancelado cierre2 cierreCaja0 cierreCaja1 cierreDeCaja cierreDeCaja2 cierreDeCaja2b "
-    "cierreDeCaja3 cobrado cobroAgrupado cobroManual cobros2 cobroVenta concepto concepto2 "
+    "cierreDeCaja3 cobrado cobroAgrupado cobroManual cobros2 cobroVenta concepto "
     "conexionEstablecida "
     "descartar descartarIncidencias descartarIncidencias2 "
     "descuadreDetectado descuadreDetectado2 descuadreDetectado3 deseaEliminarIncidencia "
@@ -52,15 +55,15 @@ constexpr auto kPorVenir =
     "errorConfiguracion errorConfiguracion2 errorConfiguracion4 errorConfiguracion5 "
     "errorConfiguracion6 errorDeZorvex2 "
     "errorRecuperarDatos errorRecuperarNiveles estado exploradorWindows1 exportar0 "
-    "exportar1 fecha2 fechaAcceso fPago "
+    "exportar1 fechaAcceso fPago "
     "ingresos2 inicial2 limiarHistorial "
     "limpiarHistorial lugar monedas monedas2 movimientosDeCajaDel "
     "movimientosDeCajaHasta noHayMovimientosParaImprimir NoSePuedeConectar "
     "operacionNoAutomatica operacionNoReenviada "
     "operacionYaReenviada pagado pago pagos2 "
     "recuerdeVaciarCB reenviar registroAccesos registroCobros registroIncidencias saldo2 "
-    "saldoZV2 sinConexion sinDatos terminal2 totalAbonos totalCobros usuario vaciado "
-    "vaciadoCajones vendedor2 venta2";
+    " sinConexion sinDatos totalAbonos totalCobros usuario vaciado "
+    "vaciadoCajones vendedor2 ";
 
 const QString kFuentes = QString::fromUtf8(QT_TESTCASE_SOURCEDIR "/../src");
 

@@ -1,0 +1,140 @@
+// The period since the last close, and what the device holds now: totals, balances, the grid of the
+// movements, and the logical state of the controls that show them. No widget: the screen follows.
+// Closing, emptying and reconciling work on it and end with its refresh.
+#pragma once
+
+#include "cashoffice/BotonCaja.h"
+#include "platform/Currency.h"
+#include "till/Entorno.h"
+#include "ui/Rejilla.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+namespace zv {
+
+// The columns of grdZV.
+struct ColumnaCaja {
+    enum : int { Fecha, Concepto, Vendedor, Terminal, Venta, SaldoZV, Cuantas };
+};
+
+// Totals of the movements that no close has taken yet, minor units.
+struct TotalesPeriodo {
+    Currency cobros;
+    Currency abonos; // a positive sum, as is pagos
+    Currency pagos;
+    Currency ingresos;
+    Currency quebranto; // always 0
+    Currency saldoFinal;
+    int movimientos = 0;
+    bool operator==(const TotalesPeriodo&) const = default;
+};
+
+// What the device holds, minor units. The boxes are those of the collection.
+struct SaldosCaja {
+    Currency cambioMonedas; // in the recycler, as cambioBilletes
+    Currency cambioBilletes;
+    Currency cajonMonedas;
+    Currency cajonBilletes;
+    Currency contenido; // all of it, as of the last refresh
+    bool operator==(const SaldosCaja&) const = default;
+};
+
+// Logical state of the screen's controls: right at once for every test of it.
+struct EstadoCaja {
+    QString lbCobros;
+    QString lbAbonos;
+    QString lbPagos;
+    QString lbIngresos;
+    QString lbSaldoFinal;
+    QString lbSaldoCierre; // written by a close alone
+    QString lbContenido;
+    QString lbCambioMonedas;
+    QString lbCambioBilletes;
+    QString lbCBMonedas;
+    QString lbCBBilletes;
+    QString lbQuebranto;
+    bool quebrantoVisible = true; // lbQuebranto and lblQuebranto
+    bool punteroEspera = false;
+    PorBotonCaja<bool> boton = [] {
+        PorBotonCaja<bool> habilitado;
+        for (const BotonCaja cada : kBotonesCaja) {
+            habilitado[cada] =
+                cada != BotonCaja::VaciarMonedas && cada != BotonCaja::VaciarBilletes;
+        }
+        return habilitado;
+    }();
+    std::optional<BotonCaja> foco; // the button that has been given the focus
+    bool operator==(const EstadoCaja&) const = default;
+};
+
+class Caja {
+  public:
+    explicit Caja(Entorno& entorno);
+    Caja(const Caja&) = delete;
+    Caja& operator=(const Caja&) = delete;
+
+    Entorno& ElEntorno() { return entorno_; }
+    const EstadoCaja& Estado() const { return estado_; }
+    Rejilla& grdZV() { return grdZV_; }
+    const Rejilla& grdZV() const { return grdZV_; }
+
+    // The screen comes up: the refresh, and what printing and export depend on.
+    void AlMostrar();
+    // The period from procesados and the balances from the device. A failure of the database, an
+    // amount beyond its type and a Saldo_Inicial that is no number go up.
+    void RefrescarCaja();
+    // The balances, and every label but lbSaldoCierre.
+    void RellenarSaldos();
+    // Titles and alignments; the grid is empty after it.
+    void PrepararRejilla();
+    // Widths in twips for a grid of that width and a scroll bar of that width.
+    void AjustarColumnas(int anchoGrid, int anchoBarra);
+    void ActualizarBotones(bool habilitar);
+    // Ends the session with the device; resultado becomes 0.
+    void Desconectar(qint16& resultado);
+    void GuardarSaldoExit() { entorno_.supervision.GuardarSaldoExit(); }
+
+    // A caption, with what hangs on its change: the buttons that empty a box, the line
+    // "Quebranto". Nothing happens when the text is the same.
+    void PonerEtiqueta(QString EstadoCaja::*etiqueta, const QString& texto);
+    void PonerImporte(QString EstadoCaja::*etiqueta, Currency importe) {
+        PonerEtiqueta(etiqueta, entorno_.importes.FormatoImporte(importe));
+    }
+    void PonerBoton(BotonCaja boton, bool habilitado);
+    void PonerEspera(bool espera);
+    void Enfocar(BotonCaja boton);
+
+    // Called at each change of the state; the screen only notes that it has to follow.
+    void AlCambiar(std::function<void()> aviso) { aviso_ = std::move(aviso); }
+    // The screen follows at once and is painted, before something that lets no event loop run.
+    void Pintar() const {
+        if (pintor_) {
+            pintor_();
+        }
+    }
+    void AlPintar(std::function<void()> pintor) { pintor_ = std::move(pintor); }
+
+    TotalesPeriodo totales;
+    SaldosCaja saldos;
+
+  private:
+    void LeerPeriodo();
+    void LeerSaldosDispositivo();
+    void EscribirEtiquetas();
+    void Avisar() const {
+        if (aviso_) {
+            aviso_();
+        }
+    }
+
+    Entorno& entorno_;
+    EstadoCaja estado_;
+    Rejilla grdZV_;
+    std::function<void()> aviso_;
+    std::function<void()> pintor_;
+};
+
+} // namespace zv
