@@ -1,14 +1,18 @@
 // A monitor without windows that kills itself: it counts the points it passes (each statement, each
 // line of the log, each call of the device and each step of an operation, each message) and at the
 // n-th one is gone as by a power cut. Not killed, it does the operation that it is asked for, by
-// its button, and works until cola is empty.
+// its button or by a touch on a row, and works until cola is empty; in the mode "MANUAL", in which
+// the pulse sends nothing, for one more tick.
 //
 //   zv_crash_monitor FOLDER N [OPERATION]    N 0: no kill. OPERATION: cambio, ingreso, rechazado (a
 //                                            float that nobody authorises), pago, cobro, cero (a
-//                                            manual charge without an amount).
+//                                            manual charge without an amount), grupo (all rows of
+//                                            cola are marked and charged), anular, enviar (a touch
+//                                            on its first row).
 //   Prints the points passed. Exit codes: 0 cola is empty; 1 it could not start, or the queue did
 //   not empty in time.
 #include "app/Monitor.h"
+#include "config/Modo.h"
 #include "device/gateway/GatewayClient.h"
 #include "platform/StringLiterals.h"
 #include "support/FakeProcessList.h"
@@ -182,20 +186,39 @@ class DeviceMortal final : public DeviceClient {
     Puntos& puntos_;
 };
 
+template <BotonPie boton>
+void Apretar(const PartesMonitor& partes) {
+    partes.botones.boton_Click(boton);
+}
+template <int columna>
+void TocarPrimera(const PartesMonitor& partes) {
+    partes.clic.grdZV_MouseUp(1, columna, false);
+}
+void CobrarTodas(const PartesMonitor& partes) {
+    partes.botones.boton_Click(BotonPie::AgruparCobros);
+    for (int fila = 1; fila <= partes.grid.FilasDatos(); ++fila) {
+        partes.clic.grdZV_MouseUp(fila, ColumnaCola::Importe, false);
+    }
+    partes.botones.boton_Click(BotonPie::AgruparCobros);
+}
+
 struct Operacion {
     const char* nombre;
-    BotonPie boton;
+    void (*hacer)(const PartesMonitor&);
     qint32 importe = kImporte;
     bool autorizada = true;
 };
 constexpr Operacion kOperaciones[] = {
-    {"", BotonPie::SinUso}, // none
-    {"cambio", BotonPie::DarCambio},
-    {"ingreso", BotonPie::AnadirCambio},
-    {"rechazado", BotonPie::AnadirCambio, kImporte, false},
-    {"pago", BotonPie::Pago},
-    {"cobro", BotonPie::CobroManual},
-    {"cero", BotonPie::CobroManual, 0},
+    {"", [](const PartesMonitor&) {}},
+    {"cambio", Apretar<BotonPie::DarCambio>},
+    {"ingreso", Apretar<BotonPie::AnadirCambio>},
+    {"rechazado", Apretar<BotonPie::AnadirCambio>, kImporte, false},
+    {"pago", Apretar<BotonPie::Pago>},
+    {"cobro", Apretar<BotonPie::CobroManual>},
+    {"cero", Apretar<BotonPie::CobroManual>, 0},
+    {"grupo", CobrarTodas},
+    {"anular", TocarPrimera<ColumnaCola::Anular>},
+    {"enviar", TocarPrimera<ColumnaCola::Enviar>},
 };
 
 bool Vacia(DatabaseEngine& database) {
@@ -226,18 +249,19 @@ int Ejecutar(const QString& carpeta, int mortal, const Operacion& pedida) {
     if (!monitor.Cargar()) {
         return EXIT_FAILURE;
     }
+    const bool aMano = monitor.Partes().entorno.configuracio->Modo == modo::kManual;
     monitor.Partes().pulso.ProcesarCola(); // enables the buttons
-    monitor.Partes().botones.boton_Click(pedida.boton);
+    pedida.hacer(monitor.Partes());
     const QDeadlineTimer limite(kLimiteMs);
-    bool vacia = false;
-    while (!vacia && !limite.hasExpired()) {
+    bool hecho = false;
+    while (!hecho && !limite.hasExpired()) {
         monitor.Partes().pulso.ProcesarCola();
         QCoreApplication::processEvents();
-        vacia = Vacia(database);
+        hecho = aMano || Vacia(database);
     }
     monitor.Descargar();
     std::printf("%d\n", puntos.Pasados());
-    return vacia ? EXIT_SUCCESS : EXIT_FAILURE;
+    return hecho ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 } // namespace
