@@ -30,5 +30,9 @@ ErrorEjecucion ErrorDeArchivo(const QString& ruta, const QString& detalle) {
     return {75, u"Error de acceso a la ruta o al archivo: "_s + ruta + u" ("_s + detalle + u")"_s};
 }
 
+ErrorEjecucion ErrorDeImpresora(const QString& detalle) {
+    return {482, u"Error de impresora ("_s + detalle + u")"_s};
+}
+
 } // namespace errores
 } // namespace zv

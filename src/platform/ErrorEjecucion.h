@@ -30,6 +30,7 @@ ErrorEjecucion DivisionPorCero();  // 11
 ErrorEjecucion TipoNoCoincide();   // 13: text that is no number, a value of another kind
 ErrorEjecucion FueraDeIntervalo(); // 9: an index beyond its list
 ErrorEjecucion ErrorDeArchivo(const QString& ruta, const QString& detalle); // 75
+ErrorEjecucion ErrorDeImpresora(const QString& detalle);                    // 482
 } // namespace errores
 
 } // namespace zv

@@ -131,6 +131,17 @@ int LeerFicheroEntero(const QByteArray& ruta, QByteArray& contenido, qsizetype l
     }
 }
 
+int CrearCarpeta(const QByteArray& ruta) {
+    if (::mkdir(ruta.constData(), 0777) == 0) {
+        return 0;
+    }
+    if (errno != EEXIST) {
+        return errno;
+    }
+    struct stat datos {};
+    return ::stat(ruta.constData(), &datos) == 0 && S_ISDIR(datos.st_mode) ? 0 : ENOTDIR;
+}
+
 int ReemplazarFichero(const QByteArray& ruta, QByteArrayView contenido, Guardado guardado) {
     const QByteArray destino = SinEnlace(ruta);
     struct stat antiguo {};

@@ -12,13 +12,17 @@ bool ExisteFichero(const QString& ruta);
 // True if the path names an existing folder.
 bool ExisteCarpeta(const QString& ruta);
 
-// The two below take paths in the system's encoding and answer 0 or an error number of the system
+// The three below take paths in the system's encoding and answer 0 or an error number of the system
 // (errno.h); they never raise.
 
 // The whole file into contenido, which is empty after a failure. A folder is EISDIR; more than
 // limite bytes is EFBIG.
 int LeerFicheroEntero(const QByteArray& ruta, QByteArray& contenido,
                       qsizetype limite = qsizetype{1} << 28);
+// Makes the folder when it is not there; the one above it must be. Something else in its place, or
+// a link that leads to no folder, is ENOTDIR.
+int CrearCarpeta(const QByteArray& ruta);
+
 // Whether a replaced file must outlive a power cut. One that need not (Pasajero) costs no wait for
 // the disk; every reader still finds it whole.
 enum class Guardado { Duradero, Pasajero };

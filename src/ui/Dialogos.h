@@ -33,6 +33,9 @@ enum class Respuesta : qint16 {
     No = 7
 };
 
+// What the operator wants printed, by the tags of its buttons.
+enum class Impresion : quint8 { Nada = 0, Resumen = 1, Listado = 2, Todo = 3 };
+
 class Dialogos {
   public:
     virtual ~Dialogos() = default;
@@ -48,6 +51,8 @@ class Dialogos {
     // is set then too.
     virtual Currency PedirImporte(const QString& titulo, const QString& prompt, Currency porDefecto,
                                   bool* sinImporte, bool& cancelado) = 0;
+    // What is to be printed of the cash office.
+    virtual Impresion ElegirImpresion() = 0;
     // The platform's plain message box with one button.
     virtual void CajaSimple(const QString& texto) = 0;
 };

@@ -26,6 +26,7 @@ TEST(DialogosGuion, AnswersInOrder) {
     guion.EsperaImporte(testing::_, testing::_, Currency(1250));
     guion.EsperaImporte(testing::_, testing::_, Currency(), true);
     guion.EsperaSinImporte(testing::_, testing::_);
+    guion.EsperaImpresion(Impresion::Todo);
     guion.EsperaCaja(Hola());
     EXPECT_EQ(guion.MostrarMensaje(Hola(), u"x"_s, EstiloMensaje::SiNo), Respuesta::Si);
     EXPECT_TRUE(visto);
@@ -44,9 +45,10 @@ TEST(DialogosGuion, AnswersInOrder) {
     EXPECT_EQ(guion.PedirImporte(Hola(), {}, Currency(), &sinImporte, cancelado), Currency());
     EXPECT_TRUE(cancelado);
     EXPECT_TRUE(sinImporte);
+    EXPECT_EQ(guion.ElegirImpresion(), Impresion::Todo);
     guion.CajaSimple(Hola());
     EXPECT_EQ(guion.Pendientes(), 0U);
-    EXPECT_EQ(guion.Llamadas().size(), 6);
+    EXPECT_EQ(guion.Llamadas().size(), 7);
 }
 
 TEST(DialogosGuion, AnUnexpectedDialogFailsTheTest) {

@@ -106,6 +106,7 @@ class OperadorMortal final : public Dialogos {
         cancelado = false;
         return importe_;
     }
+    Impresion ElegirImpresion() override { return Impresion::Nada; }
     void CajaSimple(const QString&) override { puntos_.Pasar(); }
 
   private:

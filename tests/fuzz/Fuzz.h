@@ -93,6 +93,7 @@ class DialogosMudos final : public Dialogos {
         cancelado = false;
         return porDefecto;
     }
+    Impresion ElegirImpresion() override { return Impresion::Nada; }
     void CajaSimple(const QString& texto) override { cajas << texto; }
 
     QStringList mensajes;

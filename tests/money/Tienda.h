@@ -122,6 +122,7 @@ class OperadorDeTienda final : public Dialogos {
         }
         return cancela ? Currency(0) : Currency(importe);
     }
+    Impresion ElegirImpresion() override { return Impresion::Nada; }
     void CajaSimple(const QString&) override { ++mensajes; }
 
     bool acepta = true;

@@ -22,6 +22,9 @@ TEST(ErrorEjecucion, ThePlatformsFailuresHaveTheirNumbers) {
     EXPECT_EQ(errores::FueraDeIntervalo().Numero(), 9);
     EXPECT_EQ(errores::DivisionPorCero().Numero(), 11);
     EXPECT_EQ(errores::TipoNoCoincide().Numero(), 13);
+    const ErrorEjecucion impresora = errores::ErrorDeImpresora(u"no hay ninguna"_s);
+    EXPECT_EQ(impresora.Numero(), 482);
+    EXPECT_EQ(impresora.Descripcion(), u"Error de impresora (no hay ninguna)"_s);
     const ErrorEjecucion archivo = errores::ErrorDeArchivo(u"/a/b.ini"_s, u"es una carpeta"_s);
     EXPECT_EQ(archivo.Numero(), 75);
     EXPECT_TRUE(archivo.Descripcion().contains(u"/a/b.ini"_s));

@@ -147,6 +147,28 @@ TEST_F(Reemplazar, AProtectedFileOrFolderStays) {
     EXPECT_EQ(carpeta.Lee(u"a"_s), QByteArray("viejo"));
 }
 
+TEST(CrearCarpeta, MakesTheFolderThatIsNotThere) {
+    const CarpetaTemporal carpeta;
+    const QByteArray ruta = QFile::encodeName(carpeta.Ruta(u"nueva"_s));
+    EXPECT_EQ(CrearCarpeta(ruta), 0);
+    EXPECT_TRUE(ExisteCarpeta(carpeta.Ruta(u"nueva"_s)));
+    carpeta.Pon(u"nueva/fichero"_s, "x");
+    EXPECT_EQ(CrearCarpeta(ruta), 0);
+    EXPECT_EQ(carpeta.Lee(u"nueva/fichero"_s), "x");
+}
+
+TEST(CrearCarpeta, TellsWhyItCannot) {
+    const CarpetaTemporal carpeta;
+    const auto crear = [&](const QString& nombre) {
+        return CrearCarpeta(QFile::encodeName(carpeta.Ruta(nombre)));
+    };
+    carpeta.Pon(u"fichero"_s, "x");
+    EXPECT_EQ(crear(u"fichero"_s), ENOTDIR);
+    ASSERT_TRUE(QFile::link(u"nada"_s, carpeta.Ruta(u"enlace"_s)));
+    EXPECT_EQ(crear(u"enlace"_s), ENOTDIR);
+    EXPECT_EQ(crear(u"no/hay"_s), ENOENT);
+}
+
 TEST(TextoErrorSistema, SpeaksSpanishAboutWhatHappensToTills) {
     EXPECT_EQ(TextoErrorSistema(ENOSPC), u"no queda espacio en el disco"_s);
     EXPECT_EQ(TextoErrorSistema(EACCES), u"permiso denegado"_s);

@@ -22,6 +22,8 @@ const char* DialogosGuion::Nombre(Kind kind) {
         return "Texto";
     case Kind::Importe:
         return "Importe";
+    case Kind::Impresion:
+        return "Impresion";
     case Kind::Caja:
         return "Caja";
     }
@@ -103,6 +105,21 @@ void DialogosGuion::EsperaSinImporte(TextoEsperado titulo, TextoEsperado prompt)
                       {}});
 }
 
+void DialogosGuion::EsperaImpresion(Impresion respuesta, Accion mientras) {
+    guion_.push_back({Kind::Impresion,
+                      testing::_,
+                      testing::_,
+                      testing::_,
+                      std::nullopt,
+                      Respuesta::Ninguna,
+                      {},
+                      {},
+                      false,
+                      false,
+                      std::move(mientras),
+                      respuesta});
+}
+
 void DialogosGuion::EsperaCaja(TextoEsperado texto, Accion mientras) {
     guion_.push_back({Kind::Caja,
                       testing::_,
@@ -178,6 +195,11 @@ Currency DialogosGuion::PedirImporte(const QString& titulo, const QString& promp
         *sinImporte = paso && paso->sinImporte;
     }
     return paso ? paso->importe : Currency();
+}
+
+Impresion DialogosGuion::ElegirImpresion() {
+    const auto paso = Siguiente(Kind::Impresion, {}, {}, 0, {});
+    return paso ? paso->impresion : Impresion::Nada;
 }
 
 void DialogosGuion::CajaSimple(const QString& texto) {

@@ -37,6 +37,7 @@ class DialogosGuion final : public Dialogos {
                        bool cancelado = false, Accion mientras = {});
     // "No amount", where it is offered.
     void EsperaSinImporte(TextoEsperado titulo, TextoEsperado prompt);
+    void EsperaImpresion(Impresion respuesta, Accion mientras = {});
     void EsperaCaja(TextoEsperado texto, Accion mientras = {});
 
     // Every call that came, in order, as "Mensaje|title|text|style" and the like.
@@ -55,10 +56,11 @@ class DialogosGuion final : public Dialogos {
                        const QString& porDefecto = {}) override;
     Currency PedirImporte(const QString& titulo, const QString& prompt, Currency porDefecto,
                           bool* sinImporte, bool& cancelado) override;
+    Impresion ElegirImpresion() override;
     void CajaSimple(const QString& texto) override;
 
   private:
-    enum class Kind { Mensaje, Texto, Importe, Caja };
+    enum class Kind { Mensaje, Texto, Importe, Impresion, Caja };
     struct Paso {
         Kind kind;
         TextoEsperado titulo;
@@ -71,6 +73,7 @@ class DialogosGuion final : public Dialogos {
         bool cancelado;
         bool sinImporte;
         Accion mientras;
+        zv::Impresion impresion = zv::Impresion::Nada;
     };
 
     // The step for this call when it is the one that waits; otherwise fails the test.

@@ -8,6 +8,7 @@
 #include "ui/Textos.h"
 #include "ui/screens/FramelessWindow.h"
 #include "ui/screens/frmCash.h"
+#include "ui/screens/frmImpresio.h"
 #include "ui/screens/frmMensaje.h"
 #include "ui/screens/frmTexto.h"
 
@@ -59,6 +60,12 @@ Currency DialogosPantalla::PedirImporte(const QString& titulo, const QString& pr
         *sinImporte = pantalla.elegidoSinImporte;
     }
     return importe;
+}
+
+Impresion DialogosPantalla::ElegirImpresion() {
+    frmImpresio pantalla(textos_, Padre());
+    pantalla.exec();
+    return static_cast<Impresion>(pantalla.eleccion);
 }
 
 void DialogosPantalla::CajaSimple(const QString& texto) {

@@ -33,6 +33,7 @@ class DialogosPantalla final : public Dialogos {
     // multiplier is 0; cancelado is left alone then.
     Currency PedirImporte(const QString& titulo, const QString& prompt, Currency porDefecto,
                           bool* sinImporte, bool& cancelado) override;
+    Impresion ElegirImpresion() override;
     void CajaSimple(const QString& texto) override;
 
   private:

@@ -146,6 +146,17 @@ TEST_F(frmImpresioTest, LeftOtherwiseItGives0) {
     EXPECT_EQ(pantalla.eleccion, 0);
 }
 
+TEST_F(frmImpresioTest, TheChoiceReachesWhoAsks) {
+    const std::pair<const char*, Impresion> elecciones[] = {{"boton_0", Impresion::Resumen},
+                                                            {"boton_1", Impresion::Listado},
+                                                            {"boton_2", Impresion::Todo},
+                                                            {"btnW_1", Impresion::Nada}};
+    for (const auto& [boton, eleccion] : elecciones) {
+        const AlAbrir abierto([tocado = boton](QDialog& d) { Tocar(d, tocado); });
+        EXPECT_EQ(dialogos_.ElegirImpresion(), eleccion);
+    }
+}
+
 TEST_F(frmImpresioTest, ShowsItsTexts) {
     frmImpresio pantalla(textos_);
     const AlAbrir abierto([](QDialog& d) {
