@@ -124,6 +124,7 @@ TEST_F(ImpresoraTest, TheNextDocumentBeginsUprightAndAtTheTop) {
     impresora.PonerOrientacion(Orientacion::Apaisada);
     impresora.Escribir(u"a"_s, true);
     impresora.TerminarDocumento();
+    EXPECT_EQ(impresora.AnchoPagina(), 10000);
     EXPECT_EQ(Siguiente(), QPoint(0, 0));
     EXPECT_EQ(impresora.documentos.back().front().orientacion, Orientacion::Vertical);
     EXPECT_EQ(impresora.aperturas, 2);
@@ -141,6 +142,7 @@ TEST_F(ImpresoraTest, WhatIsGivenUpIsNotPrintedWithTheNextDocument) {
     impresora.PonerOrientacion(Orientacion::Apaisada);
     impresora.Escribir(u"half"_s, true);
     impresora.Abandonar();
+    EXPECT_EQ(impresora.AnchoPagina(), 10000);
     impresora.Escribir(u"whole"_s, true);
     impresora.TerminarDocumento();
     EXPECT_EQ(impresora.Lineas(), QStringList(u"whole"_s));
