@@ -62,8 +62,8 @@ constexpr auto kPorVenir =
     "operacionNoAutomatica operacionNoReenviada "
     "operacionYaReenviada pagado pago pagos2 "
     "recuerdeVaciarCB reenviar registroAccesos registroCobros registroIncidencias saldo2 "
-    " sinConexion sinDatos totalAbonos totalCobros usuario vaciado "
-    "vaciadoCajones vendedor2 ";
+    "sinConexion sinDatos totalAbonos totalCobros usuario vaciado "
+    "vaciadoCajones vendedor2";
 
 const QString kFuentes = QString::fromUtf8(QT_TESTCASE_SOURCEDIR "/../src");
 
