@@ -35,12 +35,14 @@ constexpr int kVisibles = 8;
 
 frmLogin::frmLogin(Usuarios& usuarios, Dialogos& dialogos, const Textos& textos, QWidget* padre)
     : FramelessWindow(u"frmLogin"_s, padre), usuarios_(usuarios), dialogos_(dialogos),
-      textos_(textos), izquierda_(new QVBoxLayout), campos_(new QGridLayout),
-      cmbNom_(new QComboBox(this)), txtPassword_(CrearPassword("txtPassword")),
+      textos_(textos), cmbNom_(new QComboBox(this)), txtPassword_(CrearPassword("txtPassword")),
       txtNewPassword_(CrearPassword("txtNewPassword")),
       txtRepeatPassword_(CrearPassword("txtRepeatPassword")), lbNota_(new QLabel(this)),
       teclado_(new TecladoNumerico(texto::kLoginRetroceso, {}, this)) {
     const QStringList nombres = usuarios_.Nombres();
+    // Behind what can fail: nobody owns them before they stand in the window.
+    izquierda_ = new QVBoxLayout;
+    campos_ = new QGridLayout;
     PonerTitulo(texto::kLoginTitulo.PorDefecto());
     CrearLista(nombres.isEmpty());
     CrearFila(texto::kLoginUsuario, *cmbNom_);
