@@ -9,6 +9,7 @@
 
 #include <array>
 #include <functional>
+#include <type_traits>
 
 namespace zv {
 
@@ -63,20 +64,47 @@ class Controles {
     // Assigns one member and tells the screen when that changes it.
     template <typename T, typename V>
     void Poner(T EstadoControles::*miembro, const V& valor) {
-        if (estado_.*miembro != valor) {
-            estado_.*miembro = valor;
-            Avisar();
+        if (estado_.*miembro == valor) {
+            return;
         }
+        estado_.*miembro = valor;
+        if constexpr (std::is_same_v<T, bool>) {
+            valor == mostrado_.*miembro ? --distintos_ : ++distintos_;
+        } else {
+            otraCosa_ = true;
+        }
+        Avisar();
     }
     void PonerBoton(BotonPie boton, bool habilitado) {
         if (estado_.boton[boton] != habilitado) {
             estado_.boton[boton] = habilitado;
+            otraCosa_ = true;
             Avisar();
         }
     }
 
     // Called at each change; the screen only notes that it has to follow.
     void AlCambiar(std::function<void()> aviso) { aviso_ = std::move(aviso); }
+
+    // What the screen showed when it last followed, and whether there is anything new to show. The
+    // pulse turns the same members off and on again at every tick: that is no news.
+    const EstadoControles& Mostrado() const { return mostrado_; }
+    bool PorMostrar() const { return distintos_ != 0 || otraCosa_; }
+    void PonerMostrado() {
+        mostrado_ = estado_;
+        distintos_ = 0;
+        otraCosa_ = false;
+    }
+    // The widgets show something else than they did when the screen last followed.
+    void Repetir() {
+        otraCosa_ = true;
+        Avisar();
+    }
+    // A screen whose widgets stand as the defaults have them.
+    void PonerPorDefecto() {
+        mostrado_ = {};
+        Repetir();
+    }
 
     // The screen follows at once and is painted, before something that lets no event loop run.
     void Pintar() const {
@@ -94,6 +122,9 @@ class Controles {
     }
 
     EstadoControles estado_;
+    EstadoControles mostrado_;
+    int distintos_ = 0;     // members of two states that differ from what is shown
+    bool otraCosa_ = false; // any other member may differ
     std::function<void()> aviso_;
     std::function<void()> pintor_;
 };

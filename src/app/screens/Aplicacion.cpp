@@ -14,7 +14,10 @@ QString TextoDeError(const std::exception& e) {
     return u"Error nº 51 - "_s + QString::fromUtf8(e.what());
 }
 
-Aplicacion::Aplicacion(int& argc, char** argv) : QApplication(argc, argv) {}
+// A caret that blinks has the field of the barcode painted twice a second, all day.
+Aplicacion::Aplicacion(int& argc, char** argv) : QApplication(argc, argv) {
+    setCursorFlashTime(0);
+}
 
 void Aplicacion::Fallar(const QString& texto) noexcept {
     try {
@@ -31,6 +34,11 @@ void Aplicacion::Fallar(const QString& texto) noexcept {
 
 bool Aplicacion::notify(QObject* receptor, QEvent* evento) {
     try {
+        // A tick concerns nobody but its timer: filters, gestures and the like need not look at it
+        // a thousand times a second.
+        if (evento->type() == QEvent::Timer && !receptor->isWidgetType()) {
+            return receptor->event(evento);
+        }
         return QApplication::notify(receptor, evento);
     } catch (const std::exception& e) {
         Fallar(TextoDeError(e));

@@ -54,6 +54,7 @@ frmZVMonitor::frmZVMonitor(PartesMonitor partes, AccionesVentana acciones)
     // The widgets start as the engine's own defaults, so that only differences are applied.
     ui_.boton[BotonPie::SinUso]->hide();
     Conectar();
+    partes_.controles.PonerPorDefecto();
     Seguir();
 }
 
@@ -85,8 +86,7 @@ void frmZVMonitor::Conectar() {
         connect(ui_.btnModo[static_cast<std::size_t>(i)], &QToolButton::clicked, this, [this, i] {
             partes_.estado.PulsarModo(i);
             // A press of the mode in force must not leave its button up.
-            aplicado_.btnModo = {};
-            porSeguir_ = true;
+            partes_.controles.Repetir();
         });
         connect(ui_.btnW[static_cast<std::size_t>(i)], &QToolButton::clicked, this,
                 [this, i] { PulsarVentana(i); });
@@ -140,9 +140,10 @@ void frmZVMonitor::Seguir() {
     if (e.timerCola != timerCola_.isActive()) {
         e.timerCola ? timerCola_.start() : timerCola_.stop();
     }
-    if (e == aplicado_) {
+    if (!partes_.controles.PorMostrar()) {
         return;
     }
+    const EstadoControles& antes = partes_.controles.Mostrado();
     for (const BotonPie boton : kBotonesPie) {
         ui_.boton[boton]->setEnabled(e.boton[boton] && partes_.botones.TieneOperacion(boton));
     }
@@ -155,14 +156,14 @@ void frmZVMonitor::Seguir() {
     ui_.ShapeOK->setVisible(e.ShapeOK);
     ui_.ShapeAlert->setVisible(e.ShapeAlert);
     ui_.ShapeCritico->setVisible(e.ShapeCritico);
-    if (e.lbContador != aplicado_.lbContador) {
+    if (e.lbContador != antes.lbContador) {
         ui_.lbContador->setText(e.lbContador);
     }
-    if (e.lbEstado != aplicado_.lbEstado) {
+    if (e.lbEstado != antes.lbEstado) {
         ui_.PonerEstado(e.lbEstado);
         e.lbEstado.isEmpty() ? timerParpadeo_.stop() : timerParpadeo_.start();
     }
-    if (e.aviso != aplicado_.aviso) {
+    if (e.aviso != antes.aviso) {
         ui_.PonerAviso(e.aviso);
     }
     ui_.grdZV->HabilitarImagenes(ColumnaCola::Anular, e.puedeAnular);
@@ -170,13 +171,14 @@ void frmZVMonitor::Seguir() {
     // Only while it holds its state is it more than a button.
     ui_.boton[BotonPie::AgruparCobros]->setCheckable(e.agrupando);
     ui_.boton[BotonPie::AgruparCobros]->setChecked(e.agrupando);
-    if (e.punteroEspera != aplicado_.punteroEspera) {
+    if (e.punteroEspera != antes.punteroEspera) {
         e.punteroEspera ? setCursor(Qt::WaitCursor) : unsetCursor();
     }
-    if (botonAcceso_ && e.botonAccesoEncima != aplicado_.botonAccesoEncima) {
-        VentanaEncima(*botonAcceso_, e.botonAccesoEncima);
+    if (botonAcceso_ && e.botonAccesoEncima != accesoEncima_) {
+        accesoEncima_ = e.botonAccesoEncima;
+        VentanaEncima(*botonAcceso_, accesoEncima_);
     }
-    aplicado_ = e;
+    partes_.controles.PonerMostrado();
 }
 
 // A window that has just been shown can be painted when the window system has put it up. What comes
@@ -310,8 +312,7 @@ void frmZVMonitor::MostrarBotonAcceso() {
         acceso_, partes_.entorno.textos.Traduce(texto::kCobroManual));
     VentanaEncima(*botonAcceso_, partes_.controles.Estado().botonAccesoEncima);
     botonAcceso_->show();
-    // What is not yet shown to be so follows as any other difference.
-    aplicado_.botonAccesoEncima = partes_.controles.Estado().botonAccesoEncima;
+    accesoEncima_ = partes_.controles.Estado().botonAccesoEncima;
 }
 
 void frmZVMonitor::ColocarColumnas() {

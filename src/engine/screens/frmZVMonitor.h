@@ -84,10 +84,10 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     PartesMonitor partes_;
     AccionesVentana acciones_;
     DisenoMonitor ui_;
-    EstadoControles aplicado_; // what the widgets show
     bool porSeguir_ = false;   // the logical state has changed since
     bool maximizando_ = false; // within a second of a maximise by double click
     bool parpadeoAmbar_ = false;
+    bool accesoEncima_ = false; // the floating button stands in the always-on-top level
     Arrastre arrastre_;
     BotonAcceso acceso_;
     std::unique_ptr<frmBotonAcceso> botonAcceso_; // none until it is shown
