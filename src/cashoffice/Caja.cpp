@@ -1,10 +1,17 @@
 #include "cashoffice/Caja.h"
 
 #include "cashoffice/Claves.h"
+#include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
+#include "store/Palabras.h"
+#include "store/Tablas.h"
 #include "till/Claves.h"
 
+#include <QElapsedTimer>
 #include <QScopeGuard>
+
+#include <algorithm>
+#include <utility>
 
 namespace zv {
 
@@ -13,6 +20,12 @@ namespace {
 const QString kTituloZorvex = u"Zorvex"_s;
 // As it stands in every language.
 const QString kSinConexion = u"No hay conexión con Zorvex"_s;
+
+// Rows of the grid: those that stand before the screen is shown, and how long a further step may
+// take.
+constexpr std::size_t kPrimerasFilas = 500;
+constexpr std::size_t kFilasSeguidas = 100; // between two looks at the clock
+constexpr qint64 kPasoMs = 15;
 
 constexpr auto kDerecha = Qt::AlignRight | Qt::AlignVCenter;
 
@@ -38,31 +51,177 @@ void Caja::AlMostrar() {
 }
 
 void Caja::PrepararRejilla() {
+    movimientos_.clear();
+    siguiente_ = 0;
+    estado_.movimientos = 0;
+    estado_.rellenados = 0;
+    const SinDibujo sinDibujo(grdZV_);
     grdZV_.Vaciar();
     grdZV_.PonerTitulos(entorno_.textos);
+    Avisar();
 }
 
 void Caja::RefrescarCaja() {
     {
         const SinDibujo sinDibujo(grdZV_);
         PrepararRejilla();
+        totales.saldoFinal = {};
+        totales.movimientos = 0;
         LeerPeriodo();
     }
     RellenarSaldos();
 }
 
+// Places of the columns in the rows of the statement below.
+struct Caja::Campos {
+    explicit Campos(const Row& fila)
+        : fecha(fila.Indice(columna::kFechaZV)), venta(fila.Indice(columna::kImporteVenta)),
+          cobrado(fila.Indice(columna::kCobrado)), devuelto(fila.Indice(columna::kDevuelto)),
+          estado(fila.Indice(columna::kEstado)), id1(fila.Indice(columna::kId1)),
+          terminal(fila.Indice(columna::kTerminal)), vendedor(fila.Indice(columna::kVendedor)),
+          formaPago(fila.Indice(columna::kFormaPago)), error(fila.Indice(columna::kError)) {}
+
+    int fecha;
+    int venta;
+    int cobrado;
+    int devuelto;
+    int estado;
+    int id1;
+    int terminal;
+    int vendedor;
+    int formaPago;
+    int error;
+};
+
 void Caja::LeerPeriodo() {
-    totales = {};
+    // What the period can be made of, and no more: a table of years holds a million rows.
+    const QString sql =
+        u"SELECT fechaZV,importeVenta,cobrado,devuelto,estado,id1,terminal,vendedor,formapago,"
+        "error FROM procesados WHERE idCierre=0 ORDER BY idZV"_s;
+    conceptos_.emplace(kConceptosCaja, entorno_.textos);
+    const auto empezar = [this] {
+        totales.cobros = totales.abonos = totales.pagos = totales.ingresos = totales.quebranto = {};
+    };
+    std::optional<Campos> campos;
+    // A failure leaves the grid with the rows before it.
+    const auto rejilla = qScopeGuard([this] {
+        totales.movimientos = static_cast<int>(movimientos_.size());
+        estado_.movimientos = totales.movimientos;
+        Rellenar(pedirPaso_ ? kPrimerasFilas : movimientos_.size());
+    });
+    entorno_.Database().Recorrer(sql, {}, [&](const Row& fila) {
+        if (!campos) {
+            campos.emplace(fila);
+            empezar();
+        }
+        LeerMovimiento(fila, *campos);
+        return true;
+    });
+    if (!campos) {
+        empezar();
+    }
+}
+
+void Caja::LeerMovimiento(const Row& fila, const Campos& campos) {
+    QString estadoFila = fila.LeerTexto(campos.estado);
+    const bool bien = estadoFila == estado::kOk;
+    if (!bien && !estadoFila.contains(estado::kError)) {
+        return;
+    }
+    const DatosConcepto datos{fila.LeerTexto(campos.terminal), fila.LeerTexto(campos.id1),
+                              fila.LeerCurrency(campos.venta), fila.LeerCurrency(campos.cobrado),
+                              fila.LeerCurrency(campos.devuelto)};
+    const std::size_t n = kConceptosCaja.Clasificar(datos);
+    const ReglaConcepto& regla = kConceptosCaja.Regla(n);
+    for (const auto& [suma, aporte] : regla.apuntes) {
+        Currency* const sumas[kSumasPeriodo] = {&totales.cobros, &totales.abonos, &totales.pagos,
+                                                &totales.ingresos};
+        *sumas[static_cast<std::size_t>(suma)] += ValorDe(aporte, datos);
+    }
+    totales.saldoFinal += datos.cobrado - datos.devuelto;
+    QString detalle;
+    if (regla.detalle != DetalleConcepto::Ninguno) {
+        detalle = fila.LeerTexto(regla.detalle == DetalleConcepto::Error ? campos.error
+                                                                         : campos.formaPago);
+    }
+    // What cannot be shown fails here, in its row, though its cell is written later.
+    Movimiento movimiento{fila.LeerFecha(campos.fecha),
+                          n,
+                          std::move(detalle),
+                          bien ? QString() : std::move(estadoFila),
+                          datos.terminal,
+                          fila.LeerTexto(campos.vendedor),
+                          datos.importeVenta.AEntero32(),
+                          totales.saldoFinal.AEntero32()};
+    if (entorno_.importes.Multiplicador() == 0) {
+        throw errores::DivisionPorCero();
+    }
+    movimientos_.push_back(std::move(movimiento));
+}
+
+void Caja::PonerFila(const Movimiento& movimiento) {
+    QString concepto = conceptos_->Texto(movimiento.regla, movimiento.detalle);
+    if (!movimiento.estado.isEmpty()) {
+        concepto += u" ["_s + movimiento.estado + u']';
+    }
+    const Importes& importes = entorno_.importes;
+    const int n = grdZV_.AñadirFila();
+    grdZV_.PonerTexto(n, ColumnaCaja::Fecha, importes.Formato().FechaGeneral(movimiento.fecha));
+    grdZV_.PonerTexto(n, ColumnaCaja::Concepto, TextoDeCelda(concepto));
+    // Crossed: the terminal stands under the seller's title, and the seller under the terminal's.
+    grdZV_.PonerTexto(n, ColumnaCaja::Vendedor, TextoDeCelda(movimiento.terminal));
+    grdZV_.PonerTexto(n, ColumnaCaja::Terminal, TextoDeCelda(movimiento.vendedor));
+    grdZV_.PonerTexto(n, ColumnaCaja::Venta, importes.FormatoImporte(movimiento.venta));
+    grdZV_.PonerTexto(n, ColumnaCaja::SaldoZV, importes.FormatoImporte(movimiento.saldo));
+}
+
+// Up to that one.
+void Caja::Rellenar(std::size_t hasta) {
+    const std::size_t fin = std::min(hasta, movimientos_.size());
+    const SinDibujo sinDibujo(grdZV_);
+    for (; siguiente_ < fin; ++siguiente_) {
+        PonerFila(movimientos_[siguiente_]);
+    }
+    estado_.rellenados = static_cast<int>(siguiente_);
+    if (siguiente_ == movimientos_.size()) {
+        movimientos_ = {};
+        siguiente_ = 0;
+    } else if (pedirPaso_) {
+        pedirPaso_();
+    }
+    Avisar();
+}
+
+bool Caja::SeguirRellenando() {
+    QElapsedTimer reloj;
+    reloj.start();
+    {
+        const SinDibujo sinDibujo(grdZV_);
+        const auto callado = std::exchange(pedirPaso_, nullptr);
+        do {
+            Rellenar(siguiente_ + kFilasSeguidas);
+        } while (!movimientos_.empty() && reloj.elapsed() < kPasoMs);
+        pedirPaso_ = callado;
+    }
+    return !movimientos_.empty();
+}
+
+void Caja::Completar() {
+    if (!movimientos_.empty()) {
+        Rellenar(movimientos_.size());
+    }
 }
 
 void Caja::RellenarSaldos() {
     entorno_.supervision.LeerSaldoInicial();
     PonerEspera(true);
     const auto fin = qScopeGuard([this] { PonerEspera(false); });
+    Pintar(); // the device may be silent for seconds
     if (entorno_.supervision.Conectado()) {
         LeerSaldosDispositivo();
     } else {
         saldos = {};
+        estado_.niveles = {};
         for (const BotonCaja boton :
              {BotonCaja::CierreNiveles, BotonCaja::CierreValor, BotonCaja::VaciarMonedas,
               BotonCaja::VaciarBilletes, BotonCaja::Cuadrar}) {
@@ -84,6 +243,8 @@ void Caja::LeerSaldosDispositivo() {
     saldos.cajonBilletes = leer(u"CBBILLETES"_s, TipoSaldo::CajonesBilletes);
     saldos.contenido =
         saldos.cambioMonedas + saldos.cambioBilletes + saldos.cajonMonedas + saldos.cajonBilletes;
+    estado_.niveles = dispositivo.UltimosNiveles();
+    Avisar();
 }
 
 void Caja::EscribirEtiquetas() {

@@ -5,6 +5,7 @@
 
 #include "cashoffice/BotonCaja.h"
 #include "platform/Currency.h"
+#include "till/ConceptoRegistro.h"
 #include "till/Entorno.h"
 #include "ui/Rejilla.h"
 
@@ -12,6 +13,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace zv {
 
@@ -67,6 +69,9 @@ struct EstadoCaja {
         return habilitado;
     }();
     std::optional<BotonCaja> foco; // the button that has been given the focus
+    int movimientos = 0;           // of the period
+    int rellenados = 0;            // of them, those that the grid shows by now
+    NivelesDispositivo niveles;    // what the balances are made of; none without a device
     bool operator==(const EstadoCaja&) const = default;
 };
 
@@ -88,6 +93,14 @@ class Caja {
     void RefrescarCaja();
     // The balances, and every label but lbSaldoCierre.
     void RellenarSaldos();
+    // The grid of a long period fills in steps, so that the screen is never kept waiting: after the
+    // first rows the refresh asks for the next step, which SeguirRellenando takes and answers
+    // whether there is another. Totals and labels stand at once. Without someone to ask, the
+    // refresh fills the whole grid.
+    void PorPasos(std::function<void()> pedir) { pedirPaso_ = std::move(pedir); }
+    bool SeguirRellenando();
+    // The rows that are still to come, at once: for who prints or exports them.
+    void Completar();
     // Titles and alignments; the grid is empty after it.
     void PrepararRejilla();
     // Widths in twips for a grid of that width and a scroll bar of that width.
@@ -121,7 +134,23 @@ class Caja {
     SaldosCaja saldos;
 
   private:
+    // What a row of the grid still waits to be made of.
+    struct Movimiento {
+        QDateTime fecha;
+        std::size_t regla; // of its concept
+        QString detalle;
+        QString estado; // empty for "OK"
+        QString terminal;
+        QString vendedor;
+        qint32 venta; // minor units, as is saldo
+        qint32 saldo; // running, after it
+    };
+    struct Campos;
+
     void LeerPeriodo();
+    void LeerMovimiento(const Row& fila, const Campos& campos);
+    void Rellenar(std::size_t hasta);
+    void PonerFila(const Movimiento& movimiento);
     void LeerSaldosDispositivo();
     void EscribirEtiquetas();
     void Avisar() const {
@@ -133,6 +162,10 @@ class Caja {
     Entorno& entorno_;
     EstadoCaja estado_;
     Rejilla grdZV_;
+    std::vector<Movimiento> movimientos_; // the period; empty when all of them are in the grid
+    std::size_t siguiente_ = 0;           // the first one that is not
+    std::optional<TextosConcepto> conceptos_;
+    std::function<void()> pedirPaso_;
     std::function<void()> aviso_;
     std::function<void()> pintor_;
 };

@@ -6,6 +6,8 @@
 
 #include <QStringList>
 
+#include <algorithm>
+
 namespace zv {
 
 namespace {
@@ -13,9 +15,6 @@ namespace {
 // Level lists of the device.
 constexpr qint32 kNivelesReciclador = 2;
 constexpr qint32 kNivelesCajones = 3;
-
-// Anything above the coin of 2 main units is a note; the device is not asked.
-constexpr qint64 kMayorMoneda = 200;
 
 struct Suma {
     Currency monedas;
@@ -59,13 +58,35 @@ Suma SumarNiveles(const QString& noms, const QString& levels) {
     return suma;
 }
 
+// The pieces of lists that have been summed up: what is no denomination there, is left out.
+std::vector<NivelPiezas> Piezas(const QString& noms, const QString& levels) {
+    const QStringList denominaciones = Partir(noms);
+    const QStringList piezas = Partir(levels);
+    std::vector<NivelPiezas> niveles;
+    niveles.reserve(static_cast<std::size_t>(piezas.size()));
+    for (qsizetype i = 0; i < piezas.size(); ++i) {
+        const qint32 denominacion = denominaciones[i].trimmed().toInt();
+        if (denominacion > 0) {
+            niveles.push_back({denominacion, std::max<qint64>(0, LeerItem(piezas[i]))});
+        }
+    }
+    return niveles;
+}
+
 // None when the device does not tell them.
-std::optional<Suma> LeerNiveles(DeviceClient& cliente, qint32 levelType) {
+std::optional<Suma> LeerNiveles(DeviceClient& cliente, qint32 levelType,
+                                std::vector<NivelPiezas>& niveles) {
     QString noms;
     QString levels;
     bool bien = false;
+    niveles.clear();
     cliente.GetLevels(levelType, noms, levels, bien);
-    return bien ? std::optional(SumarNiveles(noms, levels)) : std::nullopt;
+    if (!bien) {
+        return std::nullopt;
+    }
+    const Suma suma = SumarNiveles(noms, levels);
+    niveles = Piezas(noms, levels);
+    return suma;
 }
 
 } // namespace
@@ -80,7 +101,7 @@ Currency Saldos::SaldoPorTipo(const QString& /*etiqueta*/, TipoSaldo tipo) {
     return lectura.valor;
 }
 
-LecturaSaldo Saldos::Leer(TipoSaldo tipo) const {
+LecturaSaldo Saldos::Leer(TipoSaldo tipo) {
     LecturaSaldo lectura;
     try {
         lectura.valor = Sumar(tipo, lectura);
@@ -91,17 +112,17 @@ LecturaSaldo Saldos::Leer(TipoSaldo tipo) const {
     return lectura;
 }
 
-Currency Saldos::Sumar(TipoSaldo tipo, LecturaSaldo& lectura) const {
+Currency Saldos::Sumar(TipoSaldo tipo, LecturaSaldo& lectura) {
     Suma reciclador;
     Suma cajones;
     const bool conectado = conectado_();
     const bool todo = tipo == TipoSaldo::Todo;
     if (conectado && (todo || (tipo >= TipoSaldo::Cajones && tipo <= TipoSaldo::CajonesBilletes))) {
-        cajones = LeerNiveles(cliente_, kNivelesCajones).value_or(Suma());
+        cajones = LeerNiveles(cliente_, kNivelesCajones, niveles_.cajones).value_or(Suma());
     }
     if (conectado &&
         (todo || (tipo >= TipoSaldo::Reciclador && tipo <= TipoSaldo::RecicladorBilletes))) {
-        if (const auto leido = LeerNiveles(cliente_, kNivelesReciclador)) {
+        if (const auto leido = LeerNiveles(cliente_, kNivelesReciclador, niveles_.reciclador)) {
             reciclador = *leido;
         } else if (cliente_.ErrorCode() != 0) {
             lectura.mensaje = cliente_.ErrorMessage();

@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <optional>
+#include <vector>
 
 namespace zv {
 
@@ -21,6 +22,23 @@ enum class TipoSaldo {
     CajonesMonedas = 5,
     CajonesBilletes = 6
 };
+
+// How many pieces of a denomination (minor units) lie in one place of the device.
+struct NivelPiezas {
+    qint32 denominacion = 0;
+    qint64 piezas = 0;
+    bool operator==(const NivelPiezas&) const = default;
+};
+
+// What the last readings have told of each place; nothing where the last one failed.
+struct NivelesDispositivo {
+    std::vector<NivelPiezas> reciclador;
+    std::vector<NivelPiezas> cajones;
+    bool operator==(const NivelesDispositivo&) const = default;
+};
+
+// Anything above the coin of 2 main units is a note; the device is not asked.
+inline constexpr qint32 kMayorMoneda = 200;
 
 // A balance, and what the operator has to be told about it.
 struct LecturaSaldo {
@@ -43,16 +61,20 @@ class Saldos {
 
     // The same in two steps, for callers who hold the write lock: nobody may be kept waiting there
     // by a dialog. Leer shows nothing; Avisar shows what there is to tell, once the lock is gone.
-    LecturaSaldo Leer(TipoSaldo tipo) const;
+    LecturaSaldo Leer(TipoSaldo tipo);
     void Avisar(const LecturaSaldo& lectura);
 
+    // The pieces behind the balances that have been read; the device is not asked.
+    const NivelesDispositivo& UltimosNiveles() const { return niveles_; }
+
   private:
-    Currency Sumar(TipoSaldo tipo, LecturaSaldo& lectura) const;
+    Currency Sumar(TipoSaldo tipo, LecturaSaldo& lectura);
 
     DeviceClient& cliente_;
     std::function<bool()> conectado_;
     Dialogos& dialogos_;
     const Textos& textos_;
+    NivelesDispositivo niveles_;
 };
 
 } // namespace zv

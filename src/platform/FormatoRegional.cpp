@@ -108,6 +108,59 @@ FormatoRegional::FormatoRegional(const QLocale& region) {
                                                           : cifrasDetras[0]);
     }
     simbolo_ = Recortado(ConBlancosSimples(region.currencySymbol())).toString();
+    TomarFecha(region);
+}
+
+void FormatoRegional::TomarFecha(const QLocale& region) {
+    for (const QChar c : region.dateFormat(QLocale::ShortFormat)) {
+        if (c == u'd' || c == u'M' || c == u'y') {
+            if (!ordenFecha_.contains(c)) {
+                ordenFecha_ += c;
+            }
+        } else if (ordenFecha_.size() == 1) {
+            marcaFecha_ = c;
+        }
+    }
+    if (region.timeFormat(QLocale::ShortFormat).contains(u'A', Qt::CaseInsensitive)) {
+        manana_ = ConBlancosSimples(region.amText());
+        tarde_ = ConBlancosSimples(region.pmText());
+    }
+}
+
+QString FormatoRegional::FechaGeneral(const QDateTime& fecha) const {
+    static const QDate kDiaCero(1899, 12, 30);
+    if (!fecha.isValid()) {
+        return {};
+    }
+    QString texto;
+    const auto poner = [&texto](int valor, int cifras) {
+        const QString numero = QString::number(valor);
+        texto += QString(std::max<qsizetype>(0, cifras - numero.size()), u'0') + numero;
+    };
+    const QDate dia = fecha.date();
+    const QTime hora = fecha.time();
+    if (dia != kDiaCero) {
+        for (const QChar c : ordenFecha_) {
+            if (!texto.isEmpty()) {
+                texto += marcaFecha_;
+            }
+            c == u'y' ? poner(dia.year(), 4) : poner(c == u'M' ? dia.month() : dia.day(), 2);
+        }
+    }
+    const bool medianoche = hora.hour() == 0 && hora.minute() == 0 && hora.second() == 0;
+    if (medianoche && dia != kDiaCero) {
+        return texto;
+    }
+    if (!texto.isEmpty()) {
+        texto += u' ';
+    }
+    const bool doce = !manana_.isEmpty();
+    poner(doce ? (hora.hour() + 11) % 12 + 1 : hora.hour(), 1);
+    for (const int parte : {hora.minute(), hora.second()}) {
+        texto += u':';
+        poner(parte, 2);
+    }
+    return doce ? texto + u' ' + (hora.hour() < 12 ? manana_ : tarde_) : texto;
 }
 
 FormatoRegional::Marco FormatoRegional::MarcoDe(const QString& importe) {

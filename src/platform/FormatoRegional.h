@@ -1,10 +1,11 @@
-// Numbers and money as the machine's region writes and reads them, in both directions.
+// Numbers and money as the machine's region writes and reads them, in both directions, and dates.
 // Spanish money is "1.234,50 €": thousands mark always, plain blank before the sign.
 #pragma once
 
 #include "platform/Currency.h"
 
 #include <QChar>
+#include <QDateTime>
 #include <QString>
 #include <QStringView>
 
@@ -35,6 +36,11 @@ class FormatoRegional {
     // Text to Currency with four decimals, halves to even. Raises 13 for no number, 6 beyond range.
     Currency LeerCurrency(const QString& texto) const;
 
+    // Date and time in the region's order, with all digits of day, month and year:
+    // "14/03/2026 9:05:03". A midnight has no time, the day 0 (1899-12-30) no date; no date is
+    // empty.
+    QString FechaGeneral(const QDateTime& fecha) const;
+
     QChar MarcaDecimal() const { return marcaDecimal_; }
 
   private:
@@ -52,6 +58,7 @@ class FormatoRegional {
         QString detras;
     };
     static Marco MarcoDe(const QString& importe);
+    void TomarFecha(const QLocale& region);
 
     QChar marcaDecimal_;
     QChar marcaMiles_; // null when the region has none
@@ -62,6 +69,10 @@ class FormatoRegional {
     int decimales_ = 2;
     int grupoFinal_ = 3; // digits between the last thousands mark and the decimal mark
     int grupo_ = 3;      // digits of the groups before
+    QString ordenFecha_; // such as "dMy"
+    QChar marcaFecha_ = u'/';
+    QString manana_; // before and after noon; empty where the day has 24 hours
+    QString tarde_;
 };
 
 } // namespace zv

@@ -8,8 +8,38 @@ namespace zv::texto {
 inline constexpr Clave kClavesTill[] = {
     // titles of grids
     {u"vendedor", u"Vendedor"},
+    // concepts of a record; what the record tells stands right behind those that end in a blank,
+    // which a look-up drops
+    {u"abonoManual", u"Abono Manual - "},
+    {u"cobroManual", u"Cobro Manual - "},
+    {u"ajustePorDescuadre", u"Ajuste por descuadre"},
+    {u"vaciadoCajones", u"Vaciado de cajones"},
+    {u"arqueoCaja", u"Arqueo de caja"},
+    {u"cambiAñadido", u"Cambio añadido"},
+    {u"cambioCancelado", u"Cambio cancelado/no autorizado"},
+    {u"cambio", u"Cambio"},
+    {u"pago", u"Pago - "},
+    {u"vaciado", u"VACIADO "},
+    {u"abonoAgrupado", u"Abono agrupado"},
+    {u"cobroAgrupado", u"Cobro agrupado"},
+    {u"cobroVenta", u"Cobro Venta"},
+    {u"abonoVenta", u"Abono Venta"},
 };
 
 inline constexpr const Clave& kVendedor = Entrada(kClavesTill, u"vendedor");
+inline constexpr const Clave& kAbonoManual = Entrada(kClavesTill, u"abonoManual");
+inline constexpr const Clave& kConceptoCobroManual = Entrada(kClavesTill, u"cobroManual");
+inline constexpr const Clave& kAjustePorDescuadre = Entrada(kClavesTill, u"ajustePorDescuadre");
+inline constexpr const Clave& kVaciadoCajones = Entrada(kClavesTill, u"vaciadoCajones");
+inline constexpr const Clave& kArqueoCaja = Entrada(kClavesTill, u"arqueoCaja");
+inline constexpr const Clave& kCambioAnadido = Entrada(kClavesTill, u"cambiAñadido");
+inline constexpr const Clave& kCambioCancelado = Entrada(kClavesTill, u"cambioCancelado");
+inline constexpr const Clave& kCambio = Entrada(kClavesTill, u"cambio");
+inline constexpr const Clave& kPago = Entrada(kClavesTill, u"pago");
+inline constexpr const Clave& kVaciado = Entrada(kClavesTill, u"vaciado");
+inline constexpr const Clave& kAbonoAgrupado = Entrada(kClavesTill, u"abonoAgrupado");
+inline constexpr const Clave& kCobroAgrupado = Entrada(kClavesTill, u"cobroAgrupado");
+inline constexpr const Clave& kCobroVenta = Entrada(kClavesTill, u"cobroVenta");
+inline constexpr const Clave& kAbonoVenta = Entrada(kClavesTill, u"abonoVenta");
 
 } // namespace zv::texto

@@ -84,6 +84,26 @@ TEST_F(SaldosTest, SkipsLevelsOfZeroAndBelow) {
     EXPECT_EQ(Saldo(TipoSaldo::Reciclador), Currency(100));
 }
 
+TEST_F(SaldosTest, KeepsThePiecesOfItsLastReadings) {
+    PonerNiveles(2, "50,500", "3,-2");
+    PonerNiveles(3, "x,500", "0,7"); // no denomination, and no piece of it
+    Saldo(TipoSaldo::Reciclador);
+    const std::vector<NivelPiezas> reciclador{{50, 3}, {500, 0}};
+    EXPECT_EQ(saldos.UltimosNiveles().reciclador, reciclador);
+    EXPECT_TRUE(saldos.UltimosNiveles().cajones.empty());
+    Saldo(TipoSaldo::Cajones);
+    EXPECT_EQ(saldos.UltimosNiveles().reciclador, reciclador);
+    EXPECT_EQ(saldos.UltimosNiveles().cajones, (std::vector<NivelPiezas>{{500, 7}}));
+    cliente.FallarNiveles(3, 0, {});
+    Saldo(TipoSaldo::Todo);
+    EXPECT_EQ(saldos.UltimosNiveles().reciclador, reciclador);
+    EXPECT_TRUE(saldos.UltimosNiveles().cajones.empty());
+    PonerNiveles(2, "50,500", "3,2,1");
+    dialogos.EsperaCaja(testing::_);
+    Saldo(TipoSaldo::Reciclador);
+    EXPECT_TRUE(saldos.UltimosNiveles().reciclador.empty());
+}
+
 TEST_F(SaldosTest, AnswersZeroWithEmptyLists) {
     PonerNiveles(2, "", "");
     EXPECT_EQ(Saldo(TipoSaldo::Reciclador), Currency(0));

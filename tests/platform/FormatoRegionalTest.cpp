@@ -211,6 +211,27 @@ TEST(FormatoRegional, WritesOtherRegionsAsTheyDo) {
     EXPECT_EQ(FormatoRegional(u"en_IN"_s).FormatoCurrency(Currency(1234567)), u"₹12,34,567.00"_s);
 }
 
+TEST(FormatoRegional, WritesDatesInTheRegionsOrder) {
+    const QDateTime tarde(QDate(2026, 3, 4), QTime(15, 5, 3));
+    const QDateTime manana(QDate(2026, 3, 4), QTime(0, 5, 3));
+    const FormatoRegional espana(u"es_ES"_s);
+    EXPECT_EQ(espana.FechaGeneral(tarde), u"04/03/2026 15:05:03"_s);
+    EXPECT_EQ(espana.FechaGeneral(manana), u"04/03/2026 0:05:03"_s);
+    const FormatoRegional america(u"en_US"_s);
+    EXPECT_EQ(america.FechaGeneral(tarde), u"03/04/2026 3:05:03 PM"_s);
+    EXPECT_EQ(america.FechaGeneral(manana), u"03/04/2026 12:05:03 AM"_s);
+    EXPECT_EQ(FormatoRegional(u"de_DE"_s).FechaGeneral(tarde), u"04.03.2026 15:05:03"_s);
+}
+
+TEST(FormatoRegional, AMidnightHasNoTimeAndTheDayZeroNoDate) {
+    const FormatoRegional espana(u"es_ES"_s);
+    EXPECT_EQ(espana.FechaGeneral(QDateTime(QDate(2026, 3, 4), QTime(0, 0))), u"04/03/2026"_s);
+    EXPECT_EQ(espana.FechaGeneral(QDateTime(QDate(1899, 12, 30), QTime(9, 0))), u"9:00:00"_s);
+    EXPECT_EQ(espana.FechaGeneral(QDateTime(QDate(1899, 12, 30), QTime(0, 0))), u"0:00:00"_s);
+    EXPECT_EQ(espana.FechaGeneral(QDateTime(QDate(100, 1, 1), QTime(0, 0))), u"01/01/0100"_s);
+    EXPECT_EQ(espana.FechaGeneral({}), QString());
+}
+
 TEST(FormatoRegional, AnUnknownRegionIsSpain) {
     EXPECT_EQ(FormatoRegional(u"C"_s).FormatoCurrency(Currency(1000)), u"1.000,00 €"_s);
     EXPECT_EQ(FormatoRegional(QString()).FormatoCurrency(Currency(1000)), u"1.000,00 €"_s);

@@ -1,0 +1,117 @@
+#include "till/ConceptoRegistro.h"
+
+#include "platform/StringLiterals.h"
+#include "store/Palabras.h"
+#include "till/Claves.h"
+#include "ui/Textos.h"
+
+#include <algorithm>
+
+namespace zv {
+
+namespace {
+
+using Apunte = ReglaConcepto::Apunte;
+using Prueba = PruebaConcepto;
+using Detalle = DetalleConcepto;
+using Suma = SumaPeriodo;
+
+const QString kTerminalMonitor = u"ZV"_s;
+
+constexpr std::array<Apunte, 2> Uno(Suma suma, Aporte aporte) {
+    return {Apunte{suma, aporte}, Apunte{}};
+}
+
+constexpr std::array kCajaMonitor = {
+    ReglaConcepto{&tipo::kCobroManual, Prueba::SoloDevuelto, &texto::kAbonoManual, Detalle::Error,
+                  Uno(Suma::Abonos, Aporte::Devuelto)},
+    ReglaConcepto{&tipo::kCobroManual, Prueba::Ninguna, &texto::kConceptoCobroManual,
+                  Detalle::Error, Uno(Suma::Cobros, Aporte::Neto)},
+    ReglaConcepto{&tipo::kCashBoxControl,
+                  Prueba::Ninguna,
+                  &texto::kAjustePorDescuadre,
+                  Detalle::Ninguno,
+                  {Apunte{Suma::Ingresos, Aporte::CobradoPositivo},
+                   Apunte{Suma::Pagos, Aporte::DevueltoPositivo}}},
+    ReglaConcepto{&tipo::kVaciadoCajones, Prueba::Ninguna, &texto::kVaciadoCajones,
+                  Detalle::Ninguno, Uno(Suma::Pagos, Aporte::Devuelto)},
+    ReglaConcepto{&tipo::kArqueoCaja, Prueba::Ninguna, &texto::kArqueoCaja, Detalle::Ninguno,
+                  Uno(Suma::Pagos, Aporte::Devuelto)},
+    ReglaConcepto{&tipo::kMeterCambio, Prueba::Ninguna, &texto::kCambioAnadido, Detalle::Ninguno,
+                  Uno(Suma::Ingresos, Aporte::Neto)},
+    ReglaConcepto{&tipo::kPagoCambio, Prueba::Ninguna, &texto::kCambioCancelado, Detalle::Ninguno,
+                  Uno(Suma::Pagos, Aporte::Devuelto)},
+    ReglaConcepto{&tipo::kDarCambio, Prueba::Ninguna, &texto::kCambio},
+    ReglaConcepto{&tipo::kPago, Prueba::Ninguna, &texto::kPago, Detalle::Error,
+                  Uno(Suma::Pagos, Aporte::Devuelto)},
+    ReglaConcepto{&tipo::kVaciado, Prueba::Ninguna, &texto::kVaciado, Detalle::FormaPago,
+                  Uno(Suma::Pagos, Aporte::Devuelto)},
+    ReglaConcepto{nullptr, Prueba::SoloDevuelto, &texto::kAbonoAgrupado, Detalle::Ninguno,
+                  Uno(Suma::Abonos, Aporte::Devuelto)},
+    ReglaConcepto{nullptr, Prueba::Ninguna, &texto::kCobroAgrupado, Detalle::Ninguno,
+                  Uno(Suma::Cobros, Aporte::Neto)},
+};
+
+constexpr std::array kCajaVenta = {
+    ReglaConcepto{nullptr, Prueba::VentaPositiva, &texto::kCobroVenta, Detalle::Ninguno,
+                  Uno(Suma::Cobros, Aporte::Neto)},
+    ReglaConcepto{nullptr, Prueba::Ninguna, &texto::kAbonoVenta, Detalle::Ninguno,
+                  Uno(Suma::Abonos, Aporte::Devuelto)},
+};
+
+bool Pasa(PruebaConcepto prueba, const DatosConcepto& datos) {
+    switch (prueba) {
+    case Prueba::Ninguna:
+        return true;
+    case Prueba::SoloDevuelto:
+        return datos.devuelto > Currency(0) && datos.cobrado.EsCero();
+    case Prueba::VentaPositiva:
+        return datos.importeVenta > Currency(0);
+    }
+    return false;
+}
+
+} // namespace
+
+constinit const VarianteConcepto kConceptosCaja{kCajaMonitor, kCajaVenta};
+
+Currency ValorDe(Aporte aporte, const DatosConcepto& datos) {
+    switch (aporte) {
+    case Aporte::Nada:
+        break;
+    case Aporte::Neto:
+        return datos.cobrado - datos.devuelto;
+    case Aporte::Devuelto:
+        return datos.devuelto;
+    case Aporte::CobradoPositivo:
+        return std::max(datos.cobrado, Currency(0));
+    case Aporte::DevueltoPositivo:
+        return std::max(datos.devuelto, Currency(0));
+    }
+    return {};
+}
+
+std::size_t VarianteConcepto::Clasificar(const DatosConcepto& datos) const {
+    const auto donde = [&datos](std::span<const ReglaConcepto> reglas) {
+        const auto regla =
+            std::find_if(reglas.begin(), reglas.end() - 1, [&datos](const ReglaConcepto& cada) {
+                return (cada.id1 == nullptr || *cada.id1 == datos.id1) && Pasa(cada.prueba, datos);
+            });
+        return static_cast<std::size_t>(regla - reglas.begin());
+    };
+    return datos.terminal == kTerminalMonitor ? donde(delMonitor)
+                                              : delMonitor.size() + donde(deVenta);
+}
+
+TextosConcepto::TextosConcepto(const VarianteConcepto& variante, const Textos& textos) {
+    textos_.reserve(variante.Reglas());
+    for (std::size_t n = 0; n < variante.Reglas(); ++n) {
+        textos_.push_back(textos.Traduce(*variante.Regla(n).texto));
+    }
+}
+
+QString TextosConcepto::Texto(std::size_t regla, const QString& detalle) const {
+    return textos_[regla] + detalle;
+}
+
+} // namespace zv

@@ -1,0 +1,105 @@
+// The concepts of the cash office: text and totals of each kind of record.
+#include "till/ConceptoRegistro.h"
+
+#include "platform/StringLiterals.h"
+#include "support/CarpetaTemporal.h"
+#include "support/IdiomaIngles.h"
+#include "support/ImprimeQt.h"
+#include "ui/Textos.h"
+
+#include <gtest/gtest.h>
+
+namespace zv::test {
+namespace {
+
+// As "Cobros+150 Pagos+20".
+QString Efecto(const DatosConcepto& datos) {
+    static const QString kNombres[] = {u"Cobros"_s, u"Abonos"_s, u"Pagos"_s, u"Ingresos"_s};
+    QStringList efectos;
+    const ReglaConcepto& regla = kConceptosCaja.Regla(kConceptosCaja.Clasificar(datos));
+    for (const auto& [suma, aporte] : regla.apuntes) {
+        if (const Currency valor = ValorDe(aporte, datos); !valor.EsCero()) {
+            efectos << kNombres[static_cast<std::size_t>(suma)] + u'+' + valor.ATexto();
+        }
+    }
+    return efectos.join(u' ');
+}
+
+struct Caso {
+    QString terminal;
+    QString id1;
+    int venta;
+    int cobrado;
+    int devuelto;
+    QString texto;
+    QString efecto;
+};
+
+// What is told behind the text is "x".
+const Caso kCasos[] = {
+    {u"ZV"_s, u"COBRO_MANUAL"_s, -500, 0, 500, u"Abono Manual -x"_s, u"Abonos+500"_s},
+    {u"ZV"_s, u"COBRO_MANUAL"_s, 500, 700, 200, u"Cobro Manual -x"_s, u"Cobros+500"_s},
+    {u"ZV"_s, u"COBRO_MANUAL"_s, 500, 0, 0, u"Cobro Manual -x"_s, {}},
+    {u"ZV"_s, u"COBRO_MANUAL"_s, 500, 1, 200, u"Cobro Manual -x"_s, u"Cobros+-199"_s},
+    {u"ZV"_s, u"CASHBOXCONTROL"_s, -300, 300, 0, u"Ajuste por descuadre"_s, u"Ingresos+300"_s},
+    {u"ZV"_s, u"CASHBOXCONTROL"_s, -300, 0, 300, u"Ajuste por descuadre"_s, u"Pagos+300"_s},
+    {u"ZV"_s, u"CASHBOXCONTROL"_s, 0, 30, 20, u"Ajuste por descuadre"_s, u"Ingresos+30 Pagos+20"_s},
+    {u"ZV"_s, u"CASHBOXCONTROL"_s, 0, -30, -20, u"Ajuste por descuadre"_s, {}},
+    {u"ZV"_s, u"VACIADOCAJONES"_s, -80, 5, 80, u"Vaciado de cajones"_s, u"Pagos+80"_s},
+    {u"ZV"_s, u"ARQUEOCAJA"_s, -80, 5, 80, u"Arqueo de caja"_s, u"Pagos+80"_s},
+    {u"ZV"_s, u"METER_CAMBIO"_s, 0, 90, 20, u"Cambio añadido"_s, u"Ingresos+70"_s},
+    {u"ZV"_s, u"PAGO_CAMBIO"_s, 0, 90, 20, u"Cambio cancelado/no autorizado"_s, u"Pagos+20"_s},
+    {u"ZV"_s, u"DAR_CAMBIO"_s, 0, 2000, 1500, u"Cambio"_s, {}},
+    {u"ZV"_s, u"PAGO"_s, -40, 10, 40, u"Pago -x"_s, u"Pagos+40"_s},
+    {u"ZV"_s, u"VACIADO"_s, -40, 0, 40, u"VACIADOx"_s, u"Pagos+40"_s},
+    {u"ZV"_s, u"T1/T2"_s, -40, 0, 40, u"Abono agrupado"_s, u"Abonos+40"_s},
+    {u"ZV"_s, u"T1/T2"_s, 40, 50, 10, u"Cobro agrupado"_s, u"Cobros+40"_s},
+    {u"ZV"_s, {}, 40, 50, 10, u"Cobro agrupado"_s, u"Cobros+40"_s},
+    // compared exactly
+    {u"ZV"_s, u"pago"_s, 40, 50, 10, u"Cobro agrupado"_s, u"Cobros+40"_s},
+    {u"zv"_s, u"PAGO"_s, 40, 50, 10, u"Cobro Venta"_s, u"Cobros+40"_s},
+    // sales
+    {u"TPV1"_s, u"PAGO"_s, 40, 50, 10, u"Cobro Venta"_s, u"Cobros+40"_s},
+    {u"TPV1"_s, u"T1"_s, 0, 50, 10, u"Abono Venta"_s, u"Abonos+10"_s},
+    {u"TPV1"_s, u"T1"_s, -40, 0, 40, u"Abono Venta"_s, u"Abonos+40"_s},
+    {{}, u"T1"_s, 1, 1, 0, u"Cobro Venta"_s, u"Cobros+1"_s},
+};
+
+TEST(ConceptoRegistroTest, EachKindOfRecord) {
+    const CarpetaTemporal carpeta;
+    const Textos textos(carpeta.Ruta());
+    const TextosConcepto conceptos(kConceptosCaja, textos);
+    for (const Caso& c : kCasos) {
+        const DatosConcepto datos{c.terminal, c.id1, c.venta, c.cobrado, c.devuelto};
+        const std::size_t n = kConceptosCaja.Clasificar(datos);
+        const bool detalle = kConceptosCaja.Regla(n).detalle != DetalleConcepto::Ninguno;
+        EXPECT_EQ(conceptos.Texto(n, detalle ? u"x"_s : QString()), c.texto) << c.id1.toStdString();
+        EXPECT_EQ(Efecto(datos), c.efecto) << c.id1.toStdString();
+    }
+}
+
+TEST(ConceptoRegistroTest, OnlyAnEmptiedBoxTellsHowItWasPaid) {
+    for (std::size_t n = 0; n < kConceptosCaja.Reglas(); ++n) {
+        const ReglaConcepto& regla = kConceptosCaja.Regla(n);
+        const bool vaciado = regla.id1 != nullptr && *regla.id1 == u"VACIADO"_s;
+        EXPECT_EQ(regla.detalle == DetalleConcepto::FormaPago, vaciado);
+    }
+}
+
+TEST(ConceptoRegistroTest, EveryConceptHasItsOwnEnglishText) {
+    const CarpetaTemporal carpeta;
+    IdiomaIngles().PonerEn(carpeta.Ruta());
+    const Textos textos(carpeta.Ruta());
+    const TextosConcepto conceptos(kConceptosCaja, textos);
+    QStringList vistos;
+    for (std::size_t n = 0; n < kConceptosCaja.Reglas(); ++n) {
+        const QString texto = conceptos.Texto(n, {});
+        EXPECT_FALSE(vistos.contains(texto)) << texto.toStdString();
+        EXPECT_NE(texto, kConceptosCaja.Regla(n).texto->PorDefecto());
+        vistos << texto;
+    }
+    EXPECT_TRUE(vistos.contains(u"Pay-out -\u00a0"_s));
+}
+
+} // namespace
+} // namespace zv::test
