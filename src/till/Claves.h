@@ -24,6 +24,20 @@ inline constexpr Clave kClavesTill[] = {
     {u"cobroAgrupado", u"Cobro agrupado"},
     {u"cobroVenta", u"Cobro Venta"},
     {u"abonoVenta", u"Abono Venta"},
+    // captions of the cash office that printouts of the history have too
+    {u"frmCaja", u"lblCobros", u"Cobros por ventas"},
+    {u"frmCaja", u"lblAbonos", u"Abonos por ventas"},
+    {u"frmCaja", u"lblPagos", u"Pagos"},
+    {u"frmCaja", u"lblIngresos", u"Ingresos"},
+    {u"frmCaja", u"lblSaldoFinal", u"SALDO FINAL"},
+    // printouts of the history
+    {u"sinDatos", u"Sin datos"},
+    {u"noHayMovimientosParaImprimir", u"No hay movimientos para imprimir"},
+    {u"cierreDeCaja", u"Cierre de Caja"},
+    {u"cierreDeCaja2", u"¿Desea imprimir el listado de ventas?"},
+    {u"cierreDeCaja3", u"¿Desea imprimir el resumen de los totales de caja?"},
+    {u"movimientosDeCajaDel", u"MOVIMIENTOS DE CAJA DEL"},
+    {u"al", u" AL"},
 };
 
 inline constexpr const Clave& kVendedor = Entrada(kClavesTill, u"vendedor");
@@ -41,5 +55,18 @@ inline constexpr const Clave& kAbonoAgrupado = Entrada(kClavesTill, u"abonoAgrup
 inline constexpr const Clave& kCobroAgrupado = Entrada(kClavesTill, u"cobroAgrupado");
 inline constexpr const Clave& kCobroVenta = Entrada(kClavesTill, u"cobroVenta");
 inline constexpr const Clave& kAbonoVenta = Entrada(kClavesTill, u"abonoVenta");
+inline constexpr const Clave& kLblCobros = Entrada(kClavesTill, u"frmCaja", u"lblCobros");
+inline constexpr const Clave& kLblAbonos = Entrada(kClavesTill, u"frmCaja", u"lblAbonos");
+inline constexpr const Clave& kLblPagos = Entrada(kClavesTill, u"frmCaja", u"lblPagos");
+inline constexpr const Clave& kLblIngresos = Entrada(kClavesTill, u"frmCaja", u"lblIngresos");
+inline constexpr const Clave& kLblSaldoFinal = Entrada(kClavesTill, u"frmCaja", u"lblSaldoFinal");
+inline constexpr const Clave& kSinDatos = Entrada(kClavesTill, u"sinDatos");
+inline constexpr const Clave& kSinMovimientos =
+    Entrada(kClavesTill, u"noHayMovimientosParaImprimir");
+inline constexpr const Clave& kHistorialTitulo = Entrada(kClavesTill, u"cierreDeCaja");
+inline constexpr const Clave& kHistorialImprimirListado = Entrada(kClavesTill, u"cierreDeCaja2");
+inline constexpr const Clave& kHistorialImprimirResumen = Entrada(kClavesTill, u"cierreDeCaja3");
+inline constexpr const Clave& kMovimientosDel = Entrada(kClavesTill, u"movimientosDeCajaDel");
+inline constexpr const Clave& kMovimientosAl = Entrada(kClavesTill, u"al");
 
 } // namespace zv::texto

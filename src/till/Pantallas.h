@@ -10,6 +10,7 @@ enum class Pantalla {
     Cobros,           // the register of charges
     Incidencias,      // the register of incidents
     Caja,             // the cash office
+    Historial,        // the closes of the past, from within the cash office
     Configuracion,    // the settings
     CambioContrasena, // the login, to change one's own password
     Usuarios,         // the users, from within the settings

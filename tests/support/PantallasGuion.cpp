@@ -16,6 +16,8 @@ QString Nombre(Pantalla pantalla) {
         return u"Incidencias"_s;
     case Pantalla::Caja:
         return u"Caja"_s;
+    case Pantalla::Historial:
+        return u"Historial"_s;
     case Pantalla::Configuracion:
         return u"Configuracion"_s;
     case Pantalla::CambioContrasena:

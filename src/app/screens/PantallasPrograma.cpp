@@ -21,6 +21,7 @@ bool PantallasPrograma::Existe(Pantalla pantalla) const {
     case Pantalla::Cobros:
     case Pantalla::Incidencias:
     case Pantalla::Caja:
+    case Pantalla::Historial:
     case Pantalla::Configuracion:
         break;
     }
