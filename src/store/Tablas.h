@@ -12,6 +12,7 @@ inline const QString kUsuarios = u"Usuarios"_s;
 inline const QString kAccesos = u"Accesos"_s;
 inline const QString kCola = u"cola"_s;
 inline const QString kProcesados = u"procesados"_s;
+inline const QString kCierres = u"Cierres"_s;
 inline const QString kHistorial = u"historial"_s;
 } // namespace tabla
 

@@ -171,6 +171,9 @@ void DeviceGuion::Charge(qint32 valueInCents, qint32& paidIn, qint32& paidOut, b
 void DeviceGuion::CashBoxControl(qint32 mode, qint32& coinsValueInCB, qint32& notesValueInCB,
                                  qint32& remainingChange, bool& result) {
     const Llamada llamada = Tomar(Texto("CashBoxControl", mode, remainingChange));
+    if (coinsValueInCB != 0 || notesValueInCB != 0) {
+        ADD_FAILURE() << "the values of the boxes go in as 0";
+    }
     coinsValueInCB = llamada.salida1;
     notesValueInCB = llamada.salida2;
     remainingChange = llamada.salida3;
