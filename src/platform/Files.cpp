@@ -220,4 +220,21 @@ QString TextoErrorSistema(int numero) {
     }
 }
 
+ErrorEjecucion FalloDeFichero(int error, const QByteArray& ruta) {
+    const QString nombre = QFile::decodeName(ruta);
+    switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+        return {61, u"Disco lleno: "_s + nombre};
+    case EACCES:
+    case EPERM:
+        return {70, u"Permiso denegado: "_s + nombre};
+    case ENOENT:
+    case ENOTDIR:
+        return {76, u"No se ha encontrado la ruta de acceso: "_s + nombre};
+    default:
+        return errores::ErrorDeArchivo(nombre, TextoErrorSistema(error));
+    }
+}
+
 } // namespace zv

@@ -2,6 +2,8 @@
 // so that whoever reads it, or a crash, finds the old text or the new one and never a part.
 #pragma once
 
+#include "platform/ErrorEjecucion.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -35,5 +37,8 @@ int ReemplazarFichero(const QByteArray& ruta, QByteArrayView contenido,
 
 // What such a number means, in Spanish, for messages and logs.
 QString TextoErrorSistema(int numero);
+// The failure to raise for it: 61 for a full disk, 70 when it is not permitted, 76 when the path is
+// not there, 75 for any other.
+ErrorEjecucion FalloDeFichero(int numero, const QByteArray& ruta);
 
 } // namespace zv

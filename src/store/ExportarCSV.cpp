@@ -1,7 +1,6 @@
 #include "store/ExportarCSV.h"
 
 #include "platform/CodePage.h"
-#include "platform/ErrorEjecucion.h"
 #include "platform/Files.h"
 #include "platform/StringLiterals.h"
 #include "store/Claves.h"
@@ -48,9 +47,9 @@ QByteArray TextoDe(const Rejilla& grid) {
     return contenido;
 }
 
-void Comprobar(int error, const QString& ruta) {
+void Comprobar(int error, const QByteArray& ruta) {
     if (error != 0) {
-        throw errores::ErrorDeArchivo(ruta, TextoErrorSistema(error));
+        throw FalloDeFichero(error, ruta);
     }
 }
 
@@ -58,11 +57,12 @@ void Comprobar(int error, const QString& ruta) {
 
 void ExportarCSV(const Rejilla& grid, const QString& nombre, const QString& carpeta,
                  const Clock& reloj, Dialogos& dialogos, const Textos& textos) {
-    const QString destino = carpeta + u"/exports"_s;
-    Comprobar(CrearCarpeta(QFile::encodeName(destino)), destino);
+    const QByteArray destino = QFile::encodeName(carpeta + u"/exports"_s);
+    Comprobar(CrearCarpeta(destino), destino);
     const QString sello = reloj.Ahora().toString(u"yyyyMMdd_HHmmss"_s);
-    const QString ruta = destino + u'/' + NombreDeFichero(nombre, u'_' + sello + u".csv"_s);
-    Comprobar(ReemplazarFichero(QFile::encodeName(ruta), TextoDe(grid)), ruta);
+    const QByteArray ruta =
+        destino + '/' + QFile::encodeName(NombreDeFichero(nombre, u'_' + sello + u".csv"_s));
+    Comprobar(ReemplazarFichero(ruta, TextoDe(grid)), ruta);
     dialogos.MostrarMensaje(textos.Traduce(texto::kExportarTitulo),
                             textos.Traduce(texto::kExportarHecho));
 }

@@ -22,23 +22,6 @@ namespace zv {
 
 namespace {
 
-ErrorEjecucion FalloDe(int error, const QByteArray& ruta) {
-    const QString nombre = QFile::decodeName(ruta);
-    switch (error) {
-    case ENOSPC:
-    case EDQUOT:
-        return {61, u"Disco lleno: "_s + nombre};
-    case EACCES:
-    case EPERM:
-        return {70, u"Permiso denegado: "_s + nombre};
-    case ENOENT:
-    case ENOTDIR:
-        return {76, u"No se ha encontrado la ruta de acceso: "_s + nombre};
-    default:
-        return errores::ErrorDeArchivo(nombre, TextoErrorSistema(error));
-    }
-}
-
 int Abrir(const QByteArray& ruta, int modo) {
     int fd = -1;
     do {
@@ -133,12 +116,12 @@ void LogFiles::LogLinea(const QString& texto) {
     int fd = AbrirParaAñadir(ruta);
     if (fd < 0 && errno == ENOENT) {
         if (::mkdir(carpetaDebug_.constData(), 0777) != 0 && errno != EEXIST) {
-            throw FalloDe(errno, carpetaDebug_);
+            throw FalloDeFichero(errno, carpetaDebug_);
         }
         fd = AbrirParaAñadir(ruta);
     }
     if (fd < 0) {
-        throw FalloDe(errno, ruta);
+        throw FalloDeFichero(errno, ruta);
     }
     int error = Escribir(fd, linea);
     // Some file systems tell of a failed write only here.
@@ -146,7 +129,7 @@ void LogFiles::LogLinea(const QString& texto) {
         error = errno;
     }
     if (error != 0) {
-        throw FalloDe(error, ruta);
+        throw FalloDeFichero(error, ruta);
     }
 }
 
@@ -190,14 +173,14 @@ void LogFiles::Borrar() const {
         if (errno == ENOENT || errno == ENOTDIR) {
             return;
         }
-        throw FalloDe(errno, carpetaDebug_);
+        throw FalloDeFichero(errno, carpetaDebug_);
     }
     while (true) {
         errno = 0;
         const dirent* entrada = ::readdir(carpeta.get()); // NOLINT(concurrency-mt-unsafe)
         if (entrada == nullptr) {
             if (errno != 0) {
-                throw FalloDe(errno, carpetaDebug_);
+                throw FalloDeFichero(errno, carpetaDebug_);
             }
             return;
         }
@@ -219,7 +202,7 @@ void LogFiles::Borrar() const {
             continue;
         }
         if (::unlink(ruta.constData()) != 0 && errno != ENOENT) {
-            throw FalloDe(errno, ruta);
+            throw FalloDeFichero(errno, ruta);
         }
     }
 }
