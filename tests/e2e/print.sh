@@ -67,7 +67,6 @@ print_out() {
   told=$("$bin/zv_print" "$till" "$@" 2>>"$till/monitor.out") || fail "zv_print ended badly"
   equals "what the operator is told" "" "$told"
 }
-# answer_print: the same, where questions are to be asked.
 printed() {
   local jobs
   jobs=$(lpstat -W not-completed -o) || return 1
@@ -207,8 +206,10 @@ check_long() {
 check_wide() {
   print_out listado 2 "Pago - $(printf 'a%.0s' {1..70})"
   pages_back
-  # The printer turns the sheet or the picture on it.
-  pdfinfo "$paper" | grep -Eq '^Page (size: *842.*x 595|rot: *(90|270))' || fail "not in landscape: $(pdfinfo "$paper")"
+  # The document lies; the server turns it to fit on the upright sheet, in its own size.
+  pdfinfo "$cups"/spool/d*-001 | grep -Eq '^Page size: *842.* x 595' || fail "the document does not lie"
+  pdftotext -bbox "$paper" - | grep -F '>MOVIMIENTOS<' | awk -F'"' '{ exit !($8 - $4 > $6 - $2) }' ||
+    fail "the document was not turned"
   text | grep -q '€$' || fail "the amounts are cut off: $(text)"
 }
 
