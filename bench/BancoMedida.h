@@ -74,6 +74,7 @@ class DialogosProhibidos final : public Dialogos {
         Fin(titulo);
     }
     void CajaSimple(const QString& texto) override { Fin(texto); }
+    Impresion ElegirImpresion() override { Fin(u"ElegirImpresion"_s); }
 
   private:
     [[noreturn]] static void Fin(const QString& texto) {

@@ -260,6 +260,7 @@ void Caja::EscribirEtiquetas() {
     PonerImporte(&EstadoCaja::lbCBBilletes, saldos.cajonBilletes);
     if (totales.quebranto.EsCero()) {
         PonerEtiqueta(&EstadoCaja::lbQuebranto, QString());
+        estado_.quebrantoVisible = false; // the first refresh takes the line away
     } else {
         PonerImporte(&EstadoCaja::lbQuebranto, totales.quebranto);
     }

@@ -58,7 +58,7 @@ struct EstadoCaja {
     QString lbCBMonedas;
     QString lbCBBilletes;
     QString lbQuebranto;
-    bool quebrantoVisible = true; // lbQuebranto and lblQuebranto
+    bool quebrantoVisible = true; // lbQuebranto and lblQuebranto; until the first refresh
     bool punteroEspera = false;
     PorBotonCaja<bool> boton = [] {
         PorBotonCaja<bool> habilitado;

@@ -17,6 +17,32 @@ inline constexpr Clave kClavesCashoffice[] = {
     {u"frmCaja", u"lblCB", u"Cajones"},
     {u"frmCaja", u"lblSaldoCierre", u"SALDO CIERRE"},
     {u"frmCaja", u"lblQuebranto", u"Quebranto"},
+    {u"frmCaja", u"lbTitulo", u"Cierre de Caja"},
+    {u"frmCaja", u"lbGrdZV", u"LISTADO DE MOVIMIENTOS"},
+    {u"frmCaja", u"lblContenido", u"CONTENIDO ZV"},
+    {u"frmCaja", u"lblMonedas", u"Monedas"},
+    {u"frmCaja", u"lblBilletes", u"Billetes"},
+    {u"frmCaja", u"boton_0", u"Salir"},
+    {u"frmCaja", u"boton_1", u"Imprimir"},
+    {u"frmCaja", u"boton_2", u"Cierre¬Niveles Óptimos"},
+    {u"frmCaja", u"boton_3", u"Cierre¬por valor"},
+    {u"frmCaja", u"boton_4", u"Cuadrar¬con Zorvex"},
+    {u"frmCaja", u"boton_5", u"Vaciado¬Cajón Monedas"},
+    {u"frmCaja", u"boton_6", u"Vaciado¬Cajón Billetes"},
+    {u"frmCaja", u"boton_7", u"Configuración¬de Zorvex"},
+    {u"frmCaja", u"boton_8", u"Histórico"},
+    {u"frmCaja", u"boton_9", u"Export¬CSV"},
+    // cards, the count of the movements, the bars of the device
+    {u"frmCaja", u"grdZV", u"Listado de movimientos"},
+    {u"frmCaja", u"fraPeriodo", u"Periodo"},
+    {u"frmCaja", u"fraZorvex", u"En Zorvex"},
+    {u"frmCaja", u"lblContador", u"Movimientos:"},
+    {u"frmCaja", u"lbVacia", u"No hay movimientos desde el último cierre"},
+    {u"frmCaja", u"prgMovimientos", u"Movimientos cargados"},
+    {u"frmCaja", u"lblNivelesMonedas", u"Monedas que hay"},
+    {u"frmCaja", u"lblNivelesBilletes", u"Billetes que hay"},
+    {u"frmCaja", u"lblNivelCambio", u"Para cambio"},
+    {u"frmCaja", u"lblNivelCajon", u"En cajón"},
     // printouts
     {u"movimientosDeCajaHasta", u"MOVIMIENTOS DE CAJA HASTA"},
     {u"cierreDeCaja2b", u"CIERRE DE CAJA ("},
@@ -50,6 +76,41 @@ inline constexpr const Clave& kLblSaldoCierre =
     Entrada(kClavesCashoffice, u"frmCaja", u"lblSaldoCierre");
 inline constexpr const Clave& kLblQuebranto =
     Entrada(kClavesCashoffice, u"frmCaja", u"lblQuebranto");
+inline constexpr const Clave& kCajaTitulo = Entrada(kClavesCashoffice, u"frmCaja", u"lbTitulo");
+inline constexpr const Clave& kLbGrdZV = Entrada(kClavesCashoffice, u"frmCaja", u"lbGrdZV");
+inline constexpr const Clave& kLblContenido =
+    Entrada(kClavesCashoffice, u"frmCaja", u"lblContenido");
+inline constexpr const Clave& kLblMonedas = Entrada(kClavesCashoffice, u"frmCaja", u"lblMonedas");
+inline constexpr const Clave& kLblBilletes = Entrada(kClavesCashoffice, u"frmCaja", u"lblBilletes");
+// By number.
+inline constexpr const Clave* kBotonesCajaTexto[] = {
+    &Entrada(kClavesCashoffice, u"frmCaja", u"boton_0"),
+    &Entrada(kClavesCashoffice, u"frmCaja", u"boton_1"),
+    &Entrada(kClavesCashoffice, u"frmCaja", u"boton_2"),
+    &Entrada(kClavesCashoffice, u"frmCaja", u"boton_3"),
+    &Entrada(kClavesCashoffice, u"frmCaja", u"boton_4"),
+    &Entrada(kClavesCashoffice, u"frmCaja", u"boton_5"),
+    &Entrada(kClavesCashoffice, u"frmCaja", u"boton_6"),
+    &Entrada(kClavesCashoffice, u"frmCaja", u"boton_7"),
+    &Entrada(kClavesCashoffice, u"frmCaja", u"boton_8"),
+    &Entrada(kClavesCashoffice, u"frmCaja", u"boton_9")};
+inline constexpr const Clave& kCajaGrdZV = Entrada(kClavesCashoffice, u"frmCaja", u"grdZV");
+inline constexpr const Clave& kTarjetaPeriodo =
+    Entrada(kClavesCashoffice, u"frmCaja", u"fraPeriodo");
+inline constexpr const Clave& kTarjetaAparato =
+    Entrada(kClavesCashoffice, u"frmCaja", u"fraZorvex");
+inline constexpr const Clave& kLblContador = Entrada(kClavesCashoffice, u"frmCaja", u"lblContador");
+inline constexpr const Clave& kSinMovimientosPeriodo =
+    Entrada(kClavesCashoffice, u"frmCaja", u"lbVacia");
+inline constexpr const Clave& kProgreso = Entrada(kClavesCashoffice, u"frmCaja", u"prgMovimientos");
+inline constexpr const Clave& kNivelesMonedas =
+    Entrada(kClavesCashoffice, u"frmCaja", u"lblNivelesMonedas");
+inline constexpr const Clave& kNivelesBilletes =
+    Entrada(kClavesCashoffice, u"frmCaja", u"lblNivelesBilletes");
+inline constexpr const Clave& kNivelCambio =
+    Entrada(kClavesCashoffice, u"frmCaja", u"lblNivelCambio");
+inline constexpr const Clave& kNivelCajon =
+    Entrada(kClavesCashoffice, u"frmCaja", u"lblNivelCajon");
 inline constexpr const Clave& kMovimientosHasta =
     Entrada(kClavesCashoffice, u"movimientosDeCajaHasta");
 inline constexpr const Clave& kImpresionCierre = Entrada(kClavesCashoffice, u"cierreDeCaja2b");

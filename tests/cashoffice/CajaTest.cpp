@@ -271,7 +271,6 @@ TEST_F(CajaTest, OnlyACaptionThatChangesDecidesOnEmptying) {
 
 TEST_F(CajaTest, TheLossLineGoesAtTheFirstRefreshAndNeverComesBack) {
     Conectar();
-    caja.PonerEtiqueta(&EstadoCaja::lbQuebranto, u"0,00 €"_s);
     EXPECT_TRUE(E().quebrantoVisible);
     caja.RefrescarCaja();
     EXPECT_FALSE(E().quebrantoVisible);

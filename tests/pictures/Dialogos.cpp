@@ -1,5 +1,6 @@
 // Pictures of the dialogs, each opened on its own, also of those that a till seldom shows:
 // screen_pictures APPLICATION-FOLDER OUTPUT-FOLDER. The language file is the application folder's.
+#include "CajaDeMuestra.h"
 #include "Muestras.h"
 #include "TablaDeMuestra.h"
 #include "access/Seguretat.h"
@@ -20,6 +21,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScreen>
@@ -43,6 +45,9 @@ class Fotografo {
         Piezas();
         for (const int usuarios : {0, 3, 6, 8, 1000}) {
             Usuarios(usuarios);
+        }
+        for (const int movimientos : {0, 8, 2000}) {
+            Caja(movimientos);
         }
         return bien_;
     }
@@ -238,6 +243,36 @@ class Fotografo {
             Guardar(*nombres->view()->window(), nombre("users-list"));
             nombres->hidePopup();
         }
+        pantalla.hide();
+    }
+
+    // The cash office over a till of the screen's size, with so many movements.
+    void Caja(int movimientos) {
+        QWidget till;
+        till.setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        till.show();
+        muestra::CajaDeMuestra muestra(movimientos, mudo_, dialogos_, textos_, importes_, reloj_);
+        muestra.PonerColumnas(movimientos == 8);
+        AccionesCaja acciones;
+        for (const BotonCaja boton : kBotonesCaja) {
+            acciones[boton] = [] {};
+        }
+        frmCaja pantalla(muestra.Caja(), acciones, &till);
+        pantalla.show();
+        const QString nombre = u"cash-office-%1"_s.arg(movimientos);
+        if (movimientos > 1000) {
+            QApplication::processEvents(); // the refresh, and no further step
+            Guardar(pantalla, nombre + u"-filling"_s);
+        }
+        QElapsedTimer reloj;
+        reloj.start();
+        while (reloj.elapsed() < 1000) {
+            QApplication::processEvents();
+        }
+        if (movimientos == 8) {
+            muestra.Caja().PonerEtiqueta(&EstadoCaja::lbSaldoCierre, u"1.264,10 €"_s);
+        }
+        Guardar(pantalla, nombre);
         pantalla.hide();
     }
 

@@ -2,6 +2,12 @@
 
 #include "access/Usuarios.h"
 #include "access/screens/frmUsuarios.h"
+#include "cashoffice/ImpresionCaja.h"
+#include "cashoffice/OperacionesCaja.h"
+#include "cashoffice/screens/frmCaja.h"
+#include "platform/StringLiterals.h"
+#include "store/ExportarCSV.h"
+#include "ui/screens/ImpresoraSistema.h"
 
 namespace zv {
 
@@ -15,12 +21,12 @@ bool PantallasPrograma::Existe(Pantalla pantalla) const {
     switch (pantalla) {
     case Pantalla::CambioContrasena:
     case Pantalla::Usuarios:
+    case Pantalla::Caja:
         return true;
     case Pantalla::BotonAcceso:
         return static_cast<bool>(botonAcceso_);
     case Pantalla::Cobros:
     case Pantalla::Incidencias:
-    case Pantalla::Caja:
     case Pantalla::Historial:
     case Pantalla::Configuracion:
         break;
@@ -33,6 +39,8 @@ void PantallasPrograma::Abrir(Pantalla pantalla) {
         login_->CambiarContrasena();
     } else if (pantalla == Pantalla::Usuarios) {
         AbrirUsuarios();
+    } else if (pantalla == Pantalla::Caja) {
+        AbrirCaja();
     } else if (pantalla == Pantalla::BotonAcceso && botonAcceso_) {
         botonAcceso_();
     }
@@ -42,6 +50,26 @@ void PantallasPrograma::AbrirUsuarios() {
     Usuarios usuarios(entorno_->Database(), entorno_->dialogos, entorno_->textos);
     frmUsuarios pantalla(usuarios, entorno_->seguretat, entorno_->dialogos, entorno_->textos,
                          padre_ ? padre_() : nullptr);
+    pantalla.exec();
+    pantalla.LanzarFallo();
+}
+
+void PantallasPrograma::AbrirCaja() {
+    Entorno& e = *entorno_;
+    Caja caja(e);
+    ImpresoraSistema impresora(u"ZVMonitor"_s);
+    OperacionesCaja operaciones(caja);
+    AccionesCaja acciones;
+    for (const BotonCaja boton :
+         {BotonCaja::CierreNiveles, BotonCaja::CierreValor, BotonCaja::Cuadrar,
+          BotonCaja::VaciarMonedas, BotonCaja::VaciarBilletes, BotonCaja::Configuracion}) {
+        acciones[boton] = [&operaciones, boton] { operaciones.boton_Click(boton); };
+    }
+    acciones[BotonCaja::Imprimir] = [&] { ImprimirCaja(caja, impresora); };
+    acciones[BotonCaja::ExportCsv] = [&] {
+        ExportarCSV(caja.grdZV(), u"Caja"_s, e.carpeta, e.reloj, e.dialogos, e.textos);
+    };
+    frmCaja pantalla(caja, std::move(acciones), padre_ ? padre_() : nullptr);
     pantalla.exec();
     pantalla.LanzarFallo();
 }

@@ -29,6 +29,7 @@ class PantallasPrograma final : public Pantallas {
 
   private:
     void AbrirUsuarios();
+    void AbrirCaja();
 
     std::function<QWidget*()> padre_;
     std::function<void()> botonAcceso_;

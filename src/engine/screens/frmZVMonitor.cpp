@@ -2,22 +2,19 @@
 
 #include "engine/Claves.h"
 #include "platform/StringLiterals.h"
+#include "ui/screens/PintarYa.h"
 #include "ui/screens/Rol.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCloseEvent>
-#include <QDeadlineTimer>
-#include <QEventLoop>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QScreen>
-#include <QThread>
 #include <QToolButton>
-#include <QWindow>
 
 namespace zv {
 
@@ -26,19 +23,7 @@ namespace {
 constexpr int kPulsoMs = 1;
 constexpr int kParpadeoMs = 500;
 constexpr int kMaximizadoMs = 1000;
-constexpr int kPrimeraPinturaMs = 500; // a window that stays hidden must not hold the start up
 constexpr int kTwipsPorPixel = 15;
-
-// While it lives no descriptor speaks: some event loops do not know the flag that keeps them quiet.
-// What has come in is told again afterwards.
-class DescriptoresCallados final : public QObject {
-  public:
-    DescriptoresCallados() { QCoreApplication::instance()->installEventFilter(this); }
-
-    bool eventFilter(QObject* /*objeto*/, QEvent* evento) override {
-        return evento->type() == QEvent::SockAct;
-    }
-};
 
 } // namespace
 
@@ -181,27 +166,9 @@ void frmZVMonitor::Seguir() {
     partes_.controles.PonerMostrado();
 }
 
-// A window that has just been shown can be painted when the window system has put it up. What comes
-// of that is looked at alone: no key, no click, no timer, no message of anybody.
-void frmZVMonitor::EsperarVentana() const {
-    constexpr QEventLoop::ProcessEventsFlags kSoloVentana = QEventLoop::ExcludeUserInputEvents |
-                                                            QEventLoop::ExcludeSocketNotifiers |
-                                                            QEventLoop::X11ExcludeTimers;
-    const DescriptoresCallados callados;
-    const QDeadlineTimer limite(kPrimeraPinturaMs);
-    while (!windowHandle()->isExposed() && !limite.hasExpired()) {
-        QCoreApplication::processEvents(kSoloVentana);
-        QThread::msleep(1);
-    }
-}
-
 void frmZVMonitor::Pintar() {
     Seguir();
-    if (!isVisible() || isMinimized()) {
-        return;
-    }
-    EsperarVentana();
-    repaint();
+    PintarYa(*this);
 }
 
 void frmZVMonitor::Tick() {

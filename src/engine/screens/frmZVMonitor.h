@@ -79,7 +79,6 @@ class frmZVMonitor final : public QWidget, public VentanaPrincipal {
     void DobleClicCabecera();
     void SeguirAlBucle();
     void Pintar();
-    void EsperarVentana() const;
 
     PartesMonitor partes_;
     AccionesVentana acciones_;

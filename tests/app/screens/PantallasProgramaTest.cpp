@@ -9,7 +9,10 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+#include <QDir>
+#include <QLabel>
 #include <QLineEdit>
+#include <QTest>
 
 namespace zv::test {
 namespace {
@@ -50,11 +53,12 @@ class PantallasProgramaTest : public BancoMonitor {
     PantallasPrograma programa{{}};
 };
 
-TEST_F(PantallasProgramaTest, HasTheScreensOfTheUsersAndNoOtherYet) {
-    for (const Pantalla pantalla : {Pantalla::CambioContrasena, Pantalla::Usuarios}) {
+TEST_F(PantallasProgramaTest, HasTheUsersAndTheCashOfficeAndNoOtherYet) {
+    for (const Pantalla pantalla :
+         {Pantalla::CambioContrasena, Pantalla::Usuarios, Pantalla::Caja}) {
         EXPECT_TRUE(programa.Existe(pantalla));
     }
-    for (const Pantalla pantalla : {Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Caja,
+    for (const Pantalla pantalla : {Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Historial,
                                     Pantalla::Configuracion, Pantalla::BotonAcceso}) {
         EXPECT_FALSE(programa.Existe(pantalla));
         programa.Abrir(pantalla); // nothing happens
@@ -105,6 +109,32 @@ TEST_F(PantallasProgramaTest, TheFirstUserProtectsAtOnce) {
     });
     const AlAbrir abierto([](QDialog& d) { Entrar(d, "1234"); });
     EXPECT_TRUE(programa.ValidarUsuari(0, u"authConfiguracion"_s));
+}
+
+TEST_F(PantallasProgramaTest, TheCashOfficeShowsThePeriodAndExportsIt) {
+    Database().Ejecutar(
+        u"INSERT INTO procesados (importeVenta,cobrado,devuelto,estado,id1,terminal,"
+        "idCierre) VALUES (1250,2000,750,'OK','T1','TPV1',0)"_s);
+    dialogos.EsperaMensaje(testing::_, testing::_); // exported
+    Abrir(Pantalla::Caja, [this](QDialog& d) {
+        EXPECT_EQ(d.objectName(), u"frmCaja"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(d.findChild<QLabel*>(u"lbCobros"_s)->text(), u"12,50 €"_s, 5000);
+        EXPECT_FALSE(d.findChild<QAbstractButton*>(u"boton_8"_s)->isEnabled());
+        QTRY_VERIFY_WITH_TIMEOUT(d.findChild<QAbstractButton*>(u"boton_9"_s)->isEnabled(), 5000);
+        Tocar(d, "boton_9");
+        Tocar(d, "boton_0");
+    });
+    const QStringList ficheros =
+        QDir(monitor->Partes().entorno.carpeta + u"/exports"_s).entryList({u"Caja_*.csv"_s});
+    EXPECT_EQ(ficheros.size(), 1);
+}
+
+TEST_F(PantallasProgramaTest, AFailureWhileTheCashOfficeComesUpIsTheCallers) {
+    Database().Ejecutar(u"DROP TABLE procesados"_s);
+    const AlAbrir abierto([](QDialog& d) {
+        QTRY_VERIFY_WITH_TIMEOUT(!d.isVisible(), 5000); // it ends by itself
+    });
+    EXPECT_EQ(NumeroError([&] { programa.Abrir(Pantalla::Caja); }), 1);
 }
 
 TEST_F(PantallasProgramaTest, AFailureOfAScreenIsTheCallers) {
