@@ -140,6 +140,7 @@ bool CobrosAgrupados::Cobrar(Operacion& op, const QString& ids) {
     entorno_.cliente.Charge(op.cantidad, op.fin.paidIn, op.fin.paidOut, op.fin.bien);
     op.fin.Tomar(entorno_.cliente);
     entorno_.codigoEnvio = op.fin.codigo;
+    entorno_.mensajeEnvio = op.fin.mensaje;
     bool archivado = false;
     if (op.fin.bien) {
         archivado = ArchivarCobro(op, ids);

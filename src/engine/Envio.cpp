@@ -70,6 +70,7 @@ int Envio::Enviar(DeviceClient& cliente, Operacion& op) {
     const qint32 cantidad = ParaElDispositivo(op.importe);
     cliente.Charge(cantidad, op.paidIn, op.paidOut, cobrado);
     entorno_.codigoEnvio = cobrado ? qint16{0} : cliente.ErrorCode();
+    entorno_.mensajeEnvio = cobrado ? QString() : cliente.ErrorMessage();
     if (cobrado) {
         ArchivarCobro(op);
         return envio::kBien;

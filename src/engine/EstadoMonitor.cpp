@@ -8,6 +8,8 @@
 #include "platform/StringLiterals.h"
 #include "till/ResultadoEnvio.h"
 
+#include <QScopedValueRollback>
+
 namespace zv {
 
 EstadoMonitor::EstadoMonitor(Entorno& entorno, Controles& controles, GridCola& grid)
@@ -75,22 +77,31 @@ void EstadoMonitor::ActualizarTexto(bool automatico) {
             poner(textos.Traduce(texto::kOperacionCancelada));
         }
         break;
-    case envio::kError: {
-        const qint16 codigo = entorno_.codigoEnvio;
-        if (codigo != 0) {
-            const QString detalle =
-                QString::number(codigo) + u" - "_s + entorno_.cliente.ErrorMessage();
-            poner(textos.Traduce(texto::kErrorZorvexCon, detalle));
-            entorno_.dialogos.MostrarMensaje(textos.Traduce(texto::kErrorDeZorvex), detalle);
-            entorno_.ResultadoEnvio = envio::kBien;
-        } else {
-            poner(textos.Traduce(texto::kErrorZorvexSin));
-        }
+    case envio::kError:
+        ContarError();
         break;
-    }
     default:
         break;
     }
+}
+
+void EstadoMonitor::ContarError() {
+    const Textos& textos = entorno_.textos;
+    if (entorno_.codigoEnvio == 0) {
+        controles_.Poner(&EstadoControles::lbEstado, textos.Traduce(texto::kErrorZorvexSin));
+        return;
+    }
+    const QString detalle =
+        QString::number(entorno_.codigoEnvio) + u" - "_s + entorno_.mensajeEnvio;
+    controles_.Poner(&EstadoControles::lbEstado, textos.Traduce(texto::kErrorZorvexCon, detalle));
+    // A tick may come by here while the box is up. It does not tell it again, and the result stands
+    // until the box has gone: no sale is sent below it.
+    if (contandoError_) {
+        return;
+    }
+    const QScopedValueRollback contando(contandoError_, true);
+    entorno_.dialogos.MostrarMensaje(textos.Traduce(texto::kErrorDeZorvex), detalle);
+    entorno_.ResultadoEnvio = envio::kBien;
 }
 
 void EstadoMonitor::ActualizarBotonesMonitor(bool habilitado) {

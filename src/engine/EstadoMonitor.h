@@ -66,6 +66,7 @@ class EstadoMonitor final : public VistaConexion {
     void ActualizarAviso();
     void ActualizarContador();
     void ActualizarTexto(bool automatico);
+    void ContarError();
     void Desplazar(int filas);
 
     Entorno& entorno_;
@@ -75,6 +76,7 @@ class EstadoMonitor final : public VistaConexion {
     bool agrupando_ = false;
     bool marcando_ = false;
     bool parada_ = false;
+    bool contandoError_ = false; // its box is up
 };
 
 } // namespace zv

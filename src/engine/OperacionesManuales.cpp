@@ -295,6 +295,7 @@ OperacionesManuales::Avisos OperacionesManuales::ArchivarCobro(const FinOperacio
         return {Archivar(u"COBROMAN_OK"_s, registro)};
     }
     entorno_.codigoEnvio = fin.codigo;
+    entorno_.mensajeEnvio = fin.mensaje;
     if (fin.codigo <= 0) {
         entorno_.ResultadoEnvio = envio::kCancelado;
         return {};

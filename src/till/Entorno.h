@@ -51,9 +51,10 @@ struct Entorno : TillServices {
 
     // Result of the last send, process-wide: 0 good, 1 cancelled, 2 error.
     int ResultadoEnvio = 0;
-    // The device's code for it, taken as its operation ended: a balance that fails after it changes
-    // what the client says. 0 when the device was not asked, or did its part well.
+    // The device's code and words for it, taken as its operation ended: a balance that fails after
+    // it changes what the client says. 0 when the device was not asked, or did its part well.
     qint16 codigoEnvio = 0;
+    QString mensajeEnvio{};
 
     DatabaseEngine& Database() const { return conexion.Database(); }
 };

@@ -218,6 +218,32 @@ TEST_F(CobrosAgrupadosTest, ARowThatAnotherProgramHasDeletedIsNotCharged) {
                   u"PROCCOLA_DELCOLA_OK_2 [AGR_MAN_DELCOLA_GRUPO_MANUAL]"_s, u"AGR_MAN_COMMIT"_s}));
 }
 
+TEST_F(CobrosAgrupadosTest, WhenAllRowsHaveBeenDeletedNothingIsCharged) {
+    DosFilas();
+    Otro()->Ejecutar(u"DELETE FROM cola"_s);
+    cliente.EsperaCharge(0, 0, 0);
+    EXPECT_TRUE(Procesar());
+    ASSERT_EQ(Procesados().size(), 1U);
+    EXPECT_EQ(Ultimo().LeerTexto(u"estado"_s), u"OK"_s);
+    EXPECT_EQ(Ultimo().LeerTexto(u"id1"_s), QString());
+    EXPECT_EQ(Ultimo().LeerTexto(u"terminal"_s), QString());
+    EXPECT_EQ(Ultimo().LeerCurrency(u"importeVenta"_s), Currency(0));
+    EXPECT_EQ(log.lineas.last(), u"AGR_MAN_COMMIT"_s);
+}
+
+TEST_F(CobrosAgrupadosTest, ABalanceThatFailsAfterTheErrorDoesNotLendItItsWords) {
+    DosFilas();
+    Mirar();
+    Marcar({1, 2});
+    cliente.EsperaCharge(1250, 0, 0, FinGuion::Error(12, u"Atasco"_s).Durante([this] {
+        cliente.FallarNiveles(2, 31, u"Puerta abierta"_s);
+    }));
+    dialogos.EsperaMensaje(u"Operación anulada"_s, u"Puerta abierta"_s);
+    dialogos.EsperaMensaje(u"Operación anulada"_s, u"Puerta abierta"_s);
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"12 - Atasco"_s);
+    Cobrar();
+}
+
 TEST_F(CobrosAgrupadosTest, ARowThatGoesWhileTheCustomerPaysLeavesNoRecordOfItsOwn) {
     DosFilas();
     cliente.EsperaCharge(1250, 1250, 0, FinGuion::Ok().Durante([this] {

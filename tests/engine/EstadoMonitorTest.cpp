@@ -15,6 +15,12 @@ class EstadoMonitorTest : public BancoEngine {
         }
         estado.RellenarGrid();
     }
+    // The operation's own end; the client has failed once more since.
+    void PonerFallo(qint16 codigo, const QString& mensaje) {
+        entorno.codigoEnvio = codigo;
+        entorno.mensajeEnvio = mensaje;
+        cliente.PonerError(31, u"Puerta abierta"_s);
+    }
 };
 
 TEST_F(EstadoMonitorTest, StartsWithTheWordsOfTheStart) {
@@ -74,14 +80,35 @@ TEST_F(EstadoMonitorTest, ACancelWithAnEmptyQueueReturnsToAuto) {
 
 TEST_F(EstadoMonitorTest, ADeviceErrorIsShownOnceWithItsWords) {
     entorno.ResultadoEnvio = envio::kError;
-    cliente.PonerError(12, u"Sin cambio"_s);
-    entorno.codigoEnvio = 12;
+    PonerFallo(12, u"Sin cambio"_s);
     dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"12 - Sin cambio"_s);
     estado.ActualizarEstado(true);
     EXPECT_EQ(C().lbEstado, u"Error 12 - Sin cambio. Consulte con su técnico"_s);
     EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
     estado.ActualizarEstado(true);
     EXPECT_EQ(C().lbEstado, QString());
+}
+
+// A tick under the box of a failure, with a sale that came in meanwhile.
+TEST_F(EstadoMonitorTest, UnderTheBoxOfAFailureItIsNotToldAgainAndNothingIsSent) {
+    ConectarCon(50000);
+    entorno.ResultadoEnvio = envio::kError;
+    PonerFallo(12, u"Sin cambio"_s);
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"12 - Sin cambio"_s, Respuesta::Aceptar,
+                           std::nullopt, [this] {
+                               PonerFila(100);
+                               pulso.ProcesarCola();
+                               pulso.ProcesarCola();
+                               EXPECT_EQ(C().lbContador, u"1 cobros"_s);
+                               EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
+                           });
+    estado.ActualizarEstado(true);
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kBien);
+    EXPECT_EQ(configuracio->Modo, modo::kAuto);
+    // And is sent afterwards.
+    cliente.EsperaCharge(100, 100, 0);
+    pulso.ProcesarCola();
+    EXPECT_TRUE(Cola().empty());
 }
 
 TEST_F(EstadoMonitorTest, AnErrorWithoutACodeAsksNothingAndStands) {
@@ -166,8 +193,7 @@ TEST_F(EstadoMonitorTest, TheWordsComeFromTheLanguageFileEvenTheModes) {
     entorno.ResultadoEnvio = envio::kError;
     estado.ActualizarEstado(true);
     EXPECT_EQ(C().lbEstado, u"see the technician"_s);
-    cliente.PonerError(12, u"Sin cambio"_s);
-    entorno.codigoEnvio = 12;
+    PonerFallo(12, u"Sin cambio"_s);
     dialogos.EsperaMensaje(u"Fault"_s, u"12 - Sin cambio"_s);
     estado.ActualizarEstado(true);
     EXPECT_EQ(C().lbEstado, u"see the technician"_s);
