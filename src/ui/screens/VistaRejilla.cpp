@@ -3,10 +3,12 @@
 #include "platform/StringLiterals.h"
 #include "ui/screens/Tema.h"
 
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QStyleHints>
 
 #include <algorithm>
 #include <utility>
@@ -190,11 +192,25 @@ void VistaRejilla::Soltar(const std::optional<Lugar>& lugar) {
 
 // The base class would move a selection and scroll after the pointer: nothing of it is wanted.
 void VistaRejilla::mousePressEvent(QMouseEvent* evento) {
+    if (LlegaTarde(*evento)) {
+        ultimoToque_ = evento->timestamp();
+        Pulsar(std::nullopt);
+        return;
+    }
     const bool izquierdo = evento->button() == Qt::LeftButton;
     Pulsar(izquierdo ? std::optional(LugarDe(evento->position().toPoint())) : std::nullopt);
 }
 
-// Two quick touches mean one row: where the first has brought another one below the finger, the
+// Quick touches mean one row: when the first has taken it away, those that follow are none, however
+// many they are and wherever the finger comes down. Counted by the time of the events: what the
+// first one does may take a while, and the next waits meanwhile.
+bool VistaRejilla::LlegaTarde(const QMouseEvent& evento) const {
+    return anterior_ && LugarDe(anterior_->fila, anterior_->columna) != anterior_ &&
+           evento.timestamp() - ultimoToque_ <
+               static_cast<quint64>(QGuiApplication::styleHints()->mouseDoubleClickInterval());
+}
+
+// The system calls two touches one: where the first has brought another row below the finger, the
 // second is none.
 void VistaRejilla::mouseDoubleClickEvent(QMouseEvent* evento) {
     mousePressEvent(evento);
@@ -214,6 +230,9 @@ void VistaRejilla::mouseMoveEvent(QMouseEvent* evento) {
 void VistaRejilla::mouseReleaseEvent(QMouseEvent* evento) {
     if (evento->button() == Qt::LeftButton) {
         const QPoint punto = evento->position().toPoint();
+        if (pulsado_) {
+            ultimoToque_ = evento->timestamp();
+        }
         Soltar(viewport()->rect().contains(punto) ? std::optional(LugarDe(punto)) : std::nullopt);
     }
 }

@@ -60,6 +60,8 @@ class VistaRejilla final : public QTableView, public Escalable {
 
     Lugar LugarDe(const QPoint& punto) const;
     Lugar LugarDe(int fila, int columna) const;
+    // Whether a press comes too soon after a touch that has changed the rows.
+    bool LlegaTarde(const QMouseEvent& evento) const;
     void Pulsar(const std::optional<Lugar>& lugar);
     void Soltar(const std::optional<Lugar>& lugar);
     void SeñalarPulsada(const std::optional<Lugar>& lugar);
@@ -72,6 +74,7 @@ class VistaRejilla final : public QTableView, public Escalable {
     DelegadoRejilla delegado_;
     std::optional<Lugar> pulsado_;
     std::optional<Lugar> anterior_; // the one pressed before
+    quint64 ultimoToque_ = 0;       // time of its release in the system's milliseconds
     int ultimaPagina_ = 0;          // value of the scroll bar at which the last page is filled
     bool siguiendo_ = false;
 };

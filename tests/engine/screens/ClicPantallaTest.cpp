@@ -5,6 +5,8 @@
 
 #include <QAccessible>
 #include <QFrame>
+#include <QMouseEvent>
+#include <QStyleHints>
 
 namespace zv::test {
 
@@ -33,6 +35,19 @@ class ClicPantallaTest : public BancoPantalla {
     }
     void ClicCelda(int fila, int columna) {
         QTest::mouseClick(D().grdZV->viewport(), Qt::LeftButton, {}, Centro(fila, columna));
+        controles.Poner(&EstadoControles::timerCola, false);
+        QApplication::processEvents();
+    }
+    // A press and its release, at that time of the system.
+    void TocarA(const QPoint& donde, quint64 cuando) {
+        QWidget* zona = D().grdZV->viewport();
+        for (const QEvent::Type tipo : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            const bool abajo = tipo == QEvent::MouseButtonPress;
+            QMouseEvent evento(tipo, donde, zona->mapToGlobal(donde), Qt::LeftButton,
+                               abajo ? Qt::LeftButton : Qt::NoButton, Qt::NoModifier);
+            evento.setTimestamp(cuando);
+            QApplication::sendEvent(zona, &evento);
+        }
         controles.Poner(&EstadoControles::timerCola, false);
         QApplication::processEvents();
     }
@@ -141,6 +156,32 @@ TEST_F(ClicPantallaTest, OneTouchAnnulsAndASecondOneDoesNotAnnulTheNext) {
     EXPECT_EQ(D().lbContador->text(), u"1 cobros / 1 abonos"_s);
 }
 
+// Fingers do not come down twice at the same point, and some of them come down three times.
+TEST_F(ClicPantallaTest, QuickTouchesElsewhereDoNotAnnulTheNextEither) {
+    pantallas.EsperaValidar(1, u"authRegistro"_s, true);
+    const QPoint donde = Centro(1, ColumnaCola::Anular);
+    TocarA(donde, 10'000);
+    const int pausa = QGuiApplication::styleHints()->mouseDoubleClickInterval();
+    TocarA(donde + QPoint(12, 3), 10'000 + pausa - 50);
+    TocarA(donde + QPoint(-9, 0), 10'000 + 2 * pausa - 100); // counted from the one before
+    TocarA(Centro(2, ColumnaCola::Anular), 10'000 + 2 * pausa - 80);
+    EXPECT_EQ(Cola().size(), 2U);
+    // Nobody is in such a hurry.
+    pantallas.EsperaValidar(1, u"authRegistro"_s, true);
+    TocarA(donde, 10'000 + 4 * pausa);
+    EXPECT_EQ(Cola().size(), 1U);
+}
+
+TEST_F(ClicPantallaTest, QuickTouchesOnRowsThatStandAllCount) {
+    ClicAgrupar();
+    for (int fila = 1; fila <= 3; ++fila) {
+        TocarA(Centro(fila, ColumnaCola::Importe), 10'000 + static_cast<quint64>(fila) * 20);
+    }
+    for (int fila = 1; fila <= 3; ++fila) {
+        EXPECT_EQ(Fondo(fila, ColumnaCola::Importe), QColor(255, 190, 0)) << fila;
+    }
+}
+
 TEST_F(ClicPantallaTest, OneTouchSendsThatRow) {
     pantallas.EsperaValidar(2, u"authCobroManual"_s, true);
     cliente.EsperaCharge(250, 250, 0, FinGuion::Ok().Durante([this] {
@@ -155,6 +196,29 @@ TEST_F(ClicPantallaTest, OneTouchSendsThatRow) {
     EXPECT_EQ(Cola().size(), 2U);
     EXPECT_EQ(D().grdZV->model()->rowCount(), 2);
     EXPECT_TRUE(D().grdZV->isEnabled());
+}
+
+// Its second touch comes while the operation of the first one runs, or is asked about.
+TEST_F(ClicPantallaTest, AButtonOfTheFootThatIsTouchedTwiceWorksOnce) {
+    const auto otraVez = [this](BotonPie boton) {
+        return [this, boton] {
+            QApplication::processEvents();
+            EXPECT_FALSE(D().framePie->isEnabled());
+            QTest::mouseDClick(D().boton[boton], Qt::LeftButton);
+            QApplication::processEvents();
+        };
+    };
+    cliente.EsperaChange(0, 0, FinGuion::Ok().Durante(otraVez(BotonPie::DarCambio)));
+    Clic(D().boton[BotonPie::DarCambio]);
+    cliente.EsperaAddChange(0, FinGuion::Ok().Durante(otraVez(BotonPie::AnadirCambio)));
+    Clic(D().boton[BotonPie::AnadirCambio]);
+    pantallas.EsperaValidar(1, u"authPago"_s, false, otraVez(BotonPie::Pago));
+    Clic(D().boton[BotonPie::Pago]);
+    pantallas.EsperaValidar(2, u"authCobro"_s, false, otraVez(BotonPie::CobroManual));
+    Clic(D().boton[BotonPie::CobroManual]);
+    EXPECT_TRUE(cliente.Agotado());
+    EXPECT_EQ(pantallas.Pendientes(), 0U);
+    EXPECT_TRUE(pulso.Armado());
 }
 
 TEST_F(ClicPantallaTest, CellsAreNamedByTheirColumnsAndActByThem) {
