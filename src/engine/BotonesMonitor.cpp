@@ -90,7 +90,9 @@ void BotonesMonitor::boton_Click(BotonPie boton) {
 }
 
 void BotonesMonitor::cobroManual(const QString& concepto) {
-    if (!ocupado_ && pulso_.Armado() && controles_.Estado().framePie) {
+    // Nothing but another operation holds it back: while the pulse stands stopped without a device,
+    // or for the marking of rows, none is under way.
+    if (!ocupado_ && pulso_.NadieTrabaja()) {
         const QScopedValueRollback ocupado(ocupado_, true);
         manuales_.cobroManual(concepto);
     }

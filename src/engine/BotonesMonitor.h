@@ -34,8 +34,7 @@ class BotonesMonitor {
     // Entry and exit of the handler around an operation.
     void Envolver(const Operacion& operacion);
     // The manual charge of the floating button, which stands above other programs and can be
-    // touched at any time: it does nothing while the pulse is stopped, a dialog of an operation is
-    // up or rows are being marked.
+    // touched at any time: it does nothing while an operation runs or a dialog of one is up.
     void cobroManual(const QString& concepto);
 
   private:

@@ -30,6 +30,9 @@ class PulsoCola {
     void DejarParado();
     // Ends the transaction that a failed operation has left open, unless an operation runs now.
     void SaldarAbandonadas();
+    // No operation is under way: the pulse is armed, or it stands stopped and the operator's turn
+    // has come.
+    bool NadieTrabaja() const;
     bool Armado() const { return controles_.Estado().timerCola; }
 
     // One tick of timerCola. Raises what no routine inside it is told to catch.
@@ -42,7 +45,6 @@ class PulsoCola {
     void RestaurarVentana();
 
   private:
-    bool NadieTrabaja() const;
     bool ConectorActivo();
     void ReflejarCambios();
     bool PuedeEnviar() const;

@@ -210,7 +210,7 @@ TEST_F(ClicGridTest, ALostLinkThatStaysLostLeavesThePulseStopped) {
     cliente.EsperaDisconnect();
     cliente.EsperaConnect(FinGuion::Error(1, u"No responde"_s));
     dialogos.EsperaMensaje(u"Error de Zorvex"_s, testing::_);
-    dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"1 - No responde"_s);
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"1 - Enlace perdido"_s);
     ClicEnviar();
     EXPECT_FALSE(supervision.Conectado());
     EXPECT_FALSE(pulso.Armado());
@@ -410,7 +410,7 @@ TEST_F(ClicGridTest, NobodyIsToldAnythingUnderTheWriteLock) {
     // The refill and the state line may have something to tell.
     entorno.ResultadoEnvio = envio::kError;
     entorno.codigoEnvio = 5;
-    cliente.PonerError(5, u"Atasco"_s);
+    entorno.mensajeEnvio = u"Atasco"_s;
     EsperaAnular();
     dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"5 - Atasco"_s, Respuesta::Aceptar, std::nullopt,
                            [this] { EXPECT_EQ(motor.Nivel(), 0); });
@@ -476,6 +476,17 @@ TEST_F(ClicGridTest, TheScreenSaysWhyNothingMovesAndWhatToPress) {
     botones.boton_Click(BotonPie::Conectar);
     EXPECT_EQ(C().aviso, LineaAviso());
     EXPECT_TRUE(C().puedeEnviar);
+}
+
+TEST_F(ClicGridTest, TheFloatingButtonGetsAStoppedPulseGoing) {
+    Desconectar();
+    Clic(1, 5);
+    ASSERT_FALSE(pulso.Armado());
+    dialogos.EsperaImporte(u"Cobro manual"_s, testing::_, 0, true);
+    botones.cobroManual(u"VENTA"_s);
+    EXPECT_TRUE(pulso.Armado());
+    EXPECT_FALSE(estado.Parada());
+    EXPECT_TRUE(C().framePie);
 }
 
 TEST_F(ClicGridTest, WhileItIsBeingConnectedNothingIsToBePressed) {

@@ -175,6 +175,17 @@ TEST_F(CobroManualTest, AnErrorIsALineInTheLogAndNoRecord) {
     }
 }
 
+TEST_F(CobroManualTest, ABalanceThatFailsAfterTheErrorDoesNotLendItItsWords) {
+    EsperaPreguntas(1250);
+    cliente.EsperaCharge(1250, 0, 0, FinGuion::Error(12, u"Atasco"_s).Durante([this] {
+        cliente.FallarNiveles(2, 31, u"Puerta abierta"_s);
+    }));
+    dialogos.EsperaMensaje(u"Operación anulada"_s, u"Puerta abierta"_s);
+    EsperaErrorDeZorvex(u"12 - Atasco"_s);
+    Cobrar();
+    EXPECT_EQ(C().lbEstado, u"Error 12 - Atasco. Consulte con su técnico"_s);
+}
+
 TEST_F(CobroManualTest, ACodeOf27WithAnotherAmountInHasARecord) {
     EsperaPreguntas(1250);
     cliente.EsperaCharge(1250, 2000, 2000, FinGuion::Error(27, u"Sin cambio"_s));
@@ -289,8 +300,7 @@ TEST_F(CobroManualTest, ALinkThatDoesNotComeBackIsAnErrorWithoutARecord) {
     EsperaPreguntas(1250);
     cliente.EsperaCharge(1250, 700, 0, EnlacePerdido());
     EsperaReconexion(false);
-    // The state line and its box read the code as it stands: that of the new connection.
-    EsperaErrorDeZorvex(u"1 - Nadie responde"_s);
+    EsperaErrorDeZorvex(u"1 - Enlace perdido"_s);
     Cobrar();
     EXPECT_EQ(log.lineas,
               (QStringList{u"COBROMAN_BEGINTRANS"_s} + LineasSinReconexion() +
@@ -311,6 +321,35 @@ TEST_F(CobroManualTest, TheFloatingButtonAsksForTheAmountAlone) {
     ComprobarApuntes({{tipo::kCobroManual, estado::kOk, 1250, 1250, 0, u"VENTA"_s}});
     // It is no button of the foot: the handler's entry and exit are not passed.
     EXPECT_EQ(entorno.ResultadoEnvio, envio::kCancelado);
+}
+
+// The handler's exit is not passed: the state line tells what has happened when the queue changes,
+// and until then nothing is sent.
+TEST_F(CobroManualTest, AFailedChargeOfTheFloatingButtonIsToldWithTheNextSale) {
+    configuracio->Modo = u"AUTO"_s;
+    pulso.ProcesarCola();
+    EsperaImporte(1250);
+    cliente.EsperaCharge(1250, 0, 0, FinGuion::Error(12, u"Atasco"_s));
+    const QString antes = C().lbEstado;
+    botones.cobroManual(u"VENTA"_s);
+    pulso.ProcesarCola();
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kError);
+    EXPECT_EQ(C().lbEstado, antes);
+    PonerFila(100);
+    EsperaErrorDeZorvex(u"12 - Atasco"_s);
+    cliente.EsperaCharge(100, 100, 0);
+    pulso.ProcesarCola();
+    EXPECT_TRUE(Cola().empty());
+}
+
+TEST_F(CobroManualTest, ACancelledChargeOfTheFloatingButtonLeavesTheModeAndTheBooks) {
+    configuracio->Modo = u"AUTO"_s;
+    EsperaImporte(1250);
+    cliente.EsperaCharge(1250, 500, 500, FinGuion::Cancelado());
+    botones.cobroManual(u"VENTA"_s);
+    EXPECT_EQ(entorno.ResultadoEnvio, envio::kCancelado);
+    EXPECT_EQ(configuracio->Modo, u"AUTO"_s);
+    ComprobarApuntes({});
 }
 
 TEST_F(CobroManualTest, TheFloatingButtonConnectsALostLinkToo) {

@@ -295,6 +295,34 @@ TEST_F(MarcarCobrosTest, WhatComesBackFromAnotherScreenDoesNotStartThePulse) {
     EXPECT_FALSE(pulso.Armado());
 }
 
+TEST_F(MarcarCobrosTest, TheFloatingButtonChargesAndTheMarksStand) {
+    Marcar({1, 2});
+    const LineaAviso aviso = C().aviso;
+    dialogos.EsperaImporte(u"Cobro manual"_s, testing::_, 500, false, [this] {
+        ClicEnFila(3); // too late
+        EXPECT_FALSE(C().framePie);
+    });
+    cliente.EsperaCharge(500, 0, 0, FinGuion::EnlacePerdido());
+    cliente.EsperaDisconnect();
+    cliente.EsperaConnect();
+    dialogos.EsperaImporte(u"Cobro manual"_s, testing::_, 500);
+    cliente.EsperaCharge(500, 500, 0);
+    botones.cobroManual(u"VENTA"_s);
+    EXPECT_EQ(Procesados().size(), 1U);
+    EXPECT_TRUE(estado.Marcando());
+    EXPECT_FALSE(pulso.Armado());
+    EXPECT_TRUE(C().framePie);
+    EXPECT_TRUE(C().grdZV);
+    EXPECT_TRUE(Resaltada(1) && Resaltada(2) && !Resaltada(3));
+    EXPECT_EQ(C().aviso, aviso);
+    EXPECT_TRUE(C().boton[BotonPie::AgruparCobros]);
+    EXPECT_FALSE(C().boton[BotonPie::Pago]);
+    cliente.EsperaCharge(1250, 1250, 0);
+    Cobrar();
+    EXPECT_EQ(Cola().size(), 1U);
+    EXPECT_TRUE(pulso.Armado());
+}
+
 TEST_F(MarcarCobrosTest, ADeviceThatGoesMeanwhileLeavesTheMarkingToBeEnded) {
     Marcar({1, 2});
     pantallas.EsperaValidar(1, u"authCaja"_s, true);

@@ -163,13 +163,13 @@ TEST_F(OperacionesManualesTest, NothingIsBegunWithinTheFloatingButtonsCharge) {
     ComprobarReposo();
 }
 
-TEST_F(OperacionesManualesTest, TheFloatingButtonBeginsNothingWithinASendNorWhileRowsAreMarked) {
+TEST_F(OperacionesManualesTest, TheFloatingButtonBeginsNothingWithinASendNorWithinAnythingElse) {
     configuracio->Modo = u"AUTO"_s;
     PonerFila(100);
     cliente.EsperaCharge(100, 100, 0, FinGuion::Ok().Durante(Tocando()));
     pulso.ProcesarCola();
     EXPECT_EQ(tocados_, 1);
-    // Marking stops the pulse and leaves the footer enabled.
+    // Whoever has stopped the pulse works.
     pulso.ParaTimer();
     controles.Poner(&EstadoControles::framePie, true);
     botones.cobroManual(u"VENTA"_s);

@@ -638,7 +638,13 @@ TEST_F(PulsoColaTest, AnIdleTickReadsNoRows) {
 
 TEST_F(PulsoColaTest, TheBracketTouchesTheAccessButtonOnlyWhenItIsUsed) {
     pulso.ArrancaTimer();
+    ventana.estado = ventana::kMinimizada;
+    pulso.RestaurarVentana();
     EXPECT_FALSE(controles.Estado().botonAccesoEncima);
+    controles.Poner(&EstadoControles::botonAccesoEncima, true);
+    pulso.ParaTimer();
+    EXPECT_TRUE(controles.Estado().botonAccesoEncima);
+    controles.Poner(&EstadoControles::botonAccesoEncima, false);
     configuracio->BOTONACCESO = 1;
     pulso.ArrancaTimer();
     EXPECT_TRUE(controles.Estado().botonAccesoEncima);

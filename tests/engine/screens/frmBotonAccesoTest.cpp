@@ -5,6 +5,7 @@
 #include "support/ImprimeQt.h"
 
 #include <QPainter>
+#include <QPointer>
 #include <QScreen>
 #include <QWindow>
 
@@ -13,17 +14,23 @@
 namespace zv::test {
 namespace {
 
+// The one that is shown.
+frmBotonAcceso* Boton() {
+    for (QWidget* tope : QApplication::topLevelWidgets()) {
+        if (auto* este = qobject_cast<frmBotonAcceso*>(tope)) {
+            return este;
+        }
+    }
+    return nullptr;
+}
+
 class frmBotonAccesoTest : public BancoPantalla {
   protected:
     void SetUp() override {
         configuracio->BOTONACCESO = 1;
         pulso.ParaTimer(); // as the start leaves it
         pantalla->MostrarBotonAcceso();
-        for (QWidget* tope : QApplication::topLevelWidgets()) {
-            if (auto* este = qobject_cast<frmBotonAcceso*>(tope)) {
-                boton = este;
-            }
-        }
+        boton = Boton();
         ASSERT_NE(boton, nullptr);
         QApplication::processEvents();
     }
@@ -50,6 +57,14 @@ class frmBotonAccesoTest : public BancoPantalla {
 
 TEST_F(frmBotonAccesoTest, IsARoundPictureWithANameAndNoText) {
     EXPECT_EQ(boton->accessibleName(), u"Cobro manual"_s);
+    EXPECT_EQ(boton->windowTitle(), u"Cobro manual"_s);
+    for (const Qt::WindowType marca : {Qt::FramelessWindowHint, Qt::NoDropShadowWindowHint}) {
+        EXPECT_TRUE(boton->windowFlags().testFlag(marca)) << marca;
+    }
+    // Round, no entry in a task bar, and no reason for a program to stay.
+    EXPECT_TRUE(boton->testAttribute(Qt::WA_TranslucentBackground));
+    EXPECT_TRUE(boton->testAttribute(Qt::WA_X11NetWmWindowTypeUtility));
+    EXPECT_FALSE(boton->testAttribute(Qt::WA_QuitOnClose));
     EXPECT_TRUE(boton->text().isEmpty());
     EXPECT_GE(boton->width(), 96);
     EXPECT_EQ(boton->width(), boton->height());
@@ -107,15 +122,29 @@ TEST_F(frmBotonAccesoTest, ALeftPressChargesByHandAtOnce) {
 
 TEST_F(frmBotonAccesoTest, ShowsThatItIsPressed) {
     ConectarCon(10000);
-    const QImage antes = boton->grab().toImage();
-    QImage mientras;
+    const auto imagen = [this] { return boton->grab().toImage(); };
+    // Of its rim, at the left.
+    const auto aro = [&] {
+        return imagen().pixelColor(boton->width() * 8 / 96, boton->height() * 45 / 96);
+    };
+    const QImage antes = imagen();
+    EXPECT_EQ(aro(), tema::kCuerpo);
+    struct Mirador : QObject {
+        bool eventFilter(QObject*, QEvent* evento) override {
+            pintadas += evento->type() == QEvent::Paint ? 1 : 0;
+            return false;
+        }
+        int pintadas = 0;
+    } mirador;
+    boton->installEventFilter(&mirador);
     EsperaCobro([&] {
+        // Before anything else keeps the event loop.
+        EXPECT_EQ(mirador.pintadas, 1);
         EXPECT_TRUE(boton->isDown());
-        mientras = boton->grab().toImage();
+        EXPECT_EQ(aro(), tema::kAmbar);
     });
     QTest::mousePress(boton, Qt::LeftButton);
-    EXPECT_NE(mientras, antes);
-    EXPECT_EQ(boton->grab().toImage(), antes);
+    EXPECT_EQ(imagen(), antes);
 }
 
 TEST_F(frmBotonAccesoTest, ALeftPressBringsAMinimisedMainScreenUpFirst) {
@@ -160,6 +189,12 @@ TEST_F(frmBotonAccesoTest, IsDrawnWithTheRightButtonAloneAndStaysWhole) {
     EXPECT_EQ(boton->geometry().bottomRight(), cabe.bottomRight());
 }
 
+TEST_F(frmBotonAccesoTest, ComesBackWhenItsScreenGrowsSmaller) {
+    boton->move(-40, 10'000);
+    Q_EMIT boton->screen()->availableGeometryChanged({});
+    EXPECT_TRUE(boton->screen()->availableGeometry().contains(boton->geometry()));
+}
+
 TEST_F(frmBotonAccesoTest, IsNotClosedByTheWindowSystem) {
     boton->windowHandle()->close();
     EXPECT_TRUE(boton->isVisible());
@@ -169,13 +204,24 @@ TEST_F(frmBotonAccesoTest, LeavesTheTopLevelWhileAnOperationRuns) {
     pulso.ArrancaTimer();
     QApplication::processEvents();
     EXPECT_TRUE(Encima());
+    EXPECT_TRUE(boton->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
     pulso.ParaTimer();
     QApplication::processEvents();
     EXPECT_FALSE(Encima());
+    EXPECT_FALSE(boton->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
     EXPECT_TRUE(boton->isVisible());
+    struct Mirador : QObject {
+        bool eventFilter(QObject*, QEvent* evento) override {
+            alzada = alzada || evento->type() == QEvent::ZOrderChange;
+            return false;
+        }
+        bool alzada = false;
+    } mirador;
+    boton->installEventFilter(&mirador);
     pulso.ArrancaTimer();
     QApplication::processEvents();
     EXPECT_TRUE(Encima());
+    EXPECT_TRUE(mirador.alzada);
 }
 
 TEST_F(frmBotonAccesoTest, IsBelowTheDialogsOfAnOperation) {
@@ -227,20 +273,43 @@ TEST_F(frmBotonAccesoTest, DoesNotMoveWithTheTicks) {
     EXPECT_EQ(cambios, 0);
 }
 
+TEST_F(BancoPantalla, AButtonThatIsShownWhileThePulseIsArmedIsAboveAtOnce) {
+    configuracio->BOTONACCESO = 1;
+    pulso.ArrancaTimer();
+    QApplication::processEvents();
+    pantalla->MostrarBotonAcceso();
+    ASSERT_NE(Boton(), nullptr);
+    EXPECT_TRUE(Boton()->isVisible());
+    EXPECT_TRUE(Boton()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+// Between a change of the pulse's state and the turn of the event loop that follows it.
+TEST_F(BancoPantalla, AButtonThatIsShownWhileThePulseStopsFollowsItAfterwards) {
+    configuracio->BOTONACCESO = 1;
+    pulso.ArrancaTimer();
+    QApplication::processEvents();
+    pulso.ParaTimer();
+    pantalla->MostrarBotonAcceso();
+    ASSERT_NE(Boton(), nullptr);
+    EXPECT_FALSE(Boton()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    pulso.ArrancaTimer();
+    QApplication::processEvents();
+    EXPECT_TRUE(Boton()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
 TEST_F(BancoPantalla, WithoutTheSettingTheButtonIsLeftAlone) {
     configuracio->BOTONACCESO = 0;
     pantalla->MostrarBotonAcceso(); // whoever shows it all the same
-    for (QWidget* tope : QApplication::topLevelWidgets()) {
-        if (auto* boton = qobject_cast<frmBotonAcceso*>(tope)) {
-            pulso.ArrancaTimer();
-            QApplication::processEvents();
-            EXPECT_FALSE(boton->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-        }
-    }
+    ASSERT_NE(Boton(), nullptr);
+    pulso.ArrancaTimer();
+    QApplication::processEvents();
+    EXPECT_FALSE(Boton()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
 }
 
 TEST_F(frmBotonAccesoTest, IsShownOnce) {
+    const QPointer<frmBotonAcceso> antes(boton);
     pantalla->MostrarBotonAcceso();
+    EXPECT_EQ(antes, boton);
     int cuantos = 0;
     for (QWidget* tope : QApplication::topLevelWidgets()) {
         cuantos += qobject_cast<frmBotonAcceso*>(tope) != nullptr ? 1 : 0;
