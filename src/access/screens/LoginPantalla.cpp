@@ -11,18 +11,19 @@ LoginPantalla::LoginPantalla(DatabaseEngine& database, Dialogos& dialogos, const
 
 Identificado LoginPantalla::Identificar(const QString& lugar) {
     Usuarios usuarios(database_, dialogos_, textos_);
-    frmLogin pantalla(usuarios, dialogos_, textos_, padre_ ? padre_() : nullptr);
+    frmLogin pantalla(usuarios, dialogos_, textos_, PadreVisible(padre_));
     pantalla.FormaIdentificacion(lugar == kAuthCambio);
     pantalla.exec();
     return pantalla.Quien();
 }
 
-void LoginPantalla::CambiarContrasena() {
+bool LoginPantalla::CambiarContrasena() {
     Usuarios usuarios(database_, dialogos_, textos_);
-    frmLogin pantalla(usuarios, dialogos_, textos_, padre_ ? padre_() : nullptr);
+    frmLogin pantalla(usuarios, dialogos_, textos_, PadreVisible(padre_));
     pantalla.FormaCambioContrasena();
-    pantalla.exec();
+    const bool cambiada = pantalla.exec() == QDialog::Accepted;
     static_cast<void>(pantalla.Quien()); // for its failure alone
+    return cambiada;
 }
 
 } // namespace zv

@@ -21,8 +21,8 @@ class LoginPantalla final : public PantallaLogin {
                   std::function<QWidget*()> padre = {});
 
     Identificado Identificar(const QString& lugar) override;
-    // Lets a user change his own password.
-    void CambiarContrasena();
+    // Lets a user change his own password. False when he has not.
+    bool CambiarContrasena();
 
   private:
     DatabaseEngine& database_;

@@ -11,7 +11,6 @@
 
 #include <QComboBox>
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -55,7 +54,7 @@ frmLogin::frmLogin(Usuarios& usuarios, Dialogos& dialogos, const Textos& textos,
     lbNota_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     cancelar_ = CrearOrden(texto::kLoginCancelar, tema::Papel::Normal, &frmLogin::Cancelar);
     entrar_ = CrearOrden(texto::kLoginEntrar, tema::Papel::Principal, &frmLogin::Entrar);
-    entrar_->setDefault(true);
+    entrar_->setDefault(true); // Enter in any field
     entrar_->setEnabled(false);
     Componer();
     TraducirPantalla(*this, textos_);
@@ -127,7 +126,6 @@ void frmLogin::Componer() {
     for (QLineEdit* campo : {txtPassword_, txtNewPassword_, txtRepeatPassword_}) {
         teclado_->Servir(*campo);
     }
-    txtPassword_->installEventFilter(this);
     auto* derecha = new QVBoxLayout;
     derecha->setSpacing(0);
     derecha->addWidget(lbNota_);
@@ -232,7 +230,6 @@ void frmLogin::AlElegir(int indice) {
     if (indice >= 0 && static_cast<std::size_t>(indice) < azulejos_.size()) {
         azulejos_[static_cast<std::size_t>(indice)]->setChecked(true);
     }
-    txtPassword_->setFocus();
 }
 
 void frmLogin::Entrar() {
@@ -296,23 +293,6 @@ void frmLogin::reject() {
 
 void frmLogin::Mensaje(const Clave& titulo, const Clave& texto) {
     dialogos_.MostrarMensaje(textos_.Traduce(titulo), textos_.Traduce(texto));
-}
-
-bool frmLogin::eventFilter(QObject* objeto, QEvent* evento) {
-    if (objeto == txtPassword_ && evento->type() == QEvent::KeyPress) {
-        switch (static_cast<QKeyEvent*>(evento)->key()) {
-        case Qt::Key_Return:
-        case Qt::Key_Enter:
-            entrar_->click();
-            return true;
-        case Qt::Key_Escape:
-            cancelar_->click();
-            return true;
-        default:
-            break;
-        }
-    }
-    return FramelessWindow::eventFilter(objeto, evento);
 }
 
 } // namespace zv

@@ -42,9 +42,6 @@ class frmLogin final : public FramelessWindow {
 
     void reject() override;
 
-  protected:
-    bool eventFilter(QObject* objeto, QEvent* evento) override;
-
   private:
     void CrearLista(bool vacia);
     void CrearAzulejos(const QStringList& nombres);

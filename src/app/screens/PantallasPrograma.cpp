@@ -36,7 +36,9 @@ bool PantallasPrograma::Existe(Pantalla pantalla) const {
 
 void PantallasPrograma::Abrir(Pantalla pantalla) {
     if (pantalla == Pantalla::CambioContrasena) {
-        login_->CambiarContrasena();
+        if (login_->CambiarContrasena()) {
+            entorno_->seguretat.PonerRecargar(true); // the table of users is another now
+        }
     } else if (pantalla == Pantalla::Usuarios) {
         AbrirUsuarios();
     } else if (pantalla == Pantalla::Caja) {
@@ -49,7 +51,7 @@ void PantallasPrograma::Abrir(Pantalla pantalla) {
 void PantallasPrograma::AbrirUsuarios() {
     Usuarios usuarios(entorno_->Database(), entorno_->dialogos, entorno_->textos);
     frmUsuarios pantalla(usuarios, entorno_->seguretat, entorno_->dialogos, entorno_->textos,
-                         padre_ ? padre_() : nullptr);
+                         PadreVisible(padre_));
     pantalla.exec();
     pantalla.LanzarFallo();
 }

@@ -23,9 +23,7 @@ DialogosPantalla::DialogosPantalla(QString programa, const Textos& textos, const
       padre_(std::move(padre)), abrirTeclado_([] { AbrirTecladoPantalla(); }) {}
 
 QWidget* DialogosPantalla::Padre() const {
-    QWidget* padre = padre_ ? padre_() : nullptr;
-    // A window that is not to be seen would hide its dialogs with it.
-    return padre != nullptr && padre->isVisible() && !padre->isMinimized() ? padre : nullptr;
+    return PadreVisible(padre_);
 }
 
 Respuesta DialogosPantalla::MostrarMensaje(const QString& titulo, const QString& texto,

@@ -58,6 +58,12 @@ void VentanaEncima(QWidget& ventana, bool activar) {
     }
 }
 
+QWidget* PadreVisible(const std::function<QWidget*()>& padre) {
+    QWidget* ventana = padre ? padre() : nullptr;
+    return ventana != nullptr && ventana->isVisible() && !ventana->isMinimized() ? ventana
+                                                                                 : nullptr;
+}
+
 int BordeDerecho(const QWidget& control) {
     return control.x() + control.width();
 }

@@ -22,6 +22,10 @@ class ZonaTexto;
 // is neither hidden nor created anew.
 void VentanaEncima(QWidget& ventana, bool activar);
 
+// The window that a dialog comes up over: what padre gives, unless that is not to be seen, for it
+// would hide the dialog with it. None when padre is empty.
+QWidget* PadreVisible(const std::function<QWidget*()>& padre);
+
 // Right and lower edge of a control: left plus width, top plus height.
 int BordeDerecho(const QWidget& control);
 int BordeInferior(const QWidget& control);

@@ -66,11 +66,24 @@ TEST_F(LoginPantallaTest, AChangeOfPasswordAsksForNoPlace) {
             Campo(d, "txtRepeatPassword").setText(u"4444"_s);
             Tocar(d, "teci_10");
         });
-        real.CambiarContrasena();
+        EXPECT_TRUE(real.CambiarContrasena());
     }
     EXPECT_EQ(Tabla().last(), u"EVA/4444/2"_s);
     EXPECT_EQ(Accesos(), QStringList());
     EXPECT_EQ(seguretat.GetNom(), QString());
+}
+
+TEST_F(LoginPantallaTest, AChangeThatWasGivenUpIsNone) {
+    dialogos.EsperaMensaje(u"Crear Usuario"_s, testing::_);
+    const AlAbrir abierto([](QDialog& d) {
+        QApplication::setActiveWindow(&d);
+        Elegir(d, u"EVA"_s);
+        Cifras(d, "9012");
+        Tocar(d, "teci_10"); // who it is has been told, but no new password
+        Tocar(d, "teci_11");
+    });
+    EXPECT_FALSE(real.CambiarContrasena());
+    EXPECT_EQ(Tabla().last(), u"EVA/9012/2"_s);
 }
 
 TEST_F(LoginPantallaTest, AFailureOfTheScreenIsTheCallers) {
@@ -96,6 +109,22 @@ TEST_F(LoginPantallaTest, ComesUpOverItsParent) {
         d.reject();
     });
     sobre.Identificar(u"authCaja"_s);
+}
+
+// It would be as hidden as its parent, and somebody's money may be in the device.
+TEST_F(LoginPantallaTest, IsNotHiddenWithAMinimisedOrHiddenParent) {
+    QWidget ventana;
+    ventana.showMinimized();
+    LoginPantalla sobre(motor, dialogos, textos, [&ventana] { return &ventana; });
+    for (int vez = 0; vez < 2; ++vez) {
+        const AlAbrir abierto([](QDialog& d) {
+            EXPECT_EQ(d.parentWidget(), nullptr);
+            EXPECT_TRUE(d.isVisible());
+            d.reject();
+        });
+        vez == 0 ? static_cast<void>(sobre.Identificar(u"authCambio"_s))
+                 : static_cast<void>(sobre.CambiarContrasena());
+    }
 }
 
 } // namespace

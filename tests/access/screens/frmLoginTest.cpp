@@ -415,6 +415,58 @@ TEST_F(frmLoginTest, EnterInThePasswordEntersAndEscapeCancels) {
     EsNadie();
 }
 
+TEST_F(frmLoginTest, EnterInAnyFieldPressesTheFilledKeyAndNoOther) {
+    AbrirCambio();
+    for (const QPushButton* boton : pantalla->findChildren<QPushButton*>()) {
+        EXPECT_FALSE(boton->autoDefault()) << boton->objectName().toStdString();
+        EXPECT_EQ(boton->isDefault(), boton->objectName() == u"teci_10"_s);
+    }
+    for (const char* campo : {"cmbNom", "txtPassword", "txtNewPassword", "txtRepeatPassword"}) {
+        AbrirCambio();
+        Rellenar(u"ANA"_s, u"1234"_s, u"1234"_s, u"1234"_s);
+        auto& este = Control<QWidget>(*pantalla, campo);
+        este.setFocus();
+        QTest::keyClick(&este, Qt::Key_Return);
+        EXPECT_FALSE(pantalla->isVisible()) << campo;
+        EXPECT_EQ(pantalla->Quien().nombre, u"ANA"_s) << campo;
+    }
+}
+
+TEST_F(frmLoginTest, TabGoesFromFieldToFieldAndThenToTheKeys) {
+    AbrirCambio();
+    Elegir(*pantalla, u"ANA"_s);
+    Lista(*pantalla).setFocus();
+    for (const char* siguiente :
+         {"txtPassword", "txtNewPassword", "txtRepeatPassword", "teci_10", "teci_11"}) {
+        QTest::keyClick(pantalla->focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(pantalla->focusWidget()->objectName(), QString::fromLatin1(siguiente));
+    }
+    for (const QLabel* rotulo : pantalla->findChildren<QLabel*>()) {
+        if (rotulo->objectName().startsWith(u"lbl"_s)) {
+            ASSERT_NE(rotulo->buddy(), nullptr) << rotulo->objectName().toStdString();
+            EXPECT_EQ(rotulo->buddy()->accessibleName(), rotulo->text());
+        }
+    }
+}
+
+TEST_F(frmLoginTest, ATileTakesTheKeyboardByTabAloneAndATouchTwiceIsOne) {
+    Abrir();
+    QAbstractButton& azulejo = Boton(*pantalla, "btnUsuario_1");
+    QTest::mousePress(&azulejo, Qt::LeftButton);
+    EXPECT_EQ(pantalla->focusWidget(), &Password());
+    QTest::mouseRelease(&azulejo, Qt::LeftButton);
+    QTest::mouseDClick(&azulejo, Qt::LeftButton);
+    EXPECT_TRUE(azulejo.isChecked());
+    EXPECT_EQ(Lista(*pantalla).currentText(), u"EVA"_s);
+    EXPECT_EQ(pantalla->focusWidget(), &Password());
+    EXPECT_TRUE(azulejo.focusPolicy() & Qt::TabFocus);
+}
+
+TEST_F(frmLoginTest, TheListShowsEightNamesAtOnce) {
+    Abrir();
+    EXPECT_EQ(Lista(*pantalla).maxVisibleItems(), 8);
+}
+
 TEST_F(frmLoginTest, CancelEscapeAndCloseLeaveNobody) {
     const std::function<void()> salidas[] = {
         [this] { Cancelar(); },

@@ -98,6 +98,32 @@ TEST_F(PantallasProgramaTest, AChangeOfPassword) {
               u"9999"_s);
 }
 
+TEST_F(PantallasProgramaTest, AfterAChangeOfPasswordTheUsersAreReadAgain) {
+    PonerUsuario("ANA", "1234", 0);
+    Seguretat& seguretat = monitor->Partes().entorno.seguretat;
+    seguretat.PonerRecargar(false);
+    Abrir(Pantalla::CambioContrasena, [](QDialog& d) { d.reject(); });
+    EXPECT_FALSE(seguretat.Recargar());
+    Abrir(Pantalla::CambioContrasena, [](QDialog& d) {
+        d.findChild<QLineEdit*>(u"txtNewPassword"_s)->setText(u"9999"_s);
+        d.findChild<QLineEdit*>(u"txtRepeatPassword"_s)->setText(u"9999"_s);
+        Entrar(d, "1234");
+    });
+    EXPECT_TRUE(seguretat.Recargar());
+}
+
+TEST_F(PantallasProgramaTest, ScreensAreNotHiddenWithAMinimisedMainWindow) {
+    QWidget ventana;
+    ventana.showMinimized();
+    PantallasPrograma sobre{[&ventana] { return &ventana; }};
+    sobre.PonerEntorno(monitor->Partes().entorno);
+    const AlAbrir abierto([](QDialog& d) {
+        EXPECT_EQ(d.parentWidget(), nullptr);
+        d.reject();
+    });
+    sobre.Abrir(Pantalla::Usuarios);
+}
+
 TEST_F(PantallasProgramaTest, TheFirstUserProtectsAtOnce) {
     EXPECT_TRUE(programa.ValidarUsuari(0, u"authConfiguracion"_s));
     dialogos.EsperaMensaje(u"Usuario guardado"_s, u"Usuario guardado correctamente"_s);
