@@ -32,6 +32,15 @@ class EnlaceFastTest : public BancoMonitor {
         EXPECT_TRUE(Esperar([&] { return socket.bytesAvailable() > 0; }));
         return socket.readAll();
     }
+    // The n-th sale comes while a transaction stands open: it gets no answer now.
+    void LlegaYEspera(QTcpSocket& socket, int n) {
+        socket.write("C|V" + QByteArray::number(n) + "|1250");
+        ASSERT_TRUE(Esperar([&] { return monitor->Fast().MensajesEnCola() == 1; }));
+        for (int i = 0; i < 3; ++i) {
+            monitor->Fast().Tick();
+        }
+        EXPECT_EQ(socket.bytesAvailable(), 0);
+    }
 };
 
 TEST_F(EnlaceFastTest, AStartOpensItByTheSettings) {
@@ -99,21 +108,13 @@ TEST_F(EnlaceFastTest, ItAnswersUnderADialogAndWhileACustomerPays) {
     EXPECT_EQ(Pregunta(*socket, "S|T3"), QByteArray("OK|PENDING"));
 }
 
-// Only while the device works does its transaction stand open.
-TEST_F(EnlaceFastTest, WhatIsAskedAndToldOfAManualOperationKeepsNoSaleWaiting) {
+// A transaction stands open from the beginning of the device's work until its end is filed.
+TEST_F(EnlaceFastTest, WhatIsAskedBeforeAManualOperationAndToldAfterItKeepsNoSaleWaiting) {
     Cargar();
     Pulso().ProcesarCola();
     const auto socket = Conectar();
     int llegadas = 0;
-    const auto llega = [&] {
-        ++llegadas;
-        socket->write("C|V" + QByteArray::number(llegadas) + "|1250");
-        ASSERT_TRUE(Esperar([&] { return monitor->Fast().MensajesEnCola() == 1; }));
-        for (int i = 0; i < 3; ++i) {
-            monitor->Fast().Tick();
-        }
-        EXPECT_EQ(socket->bytesAvailable(), 0);
-    };
+    const auto llega = [&] { LlegaYEspera(*socket, ++llegadas); };
     const auto contesta = [&] {
         EXPECT_TRUE(Esperar([&] { return socket->bytesAvailable() > 0; }));
         EXPECT_EQ(socket->readAll(), QByteArray("OK|Added"));
@@ -150,6 +151,32 @@ TEST_F(EnlaceFastTest, WhatIsAskedAndToldOfAManualOperationKeepsNoSaleWaiting) {
 
     EXPECT_EQ(llegadas, 4);
     EXPECT_EQ(Database().Consultar(u"SELECT * FROM cola"_s).size(), 4U);
+}
+
+// Who authorises a float, and what a connection has to tell, is asked with the transaction open.
+TEST_F(EnlaceFastTest, ASaleThatComesWhileAFloatIsAuthorisedOrALinkComesBackIsAnsweredBehindIt) {
+    Cargar();
+    Pulso().ProcesarCola();
+    const auto socket = Conectar();
+    const auto contesta = [&] {
+        EXPECT_TRUE(Esperar([&] { return socket->bytesAvailable() > 0; }));
+        EXPECT_EQ(socket->readAll(), QByteArray("OK|Added"));
+    };
+    BotonesMonitor& botones = monitor->Partes().botones;
+    cliente.EsperaAddChange(2000);
+    pantallas.EsperaValidar(2, u"authCambio"_s, true, [&] { LlegaYEspera(*socket, 1); });
+    botones.boton_Click(BotonPie::AnadirCambio);
+    contesta();
+
+    cliente.EsperaChange(0, 0, FinGuion::EnlacePerdido());
+    cliente.EsperaDisconnect();
+    cliente.EsperaConnect(FinGuion::Error(1, u"Nadie responde"_s));
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, testing::_, Respuesta::Aceptar, std::nullopt,
+                           [&] { LlegaYEspera(*socket, 2); });
+    dialogos.EsperaMensaje(u"Dar cambio anulado"_s, u"1: Enlace perdido"_s, Respuesta::Aceptar,
+                           std::nullopt, contesta);
+    botones.boton_Click(BotonPie::DarCambio);
+    EXPECT_EQ(Database().Consultar(u"SELECT * FROM cola"_s).size(), 2U);
 }
 
 TEST_F(EnlaceFastTest, SalesThatComeWhileRowsAreMarkedAndPaidAreAnsweredAndShowAfterwards) {

@@ -170,6 +170,19 @@ TEST_F(AnadirCambioTest, AfterAReconnectionItBeginsAnewNestedInTheFirst) {
     ComprobarApuntes({Bueno()});
 }
 
+TEST_F(AnadirCambioTest, ALinkThatComesBackTwiceAndThenNotIsOneError) {
+    for (const bool vuelve : {true, true, false}) {
+        cliente.EsperaAddChange(300, EnlacePerdido());
+        EsperaReconexion(vuelve);
+    }
+    dialogos.EsperaMensaje(u"Añadir cambio anulado"_s, u"1: Enlace perdido"_s);
+    Anadir();
+    EXPECT_EQ(log.Cuenta(u"AÑADIRCAMBIO_BEGINTRANS"_s), 3);
+    EXPECT_EQ(log.Cuenta(u"AÑADIRCAMBIO_COMMIT"_s), 1);
+    ComprobarApuntes({{tipo::kMeterCambio, estado::kError, 300, 300, 0,
+                       u"Error al añadir cambio: 1 - Enlace perdido"_s, 0}});
+}
+
 TEST_F(AnadirCambioTest, ALinkThatDoesNotComeBackIsTheErrorOfTheOperation) {
     cliente.EsperaAddChange(300, EnlacePerdido());
     EsperaReconexion(false);
