@@ -138,9 +138,9 @@ class Dinero : public testing::Test {
         return filas.front().LeerCurrency(0).AEntero32();
     }
     qint64 Libros() { return Suma(u"SELECT Sum(cobrado-devuelto) AS s FROM procesados"_s); }
-    qint32 UltimoRegistro() {
+    int Accesos() {
         return tienda.Database()
-            .Consultar(u"SELECT Max(idZV) AS s FROM procesados"_s)
+            .Consultar(u"SELECT Count(*) AS n FROM Accesos"_s)
             .front()
             .LeerLong(0);
     }
@@ -228,6 +228,8 @@ class Dinero : public testing::Test {
     void Obrar(const Paso& paso);
     void Agrupar();
     void DejarEnReposo();
+    // Right behind an operation in which no statement failed.
+    void ComprobarFinal();
     void Comprobar(const Paso& paso, const QStringList& lineas, bool fallida);
     void ComprobarRegistros(const QStringList& lineas);
     void DarUnPaso(bool conFallosDeBase);
@@ -246,6 +248,8 @@ class Dinero : public testing::Test {
     int excepciones = 0;            // ends that the books tell in another way
     int fallidas = 0;               // steps with a statement that failed
     int reinicios = 0;
+    int accesos = 0;
+    int paradas = 0; // the pulse stood stopped behind a touch without a device
 };
 
 Paso Dinero::Elegir() {
@@ -389,11 +393,20 @@ void Dinero::ComprobarRegistros(const QStringList& lineas) {
     }
 }
 
-void Dinero::Comprobar(const Paso& paso, const QStringList& lineas, bool fallida) {
+void Dinero::ComprobarFinal() {
     const PartesMonitor& p = tienda.Partes();
-    EXPECT_FALSE(p.entorno.transacciones.HayNivelAbierto());
+    EXPECT_EQ(tienda.Database().Nivel(), 0);
     EXPECT_EQ(p.entorno.registry.LeerValor(registry_name::kActivo, u"0"_s), u"0"_s);
-    EXPECT_TRUE(p.pulso.Armado());
+    // Stopped, and told so, only behind a touch without a device.
+    EXPECT_TRUE(p.pulso.Armado() || (p.estado.Parada() && !p.entorno.supervision.Conectado()));
+    EXPECT_FALSE(p.estado.Agrupando());
+    // Whom the log has let in stands in the file.
+    const int entradas = Accesos();
+    EXPECT_EQ(entradas - accesos, tienda.log.lineas.filter(u"APUNTA_ACCESS_ANA-auth"_s).size());
+    paradas += p.pulso.Armado() ? 0 : 1;
+}
+
+void Dinero::Comprobar(const Paso& paso, const QStringList& lineas, bool fallida) {
     ComprobarRegistros(lineas);
 
     // The device: all of its ends, also those that nobody was told.
@@ -452,6 +465,9 @@ void Dinero::DarUnPaso(bool conFallosDeBase) {
     try {
         Obrar(paso);
         tienda.Database().PonerGancho({});
+        if (!fallida) {
+            ComprobarFinal();
+        }
     } catch (const ErrorEjecucion& e) {
         // Nobody is told to catch it: the program ends here and is started again.
         ASSERT_TRUE(fallida) << e.Numero() << ' ' << e.Descripcion().toStdString();
@@ -467,6 +483,8 @@ void Dinero::DarUnPaso(bool conFallosDeBase) {
         finales[hecho] += static_cast<int>(tienda.log.lineas.filter(hecho).size());
     }
     DejarEnReposo();
+    finales[u"APUNTA_ACCESS"_s] += Accesos() - accesos;
+    accesos = Accesos();
     Comprobar(paso, tienda.log.lineas, fallida);
 }
 
@@ -500,11 +518,12 @@ TEST_F(Dinero, AddsUpOverRandomOperations) {
          {"charge.start OK", "charge.start 0", "charge.start 1", "charge.start 12",
           "charge.start 27", "change.start OK", "addChange.start OK", "addChange.start 0",
           "pay.start OK", "pay.start 4", "AGR_MAN_COMMIT", "ANULARCOBRO_COMMIT",
-          "AÑADIRCAMBIO_AUTH", "COBROMAN_ROLLBACK"}) {
+          "AÑADIRCAMBIO_AUTH", "COBROMAN_ROLLBACK", "APUNTA_ACCESS"}) {
         EXPECT_GT(finales[QString::fromUtf8(que)], 0) << que;
     }
     EXPECT_GT(excepciones, 0);
     EXPECT_GT(fallidas, 0);
+    EXPECT_GT(paradas, 0);
     EXPECT_EQ(cuantas.size(), 9U);
 }
 

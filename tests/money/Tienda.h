@@ -6,81 +6,47 @@
 #include "device/gateway/GatewayClient.h"
 #include "engine/EngineGraph.h"
 #include "platform/StringLiterals.h"
-#include "simulator/Mostrador.h"
+#include "simulator/MostradorEnHilo.h"
 #include "store/Esquema.h"
 #include "support/FixedClock.h"
 #include "support/VentanaFalsa.h"
 
 #include <QTemporaryDir>
-#include <QThread>
 
 #include <functional>
 #include <gtest/gtest.h>
 #include <memory>
 #include <optional>
+#include <utility>
 
 namespace zv::test {
 
-class Aparador {
+class Aparador : public simulador::MostradorEnHilo {
   public:
-    Aparador() {
-        ancla_.moveToThread(&hilo_);
-        hilo_.start();
-        Hacer([this] { mostrador_ = std::make_unique<simulador::Mostrador>(); });
-    }
-    ~Aparador() {
-        Hacer([this] { mostrador_.reset(); });
-        hilo_.quit();
-        hilo_.wait();
-    }
-    Aparador(const Aparador&) = delete;
-    Aparador& operator=(const Aparador&) = delete;
-
-    quint16 Puerto() {
-        quint16 puerto = 0;
-        Hacer([&] { puerto = mostrador_->servidor.Puerto(); });
-        return puerto;
-    }
     // Faults from here on, in the simulator's language, and how the customer pays.
     void Preparar(const QString& fallos, simulador::Guion guion) {
-        QString error;
-        bool bien = true;
-        Hacer([&] {
-            mostrador_->fallos.Borrar();
-            bien = fallos.isEmpty() || mostrador_->fallos.Añadir(fallos, error);
-            mostrador_->motor.PonerGuion(guion);
+        const QString error = EnHilo([&](simulador::Mostrador& m) {
+            QString reparo;
+            m.fallos.Borrar();
+            const bool entendidos = fallos.isEmpty() || m.fallos.Añadir(fallos, reparo);
+            m.motor.PonerGuion(guion);
+            return entendidos ? QString() : fallos + u": "_s + reparo;
         });
-        ASSERT_TRUE(bien) << error.toStdString();
+        ASSERT_EQ(error.toStdString(), "");
     }
     void SinFallos() {
-        Hacer([this] { mostrador_->fallos.Borrar(); });
+        EnHilo([](simulador::Mostrador& m) {
+            m.fallos.Borrar();
+            return true;
+        });
     }
     // What has ended at the device since the last call, true amounts and all.
     std::vector<simulador::Operacion> TomarFines() {
-        std::vector<simulador::Operacion> fines;
-        Hacer([&] { fines.swap(mostrador_->banco.fines); });
-        return fines;
-    }
-    qint64 Saldo() {
-        qint64 saldo = 0;
-        Hacer([&] { saldo = mostrador_->banco.Saldo(); });
-        return saldo;
+        return EnHilo([](simulador::Mostrador& m) { return std::exchange(m.banco.fines, {}); });
     }
     bool EnMarcha() {
-        bool enMarcha = false;
-        Hacer([&] { enMarcha = mostrador_->banco.aparato.EnMarcha(); });
-        return enMarcha;
+        return EnHilo([](simulador::Mostrador& m) { return m.banco.aparato.EnMarcha(); });
     }
-
-  private:
-    template <class F>
-    void Hacer(F&& trabajo) {
-        QMetaObject::invokeMethod(&ancla_, std::forward<F>(trabajo), Qt::BlockingQueuedConnection);
-    }
-
-    QThread hilo_;
-    QObject ancla_;
-    std::unique_ptr<simulador::Mostrador> mostrador_;
 };
 
 // Keeps its lines, and tells of each as it comes.
@@ -132,13 +98,20 @@ class OperadorDeTienda final : public Dialogos {
     int mensajes = 0;
 };
 
-class PantallasDeTienda final : public Pantallas {
+// Whoever is asked for is there, or gives up. The place goes into the books as in the program.
+class PantallasDeTienda final : public Pantallas, public PantallaLogin {
   public:
     bool Existe(Pantalla) const override { return false; }
     void Abrir(Pantalla) override {}
-    bool ValidarUsuari(qint16, const QString&) override { return autoriza; }
+    bool ValidarUsuari(qint16 nivel, const QString& lugar) override {
+        return seguretat->ValidarUsuari(nivel, lugar);
+    }
+    Identificado Identificar(const QString&) override {
+        return autoriza ? Identificado{u"ANA"_s, 0} : Identificado{};
+    }
 
     bool autoriza = true;
+    Seguretat* seguretat = nullptr;
 };
 
 class Tienda {
@@ -159,9 +132,17 @@ class Tienda {
             CrearBaseDatos(catalogo, carpeta.path(), log, operador, textos);
         }
         Entorno& e = Partes().entorno;
-        e.configuracio->IP = u"127.0.0.1:"_s + QString::number(aparador.Puerto());
+        e.configuracio->IP = u"127.0.0.1:"_s + QString::number(aparador.puerto);
         e.configuracio->Modo = u"MANUAL"_s;
         ASSERT_TRUE(e.conexion.ConectarBD());
+        // Somebody of each rank: every place asks.
+        for (const char* nombre : {"ANA", "EVA"}) {
+            Database().Ejecutar(
+                u"INSERT OR IGNORE INTO Usuarios (nombre,password,rol) VALUES (?,?,?)"_s,
+                {QString::fromLatin1(nombre), u"1234"_s, *nombre == 'A' ? 0 : 2});
+        }
+        pantallas.seguretat = &e.seguretat;
+        e.seguretat.PonerLogin(pantallas);
         Partes().pulso.PonerVentana(&ventana);
         Partes().grid.PonerTitulos();
         e.marca.MarcarActivo(false);

@@ -11,32 +11,36 @@ namespace zv::simulador {
 
 class MostradorEnHilo {
   public:
-    explicit MostradorEnHilo(const Cliente& cliente, const QString& guionFallos = {}) {
+    explicit MostradorEnHilo(const Cliente& cliente = Guion::Redondeo,
+                             const QString& guionFallos = {}) {
         contexto_.moveToThread(&hilo_);
         hilo_.start();
-        EnHilo([&] {
+        Hacer([&] {
             mostrador_ = std::make_unique<Mostrador>(cliente, guionFallos);
             bien = mostrador_->bien;
             puerto = mostrador_->servidor.Puerto();
         });
     }
     ~MostradorEnHilo() {
-        EnHilo([this] { mostrador_.reset(); });
+        Hacer([this] { mostrador_.reset(); });
         hilo_.quit();
         hilo_.wait();
     }
     MostradorEnHilo(const MostradorEnHilo&) = delete;
     MostradorEnHilo& operator=(const MostradorEnHilo&) = delete;
 
+    // What the work answers that is given the gateway in its thread.
+    template <typename Trabajo>
+    auto EnHilo(Trabajo trabajo) {
+        decltype(trabajo(*mostrador_)) respuesta{};
+        Hacer([&] { respuesta = trabajo(*mostrador_); });
+        return respuesta;
+    }
     qint64 Saldo() {
-        qint64 saldo = 0;
-        EnHilo([&] { saldo = mostrador_->banco.Saldo(); });
-        return saldo;
+        return EnHilo([](Mostrador& m) { return m.banco.Saldo(); });
     }
     QStringList Sucesos() {
-        QStringList sucesos;
-        EnHilo([&] { sucesos = mostrador_->banco.sucesos; });
-        return sucesos;
+        return EnHilo([](Mostrador& m) { return m.banco.sucesos; });
     }
 
     bool bien = false;
@@ -44,7 +48,7 @@ class MostradorEnHilo {
 
   private:
     template <typename Accion>
-    void EnHilo(Accion accion) {
+    void Hacer(Accion accion) {
         QMetaObject::invokeMethod(&contexto_, accion, Qt::BlockingQueuedConnection);
     }
 
