@@ -41,22 +41,22 @@ class WatchedValueTest : public testing::Test {
         }
     }
     // Writes by a second name of the file, of which the system does not tell.
-    void PonSinAviso(const QByteArray& bytes) const {
+    void PonSinAviso(const QByteArray& bytes, const QString& fichero = kFichero) const {
         if (!carpeta.Esta(u"segundo"_s)) {
-            ASSERT_EQ(::link(Ruta(kFichero).constData(), Ruta(u"segundo"_s).constData()), 0);
+            ASSERT_EQ(::link(Ruta(fichero).constData(), Ruta(u"segundo"_s).constData()), 0);
         }
         carpeta.Pon(u"segundo"_s, bytes);
     }
     // The value stands as "0" and is watched: what happens unseen is not seen.
-    void PonVigilado() {
-        carpeta.Pon(kFichero, "0");
+    void PonVigilado(const QString& fichero = kFichero) {
+        carpeta.Pon(fichero, "0");
         QElapsedTimer reloj;
         reloj.start();
         for (;;) {
             Preguntar();
-            PonSinAviso("9");
+            PonSinAviso("9", fichero);
             const QString leido = valor.Leer();
-            PonSinAviso("0");
+            PonSinAviso("0", fichero);
             if (leido == u"0"_s) {
                 return;
             }
@@ -132,6 +132,12 @@ TEST_F(WatchedValueTest, WhatHappensIsSeenAtOnce) {
         registry.GuardarValor(nombre, u"4"_s);
         EXPECT_EQ(valor.Leer(), u"4"_s) << cambio.que;
     }
+}
+
+TEST_F(WatchedValueTest, WhatIsSpelledOtherwiseIsWatchedToo) {
+    PonVigilado(u"sobre/Registro/hklm/SOFTWARE/zorvex/zvconnector/ACTIVO"_s);
+    registry.GuardarValor(nombre, u"1"_s);
+    EXPECT_EQ(valor.Leer(), u"1"_s);
 }
 
 TEST_F(WatchedValueTest, WhatIsNotThereIsWatchedForToo) {
