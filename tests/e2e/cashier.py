@@ -68,11 +68,22 @@ def insert(cents):
            f"{'Moneda' if cents <= 200 else 'Billete'} de {cents // 100} €"].press()
 
 
-def login(user, password):
-    """Touches name and digits; answers the window, which may stay."""
+def choose(window, user):
+    """From the list instead of the tiles."""
+    users = window.find("combo box", caption("frmLogin", "lblUsuario", "Usuario"))
+    users.press()
+    users.find("list item", user).press()
+    wait("the user", lambda: window.choice(user).checked)
+
+
+def login(user, password, listed=False):
+    """Touches name and digits; answers the window, which may stay. listed: the name in the list."""
     window = monitor.window(T("identificacion", "Identificación"))
     check_names(window)
-    window.choice(user).press()
+    if listed:
+        choose(window, user)
+    else:
+        window.choice(user).press()
     keys = window.buttons()
     for digit in password:
         keys[digit].press()

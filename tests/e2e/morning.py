@@ -18,9 +18,9 @@ books = Books()
 
 # ---- users
 
-def comes_in(user, place):
+def comes_in(user, place, listed=False):
     """This user identifies, and may."""
-    monitor.gone(login(user, USERS[user][0]))
+    monitor.gone(login(user, USERS[user][0], listed))
     books.user = user
     books.entered(place)
 
@@ -172,7 +172,7 @@ def float_added():
     work.puts(1000, 2000).finish()
     books.moved(3000)
     books.wrote("AÑADIRCAMBIO_BEGINTRANS")
-    comes_in("LUZ", "authCambio")
+    comes_in("LUZ", "authCambio", listed=True)
     float_line("OK", 3000)
     books.record("AÑADIRCAMBIO_OK", 3000, 3000, 0, "OK", "METER_CAMBIO")
     books.wrote("AÑADIRCAMBIO_COMMIT")
@@ -471,6 +471,21 @@ def charged_without_amount():
     books.agree()
 
 
+def charged_with_no_amount():
+    # The key for it says the same.
+    footer(COBRO_MANUAL)
+    comes_in("LUZ", "authCobro")
+    concept(MANUAL_TITLE, MANUAL_CONCEPT, "Propina")
+    amount(MANUAL_TITLE, MANUAL_AMOUNT, "", ("teci_14", "Sin importe"))
+    Operation(FLOAT).puts(200).finish()
+    books.moved(200)
+    books.wrote("COBROMAN_BEGINTRANS")
+    charge_line("COBROMAN", "OK", 0, 200, 0)
+    books.record("COBROMAN_OK", 200, 200, 0, "OK", "COBRO_MANUAL", "Propina")
+    books.wrote("COBROMAN_COMMIT")
+    books.agree()
+
+
 def charge_by_hand_badly():
     footer(COBRO_MANUAL)
     comes_in("LUZ", "authCobro")
@@ -611,6 +626,25 @@ def annulled(id1, cents, terminal):
     books.agree()
 
 
+def annulled_without_a_device(id1, cents, terminal):
+    footer(DESCONECTAR)
+    books.wrote("ZVCONNECT_DESCONECTARZORV_DISCONNECT_OK")
+    main.says(T("pulseConectar", "Sin conexión: pulse Conectar"))
+    annulled(id1, cents, terminal)
+    # Now the queue stands still, and the line says so.
+    main.says(T("colaParada", "Sin conexión y con la cola parada: minimice y abra la ventana, y "
+                              "pulse Conectar"))
+    wait("the foot of a stopped till", lambda: not footer_buttons[CONECTAR].enabled)
+    # A charge from above the other programs gets it going, also one that is given up.
+    monitor.window(MANUAL_TITLE).press()
+    amount(MANUAL_TITLE, MANUAL_AMOUNT, "", ("teci_12", "Cancelar"))
+    footer(CONECTAR)
+    books.wrote("ZVCONNECT_CONECTARZORV_CONNECT_OK")
+    wait("the buttons of the connected till", lambda: footer_buttons[DAR_CAMBIO].enabled)
+    queued()
+    books.agree()
+
+
 def not_annulled(id1):
     # A rank that does not do, and no cause.
     touch(id1, ANULAR)
@@ -735,6 +769,7 @@ float_refused()
 paid_out()
 charged_by_hand()
 charged_without_amount()
+charged_with_no_amount()
 password_changed()
 if whole:
     give_change_badly()
@@ -763,3 +798,5 @@ if whole:
     sent("H1", 400, "A")
 queued()
 floating_button()
+queue(("D1", 150, "A"))
+annulled_without_a_device("D1", 150, "A")
