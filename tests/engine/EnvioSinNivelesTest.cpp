@@ -213,7 +213,7 @@ TEST_F(EnvioSinNivelesTest, ALinkThatStaysLostIsToldAtEachStepAndTheRowWaits) {
     dialogos.EsperaMensaje(u"Error de Zorvex"_s, testing::Truly([](const QString& texto) {
                                return texto.endsWith(u"1: No responde"_s);
                            }));
-    dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"1 - No responde"_s);
+    dialogos.EsperaMensaje(u"Error de Zorvex"_s, u"1 - Enlace perdido"_s);
 
     pulso.ProcesarCola();
 
