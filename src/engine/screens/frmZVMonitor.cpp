@@ -280,6 +280,8 @@ void frmZVMonitor::MostrarBotonAcceso() {
     VentanaEncima(*botonAcceso_, partes_.controles.Estado().botonAccesoEncima);
     botonAcceso_->show();
     accesoEncima_ = partes_.controles.Estado().botonAccesoEncima;
+    // The screen may not have followed yet what it has just begun with.
+    partes_.controles.Repetir();
 }
 
 void frmZVMonitor::ColocarColumnas() {

@@ -122,7 +122,7 @@ TEST_F(LoginPantallaTest, IsNotHiddenWithAMinimisedOrHiddenParent) {
             EXPECT_TRUE(d.isVisible());
             d.reject();
         });
-        vez == 0 ? static_cast<void>(sobre.Identificar(u"authCambio"_s))
+        vez == 0 ? static_cast<void>(sobre.Identificar(u"authCaja"_s))
                  : static_cast<void>(sobre.CambiarContrasena());
     }
 }

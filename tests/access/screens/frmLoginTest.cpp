@@ -5,6 +5,8 @@
 #include "support/CarpetaTemporal.h"
 #include "ui/screens/TecladoNumerico.h"
 
+#include <QPushButton>
+
 #include <optional>
 
 namespace zv::test {
