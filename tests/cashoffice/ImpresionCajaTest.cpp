@@ -1,6 +1,7 @@
 // Printing from the cash office: every line of it, by what the screen shows.
 #include "cashoffice/ImpresionCaja.h"
 
+#include "BancoCaja.h"
 #include "platform/StringLiterals.h"
 #include "support/DeviceGuion.h"
 #include "support/DialogosGuion.h"
@@ -252,6 +253,22 @@ TEST_F(ImpresionCajaTest, EveryLineIsInTheLanguageOfTheFile) {
                      u"Coins:\u00a042,10 €"_s, u"Notes:\u00a01.350,00 €"_s, u"Boxes: 0,00 €"_s,
                      u"Coins:\u00a00,00 €"_s, u"Notes:\u00a00,00 €"_s, u"CLOSING BALANCE: 3,00 €"_s,
                      raya, u"Shortfall: 1"_s}));
+}
+
+class ImpresionDelPeriodo : public BancoCaja {};
+
+TEST_F(ImpresionDelPeriodo, AListWhoseGridStillFillsIsPrintedWhole) {
+    PonerVentas(600);
+    caja.PorPasos([] {});
+    EsperaSinConexion();
+    caja.RefrescarCaja();
+    ASSERT_LT(caja.grdZV().FilasDatos(), 600);
+    caja.AjustarColumnas(9000, 300);
+    ImpresoraMemoria impresora;
+    dialogos.EsperaImpresion(Impresion::Listado);
+    ImprimirCaja(caja, impresora);
+    ASSERT_EQ(impresora.documentos.size(), 1U);
+    EXPECT_EQ(impresora.Lineas().filter(u"Cobro Venta"_s).size(), 600);
 }
 
 } // namespace
