@@ -124,7 +124,7 @@ Billetes:860,00 €
 SALDO CIERRE: 392,10 €" "$(text | sed -E '/(HASTA|CIERRE DE CAJA)/s#[0-9]{2}/[0-9]{2}/[0-9]{4} [0-9:]{8}#NOW#')"
   equals "the pages" 1 "$(pages)"
   pdfinfo "$paper" | grep -q '^Page size: *595.*x 842' || fail "the page is not upright A4"
-  pdffonts "$paper" | grep -q Liberation || fail "Arial has no letters as wide as its own"
+  [ "$(pdffonts "$paper" | grep -c "LiberationSans\(-Bold\)\? ")" = 2 ] || fail "Arial has no letters as wide as its own"
   check_places
   equals "the log" "" "$(log_lines)"
 
@@ -167,7 +167,11 @@ assert abs(head[0] - left) < 0.01, (head, left)
 # Rows stand below each other, a line each.
 steps = [b[1] - a[1] for a, b in zip([head] + rows, rows)]
 assert max(steps) - min(steps) < 0.1 and 10 < steps[0] < 14, steps
+# Three blanks stand between the widest text of a column and the next one.
+gap = first("Concepto")[0] - max(w[2] for w in words if w[4].endswith(":00") and w[1] > head[1])
+assert 8.1 < gap < 8.6, gap
 # The title breaks twice, in its own size.
+assert 1.18 < (title[3] - title[1]) / (head[3] - head[1]) < 1.22, (title, head)
 assert 1.9 < (head[1] - title[1]) / steps[0] < 2.7, (head, title, steps)
 signs = [w for w in words if w[4] == "€" and head[1] < w[1] <= rows[-1][1] + 1]
 assert len(signs) == 8 and max(w[2] for w in signs) - min(w[2] for w in signs) < 0.2, signs
