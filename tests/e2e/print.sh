@@ -5,61 +5,8 @@
 . "$(dirname "$0")/lib.sh"
 
 state=$1
-command -v cupsd >/dev/null || PATH=$PATH:/usr/sbin
-for program in cupsd lpadmin lpstat pdftotext pdfinfo; do
-  command -v "$program" >/dev/null || skip "no $program here"
-done
+. "$(dirname "$0")/cups-lib.sh"
 [ -x "$bin/zv_print" ] || fail "no zv_print in $bin"
-till=$(readlink -f "$till")
-cups=$till/cups
-paper=$cups/paper.pdf
-export CUPS_SERVER=$cups/socket
-unset CUPS_USER IPP_PORT
-
-start_server() {
-  mkdir -p "$cups"/{spool,cache,state,log,ppd}
-  # The server drops its rights for what it runs.
-  chmod 755 "$till" "$cups"
-  cat >"$cups/cupsd.conf" <<END
-Listen $CUPS_SERVER
-Browsing No
-WebInterface No
-DefaultAuthType None
-PreserveJobFiles Yes
-<Location />
-  Order allow,deny
-  Allow all
-</Location>
-<Policy default>
-  JobPrivateAccess all
-  JobPrivateValues none
-  <Limit All>
-    Order allow,deny
-    Allow all
-  </Limit>
-</Policy>
-END
-  cat >"$cups/cups-files.conf" <<END
-ServerRoot $cups
-RequestRoot $cups/spool
-CacheDir $cups/cache
-StateDir $cups/state
-AccessLog $cups/log/access
-ErrorLog $cups/log/error
-PageLog $cups/log/page
-FileDevice Yes
-Printcap
-END
-  cupsd -f -c "$cups/cupsd.conf" -s "$cups/cups-files.conf" >"$cups/log/out" 2>&1 &
-  server=$!
-  pids+=("$server")
-  wait_for 20 "the print server" lpstat -r
-  until_ready() { lpstat -r | grep -q 'is running'; }
-  wait_for 20 "the print server" until_ready
-  # Text of its own for the window of a printer that is told to nobody.
-  lpadmin -p papel -E -v "file:$paper" -P "$project/tests/e2e/papel.ppd" 2>/dev/null
-  lpadmin -d papel
-}
 
 # print_out WHAT ROWS [TEXT]: it must end well and tell the operator nothing.
 print_out() {
@@ -67,19 +14,6 @@ print_out() {
   told=$("$bin/zv_print" "$till" "$@" 2>>"$till/monitor.out") || fail "zv_print ended badly"
   equals "what the operator is told" "" "$told"
 }
-printed() {
-  local jobs
-  jobs=$(lpstat -W not-completed -o) || return 1
-  [ -z "$jobs" ] && [ -s "$paper" ] && tail -c 16 "$paper" | grep -q '%%EOF'
-}
-pages_back() {
-  wait_for 30 "the printed pages" printed
-}
-# What stands on paper, a line for each line, one blank between cells.
-text() { pdftotext -layout "$paper" - | tr -d '\f' | sed 's/  */ /g; s/^ //; s/ $//' | grep -v '^$'; }
-pages() { pdfinfo "$paper" | sed -n 's/^Pages: *//p'; }
-jobs() { lpstat -W all -o | wc -l; }
-
 # Amounts as the region writes them, worked out here.
 amount() {
   local whole=$(($1 / 100)) cents=$(($1 % 100))
