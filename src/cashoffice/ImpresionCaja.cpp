@@ -7,6 +7,8 @@
 #include "till/ImpresionHistorial.h"
 #include "ui/Imprimir.h"
 
+#include <QScopeGuard>
+
 namespace zv {
 namespace {
 
@@ -101,6 +103,11 @@ void ImprimirCaja(Caja& caja, Impresora& impresora) {
         return;
     }
     const Impresion eleccion = entorno.dialogos.ElegirImpresion();
+    if (eleccion != Impresion::Nada) {
+        caja.PonerEspera(true);
+        caja.Pintar(); // a long list, or a print server that is slow to answer, takes seconds
+    }
+    const auto fin = qScopeGuard([&caja] { caja.PonerEspera(false); });
     ImprimirSinAvisar(impresora, entorno.log, [&] {
         ImpresionCaja impresion(caja, entorno, impresora);
         if (eleccion == Impresion::Listado || eleccion == Impresion::Todo) {

@@ -190,6 +190,23 @@ TEST_F(ImpresionCajaTest, NothingChosenPrintsNothing) {
     EXPECT_TRUE(log.lineas.isEmpty());
 }
 
+TEST_F(ImpresionCajaTest, TheScreenShowsThatItWaitsWhileItPrints) {
+    int pintadas = 0;
+    caja.AlPintar([&] {
+        ++pintadas;
+        EXPECT_TRUE(caja.Estado().punteroEspera);
+        EXPECT_EQ(impresora.aperturas, pintadas - 1); // painted before the printer is asked
+    });
+    Imprimir(Impresion::Listado);
+    EXPECT_FALSE(caja.Estado().punteroEspera);
+    impresora.rechaza = true;
+    Imprimir(Impresion::Resumen);
+    EXPECT_FALSE(caja.Estado().punteroEspera);
+    EXPECT_EQ(pintadas, 2);
+    Imprimir(Impresion::Nada);
+    EXPECT_EQ(pintadas, 2);
+}
+
 TEST_F(ImpresionCajaTest, SumsAreReadFromTheLabelsAndMultipliedByTheDevice) {
     multiplicador = 10;
     Etiquetas({{&EstadoCaja::lbCambioMonedas, u"0,10 €"_s},
