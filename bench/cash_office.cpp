@@ -2,11 +2,11 @@
 #include "BancoMedida.h"
 #include "Medida.h"
 #include "cashoffice/screens/frmCaja.h"
+#include "engine/screens/frmZVMonitor.h"
 #include "ui/screens/Tema.h"
 
 #include <QApplication>
 #include <QFile>
-#include <QTimer>
 
 #include <sqlite3.h>
 
@@ -86,6 +86,23 @@ bool Millon(const Base& base, zv::Entorno& entorno) {
     return medida.medianaUs / 1000 <= kLimiteMs && caja.totales.movimientos == 300;
 }
 
+// When the window was painted last, and how long it ever waited for it.
+class Pinturas final : public QObject {
+  public:
+    explicit Pinturas(QWidget& ventana) { ventana.installEventFilter(this); }
+    bool eventFilter(QObject* /*objeto*/, QEvent* evento) override {
+        if (evento->type() == QEvent::Paint) {
+            mayorEsperaMs = std::max(mayorEsperaMs, MsDesde(ultima_));
+            ultima_ = Reloj::now();
+        }
+        return false;
+    }
+    double mayorEsperaMs = 0;
+
+  private:
+    Reloj::time_point ultima_ = Reloj::now();
+};
+
 // What the screen is like while a long period comes up.
 bool Larga(const Base& base, zv::Entorno& entorno, int abiertas) {
     base.Llenar(1000000, abiertas);
@@ -93,15 +110,12 @@ bool Larga(const Base& base, zv::Entorno& entorno, int abiertas) {
     zv::Caja caja(entorno);
     zv::frmCaja pantalla(caja, {});
     const auto inicio = Reloj::now();
-    auto ultima = inicio;
-    double mayorEsperaMs = 0;
+    const Pinturas pinturas(pantalla);
     double desplazableMs = 0;
     pantalla.show();
     while (caja.totales.movimientos == 0 || caja.Estado().rellenados < caja.totales.movimientos) {
         QApplication::processEvents();
         pantalla.repaint();
-        mayorEsperaMs = std::max(mayorEsperaMs, MsDesde(ultima));
-        ultima = Reloj::now();
         if (desplazableMs == 0 && caja.grdZV().HaySiguiente()) {
             desplazableMs = MsDesde(inicio);
         }
@@ -111,8 +125,9 @@ bool Larga(const Base& base, zv::Entorno& entorno, int abiertas) {
     std::printf("the screen, 1,000,000 records, %d of them open: can be scrolled after %.0f ms "
                 "(limit: 250 ms), all in place after %.0f ms (limit: 1000 ms), longest wait for a "
                 "repaint %.0f ms (limit: 100 ms), %.1f MB more (limit: 60 MB)\n",
-                caja.totales.movimientos, desplazableMs, todoMs, mayorEsperaMs, memoriaMB);
-    return desplazableMs <= 250 && todoMs <= 1000 && mayorEsperaMs <= 100 && memoriaMB <= 60;
+                caja.totales.movimientos, desplazableMs, todoMs, pinturas.mayorEsperaMs, memoriaMB);
+    return desplazableMs <= 250 && todoMs <= 1000 && pinturas.mayorEsperaMs <= 100 &&
+           memoriaMB <= 60;
 }
 
 } // namespace
@@ -122,6 +137,8 @@ int main(int argc, char** argv) {
     zv::tema::Aplicar(app);
     zv::bench::BancoMedida banco;
     zv::Monitor& m = banco.monitor;
+    zv::frmZVMonitor principal(m.Partes(), {});
+    m.PonerVentana(principal);
     if (!m.Cargar()) {
         return EXIT_FAILURE;
     }

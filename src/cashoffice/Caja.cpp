@@ -26,6 +26,9 @@ const QString kSinConexion = u"No hay conexión con Zorvex"_s;
 constexpr std::size_t kPrimerasFilas = 500;
 constexpr std::size_t kFilasSeguidas = 100; // between two looks at the clock
 constexpr qint64 kPasoMs = 15;
+// A long table is read in pieces, by its keys, and the screen painted in between.
+constexpr qint64 kClavesSeguidas = 50000;
+constexpr qint64 kSinPintarMs = 40;
 
 constexpr auto kDerecha = Qt::AlignRight | Qt::AlignVCenter;
 
@@ -97,28 +100,39 @@ void Caja::LeerPeriodo() {
     // What the period can be made of, and no more: a table of years holds a million rows.
     const QString sql =
         u"SELECT fechaZV,importeVenta,cobrado,devuelto,estado,id1,terminal,vendedor,formapago,"
-        "error FROM procesados WHERE idCierre=0 ORDER BY idZV"_s;
+        "error FROM procesados WHERE idZV>=? AND idZV<=? AND idCierre=0 ORDER BY idZV"_s;
     conceptos_.emplace(kConceptosCaja, entorno_.textos);
-    const auto empezar = [this] {
-        totales.cobros = totales.abonos = totales.pagos = totales.ingresos = totales.quebranto = {};
-    };
-    std::optional<Campos> campos;
     // A failure leaves the grid with the rows before it.
     const auto rejilla = qScopeGuard([this] {
         totales.movimientos = static_cast<int>(movimientos_.size());
         estado_.movimientos = totales.movimientos;
         Rellenar(pedirPaso_ ? kPrimerasFilas : movimientos_.size());
     });
-    entorno_.Database().Recorrer(sql, {}, [&](const Row& fila) {
-        if (!campos) {
-            campos.emplace(fila);
-            empezar();
+    DatabaseEngine& motor = entorno_.Database();
+    const Row claves =
+        motor.Consultar(u"SELECT Min(idZV) AS desde,Max(idZV) AS hasta FROM procesados"_s).front();
+    totales.cobros = totales.abonos = totales.pagos = totales.ingresos = totales.quebranto = {};
+    if (claves.EsNulo(0)) {
+        return;
+    }
+    std::optional<Campos> campos;
+    QElapsedTimer sinPintar;
+    sinPintar.start();
+    const qint64 ultima = claves.LeerLong(1);
+    for (qint64 desde = claves.LeerLong(0); desde <= ultima; desde += kClavesSeguidas) {
+        motor.Recorrer(sql, {desde, std::min(ultima, desde + kClavesSeguidas - 1)},
+                       [&](const Row& fila) {
+                           if (!campos) {
+                               campos.emplace(fila);
+                           }
+                           LeerMovimiento(fila, *campos);
+                           return true;
+                       });
+        // Nothing is open here. Whoever looks at the screen sees that it lives.
+        if (sinPintar.elapsed() >= kSinPintarMs) {
+            Pintar();
+            sinPintar.start();
         }
-        LeerMovimiento(fila, *campos);
-        return true;
-    });
-    if (!campos) {
-        empezar();
     }
 }
 

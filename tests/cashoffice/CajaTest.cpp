@@ -450,6 +450,18 @@ TEST_F(CajaTest, ALongPeriodFillsTheGridInStepsWithItsTotalsAtOnce) {
     EXPECT_EQ(caja.grdZV().FilasDatos(), 2000);
 }
 
+TEST_F(CajaTest, ALongTableIsReadInPiecesAndNoRecordIsLost) {
+    Conectar();
+    for (const qint64 clave : {-3LL, 1LL, 49996LL, 49997LL, 50000LL, 99997LL, 2147483647LL}) {
+        motor.Ejecutar(u"INSERT INTO procesados (idZV,importeVenta,cobrado,devuelto,estado,id1,"
+                       "terminal,idCierre) VALUES (?,1,1,0,'OK','T','TPV1',0)"_s,
+                       {clave});
+    }
+    caja.RefrescarCaja();
+    EXPECT_EQ(caja.totales.movimientos, 7);
+    EXPECT_EQ(caja.totales.cobros, Currency(7));
+}
+
 TEST_F(CajaTest, WhoPrintsOrExportsHasTheWholeGrid) {
     Conectar();
     PonerVentas(1200);
