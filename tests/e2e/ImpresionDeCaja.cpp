@@ -1,10 +1,11 @@
 // A print of the cash office or of the history on the system's printer, with no screen:
-// zv_print FOLDER resumen|listado|todo|historial ROWS [TEXT]. So many movements stand in the grid,
-// the concept of the first of them is TEXT. Log and language file are those of the folder. What
-// would be told to the operator goes to the standard output.
+// zv_print FOLDER resumen|listado|todo|historial|csv ROWS [TEXT]; csv exports the grid instead. So
+// many movements stand in the grid, the concept of the first of them is TEXT. Log and language file
+// are those of the folder. What would be told to the operator goes to the standard output.
 #include "cashoffice/ImpresionCaja.h"
 #include "device/gateway/GatewayClient.h"
 #include "platform/StringLiterals.h"
+#include "store/ExportarCSV.h"
 #include "till/ImpresionHistorial.h"
 #include "till/TillGraph.h"
 #include "ui/LogFiles.h"
@@ -109,7 +110,9 @@ int Ejecutar(const QStringList& argumentos) {
     ImpresoraSistema impresora(u"ZVMonitor"_s);
     QElapsedTimer tiempo;
     tiempo.start();
-    if (cual == u"historial"_s) {
+    if (cual == u"csv"_s) {
+        ExportarCSV(caja.grdZV(), u"Caja"_s, carpeta, reloj, operador, textos);
+    } else if (cual == u"historial"_s) {
         ImprimirUnCierre(caja.grdZV(), graph.Entorno(), impresora);
     } else {
         ImprimirCaja(caja, impresora);
@@ -125,7 +128,8 @@ int main(int argc, char** argv) {
     const QApplication app(argc, argv);
     const QStringList argumentos = QApplication::arguments();
     if (argumentos.size() < 4) {
-        std::fputs("usage: zv_print FOLDER resumen|listado|todo|historial ROWS [TEXT]\n", stderr);
+        std::fputs("usage: zv_print FOLDER resumen|listado|todo|historial|csv ROWS [TEXT]\n",
+                   stderr);
         return EXIT_FAILURE;
     }
     return zv::Ejecutar(argumentos);
