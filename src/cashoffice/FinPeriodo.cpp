@@ -14,6 +14,7 @@ namespace {
 
 // The books must tell of money that has moved, however long another program holds the lock.
 constexpr std::chrono::seconds kEsperaArqueo{10};
+constexpr int kReintentosArqueo = 3;
 
 } // namespace
 
@@ -45,20 +46,29 @@ CuatroSaldos FinPeriodo::LeerDespues() {
     return {saldos.cambioMonedas, saldos.cambioBilletes, saldos.cajonMonedas, saldos.cajonBilletes};
 }
 
-// In a level of its own, for the longer wait alone.
+// In a level of its own, for the longer wait alone. Its commit is tried as often as a statement of
+// the filing is, and told in the same words.
 void FinPeriodo::ArchivarArqueo(qint32 importe, const CuatroSaldos& despues) {
     const Currency movido(importe);
     const QString origen = u"ARQUEOCAJA"_s;
     const RegistroProcesado registro =
         Registro(entorno_, {tipo::kArqueoCaja, -movido, 0, movido, despues.Suma()});
     DatabaseEngine& motor = entorno_.Database();
-    motor.Comenzar(kEsperaArqueo);
-    entorno_.registros.AñadirProcesado(origen, registro);
-    try {
-        motor.Confirmar();
-    } catch (const ErrorEjecucion& e) {
-        entorno_.log.LogLinea(u"ADDPROC_ERROR_"_s + QString::number(e.Numero()) + u" - "_s +
-                              e.Descripcion() + u" ["_s + origen + u']');
+    for (int reintento = 1;; ++reintento) {
+        motor.Comenzar(kEsperaArqueo);
+        entorno_.registros.AñadirProcesado(origen, registro);
+        try {
+            motor.Confirmar();
+            return;
+        } catch (const ErrorEjecucion& e) {
+            const QString linea = u"ADDPROC_ERROR_"_s + QString::number(e.Numero());
+            const QString corchete = u" ["_s + origen + u']';
+            if (reintento > kReintentosArqueo) {
+                entorno_.log.LogLinea(linea + u" - "_s + e.Descripcion() + corchete);
+                return;
+            }
+            entorno_.log.LogLinea(linea + u"_RESUME_"_s + QString::number(reintento) + corchete);
+        }
     }
 }
 

@@ -628,10 +628,24 @@ TEST_F(CierreCajaTest, ADiskThatIsFullAtTheCommitLeavesThePeriodOpen) {
 }
 
 // The movement is durable on its own, so that its own commit may fail too.
+TEST_F(CierreCajaTest, TheCommitOfTheMovementIsTriedAgain) {
+    EsperaCierre(Casos()[0]);
+    GanchoFallos gancho(motor);
+    gancho.Falla(Statement::Kind::Confirmar, u"COMMIT"_s, 3, {13, u"database or disk is full"_s});
+    Cerrar(Casos()[0]);
+    EXPECT_EQ(log.lineas.filter(u"ADDPROC_ERROR"_s),
+              (QStringList{u"ADDPROC_ERROR_13_RESUME_1 [ARQUEOCAJA]"_s,
+                           u"ADDPROC_ERROR_13_RESUME_2 [ARQUEOCAJA]"_s,
+                           u"ADDPROC_ERROR_13_RESUME_3 [ARQUEOCAJA]"_s}));
+    ComprobarMovimientos({{tipo::kArqueoCaja, -kMovido, 0, kMovido, kQueda.Suma(), 1}});
+    EXPECT_EQ(Cierres().size(), 1U);
+    ComprobarReposo();
+}
+
 TEST_F(CierreCajaTest, AMovementThatCannotBeCommittedIsInTheLogAndStopsNothing) {
     EsperaCierre(Casos()[0]);
     GanchoFallos gancho(motor);
-    gancho.Falla(Statement::Kind::Confirmar, u"COMMIT"_s, 1, {13, u"database or disk is full"_s});
+    gancho.Falla(Statement::Kind::Confirmar, u"COMMIT"_s, 4, {13, u"database or disk is full"_s});
     Cerrar(Casos()[0]);
     EXPECT_EQ(log.Cuenta(u"ADDPROC_ERROR_13 - database or disk is full [ARQUEOCAJA]"_s), 1);
     ComprobarMovimientos({});

@@ -8,10 +8,13 @@
 //                                            float that nobody authorises), pago, cobro, cero (a
 //                                            manual charge without an amount), grupo (all rows of
 //                                            cola are marked and charged), anular, enviar (a touch
-//                                            on its first row).
+//                                            on its first row); in the cash office cierre,
+//                                            valor, cuadre, monedas, billetes (both closes,
+//                                            reconciling, emptying a box).
 //   Prints the points passed. Exit codes: 0 cola is empty; 1 it could not start, or the queue did
 //   not empty in time.
 #include "app/Monitor.h"
+#include "cashoffice/OperacionesCaja.h"
 #include "config/Modo.h"
 #include "device/gateway/GatewayClient.h"
 #include "platform/StringLiterals.h"
@@ -114,16 +117,18 @@ class OperadorMortal final : public Dialogos {
     qint32 importe_;
 };
 
-// No other screen, and somebody who passes every place, or none.
+// No other screen but the cash office, and somebody who passes every place, or none.
 class PantallasMortales final : public Pantallas {
   public:
     PantallasMortales(Puntos& puntos, bool pasa) : puntos_(puntos), pasa_(pasa) {}
-    bool Existe(Pantalla) const override { return false; }
-    void Abrir(Pantalla) override {}
+    bool Existe(Pantalla pantalla) const override { return pantalla == Pantalla::Caja; }
+    void Abrir(Pantalla) override { alAbrirCaja(); }
     bool ValidarUsuari(qint16, const QString&) override {
         puntos_.Pasar();
         return pasa_;
     }
+
+    std::function<void()> alAbrirCaja;
 
   private:
     Puntos& puntos_;
@@ -208,7 +213,17 @@ struct Operacion {
     void (*hacer)(const PartesMonitor&);
     qint32 importe = kImporte;
     bool autorizada = true;
+    BotonCaja enCaja = BotonCaja::Salir; // pressed in the cash office
 };
+// The cash office is opened, and one of its buttons pressed there.
+constexpr Operacion EnCaja(const char* nombre, BotonCaja boton) {
+    return {nombre, Apretar<BotonPie::Caja>, kImporte, true, boton};
+}
+void VisitarCaja(Entorno& entorno, BotonCaja boton) {
+    Caja caja(entorno);
+    caja.AlMostrar();
+    OperacionesCaja(caja).boton_Click(boton);
+}
 constexpr Operacion kOperaciones[] = {
     {"", [](const PartesMonitor&) {}},
     {"cambio", Apretar<BotonPie::DarCambio>},
@@ -220,6 +235,11 @@ constexpr Operacion kOperaciones[] = {
     {"grupo", CobrarTodas},
     {"anular", TocarPrimera<ColumnaCola::Anular>},
     {"enviar", TocarPrimera<ColumnaCola::Enviar>},
+    EnCaja("cierre", BotonCaja::CierreNiveles),
+    EnCaja("valor", BotonCaja::CierreValor),
+    EnCaja("cuadre", BotonCaja::Cuadrar),
+    EnCaja("monedas", BotonCaja::VaciarMonedas),
+    EnCaja("billetes", BotonCaja::VaciarBilletes),
 };
 
 bool Vacia(DatabaseEngine& database) {
@@ -245,6 +265,7 @@ int Ejecutar(const QString& carpeta, int mortal, const Operacion& pedida) {
     test::VentanaFalsa ventana;
     Monitor monitor(servicios, Exterior{cliente, dialogos, procesos, shell, pantallas});
     monitor.PonerVentana(ventana);
+    pantallas.alAbrirCaja = [&] { VisitarCaja(monitor.Partes().entorno, pedida.enCaja); };
     DatabaseEngine& database = monitor.Partes().entorno.Database();
     database.PonerGancho([&](const Statement&) { puntos.Pasar(); });
     if (!monitor.Cargar()) {

@@ -3,6 +3,7 @@
 // block the monitor's. Nobody waits: the customer acts at once.
 #pragma once
 
+#include "ClienteEspia.h"
 #include "device/gateway/GatewayClient.h"
 #include "engine/EngineGraph.h"
 #include "platform/StringLiterals.h"
@@ -43,6 +44,13 @@ class Aparador : public simulador::MostradorEnHilo {
     // What has ended at the device since the last call, true amounts and all.
     std::vector<simulador::Operacion> TomarFines() {
         return EnHilo([](simulador::Mostrador& m) { return std::exchange(m.banco.fines, {}); });
+    }
+    // A hand takes what lies in a box.
+    void Retirar(simulador::Cajon cual) {
+        EnHilo([cual](simulador::Mostrador& m) {
+            m.banco.aparato.RetirarAMano(cual);
+            return true;
+        });
     }
     bool EnMarcha() {
         return EnHilo([](simulador::Mostrador& m) { return m.banco.aparato.EnMarcha(); });
@@ -101,8 +109,12 @@ class OperadorDeTienda final : public Dialogos {
 // Whoever is asked for is there, or gives up. The place goes into the books as in the program.
 class PantallasDeTienda final : public Pantallas, public PantallaLogin {
   public:
-    bool Existe(Pantalla) const override { return false; }
-    void Abrir(Pantalla) override {}
+    bool Existe(Pantalla pantalla) const override { return pantalla == Pantalla::Caja; }
+    void Abrir(Pantalla) override {
+        if (alAbrirCaja) {
+            alAbrirCaja();
+        }
+    }
     bool ValidarUsuari(qint16 nivel, const QString& lugar) override {
         return seguretat->ValidarUsuari(nivel, lugar);
     }
@@ -112,6 +124,7 @@ class PantallasDeTienda final : public Pantallas, public PantallaLogin {
 
     bool autoriza = true;
     Seguretat* seguretat = nullptr;
+    std::function<void()> alAbrirCaja;
 };
 
 class Tienda {
@@ -124,9 +137,9 @@ class Tienda {
         cliente = std::make_unique<GatewayClient>(log, textos, nullptr, Prisas());
         importes = std::make_unique<Importes>(FormatoRegional(u"es_ES"_s),
                                               [this] { return cliente->Multiplier(); });
-        graph = std::make_unique<EngineGraph>(TillServices{carpeta.path(), *cliente, registry, log,
-                                                           operador, textos, *importes, reloj,
-                                                           pantallas});
+        espia = std::make_unique<ClienteEspia>(*cliente);
+        graph = std::make_unique<EngineGraph>(TillServices{
+            carpeta.path(), *espia, registry, log, operador, textos, *importes, reloj, pantallas});
         {
             SqliteEngine catalogo;
             CrearBaseDatos(catalogo, carpeta.path(), log, operador, textos);
@@ -175,6 +188,7 @@ class Tienda {
     Textos textos;
     VentanaFalsa ventana;
     std::unique_ptr<GatewayClient> cliente;
+    std::unique_ptr<ClienteEspia> espia;
     std::unique_ptr<Importes> importes;
     std::unique_ptr<EngineGraph> graph;
 };
