@@ -1,4 +1,3 @@
-// Sums and the JSON form of sets of pieces.
 #include "simulator/Dinero.h"
 
 #include <QString>

@@ -1,4 +1,3 @@
-// Routing of pieces, levels and the boxes.
 #include "simulator/Inventario.h"
 
 #include "platform/StringLiterals.h"

@@ -1,4 +1,3 @@
-// The beat of the simulated device.
 #include "simulator/Motor.h"
 
 #include <utility>

@@ -1,4 +1,3 @@
-// Options, their defaults and the help text.
 #include "simulator/Opciones.h"
 
 #include "platform/StringLiterals.h"

@@ -1,4 +1,3 @@
-// Names, texts and the JSON forms of an operation.
 #include "simulator/Operacion.h"
 
 #include "platform/StringLiterals.h"

@@ -1,4 +1,3 @@
-// Connections, limits, stalls and the notifications of the gateway.
 #include "simulator/Servidor.h"
 
 #include "platform/StringLiterals.h"

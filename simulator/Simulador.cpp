@@ -1,4 +1,3 @@
-// Start-up of the simulator.
 #include "simulator/Simulador.h"
 
 #include <QUuid>

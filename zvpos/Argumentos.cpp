@@ -1,4 +1,3 @@
-// One pass over the arguments.
 #include "zvpos/Argumentos.h"
 
 #include "platform/StringLiterals.h"

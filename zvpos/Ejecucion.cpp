@@ -1,4 +1,3 @@
-// Orders and failures of the link.
 #include "zvpos/Ejecucion.h"
 
 #include "platform/StringLiterals.h"

@@ -1,4 +1,3 @@
-// Messages and answers of the fast link, and the exit code for each answer.
 #include "zvpos/Mensajes.h"
 
 #include "platform/CodePage.h"
