@@ -51,6 +51,8 @@ void Monitor::PonerVentana(VentanaPrincipal& ventana) {
 
 void Monitor::Detener() {
     Partes().pulso.ParaTimer();
+    // What the failure has left open would hold the lock for as long as nobody answers the box.
+    Partes().entorno.transacciones.Saldar();
     Partes().entorno.marca.MarcarActivo(false);
 }
 

@@ -174,14 +174,15 @@ void Caja::LeerMovimiento(const Row& fila, const Campos& campos) {
 }
 
 void Caja::PonerFila(const Movimiento& movimiento) {
-    QString concepto = conceptos_->Texto(movimiento.regla, movimiento.detalle);
+    // Cut piece by piece: a long detail must not hide that the row is an error.
+    QString concepto = conceptos_->Texto(movimiento.regla, TextoDeCelda(movimiento.detalle));
     if (!movimiento.estado.isEmpty()) {
-        concepto += u" ["_s + movimiento.estado + u']';
+        concepto += u" ["_s + TextoDeCelda(movimiento.estado) + u']';
     }
     const Importes& importes = entorno_.importes;
     const int n = grdZV_.AñadirFila();
     grdZV_.PonerTexto(n, ColumnaCaja::Fecha, importes.Formato().FechaGeneral(movimiento.fecha));
-    grdZV_.PonerTexto(n, ColumnaCaja::Concepto, TextoDeCelda(concepto));
+    grdZV_.PonerTexto(n, ColumnaCaja::Concepto, concepto);
     // Crossed: the terminal stands under the seller's title, and the seller under the terminal's.
     grdZV_.PonerTexto(n, ColumnaCaja::Vendedor, TextoDeCelda(movimiento.terminal));
     grdZV_.PonerTexto(n, ColumnaCaja::Terminal, TextoDeCelda(movimiento.vendedor));
@@ -207,6 +208,9 @@ void Caja::Rellenar(std::size_t hasta) {
 }
 
 bool Caja::SeguirRellenando() {
+    if (movimientos_.empty()) {
+        return false; // somebody could not wait for the step
+    }
     QElapsedTimer reloj;
     reloj.start();
     {

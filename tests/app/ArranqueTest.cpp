@@ -216,6 +216,22 @@ TEST_F(ArranqueTest, TheUnloadStopsThePulseClearsTheMarkAndEndsTheConnector) {
     EXPECT_TRUE(Supervision().Conectado()); // the device is not disconnected
 }
 
+TEST_F(ArranqueTest, AMonitorThatIsStoppedByAFailureKeepsNobodyFromTheDatabase) {
+    EscribirIni("[CONECTOR]\r\nZVConectorActive=0\r\n");
+    PonerSaldo(5000);
+    cliente.EsperaConnect();
+    EXPECT_TRUE(monitor->Cargar());
+    PonerFilaEnCola();
+    monitor->Partes().entorno.marca.MarcarActivo(true);
+    Database().Comenzar();
+    Database().Ejecutar(u"DELETE FROM cola"_s);
+    monitor->Detener();
+    EXPECT_FALSE(monitor->Partes().entorno.transacciones.HayNivelAbierto());
+    EXPECT_EQ(Database().Consultar(u"SELECT * FROM cola"_s).size(), 1U);
+    EXPECT_FALSE(Pulso().Armado());
+    EXPECT_EQ(LeerValor(u"Activo"_s), u"0"_s);
+}
+
 TEST_F(ArranqueTest, TwoMonitorsLiveSideBySide) {
     QTemporaryDir otra;
     Opciones opciones = OpcionesPropias();

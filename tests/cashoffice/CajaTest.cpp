@@ -66,6 +66,16 @@ TEST_F(CajaTest, ARowWithAnErrorIsListedWithItAndItsMoneyCounts) {
     EXPECT_EQ(E().lbSaldoFinal, u"6,00 €"_s);
 }
 
+TEST_F(CajaTest, ALongDetailDoesNotHideTheError) {
+    Conectar();
+    Poner({.estado = u"ERROR_7"_s,
+           .id1 = u"PAGO"_s,
+           .terminal = u"ZV"_s,
+           .error = QString(255, u'x')});
+    caja.RefrescarCaja();
+    EXPECT_TRUE(caja.grdZV().Texto(1, ColumnaCaja::Concepto).endsWith(u"x [ERROR_7]"_s));
+}
+
 TEST_F(CajaTest, RowsOfNoPeriodLeaveNoTrace) {
     Conectar();
     const std::pair<QVariant, QVariant> fuera[] = {
@@ -140,8 +150,7 @@ TEST_F(CajaTest, ATextOfAnotherProgramIsCutToACell) {
            .vendedor = QVariant(),
            .error = QString(255, u'x')});
     caja.RefrescarCaja();
-    EXPECT_EQ(caja.grdZV().Texto(1, ColumnaCaja::Concepto),
-              TextoDeCelda(u"Pago -"_s + QString(255, u'x')));
+    EXPECT_EQ(caja.grdZV().Texto(1, ColumnaCaja::Concepto), u"Pago -"_s + QString(255, u'x'));
     EXPECT_EQ(caja.grdZV().Texto(1, ColumnaCaja::Terminal), QString());
 }
 
@@ -472,6 +481,9 @@ TEST_F(CajaTest, WhoPrintsOrExportsHasTheWholeGrid) {
     EXPECT_EQ(caja.grdZV().FilasDatos(), 1200);
     caja.Completar();
     EXPECT_EQ(caja.grdZV().FilasDatos(), 1200);
+    // The step that was asked for before comes all the same.
+    EXPECT_FALSE(caja.SeguirRellenando());
+    EXPECT_EQ(E().rellenados, 1200);
 }
 
 TEST_F(CajaTest, ARefreshInTheMiddleOfTheStepsBeginsAnew) {

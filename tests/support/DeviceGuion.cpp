@@ -118,8 +118,10 @@ DeviceGuion::Llamada DeviceGuion::Tomar(const QString& texto) {
     if (llamada.fin.durante) {
         llamada.fin.durante();
     }
-    const bool lecturaBuena = llamada.fin.result && texto.startsWith(QLatin1String("GetLevels"));
-    if (!lecturaBuena) {
+    // They leave the end of the last operation as it was.
+    const bool callada = texto == QLatin1String("Disconnect()") ||
+                         (llamada.fin.result && texto.startsWith(QLatin1String("GetLevels")));
+    if (!callada) {
         errorCode_ = llamada.fin.errorCode;
         errorMessage_ = llamada.fin.errorMessage;
     }

@@ -15,7 +15,6 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QLocale>
 #include <QProgressBar>
 #include <QScopedValueRollback>
 #include <QToolButton>
@@ -364,7 +363,7 @@ void frmCaja::SeguirImportes(const EstadoCaja& estado) {
 }
 
 void frmCaja::SeguirMovimientos(const EstadoCaja& estado) {
-    lbContador_->setText(QLocale(QLocale::Spanish).toString(estado.movimientos));
+    lbContador_->setText(QString::number(estado.movimientos));
     lbVacia_->setVisible(estado.movimientos == 0);
     const bool rellenando = estado.rellenados < estado.movimientos;
     if (rellenando) {

@@ -32,7 +32,7 @@ std::vector<NivelBarra> NivelesEnBarras(const NivelesDispositivo& niveles, bool 
             if ((nivel.denominacion > kMayorMoneda) == billetes) {
                 NivelBarra& barra = porValor[nivel.denominacion];
                 barra.denominacion = nivel.denominacion;
-                barra.*cuanto = nivel.piezas;
+                barra.*cuanto += nivel.piezas;
             }
         }
     };
