@@ -880,7 +880,7 @@ TEST_F(CierreCajaInglesTest, WhatIsAskedAndToldIsInEnglish) {
     dialogos.EsperaMensaje(u"Till close"_s,
                            u"The till is about to be closed by levels. Do you want to continue?"_s);
     EsperaDispositivo(Casos()[0], FinGuion::Error(31, u"Full"_s));
-    dialogos.EsperaMensaje(Empieza(u"Zorvex error"_s),
+    dialogos.EsperaMensaje(u"Zorvex error\u00a031"_s,
                            u"The till close could not be sent to Zorvex. Please call your "
                            "technician"_s);
     Cerrar(Casos()[0]);
