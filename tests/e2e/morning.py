@@ -221,7 +221,7 @@ def float_badly():
     books.record("AÑADIRCAMBIO_CANCEL", 0, 0, 0, "OK", "METER_CAMBIO")
     books.wrote("AÑADIRCAMBIO_COMMIT")
     books.agree()
-    # The device fails (rule ingreso#7).
+    # The device fails (rule ingreso#8).
     footer(METER_CAMBIO)
     code, words = device_says(T("añadirCambioAnulado", "Añadir cambio anulado")).split(": ", 1)
     check("the device's error", "31", code)
@@ -635,9 +635,12 @@ def annulled_without_a_device(id1, cents, terminal):
     main.says(T("colaParada", "Sin conexión y con la cola parada: minimice y abra la ventana, y "
                               "pulse Conectar"))
     wait("the foot of a stopped till", lambda: not footer_buttons[CONECTAR].enabled)
-    # A charge from above the other programs gets it going, also one that is given up.
+    # What the line says to do; what floats brings the till back, with a charge that is given up.
+    main.button(caption("frmZVMonitor", "btnW_0", "Minimizar")).press()
+    wait("the minimised window", lambda: not main.seen)
     monitor.window(MANUAL_TITLE).press()
     amount(MANUAL_TITLE, MANUAL_AMOUNT, "", ("teci_12", "Cancelar"))
+    wait("the main window", lambda: main.seen)
     footer(CONECTAR)
     books.wrote("ZVCONNECT_CONECTARZORV_CONNECT_OK")
     wait("the buttons of the connected till", lambda: footer_buttons[DAR_CAMBIO].enabled)

@@ -14,7 +14,7 @@ start_bus
 # the device cannot be had again for so long, and the client gives up before.
 faults=(
   cambio#4:error=12 cambio#5:cortar=durante+9000
-  ingreso#7:error=31 ingreso#8:cortar=durante+14000
+  ingreso#8:error=31 ingreso#9:cortar=durante+14000
   pago#4:error=12 pago#5:cancelar pago#6:cortar=antes+9000
   cobro#2:parcial=27 cobro#3:error=5 cobro#5:cortar=durante+9000
   cobro#10:error=12 cobro#11:cortar=durante+9000

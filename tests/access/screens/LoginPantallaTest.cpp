@@ -114,16 +114,22 @@ TEST_F(LoginPantallaTest, ComesUpOverItsParent) {
 // It would be as hidden as its parent, and somebody's money may be in the device.
 TEST_F(LoginPantallaTest, IsNotHiddenWithAMinimisedOrHiddenParent) {
     QWidget ventana;
-    ventana.showMinimized();
     LoginPantalla sobre(motor, dialogos, textos, [&ventana] { return &ventana; });
-    for (int vez = 0; vez < 2; ++vez) {
-        const AlAbrir abierto([](QDialog& d) {
-            EXPECT_EQ(d.parentWidget(), nullptr);
-            EXPECT_TRUE(d.isVisible());
-            d.reject();
-        });
-        vez == 0 ? static_cast<void>(sobre.Identificar(u"authCaja"_s))
-                 : static_cast<void>(sobre.CambiarContrasena());
+    const auto sinPadre = [](QDialog& d) {
+        EXPECT_EQ(d.parentWidget(), nullptr);
+        EXPECT_TRUE(d.isVisible());
+        d.reject();
+    };
+    for (const bool minimizada : {false, true}) {
+        if (minimizada) {
+            ventana.showMinimized();
+        }
+        {
+            const AlAbrir abierto(sinPadre);
+            sobre.Identificar(u"authCaja"_s);
+        }
+        const AlAbrir abierto(sinPadre);
+        sobre.CambiarContrasena();
     }
 }
 
