@@ -109,17 +109,18 @@ void Caja::LeerPeriodo() {
         Rellenar(pedirPaso_ ? kPrimerasFilas : movimientos_.size());
     });
     DatabaseEngine& motor = entorno_.Database();
-    const Row claves =
-        motor.Consultar(u"SELECT Min(idZV) AS desde,Max(idZV) AS hasta FROM procesados"_s).front();
+    // Asked for together, the two would cost a pass over the table.
+    const Row primera = motor.Consultar(u"SELECT Min(idZV) AS clave FROM procesados"_s).front();
+    const Row ultimaFila = motor.Consultar(u"SELECT Max(idZV) AS clave FROM procesados"_s).front();
     totales.cobros = totales.abonos = totales.pagos = totales.ingresos = totales.quebranto = {};
-    if (claves.EsNulo(0)) {
+    if (primera.EsNulo(0) || ultimaFila.EsNulo(0)) {
         return;
     }
     std::optional<Campos> campos;
     QElapsedTimer sinPintar;
     sinPintar.start();
-    const qint64 ultima = claves.LeerLong(1);
-    for (qint64 desde = claves.LeerLong(0); desde <= ultima; desde += kClavesSeguidas) {
+    const qint64 ultima = ultimaFila.LeerLong(0);
+    for (qint64 desde = primera.LeerLong(0); desde <= ultima; desde += kClavesSeguidas) {
         motor.Recorrer(sql, {desde, std::min(ultima, desde + kClavesSeguidas - 1)},
                        [&](const Row& fila) {
                            if (!campos) {

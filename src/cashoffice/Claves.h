@@ -39,8 +39,8 @@ inline constexpr Clave kClavesCashoffice[] = {
     {u"frmCaja", u"lblContador", u"Movimientos:"},
     {u"frmCaja", u"lbVacia", u"No hay movimientos desde el último cierre"},
     {u"frmCaja", u"prgMovimientos", u"Movimientos cargados"},
-    {u"frmCaja", u"lblNivelesMonedas", u"Monedas que hay"},
-    {u"frmCaja", u"lblNivelesBilletes", u"Billetes que hay"},
+    {u"frmCaja", u"lblNivelesMonedas", u"Monedas"},
+    {u"frmCaja", u"lblNivelesBilletes", u"Billetes"},
     {u"frmCaja", u"lblNivelCambio", u"Para cambio"},
     {u"frmCaja", u"lblNivelCajon", u"En cajón"},
     // printouts

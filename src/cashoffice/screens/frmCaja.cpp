@@ -35,6 +35,7 @@ struct frmCaja::Renglon {
 namespace {
 
 constexpr int kTwipsPorPixel = 15;
+constexpr int kCifrasTotal = 12; // "123.456,78 €"
 constexpr int kBajoTitulo = 10;
 constexpr int kEntreLineas = 8;
 constexpr auto kDerecha = Qt::AlignRight | Qt::AlignVCenter;
@@ -74,8 +75,8 @@ frmCaja::frmCaja(Caja& caja, AccionesCaja acciones, QWidget* padre)
     derecha->addWidget(Periodo());
     derecha->addWidget(Aparato());
     derecha->addStretch(1);
-    fila->addLayout(izquierda, 62);
-    fila->addLayout(derecha, 38);
+    fila->addLayout(izquierda, 60);
+    fila->addLayout(derecha, 40);
     Cuerpo()->addLayout(fila, 1);
     TraducirPantalla(*this, caja_.ElEntorno().textos);
     const QString& cambio = findChild<QLabel*>(texto::kLblCambio.Nombre())->text();
@@ -159,7 +160,7 @@ QWidget* frmCaja::Niveles() {
     rejilla->setVerticalSpacing(2);
     auto* leyenda = new QHBoxLayout;
     leyenda->setSpacing(6);
-    leyenda->addStretch(1);
+    leyenda->addWidget(Rotulo(texto::kNivelesMonedas, marco));
     const std::pair<MuestraNivel::Lugar, const Clave*> lugares[] = {
         {MuestraNivel::Lugar::Reciclador, &texto::kNivelCambio},
         {MuestraNivel::Lugar::Cajon, &texto::kNivelCajon}};
@@ -170,11 +171,9 @@ QWidget* frmCaja::Niveles() {
     }
     monedas_ = new BarrasNiveles(caja_.ElEntorno().importes, marco);
     billetes_ = new BarrasNiveles(caja_.ElEntorno().importes, marco);
-    rejilla->addWidget(Rotulo(texto::kNivelesMonedas, marco), 0, 0);
-    auto* derecha = new QHBoxLayout;
-    derecha->addWidget(Rotulo(texto::kNivelesBilletes, marco));
-    derecha->addLayout(leyenda, 1);
-    rejilla->addLayout(derecha, 0, 1);
+    leyenda->addStretch(1);
+    rejilla->addLayout(leyenda, 0, 0);
+    rejilla->addWidget(Rotulo(texto::kNivelesBilletes, marco), 0, 1);
     rejilla->addWidget(monedas_, 1, 0);
     rejilla->addWidget(billetes_, 1, 1);
     rejilla->setColumnStretch(0, 8);
@@ -345,6 +344,11 @@ void frmCaja::SeguirImportes(const EstadoCaja& estado) {
         }
         if (linea.importe->text() != texto || linea.importe->accessibleName().isEmpty()) {
             linea.importe->setText(texto);
+            if (linea.etiqueta == &EstadoCaja::lbSaldoFinal) {
+                // One that would push the window beyond its screen has the letters of the others.
+                tema::PonerLetra(*linea.importe, texto.size() > kCifrasTotal ? tema::Letra::Cifra
+                                                                             : tema::Letra::Total);
+            }
             QStringList nombre{linea.rotulo->text()};
             if (linea.columna != nullptr) {
                 nombre << linea.columna->text();

@@ -336,6 +336,10 @@ TEST_F(frmCajaTest, EverythingLiesInTheWindowAndIsLargeEnough) {
     Conectar();
     Poner({.importeVenta = 2147483647, .cobrado = 2147483647});
     caja.PonerEtiqueta(&EstadoCaja::lbSaldoCierre, u"21.474.836,47 €"_s);
+    const QString todas = u"1,2,5,10,20,50,100,200,500,1000,2000,5000,10000,20000,50000"_s;
+    for (const int tipo : {2, 3}) {
+        cliente.PonerNiveles(tipo, todas, u"120,7,0,9,10,333,5,1,2,3,4,5,6,7,8"_s);
+    }
     for (const QSize& tamano : {QSize(1024, 768), QSize(1920, 1080)}) {
         Abrir(tamano);
         EXPECT_EQ(pantalla->size(), tamano);
