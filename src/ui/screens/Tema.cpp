@@ -89,6 +89,11 @@ void PonerLetra(QLabel& rotulo, Letra letra) {
         rotulo.setFont(FuenteImporte(kLetra));
         rotulo.setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
+    // One that is shown already has had the sheet's size, which the font has just taken away.
+    if (rotulo.testAttribute(Qt::WA_WState_Polished)) {
+        rotulo.style()->unpolish(&rotulo);
+        rotulo.style()->polish(&rotulo);
+    }
 }
 
 void PonerPapel(QWidget& boton, Papel papel, double escala) {

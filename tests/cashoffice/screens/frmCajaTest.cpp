@@ -119,6 +119,22 @@ TEST_F(frmCajaTest, ShowsThePeriodAndTheDevice) {
     EXPECT_FALSE(Control<QProgressBar>("prgMovimientos").isVisible());
 }
 
+TEST_F(frmCajaTest, TheFinalBalanceIsTheBiggestUnlessItIsTooLong) {
+    Conectar();
+    Poner({.importeVenta = 1250, .cobrado = 12345678});
+    Abrir();
+    const auto alto = [this](const char* nombre) { return Control(nombre).fontMetrics().height(); };
+    EXPECT_EQ(Texto("lbSaldoFinal"), u"123.456,78 €"_s);
+    EXPECT_GT(alto("lbSaldoFinal"), alto("lbCobros"));
+    EXPECT_EQ(alto("lbContenido"), alto("lbCobros"));
+    caja.PonerEtiqueta(&EstadoCaja::lbSaldoFinal, u"1.123.456,78 €"_s);
+    Turnos();
+    EXPECT_EQ(alto("lbSaldoFinal"), alto("lbCobros"));
+    caja.PonerEtiqueta(&EstadoCaja::lbSaldoFinal, u"1,00 €"_s);
+    Turnos();
+    EXPECT_GT(alto("lbSaldoFinal"), alto("lbCobros"));
+}
+
 TEST_F(frmCajaTest, AnEmptyPeriodSaysSo) {
     Conectar();
     Abrir();
