@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The monitor is killed at every point of an operation of the cash office: crash-caja.sh OPERATION
 # RECORDS [FAULTS], with what the whole operation files, one after the other. An operation that ends
-# in a close has "CIERRE" behind them. After a kill and a new start the file is sound, what the log
+# in a close has "CIERRE" behind them, one that files nothing is "-". After a kill and a new start the file is sound, what the log
 # calls committed stands in it, and the period is open and whole, with no record in a close, or closed
 # and whole, with all of them; nothing is left open at the device, and the log has the amounts of all
 # that has left it.
@@ -9,7 +9,8 @@
 . "$(dirname "$0")/lib.sh"
 
 operation=$1
-read -ra filings <<<"$2"
+filings=()
+[ "$2" = - ] || read -ra filings <<<"$2"
 faults=${3:-}
 mkdir -p "$(dirname "$(registry_file x)")"
 
