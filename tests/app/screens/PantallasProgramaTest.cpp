@@ -113,9 +113,9 @@ TEST_F(PantallasProgramaTest, AfterAChangeOfPasswordTheUsersAreReadAgain) {
 }
 
 TEST_F(PantallasProgramaTest, ScreensAreNotHiddenWithAMinimisedMainWindow) {
-    QWidget ventana;
-    ventana.showMinimized();
-    PantallasPrograma sobre{[&ventana] { return &ventana; }};
+    QWidget principal;
+    principal.showMinimized();
+    PantallasPrograma sobre{[&principal] { return &principal; }};
     sobre.PonerEntorno(monitor->Partes().entorno);
     const AlAbrir abierto([](QDialog& d) {
         EXPECT_EQ(d.parentWidget(), nullptr);
