@@ -28,6 +28,7 @@ constexpr std::size_t kFilasSeguidas = 100; // between two looks at the clock
 constexpr qint64 kPasoMs = 15;
 // A long table is read in pieces, by its keys, and the screen painted in between.
 constexpr qint64 kClavesSeguidas = 50000;
+constexpr std::size_t kAbiertasSeguidas = 4000;
 constexpr qint64 kSinPintarMs = 40;
 
 constexpr auto kDerecha = Qt::AlignRight | Qt::AlignVCenter;
@@ -99,7 +100,7 @@ struct Caja::Campos {
 void Caja::LeerPeriodo() {
     // What the period can be made of, and no more: a table of years holds a million rows.
     const QString sql =
-        u"SELECT fechaZV,importeVenta,cobrado,devuelto,estado,id1,terminal,vendedor,formapago,"
+        u"SELECT idZV,fechaZV,importeVenta,cobrado,devuelto,estado,id1,terminal,vendedor,formapago,"
         "error FROM procesados WHERE idZV>=? AND idZV<=? AND idCierre=0 ORDER BY idZV"_s;
     conceptos_.emplace(kConceptosCaja, entorno_.textos);
     // A failure leaves the grid with the rows before it.
@@ -120,15 +121,21 @@ void Caja::LeerPeriodo() {
     QElapsedTimer sinPintar;
     sinPintar.start();
     const qint64 ultima = ultimaFila.LeerLong(0);
-    for (qint64 desde = primera.LeerLong(0); desde <= ultima; desde += kClavesSeguidas) {
-        motor.Recorrer(sql, {desde, std::min(ultima, desde + kClavesSeguidas - 1)},
-                       [&](const Row& fila) {
-                           if (!campos) {
-                               campos.emplace(fila);
-                           }
-                           LeerMovimiento(fila, *campos);
-                           return true;
-                       });
+    qint64 siguiente = 0;
+    for (qint64 desde = primera.LeerLong(0); desde <= ultima; desde = siguiente) {
+        siguiente = desde + kClavesSeguidas;
+        std::size_t leidas = 0;
+        motor.Recorrer(sql, {desde, std::min(ultima, siguiente - 1)}, [&](const Row& fila) {
+            if (!campos) {
+                campos.emplace(fila);
+            }
+            LeerMovimiento(fila, *campos);
+            if (++leidas < kAbiertasSeguidas) {
+                return true;
+            }
+            siguiente = qint64{fila.LeerLong(0)} + 1;
+            return false;
+        });
         // Nothing is open here. Whoever looks at the screen sees that it lives.
         if (sinPintar.elapsed() >= kSinPintarMs) {
             Pintar();

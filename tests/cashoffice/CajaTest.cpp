@@ -471,6 +471,15 @@ TEST_F(CajaTest, ALongTableIsReadInPiecesAndNoRecordIsLost) {
     EXPECT_EQ(caja.totales.cobros, Currency(7));
 }
 
+TEST_F(CajaTest, ALongPeriodIsReadInPiecesAndNoRecordIsCountedTwice) {
+    Conectar();
+    PonerVentas(12001); // three full pieces and one record
+    caja.PorPasos([] {});
+    caja.RefrescarCaja();
+    EXPECT_EQ(caja.totales.movimientos, 12001);
+    EXPECT_EQ(caja.totales.cobros, Currency(12001 * 100 + 12001 * 6000));
+}
+
 TEST_F(CajaTest, WhoPrintsOrExportsHasTheWholeGrid) {
     Conectar();
     PonerVentas(1200);
