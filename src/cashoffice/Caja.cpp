@@ -315,7 +315,12 @@ void Caja::ActualizarBotones(bool habilitar) {
     PonerBoton(BotonCaja::Cuadrar, habilitar);
 }
 
-void Caja::Desconectar(qint16& resultado) {
+void Caja::AbrirHistorial() {
+    entorno_.transacciones.Saldar();
+    entorno_.pantallas.Abrir(Pantalla::Historial);
+}
+
+void Caja::Desconnectar(qint16& resultado) {
     entorno_.supervision.Cortar();
     ActualizarBotones(false);
     resultado = 0;

@@ -106,8 +106,11 @@ class Caja {
     // Widths in twips for a grid of that width and a scroll bar of that width.
     void AjustarColumnas(int anchoGrid, int anchoBarra);
     void ActualizarBotones(bool habilitar);
+    // The history of closes. The row of a close that has failed must not stand in it: what that has
+    // left open is ended first.
+    void AbrirHistorial();
     // Ends the session with the device; resultado becomes 0.
-    void Desconectar(qint16& resultado);
+    void Desconnectar(qint16& resultado);
     void GuardarSaldoExit() { entorno_.supervision.GuardarSaldoExit(); }
 
     // A caption, with what hangs on its change: the buttons that empty a box, the line

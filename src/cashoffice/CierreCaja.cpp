@@ -114,7 +114,7 @@ void CierreCaja::Terminar() {
     }
     if (entorno_.cliente.ErrorCode() == envio::kEnlacePerdido) {
         qint16 resultado = 0;
-        caja_.Desconectar(resultado);
+        caja_.Desconnectar(resultado);
     }
     if (entorno_.cliente.ErrorCode() == 0) {
         caja_.Enfocar(entorno_.configuracio->SINIMPRESORA == 1 ? BotonCaja::Historico

@@ -58,7 +58,7 @@ qint32 CuadreCaja::Preguntar() {
                                     resultado);
     if (entorno_.cliente.ErrorCode() == envio::kEnlacePerdido) {
         qint16 desconexion = 0;
-        caja_.Desconectar(desconexion);
+        caja_.Desconnectar(desconexion);
     }
     diario_.CashBoxControl(u"CASHBOXCONTROL"_s, u"OK"_s, kModoCuadre, coinsValueInCB,
                            notesValueInCB, remainingChange);

@@ -99,7 +99,7 @@ void ImpresionCaja::Quebranto() {
 void ImprimirCaja(Caja& caja, Impresora& impresora) {
     const Entorno& entorno = caja.ElEntorno();
     if (entorno.configuracio->SINIMPRESORA == 1) {
-        entorno.pantallas.Abrir(Pantalla::Historial);
+        caja.AbrirHistorial();
         return;
     }
     const Impresion eleccion = entorno.dialogos.ElegirImpresion();

@@ -5,6 +5,8 @@
 #include "ui/Imprimir.h"
 #include "ui/Rejilla.h"
 
+#include <algorithm>
+
 namespace zv {
 namespace {
 
@@ -76,7 +78,8 @@ void ImprimirHistorial(const HistorialImpreso& historial, Impresora& impresora, 
         }
         if (resumen) {
             const auto celda = [&](int columna) {
-                return cierres.Texto(cierres.FilaActual(), columna);
+                return cierres.Texto(std::max(1, cierres.FilaActual()),
+                                     columna); // never the titles
             };
             ImprimirTotales(
                 impresora, textos,

@@ -389,7 +389,7 @@ TEST_F(CajaTest, DisconnectingKeepsTheBalanceAndTurnsTheButtonsOff) {
     registry.GuardarValor(registry_name::kSaldoExit, u"1"_s);
     cliente.EsperaDisconnect();
     qint16 resultado = 7;
-    caja.Desconectar(resultado);
+    caja.Desconnectar(resultado);
     EXPECT_EQ(resultado, 0);
     EXPECT_FALSE(entorno.supervision.Conectado());
     EXPECT_EQ(registry.LeerValor(registry_name::kSaldoExit, {}), u"126410"_s);

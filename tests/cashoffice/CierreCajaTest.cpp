@@ -113,6 +113,46 @@ TEST_F(CierreCajaTest, EverythingComesInItsOrder) {
                           {tipo::kArqueoCaja, -kMovido, 0, kMovido, kQueda.Suma(), 2}});
 }
 
+TEST_F(CierreCajaTest, TheExitBalanceIsStoredBeforeTheButtonsGoOff) {
+    EsperaCierre(Casos()[0]);
+    QStringList alApagar;
+    caja.AlCambiar([&] {
+        if (!Boton(BotonCaja::CierreNiveles) && alApagar.isEmpty()) {
+            alApagar << SaldoExit();
+        }
+    });
+    Cerrar(Casos()[0]);
+    EXPECT_EQ(alApagar, QStringList{QString::number(kQueda.Suma())});
+}
+
+TEST_F(CierreCajaTest, TheHistoryNeverShowsACloseThatHasFailed) {
+    motor.Comenzar();
+    motor.Ejecutar(u"INSERT INTO cierres (cobros) VALUES (1)"_s);
+    pantallas.EsperaAbrir(Pantalla::Historial, [this] {
+        EXPECT_EQ(motor.Nivel(), 0);
+        EXPECT_TRUE(Cierres().empty());
+    });
+    caja.AbrirHistorial();
+    EXPECT_EQ(pantallas.Pendientes(), 0U);
+}
+
+// Seen by the line of a settings file that cannot be written.
+TEST_F(CierreCajaTest, TheMarkGoesDownBeforeTheTimeOfTheCloseIsWritten) {
+    QFile::remove(entorno.rutaIni);
+    ASSERT_TRUE(QDir().mkpath(entorno.rutaIni + u"/dentro"_s));
+    EsperaCierre(Casos()[0]);
+    QStringList marcas;
+    log.alEscribir = [&](const QString& linea) {
+        if (linea.startsWith(u"GRABARINI"_s)) {
+            marcas << Activo();
+        }
+    };
+    Cerrar(Casos()[0]);
+    EXPECT_EQ(marcas, QStringList{u"0"_s});
+    EXPECT_EQ(Cierres().size(), 1U);
+    ComprobarReposo();
+}
+
 // Kinds are told apart by what each single question answers.
 TEST_F(CierreCajaTest, TheBalancesAreReadInTheirOrder) {
     const auto niveles = [this](qint32 tipo, int monedas, int billetes) {

@@ -171,8 +171,11 @@ TEST_F(CuadreCajaTest, TheCloseIsSilent) {
 
 TEST_F(CuadreCajaTest, TheExitBalanceIsKeptInMemoryAlone) {
     EsperaDispositivo({3000, 5000, 0, 0}, 200, 1500);
+    std::vector<Currency> alRefrescar;
+    caja.AlPintar([&] { alRefrescar.push_back(entorno.supervision.SaldoExit()); });
     Cuadrar();
     EXPECT_EQ(entorno.supervision.SaldoExit(), Currency(8000));
+    EXPECT_EQ(alRefrescar, std::vector<Currency>{Currency(8000)}); // before the refresh
     EXPECT_EQ(SaldoExit(), u"9700"_s);
 }
 

@@ -66,6 +66,15 @@ TEST_F(VaciadoCajaTest, TheMoneyOfTheBoxIsFiledAndThePeriodGoesOn) {
     EXPECT_TRUE(Cierres().empty());
 }
 
+TEST_F(VaciadoCajaTest, TheExitBalanceIsStoredAfterTheRefresh) {
+    EsperaDispositivo(Casos()[0], Deja(Casos()[0].queda));
+    QStringList alRefrescar;
+    caja.AlPintar([&] { alRefrescar << SaldoExit(); });
+    Vaciar(Casos()[0]);
+    EXPECT_EQ(alRefrescar, QStringList{u"9700"_s});
+    EXPECT_EQ(SaldoExit(), QString::number(Casos()[0].queda.Suma()));
+}
+
 // What the device says that it has removed is filed, whatever the balance said before.
 TEST_F(VaciadoCajaTest, TheAmountIsTheDevices) {
     cliente.EsperaEmptyCB(0, 177, Deja({3000, 5000, 23, 1500}));

@@ -8,6 +8,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace zv::test {
@@ -20,6 +21,9 @@ class LogMemoria final : public Log {
             throw ErrorEjecucion(fallo);
         }
         lineas << texto;
+        if (alEscribir) {
+            alEscribir(texto);
+        }
     }
     void LogFast(const QString& texto) override { lineasFast << texto; }
 
@@ -33,6 +37,7 @@ class LogMemoria final : public Log {
     QStringList Toma() { return std::exchange(lineas, {}); }
 
     QStringList lineas;
+    std::function<void(const QString&)> alEscribir; // behind each line
     QStringList lineasFast;
     // The next so many lines raise this failure and are lost.
     int fallosPendientes = 0;

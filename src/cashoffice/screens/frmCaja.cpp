@@ -288,7 +288,7 @@ void frmCaja::Pulsado(int indice) {
     const auto boton = static_cast<BotonCaja>(indice);
     Ocupar([this, boton] {
         if (boton == BotonCaja::Historico) {
-            caja_.ElEntorno().pantallas.Abrir(Pantalla::Historial);
+            caja_.AbrirHistorial();
             return;
         }
         if (boton == BotonCaja::Imprimir || boton == BotonCaja::ExportCsv) {
