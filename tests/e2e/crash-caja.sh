@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # The monitor is killed at every point of an operation of the cash office: crash-caja.sh OPERATION
 # RECORDS [FAULTS], with what the whole operation files, one after the other. An operation that ends
-# in a close has "CIERRE" behind them, one that files nothing is "-". After a kill and a new start the file is sound, what the log
-# calls committed stands in it, and the period is open and whole, with no record in a close, or closed
-# and whole, with all of them; nothing is left open at the device, and the log has the amounts of all
-# that has left it.
+# in a close has "CIERRE" behind them, one that files nothing is "-". After a kill and a new start
+# the file is sound, what the log calls committed stands in it, and the period is open and whole,
+# with no record in a close, or closed and whole, with all of them; nothing is left open at the
+# device, and the log has the amounts of all that has left it.
 [ ! -w /dev/shm ] || export TMPDIR=/dev/shm # a kill, unlike a power cut, asks nothing of a disk
 . "$(dirname "$0")/lib.sh"
 
