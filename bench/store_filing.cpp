@@ -35,6 +35,7 @@ class DialogosNulos final : public zv::Dialogos {
         return {};
     }
     void CajaSimple(const QString&) override { std::exit(EXIT_FAILURE); }
+    zv::Impresion ElegirImpresion() override { return zv::Impresion::Nada; }
 };
 
 class FirmaFija final : public zv::Firma {
