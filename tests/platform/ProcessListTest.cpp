@@ -232,10 +232,13 @@ TEST(SystemProcessList, SeesAndEndsARealScriptUnderItsInterpretersName) {
     QProcess proceso;
     proceso.start(guion, {});
     ASSERT_TRUE(proceso.waitForStarted());
+    // A process that is just being given its program has no arguments yet.
+    const QDeadlineTimer limite(5000);
+    while (procesos.Contar(nombre) == 0 && !limite.hasExpired()) {
+    }
     EXPECT_EQ(procesos.Contar(nombre), 1);
     // Until env has given its place to the shell.
     const QString orden = u"/proc/%1/comm"_s.arg(proceso.processId());
-    const QDeadlineTimer limite(5000);
     const auto corto = [&orden] {
         QFile fichero(orden);
         return fichero.open(QIODevice::ReadOnly) ? fichero.readAll().trimmed() : QByteArray();

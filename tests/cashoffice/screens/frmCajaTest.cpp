@@ -268,23 +268,24 @@ TEST_F(frmCajaTest, AFailureOfAnActionToo) {
 }
 
 TEST_F(frmCajaTest, ALongPeriodFillsWhileTheScreenLives) {
+    constexpr int kMuchas = 40000; // more than the fastest machine fills in one step
     Conectar();
-    PonerVentas(6000);
+    PonerVentas(kMuchas);
     pantalla = std::make_unique<frmCaja>(caja, acciones);
     pantalla->resize(1024, 768);
     pantalla->show();
     bool visto = false;
-    for (int vuelta = 0; vuelta < 5000 && E().rellenados < 6000; ++vuelta) {
+    for (int vuelta = 0; vuelta < 5000 && E().rellenados < kMuchas; ++vuelta) {
         QApplication::processEvents();
-        if (E().rellenados > 0 && E().rellenados < 6000) {
+        if (E().rellenados > 0 && E().rellenados < kMuchas) {
             visto = visto || (Control<QProgressBar>("prgMovimientos").isVisible() &&
-                              Texto("lbContador") == u"6000"_s &&
+                              Texto("lbContador") == QString::number(kMuchas) &&
                               Texto("lbCobros") == importes.FormatoImporte(caja.totales.cobros));
         }
     }
     Turnos();
     EXPECT_TRUE(visto);
-    EXPECT_EQ(Control<VistaRejilla>("grdZV").model()->rowCount(), 6000);
+    EXPECT_EQ(Control<VistaRejilla>("grdZV").model()->rowCount(), kMuchas);
     EXPECT_FALSE(Control<QProgressBar>("prgMovimientos").isVisible());
 }
 
