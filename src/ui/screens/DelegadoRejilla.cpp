@@ -97,8 +97,9 @@ void DelegadoRejilla::PintarTexto(QPainter& painter, const QRect& caja, int alin
     const QRect hoja(0, 0, caja.width(), 1000);
     const bool enteras = medidas.boundingRect(hoja, porPalabras, texto).width() <= caja.width();
     const int flags = enteras ? porPalabras : alineacion | Qt::TextWrapAnywhere;
+    // Below three lines: of two the height is rounded up, that of one may be rounded down.
     while (corte.size() > 1 &&
-           medidas.boundingRect(hoja, flags, corte).height() > 2 * medidas.lineSpacing()) {
+           2 * medidas.boundingRect(hoja, flags, corte).height() > 5 * medidas.lineSpacing()) {
         corte.chop(corte.endsWith(QChar(0x2026)) ? 2 : 1);
         corte += QChar(0x2026);
     }
