@@ -14,6 +14,7 @@ enum class Pantalla {
     Configuracion,    // the settings
     CambioContrasena, // the login, to change one's own password
     Usuarios,         // the users, from within the settings
+    Accesos,          // the register of accesses, from within the settings
     BotonAcceso       // the floating button
 };
 

@@ -24,6 +24,8 @@ QString Nombre(Pantalla pantalla) {
         return u"CambioContrasena"_s;
     case Pantalla::Usuarios:
         return u"Usuarios"_s;
+    case Pantalla::Accesos:
+        return u"Accesos"_s;
     case Pantalla::BotonAcceso:
         return u"BotonAcceso"_s;
     }

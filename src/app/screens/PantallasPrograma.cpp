@@ -27,6 +27,7 @@ bool PantallasPrograma::Existe(Pantalla pantalla) const {
         return static_cast<bool>(botonAcceso_);
     case Pantalla::Cobros:
     case Pantalla::Incidencias:
+    case Pantalla::Accesos:
     case Pantalla::Historial:
     case Pantalla::Configuracion:
         break;
