@@ -10,6 +10,7 @@ class PantallasCerradas final : public Pantallas {
   public:
     bool Existe(Pantalla) const override { return false; }
     void Abrir(Pantalla) override {}
+    void AbrirBalanza(Configuracio&) override {}
     bool ValidarUsuari(qint16, const QString&) override { return false; }
 };
 

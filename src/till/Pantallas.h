@@ -6,6 +6,8 @@
 
 namespace zv {
 
+class Configuracio;
+
 enum class Pantalla {
     Cobros,           // the register of charges
     Incidencias,      // the register of incidents
@@ -15,6 +17,7 @@ enum class Pantalla {
     CambioContrasena, // the login, to change one's own password
     Usuarios,         // the users, from within the settings
     Accesos,          // the register of accesses, from within the settings
+    Balanza,          // the layout of the barcodes, from within the settings: AbrirBalanza
     BotonAcceso       // the floating button
 };
 
@@ -27,6 +30,8 @@ class Pantallas {
     // Comes back when the screen has been left; the floating button stays. Nothing happens for a
     // screen that does not exist.
     virtual void Abrir(Pantalla pantalla) = 0;
+    // The layout of the barcodes, edited in a configuration that is not yet the till's.
+    virtual void AbrirBalanza(Configuracio& cfg) = 0;
     // True when the user may go on at this place, one of the names that the access log keeps. nivel
     // is the lowest rank that may: 0, 1 or 2. Asks who is there when that has to be known.
     virtual bool ValidarUsuari(qint16 nivel, const QString& lugar) = 0;

@@ -123,6 +123,7 @@ class PantallasMortales final : public Pantallas {
     PantallasMortales(Puntos& puntos, bool pasa) : puntos_(puntos), pasa_(pasa) {}
     bool Existe(Pantalla pantalla) const override { return pantalla == Pantalla::Caja; }
     void Abrir(Pantalla) override { alAbrirCaja(); }
+    void AbrirBalanza(Configuracio&) override {}
     bool ValidarUsuari(qint16, const QString&) override {
         puntos_.Pasar();
         return pasa_;

@@ -26,6 +26,8 @@ QString Nombre(Pantalla pantalla) {
         return u"Usuarios"_s;
     case Pantalla::Accesos:
         return u"Accesos"_s;
+    case Pantalla::Balanza:
+        return u"Balanza"_s;
     case Pantalla::BotonAcceso:
         return u"BotonAcceso"_s;
     }
@@ -52,6 +54,14 @@ void PantallasGuion::EsperaAbrir(Pantalla pantalla, Accion mientras) {
     guion_.push_back({LlamadaAbrir(pantalla), false, std::move(mientras)});
 }
 
+void PantallasGuion::EsperaBalanza(AccionCfg mientras) {
+    EsperaAbrir(Pantalla::Balanza, [this, mientras = std::move(mientras)] {
+        if (mientras) {
+            mientras(*balanza_);
+        }
+    });
+}
+
 void PantallasGuion::EsperaValidar(qint16 nivel, const QString& lugar, bool pasa, Accion mientras) {
     guion_.push_back({LlamadaValidar(nivel, lugar), pasa, std::move(mientras)});
 }
@@ -74,6 +84,11 @@ std::optional<PantallasGuion::Paso> PantallasGuion::Siguiente(const QString& lla
 
 void PantallasGuion::Abrir(Pantalla pantalla) {
     Siguiente(LlamadaAbrir(pantalla));
+}
+
+void PantallasGuion::AbrirBalanza(Configuracio& cfg) {
+    balanza_ = &cfg;
+    Siguiente(LlamadaAbrir(Pantalla::Balanza));
 }
 
 bool PantallasGuion::ValidarUsuari(qint16 nivel, const QString& lugar) {

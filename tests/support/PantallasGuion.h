@@ -17,6 +17,7 @@ namespace zv::test {
 class PantallasGuion final : public Pantallas {
   public:
     using Accion = std::function<void()>;
+    using AccionCfg = std::function<void(Configuracio& cfg)>;
 
     PantallasGuion() = default;
     PantallasGuion(const PantallasGuion&) = delete;
@@ -26,6 +27,8 @@ class PantallasGuion final : public Pantallas {
     // What comes next. mientras runs while the screen or the login would be up: timers still tick
     // there.
     void EsperaAbrir(Pantalla pantalla, Accion mientras = {});
+    // mientras changes the configuration as the screen would.
+    void EsperaBalanza(AccionCfg mientras = {});
     void EsperaValidar(qint16 nivel, const QString& lugar, bool pasa, Accion mientras = {});
 
     // Every call that came, in order, as "Abrir(Caja)" and "ValidarUsuari(1,authCaja)".
@@ -36,6 +39,7 @@ class PantallasGuion final : public Pantallas {
 
     bool Existe(Pantalla pantalla) const override { return !faltan.contains(pantalla); }
     void Abrir(Pantalla pantalla) override;
+    void AbrirBalanza(Configuracio& cfg) override;
     bool ValidarUsuari(qint16 nivel, const QString& lugar) override;
 
     // Screens that do not exist; opening one of them is as unexpected as any.
@@ -51,6 +55,7 @@ class PantallasGuion final : public Pantallas {
 
     std::deque<Paso> guion_;
     QStringList llamadas_;
+    Configuracio* balanza_ = nullptr; // handed over with the screen that is open
 };
 
 } // namespace zv::test

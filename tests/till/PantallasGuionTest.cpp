@@ -1,7 +1,11 @@
 // The scripted screens themselves: a script that is not kept must fail the test.
 #include "support/PantallasGuion.h"
 
+#include "config/Configuracio.h"
 #include "platform/StringLiterals.h"
+#include "support/CarpetaTemporal.h"
+#include "support/DialogosGuion.h"
+#include "support/LogMemoria.h"
 
 #include <gtest/gtest-spi.h>
 #include <optional>
@@ -22,6 +26,23 @@ TEST(PantallasGuion, AnswersInOrder) {
     EXPECT_EQ(guion.Pendientes(), 0U);
     EXPECT_EQ(guion.Llamadas(), (QStringList{u"ValidarUsuari(1,authCaja)"_s, u"Abrir(Caja)"_s,
                                              u"ValidarUsuari(0,authIncidencias)"_s}));
+}
+
+TEST(PantallasGuion, TheBarcodeLayoutChangesTheConfigurationHandedOver) {
+    const CarpetaTemporal carpeta;
+    LogMemoria log;
+    DialogosGuion dialogos;
+    const ModuloIni ini(log, dialogos);
+    RegistryTree registry(carpeta.Ruta(u"Registro"_s));
+    Configuracio cfg(ini, registry, carpeta.Ruta());
+    PantallasGuion guion;
+    guion.EsperaBalanza([](Configuracio& suya) { suya.BCEAN = 13; });
+    guion.EsperaBalanza();
+    guion.AbrirBalanza(cfg);
+    EXPECT_EQ(cfg.BCEAN, 13);
+    guion.AbrirBalanza(cfg);
+    EXPECT_EQ(guion.Llamadas(), (QStringList{u"Abrir(Balanza)"_s, u"Abrir(Balanza)"_s}));
+    EXPECT_NONFATAL_FAILURE(guion.AbrirBalanza(cfg), "unexpected call: Abrir(Balanza)");
 }
 
 TEST(PantallasGuion, AnUnexpectedCallFailsTheTest) {

@@ -30,6 +30,7 @@ bool PantallasPrograma::Existe(Pantalla pantalla) const {
     case Pantalla::Accesos:
     case Pantalla::Historial:
     case Pantalla::Configuracion:
+    case Pantalla::Balanza:
         break;
     }
     return false;
@@ -48,6 +49,8 @@ void PantallasPrograma::Abrir(Pantalla pantalla) {
         botonAcceso_();
     }
 }
+
+void PantallasPrograma::AbrirBalanza(Configuracio&) {}
 
 void PantallasPrograma::AbrirUsuarios() {
     Usuarios usuarios(entorno_->Database(), entorno_->dialogos, entorno_->textos);

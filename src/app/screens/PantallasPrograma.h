@@ -25,6 +25,7 @@ class PantallasPrograma final : public Pantallas {
 
     bool Existe(Pantalla pantalla) const override;
     void Abrir(Pantalla pantalla) override;
+    void AbrirBalanza(Configuracio& cfg) override;
     bool ValidarUsuari(qint16 nivel, const QString& lugar) override;
 
   private:
