@@ -3,20 +3,14 @@
 // that EnLibros names one by one; what the log calls committed is in the file; nothing is left
 // open. What the cash office shows and writes is compared with LibroCaja at each of its steps. The
 // seed is printed; ZV_SEED repeats a run, ZV_PASOS makes it longer.
-#include "LibroCaja.h"
-#include "Tienda.h"
-#include "cashoffice/OperacionesCaja.h"
+#include "Dinero.h"
+
 #include "engine/BotonPie.h"
-#include "platform/RegistryNames.h"
-#include "support/ImprimeQt.h"
 
 #include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 
-#include <gtest/gtest.h>
-#include <map>
-#include <random>
 #include <set>
 
 namespace zv::test {
@@ -24,8 +18,6 @@ namespace zv::test {
 namespace {
 
 using simulador::Guion;
-
-enum class Clase { Cola, Enviar, Cambio, Ingreso, Pago, Manual, ManualCero, Grupo, Anular, Caja };
 
 // How one operation at the device ended, as the monitor was told.
 struct FinVisto {
@@ -55,17 +47,6 @@ std::vector<FinVisto> FinesVistos(const QStringList& lineas) {
     }
     return fines;
 }
-
-constexpr BotonCaja kBotonesDeCaja[] = {BotonCaja::CierreNiveles, BotonCaja::CierreValor,
-                                        BotonCaja::Cuadrar, BotonCaja::VaciarMonedas,
-                                        BotonCaja::VaciarBilletes};
-
-struct Paso {
-    Clase clase = Clase::Cola;
-    bool autoriza = true;
-    qint32 importe = 0;
-};
-
 // What the books say of one end, by the rules of its operation. ultimo: it was not tried again
 // after a lost link.
 qint64 EnLibros(const Paso& paso, const FinVisto& fin, bool ultimo) {
@@ -117,198 +98,7 @@ qint64 EnLibros(const Paso& paso, const FinVisto& fin, bool ultimo) {
     return 0;
 }
 
-class Dinero : public testing::Test {
-  protected:
-    Dinero() {
-        bool bien = false;
-        const unsigned dada = qEnvironmentVariable("ZV_SEED").toUInt(&bien);
-        semilla = bien ? dada : std::random_device{}();
-        azar.seed(semilla);
-        RecordProperty("seed", std::to_string(semilla));
-        std::printf("seed %u\n", semilla);
-        caja.Abrir(CadenaConexion(u"MDB"_s, {}, RutaBaseDatos(tienda.carpeta.path()), {}, {}));
-        tienda.log.alEscribir = [this](const QString& linea) {
-            // A reconnection begins: the link comes back, or is gone for longer.
-            if (linea.contains(u"DISCONNECT_OK"_s) && perdidas > 0 && --perdidas == 0) {
-                tienda.aparador.SinFallos();
-            }
-        };
-    }
-
-    int Entre(int de, int a) { return std::uniform_int_distribution<int>(de, a)(azar); }
-    bool UnoDe(int n) { return Entre(1, n) == 1; }
-    qint32 Importe() {
-        return UnoDe(4) ? Entre(1, 99) : UnoDe(3) ? 500 * Entre(1, 12) : Entre(100, 6000);
-    }
-
-    qint64 Suma(const QString& sql) {
-        const std::vector<Row> filas = tienda.Database().Consultar(sql);
-        return filas.front().LeerCurrency(0).AEntero32();
-    }
-    qint64 Libros() { return Suma(u"SELECT Sum(cobrado-devuelto) AS s FROM procesados"_s); }
-    int Accesos() {
-        return tienda.Database()
-            .Consultar(u"SELECT Count(*) AS n FROM Accesos"_s)
-            .front()
-            .LeerLong(0);
-    }
-    std::vector<qint32> Cola() {
-        std::vector<qint32> ids;
-        for (const Row& fila : tienda.Database().Consultar(
-                 u"SELECT idZV FROM cola WHERE id1 LIKE 'V%' ORDER BY idZV"_s)) {
-            ids.push_back(fila.LeerLong(0));
-        }
-        return ids;
-    }
-    // As a point of sale does it, on a connection of its own that waits for its turn.
-    void Vender(qint32 importe) {
-        caja.Comenzar(std::chrono::seconds(30));
-        caja.Ejecutar(u"INSERT INTO cola (fecha,importe,id1,id2,idcaja,terminal,vendedor,formapago,"
-                      "creditoError,manual) VALUES (?,?,?,?,?,?,?,?,?,?)"_s,
-                      {u"2026-03-14 10:20:30"_s, importe, u"V"_s + QString::number(++ventas),
-                       u"L"_s, 1, u"TPV"_s + QString::number(Entre(1, 3)), u"Ana"_s, u"EFECTIVO"_s,
-                       0, false});
-        caja.Confirmar();
-    }
-
-    // Faults of one operation; perdidas is how many reconnections begin before the link is back.
-    QString Fallo(const QString& punto) {
-        perdidas = 0;
-        switch (Entre(1, 24)) {
-        case 1:
-            return punto + u":error=12"_s;
-        case 2:
-            return punto + u":error=31"_s;
-        case 3:
-            return punto + u":error=4"_s;
-        case 4:
-            return punto + u":error=27"_s;
-        case 5:
-            return punto + u":parcial=27"_s;
-        case 6:
-            return punto + u":parcial=31"_s;
-        case 7:
-            return punto + u":atasco"_s;
-        case 8:
-        case 9:
-            return punto + u":cancelar"_s;
-        case 10:
-            return punto + u":nolisto=33"_s;
-        case 11:
-            return punto + u"#1:cortar=antes"_s;
-        case 12:
-            return punto + u":cortar=durante"_s;
-        case 13:
-            return punto + u":cortar=despues"_s;
-        case 14:
-        case 15:
-        case 16: {
-            // Gone for good: code 1. The link comes back with the n-th reconnection, or not by
-            // itself at all.
-            perdidas = Entre(0, 1);
-            const QStringList cuando{u"antes"_s, u"durante"_s, u"despues"_s};
-            return punto + u"#1:cortar="_s + cuando.at(Entre(0, 2)) + u",conexion:rechazar"_s;
-        }
-        default:
-            return {};
-        }
-    }
-
-    // The row of the grid that shows the id; 0 when it does not.
-    int FilaDe(qint32 id) {
-        const Rejilla& celdas = tienda.Partes().grid.Celdas();
-        for (int fila = 1; fila <= celdas.FilasDatos(); ++fila) {
-            if (celdas.Texto(fila, ColumnaCola::IdCola) == QString::number(id)) {
-                return fila;
-            }
-        }
-        return 0;
-    }
-    void Tocar(qint32 id, int columna) {
-        const int fila = FilaDe(id);
-        if (fila > 0) {
-            tienda.Partes().clic.grdZV_MouseUp(fila, columna, false);
-        }
-    }
-    void Tick() { tienda.Partes().pulso.ProcesarCola(); }
-
-    // ---- the cash office
-    void Movimientos(int cuantos);
-    QString FalloDeCaja(BotonCaja primero);
-    void VisitarCaja(BotonCaja primero);
-    void ObrarEnCaja(Caja& pantalla, OperacionesCaja& operaciones, BotonCaja boton);
-    EfectoCaja Efecto(Contestaciones& r, BotonCaja boton) const;
-    void ComprobarEfecto(const EfectoCaja& efecto, qint32 ultimo);
-    void ComprobarNumeros(const EfectoCaja& efecto);
-    Contestaciones TomarContestaciones() {
-        return Contestaciones(std::exchange(tienda.espia->contestaciones, {}));
-    }
-    void TomarVista(Contestaciones& r) {
-        vista.dinero = r.Refresco();
-        vista.totales = PeriodoAbierto(caja);
-        vista.saldoInicial = EnRegistro(registry_name::kSaldoInicial);
-    }
-    qint64 EnRegistro(const RegistryName& nombre) {
-        return tienda.registry.LeerValor(nombre, u"0"_s).toLongLong();
-    }
-    // What the tables of the periods look like to another program.
-    struct Periodos {
-        qint64 abiertas = 0;
-        qint64 cierres = 0;
-        qint64 ultimoCierre = 0;
-        qint64 enUltimo = 0; // records of that close
-        qint64 suma = 0;     // of all records that belong to a close
-    };
-    Periodos LeerPeriodos() {
-        const auto uno = [this](const QString& sql) {
-            return caja.Consultar(sql).front().Valor(0).toLongLong();
-        };
-        Periodos p;
-        p.abiertas = uno(u"SELECT count(*) FROM procesados WHERE idCierre=0"_s);
-        p.cierres = uno(u"SELECT count(*) FROM cierres"_s);
-        p.ultimoCierre = uno(u"SELECT coalesce(max(idCierre),0) FROM cierres"_s);
-        p.enUltimo = uno(u"SELECT count(*) FROM procesados WHERE idCierre<>0 AND idCierre="_s +
-                         QString::number(p.ultimoCierre));
-        p.suma = uno(u"SELECT coalesce(sum(idZV*idCierre),0) FROM procesados WHERE idCierre<>"_s +
-                     QString::number(p.ultimoCierre));
-        return p;
-    }
-
-    Paso Elegir();
-    void Obrar(const Paso& paso);
-    void Agrupar();
-    void DejarEnReposo();
-    // Right behind an operation in which no statement failed.
-    void ComprobarFinal();
-    void Comprobar(const Paso& paso, const QStringList& lineas);
-    void ComprobarCierres(const QStringList& lineas);
-    void ComprobarRegistros(const QStringList& lineas);
-    void DarUnPaso(bool conFallosDeBase);
-    void Correr(int pasos);
-
-    Tienda tienda;
-    SqliteEngine caja; // a point of sale
-    std::mt19937 azar;
-    unsigned semilla = 0;
-    int ventas = 0;
-    int perdidas = 0;
-    qint64 dinero = 0;
-    qint64 libros = 0;
-    std::map<Clase, int> cuantas;
-    std::map<QString, int> finales; // how often an operation ended how
-    int excepciones = 0;            // ends that the books tell in another way
-    bool fallida = false;           // a statement of this step has failed
-    int fallidas = 0;               // steps with one
-    int reinicios = 0;
-    int accesos = 0;
-    int paradas = 0;           // the pulse stood stopped behind a touch without a device
-    VistaLibro vista;          // what the cash office ought to show
-    Periodos periodos;         // before its next operation
-    qint64 netoCaja = 0;       // what it has filed in this step
-    int cierres = 0;           // that the log calls committed
-    bool fallosEnCaja = false; // the device was told to fail in this step
-    bool cuentaMal = false;    // it counts wrong, until a reconciling run has mended it
-};
+} // namespace
 
 Paso Dinero::Elegir() {
     static constexpr Clase kClases[] = {
@@ -395,207 +185,11 @@ void Dinero::Obrar(const Paso& paso) {
             Tocar(ids.front(), ColumnaCola::Anular);
         }
         break;
-    case Clase::Caja: {
-        const BotonCaja primero = kBotonesDeCaja[Entre(0, std::size(kBotonesDeCaja) - 1)];
-        tienda.aparador.Preparar(FalloDeCaja(primero), Guion::Exacto);
-        tienda.pantallas.alAbrirCaja = [this, primero] { VisitarCaja(primero); };
-        p.botones.boton_Click(BotonPie::Caja);
+    case Clase::Caja:
+        IrACaja();
         break;
     }
-    }
 }
-
-// ---- the cash office
-
-// Records of every kind, as the till's other operations leave them.
-void Dinero::Movimientos(int cuantos) {
-    static const QStringList kTipos{
-        u"DAR_CAMBIO"_s,   u"METER_CAMBIO"_s, u"PAGO_CAMBIO"_s,    u"PAGO"_s,
-        u"COBRO_MANUAL"_s, u"VACIADO"_s,      u"VACIADOCAJONES"_s, u"CASHBOXCONTROL"_s,
-        u"ARQUEOCAJA"_s,   u"V17"_s};
-    static const QStringList kEstados{u"OK"_s,      u"OK"_s,     u"OK"_s,    u"ERROR"_s,
-                                      u"ERROR_7"_s, u"CANCEL"_s, u"error"_s, u"REENVIADO"_s};
-    caja.Comenzar(std::chrono::seconds(30));
-    for (int i = 0; i < cuantos; ++i) {
-        const QDateTime ahora = tienda.reloj.Ahora();
-        caja.Ejecutar(
-            u"INSERT INTO procesados (fechaZV,fechaVenta,importeVenta,cobrado,devuelto,estado,id1,"
-            "id2,idcaja,terminal,vendedor,formapago,error,idCierre,saldoZV,idcola) "
-            "VALUES (?,?,?,?,?,?,?,'',1,?,'Ana','EFECTIVO','',0,0,0)"_s,
-            {ahora, ahora, Entre(-9000, 9000), UnoDe(3) ? 0 : Entre(0, 9000),
-             UnoDe(3) ? 0 : Entre(0, 9000), kEstados.at(Entre(0, 7)), kTipos.at(Entre(0, 9)),
-             UnoDe(2) ? u"ZV"_s : u"TPV1"_s});
-    }
-    caja.Confirmar();
-}
-
-QString Dinero::FalloDeCaja(BotonCaja primero) {
-    const QString punto = primero == BotonCaja::Cuadrar ? u"cuadre"_s
-                          : primero == BotonCaja::CierreNiveles || primero == BotonCaja::CierreValor
-                              ? u"cierre"_s
-                              : u"vaciado"_s;
-    perdidas = 0;
-    fallosEnCaja = true;
-    const auto consulta = [this] { return u"niveles#"_s + QString::number(Entre(1, 20)); };
-    switch (Entre(1, 16)) {
-    case 1:
-        return u"cuadre:retirar="_s +
-               QStringList{u"monedas"_s, u"billetes"_s, u"todo"_s}.at(Entre(0, 2));
-    case 2:
-        tienda.aparador.Retirar(UnoDe(2) ? simulador::Cajon::Monedas : simulador::Cajon::Billetes);
-        return {};
-    case 3:
-        cuentaMal = true;
-        return u"niveles#1:descuadre="_s + QString::number(Entre(1, 15));
-    case 4:
-        cuentaMal = true;
-        return u"niveles#1:descuadre="_s + QString::number(-Entre(1, 15));
-    case 5:
-        cuentaMal = true;
-        return u"cuadre:retirar=todo,niveles#1:descuadre="_s + QString::number(Entre(-9, 9));
-    case 6:
-        return consulta() + u":error=12"_s;
-    case 7: {
-        const QStringList cuando{u"antes"_s, u"durante"_s, u"despues"_s};
-        return consulta() + u":cortar="_s + cuando.at(Entre(0, 2)) +
-               (UnoDe(2) ? u",conexion:rechazar"_s : QString());
-    }
-    case 8:
-    case 9:
-    case 10:
-        return Fallo(punto);
-    case 11:
-        return punto + u":error=12"_s;
-    case 12: // the link is gone for good
-        return punto + u"#1:cortar="_s + (UnoDe(2) ? u"antes"_s : u"durante"_s) +
-               u",conexion:rechazar"_s;
-    default:
-        fallosEnCaja = false;
-        return {};
-    }
-}
-
-// The screen is up: some of its operations, one after the other.
-void Dinero::VisitarCaja(BotonCaja primero) {
-    Entorno& e = tienda.Partes().entorno;
-    periodos = LeerPeriodos();
-    Caja pantalla(e);
-    OperacionesCaja operaciones(pantalla);
-    TomarContestaciones();
-    pantalla.AlMostrar();
-    Contestaciones r = TomarContestaciones();
-    r.conectado = e.supervision.Conectado();
-    if (!fallida) {
-        TomarVista(r);
-        vista.Comprobar(pantalla);
-    }
-    BotonCaja boton = primero;
-    for (int quedan = Entre(1, 3); quedan > 0; --quedan) {
-        ObrarEnCaja(pantalla, operaciones, boton);
-        boton = kBotonesDeCaja[Entre(0, std::size(kBotonesDeCaja) - 1)];
-    }
-}
-
-EfectoCaja Dinero::Efecto(Contestaciones& r, BotonCaja boton) const {
-    switch (boton) {
-    case BotonCaja::CierreNiveles:
-        return EfectoCierre(r, vista, false, tienda.operador.acepta);
-    case BotonCaja::CierreValor:
-        return EfectoCierre(r, vista, true, !tienda.operador.cancela);
-    case BotonCaja::Cuadrar:
-        return EfectoCuadre(r, vista, tienda.operador.acepta);
-    default:
-        return EfectoVaciado(r, boton == BotonCaja::VaciarBilletes);
-    }
-}
-
-void Dinero::ObrarEnCaja(Caja& pantalla, OperacionesCaja& operaciones, BotonCaja boton) {
-    Entorno& e = tienda.Partes().entorno;
-    const bool habilitado = pantalla.Estado().boton[boton];
-    const bool conectado = e.supervision.Conectado();
-    const qint32 ultimo =
-        caja.Consultar(u"SELECT coalesce(max(idZV),0) FROM procesados"_s).front().LeerLong(0);
-    tienda.operador.acepta = !UnoDe(6);
-    tienda.operador.cancela = UnoDe(6);
-    // Also nothing, and more than there is.
-    tienda.operador.importe = UnoDe(5) ? 0 : UnoDe(5) ? 9'000'000 : Entre(1, 20000);
-    TomarContestaciones();
-    operaciones.boton_Click(boton);
-    for (const Contestacion& c : tienda.espia->contestaciones) {
-        const bool cuadre = c.que == Contestacion::Que::Cajones && c.cual == 0;
-        cuentaMal = cuentaMal && !(cuadre && c.bien);
-    }
-    Contestaciones r = TomarContestaciones();
-    if (fallida) {
-        return;
-    }
-    EfectoCaja efecto;
-    if (habilitado && conectado) {
-        efecto = Efecto(r, boton);
-    }
-    ComprobarEfecto(efecto, ultimo);
-    r.conectado = e.supervision.Conectado();
-    if (efecto.refresca) {
-        TomarVista(r);
-        vista.Comprobar(pantalla);
-    }
-    if (boton == BotonCaja::VaciarMonedas || boton == BotonCaja::VaciarBilletes) {
-        if (!efecto.filas.empty()) {
-            r.Todo(); // the exit balance
-        }
-    }
-    EXPECT_TRUE(r.Acabadas());
-    if (efecto.cierre) {
-        EXPECT_EQ(vista.totales, TotalesLibro());
-        EXPECT_EQ(pantalla.grdZV().FilasDatos(), 0);
-    }
-    ++finales[u"boton "_s + QString::number(static_cast<int>(boton)) +
-              (efecto.cierre          ? u": a close"_s
-               : efecto.filas.empty() ? u": nothing filed"_s
-                                      : u": filed"_s)];
-}
-
-void Dinero::ComprobarEfecto(const EfectoCaja& efecto, qint32 ultimo) {
-    const auto filas =
-        caja.Consultar(u"SELECT * FROM procesados WHERE idZV > ? ORDER BY idZV"_s, {ultimo});
-    ASSERT_EQ(filas.size(), efecto.filas.size());
-    for (std::size_t i = 0; i < filas.size(); ++i) {
-        ComprobarFila(filas[i], efecto.filas[i]);
-    }
-    netoCaja += efecto.Neto();
-    ComprobarNumeros(efecto);
-    if (efecto.cierre) {
-        ComprobarCierre(
-            caja.Consultar(u"SELECT * FROM cierres ORDER BY idCierre DESC LIMIT 1"_s).front(),
-            *efecto.cierre);
-    }
-    if (efecto.saldoInicial) {
-        EXPECT_EQ(EnRegistro(registry_name::kSaldoInicial), *efecto.saldoInicial);
-        if (!fallosEnCaja && !cuentaMal) {
-            EXPECT_EQ(*efecto.saldoInicial, tienda.aparador.Saldo());
-        }
-    }
-}
-
-// Every record of the period has its number and none of another period; without a close nothing has
-// got one.
-void Dinero::ComprobarNumeros(const EfectoCaja& efecto) {
-    const Periodos ahora = LeerPeriodos();
-    const auto nuevas = static_cast<qint64>(efecto.filas.size());
-    if (efecto.cierre) {
-        EXPECT_EQ(ahora.cierres, periodos.cierres + 1);
-        EXPECT_GT(ahora.ultimoCierre, periodos.ultimoCierre);
-        EXPECT_EQ(ahora.abiertas, 0);
-        EXPECT_EQ(ahora.enUltimo, periodos.abiertas + nuevas);
-    } else {
-        EXPECT_EQ(ahora.cierres, periodos.cierres);
-        EXPECT_EQ(ahora.abiertas, periodos.abiertas + nuevas);
-        EXPECT_EQ(ahora.enUltimo, periodos.enUltimo);
-        EXPECT_EQ(ahora.suma, periodos.suma);
-    }
-    periodos = ahora;
-}
-
 // The link stands again, what runs at the device has ended, and one tick has passed.
 void Dinero::DejarEnReposo() {
     perdidas = 0;
@@ -652,22 +246,6 @@ void Dinero::ComprobarRegistros(const QStringList& lineas) {
                 << "rolled back: " << id;
         }
     }
-}
-
-// A close that the log calls committed stands, and no other; no record has a number without one.
-void Dinero::ComprobarCierres(const QStringList& lineas) {
-    static const QRegularExpression forma(u"^CIERRE_[A-Z]+_(\\d+)_COMMIT$"_s);
-    for (const QString& linea : lineas) {
-        if (const auto m = forma.match(linea); m.hasMatch()) {
-            ++cierres;
-            EXPECT_EQ(
-                Suma(u"SELECT Count(*) AS n FROM cierres WHERE idCierre = "_s + m.captured(1)), 1);
-        }
-    }
-    EXPECT_EQ(Suma(u"SELECT Count(*) AS n FROM cierres"_s), cierres);
-    EXPECT_EQ(Suma(u"SELECT Count(*) AS n FROM procesados WHERE idCierre <> 0 AND idCierre NOT IN "
-                   "(SELECT idCierre FROM cierres)"_s),
-              0);
 }
 
 void Dinero::ComprobarFinal() {
@@ -869,7 +447,5 @@ TEST_F(Dinero, AddsUpWhileAnotherProgramReadsAndWritesTheQueue) {
     otro.kill();
     otro.waitForFinished();
 }
-
-} // namespace
 
 } // namespace zv::test
