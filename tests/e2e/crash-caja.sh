@@ -5,22 +5,15 @@
 # the file is sound, what the log calls committed stands in it, and the period is open and whole,
 # with no record in a close, or closed and whole, with all of them; nothing is left open at the
 # device, and the log has the amounts of all that has left it.
-[ ! -w /dev/shm ] || export TMPDIR=/dev/shm # a kill, unlike a power cut, asks nothing of a disk
-. "$(dirname "$0")/lib.sh"
-
 operation=$1
 filings=()
 [ "$2" = - ] || read -ra filings <<<"$2"
 faults=${3:-}
-mkdir -p "$(dirname "$(registry_file x)")"
+. "$(dirname "$0")/crash-lib.sh"
+declare -A at=()
+moved=0
 
-fresh_device() {
-  if [ -n "$simulator_pid" ]; then
-    cut_off "$simulator_pid"
-    rm -rf "$till/simulador" "$till/simulador.log"
-  fi
-  start_till --cliente redondeo --ritmo 0 ${faults:+--fallo "$faults"}
-  printf %s "$start_money" >"$(registry_file Saldo_Exit)"
+set_up() {
   printf %s 4321 >"$(registry_file Saldo_Inicial)"
   case "$operation" in
     cuadre | monedas | billetes)
@@ -56,8 +49,9 @@ filed() { # WHAT
   fail "$1 the books are \"$now\""
 }
 # Open and whole, or closed and whole.
-whole() { # WHAT
+sound() { # WHAT
   local close
+  committed_stand "$1"
   close=$(sql "SELECT coalesce(max(idCierre), 0) FROM cierres")
   equals "the records of another period $1" "" \
     "$(sql "SELECT id1 FROM procesados WHERE idCierre<>$close AND id1<>'ANTES'")"
@@ -80,9 +74,6 @@ committed_stand() { # WHAT
     awk '/commit/ { printf "%s", open; open = ""; next } { open = open $0 "\n" }')
 }
 
-acknowledged() {
-  [ "$(grep -c '^inicio ' "$till/simulador.log")" = "$(grep -c '^acuse ' "$till/simulador.log")" ]
-}
 # What has left the device: an emptied box, and what a hand has taken out of the boxes.
 all_told() { # WHAT
   local method id out told=0
@@ -99,51 +90,17 @@ all_told() { # WHAT
   equals "the money of the device $1" $((start_money - told)) "$(money)"
 }
 
-start_again() { "$bin/zv_crash_monitor" "$till" 0 >/dev/null || fail "the start $1"; }
-
-fresh_device
-"$bin/zv_crash_monitor" "$till" 0 >"$till/points" || fail "the first start"
-# Those of a start and an end without an operation are not repeated here.
-first=$(cat "$till/points")
-kills=0
-declare -A at=()
-moved=0
-for ((n = first / 2;; n++)); do
-  [ "$n" -lt 1000 ] || fail "no end after $n points"
-  fresh_device
-  rm -rf "$till/Debug"
-  fresh_books
-  code=0
-  { "$bin/zv_crash_monitor" "$till" "$n" "$operation" >"$till/points"; } 2>/dev/null || code=$?
-  equals "the database after point $n" ok "$(sql 'PRAGMA integrity_check')"
-  committed_stand "after point $n"
-  whole "after point $n"
-  [ "$code" != 0 ] || break
-  equals "the end at point $n" 137 "$code"
-  kills=$((kills + 1))
-  stood=$(filed "after point $n") || exit 1
-
-  start_again "after point $n"
-  if log_lines | grep -q '^ZVCONNECT_CONECTARZORV_CONNECT_ERRORZV1$'; then
-    # It was the one that the device was to refuse.
-    start_again "once more after point $n"
-  fi
-  equals "the database after point $n and a new start" ok "$(sql 'PRAGMA integrity_check')"
-  equals "the books after point $n and a new start" "$stood" "$(filed "after point $n and a new start")"
-  committed_stand "after point $n and a new start"
-  whole "after point $n and a new start"
-  wait_for 5 "the acknowledgement after point $n" acknowledged
-  all_told "after point $n"
-  ! registry_is Activo 1 || fail "the mark stands after point $n"
-  at[$stood]=$((${at[$stood]:-0} + 1))
-  if [ "$stood" = 0 ] && grep -qE '^(mueve|cuadra|vacia) ' "$till/simulador.log"; then
+tally() { # FILED
+  at[$1]=$((${at[$1]:-0} + 1))
+  if [ "$1" = 0 ] && grep -qE '^(mueve|cuadra|vacia) ' "$till/simulador.log"; then
     moved=$((moved + 1))
   fi
-done
-equals "the books of the whole operation" "${#filings[@]}" "$(filed "after the whole operation")"
-acknowledged || start_again "after the whole operation"
-wait_for 5 "the acknowledgement" acknowledged
-all_told "after the whole operation"
+}
+the_end_of_the_books() {
+  equals "the books of the whole operation" "${#filings[@]}" "$(filed "after the whole operation")"
+}
+
+kill_at_every_point
 echo "$kills kills: ${at[0]:-0} with nothing filed, $moved of them after the device had worked; by what stood:"
 for ((n = 1; n <= ${#filings[@]}; n++)); do
   echo "  ${at[$n]:-0} with ${filings[*]:0:n}"
