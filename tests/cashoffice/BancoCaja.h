@@ -1,24 +1,7 @@
-// A bench for the cash office: real database in a temporary folder, scripted device and operator, a
-// clock that stands still.
+// The cash office as a screen sees it: rows of every kind, and the device's content in round sums.
 #pragma once
 
-#include "cashoffice/Caja.h"
-#include "platform/RegistryNames.h"
-#include "platform/StringLiterals.h"
-#include "store/Esquema.h"
-#include "store/sqlite/SqliteEngine.h"
-#include "support/DeviceGuion.h"
-#include "support/DialogosGuion.h"
-#include "support/FixedClock.h"
-#include "support/ImprimeQt.h"
-#include "support/LogMemoria.h"
-#include "support/NumeroError.h"
-#include "support/PantallasGuion.h"
-#include "till/TillGraph.h"
-
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
+#include "BancoOficina.h"
 
 namespace zv::test {
 
@@ -37,28 +20,12 @@ struct FilaProcesada {
     QVariant idCierre = 0;
 };
 
-class BancoCaja : public testing::Test {
+class BancoCaja : public BancoOficina {
   protected:
-    BancoCaja()
-        : textos(carpeta.path()), registry(carpeta.filePath(u"Registro"_s)),
-          importes(FormatoRegional(u"es_ES"_s), [this] { return cliente.Multiplier(); }),
-          graph({carpeta.path(), cliente, registry, log, dialogos, textos, importes, reloj,
-                 pantallas}) {
-        bool existe = false;
-        entorno.configuracio->LeerCfgIni(entorno.rutaIni, existe);
-        SqliteEngine catalogo;
-        CrearBaseDatos(catalogo, carpeta.path(), log, dialogos, textos);
-        EXPECT_TRUE(entorno.conexion.ConectarBD());
-        log.Toma();
-    }
-
     // With 42,10 in coins and 350,00 in notes in the recycler, 12,00 and 860,00 in the boxes.
     void Conectar() {
         PonerNiveles(42, 7, 12, 43);
-        registry.GuardarValor(registry_name::kSaldoExit, u"126410"_s);
-        cliente.EsperaConnect();
-        entorno.supervision.Conectar();
-        ASSERT_TRUE(entorno.supervision.Conectado());
+        ConectarCon(126410);
         log.Toma();
     }
     // Pieces of 1,00 and 50,00 in the recycler, of 1,00 and 20,00 in the boxes; ten coins of 0,01
@@ -94,21 +61,6 @@ class BancoCaja : public testing::Test {
         return celdas;
     }
     const EstadoCaja& E() const { return caja.Estado(); }
-    bool Habilitado(BotonCaja boton) const { return E().boton[boton]; }
-
-    QTemporaryDir carpeta;
-    FixedClock reloj;
-    LogMemoria log;
-    DialogosGuion dialogos;
-    PantallasGuion pantallas;
-    DeviceGuion cliente;
-    Textos textos;
-    RegistryTree registry;
-    Importes importes;
-    TillGraph graph;
-    Entorno& entorno = graph.Entorno();
-    DatabaseEngine& motor = entorno.Database();
-    Caja caja{entorno};
 };
 
 } // namespace zv::test

@@ -1,29 +1,12 @@
-// A bench for what the cash office does with the device: real database, scripted device and
-// operator, a clock that stands still. What the device is asked and what the operator sees stand
-// among the lines of the log, so that one list tells the order of everything.
+// What the cash office does with the device. What the device is asked and what the operator sees
+// stand among the lines of the log, so that one list tells the order of everything.
 #pragma once
 
+#include "BancoOficina.h"
 #include "cashoffice/OperacionesCaja.h"
 #include "platform/ErrorEjecucion.h"
-#include "platform/RegistryNames.h"
-#include "platform/StringLiterals.h"
-#include "store/Esquema.h"
 #include "store/Palabras.h"
-#include "support/DeviceGuion.h"
-#include "support/DialogosGuion.h"
-#include "support/FixedClock.h"
 #include "support/GanchoFallos.h"
-#include "support/ImprimeQt.h"
-#include "support/LogMemoria.h"
-#include "support/NumeroError.h"
-#include "support/PantallasGuion.h"
-#include "till/TillGraph.h"
-
-#include <QDir>
-#include <QFileInfo>
-#include <QTemporaryDir>
-
-#include <gtest/gtest.h>
 
 namespace zv::test {
 
@@ -47,19 +30,8 @@ struct Movimiento {
     QString formapago = {};
 };
 
-class BancoCierre : public testing::Test {
+class BancoCierre : public BancoOficina {
   protected:
-    BancoCierre()
-        : carpeta(Plantilla()), textos(carpeta.path()), registry(carpeta.filePath(u"Registro"_s)),
-          importes(FormatoRegional(u"es_ES"_s), [this] { return cliente.Multiplier(); }),
-          graph({carpeta.path(), cliente, registry, log, dialogos, textos, importes, reloj,
-                 pantallas}) {
-        bool existe = false;
-        entorno.configuracio->LeerCfgIni(entorno.rutaIni, existe);
-        SqliteEngine catalogo;
-        CrearBaseDatos(catalogo, carpeta.path(), log, dialogos, textos);
-        EXPECT_TRUE(entorno.conexion.ConectarBD());
-    }
     void SetUp() override {
         Abrir({3000, 5000, 200, 1500});
         cliente.AlLlamar([this](const QString& llamada) {
@@ -73,11 +45,8 @@ class BancoCierre : public testing::Test {
     // Connected with that much money in the device, and the cash office as it comes up.
     void Abrir(const Dinero& dinero) {
         PonerDinero(dinero);
-        registry.GuardarValor(registry_name::kSaldoExit, QString::number(dinero.Suma()));
         registry.GuardarValor(registry_name::kSaldoInicial, u"4321"_s);
-        cliente.EsperaConnect();
-        entorno.supervision.Conectar();
-        ASSERT_TRUE(entorno.supervision.Conectado());
+        ConectarCon(dinero.Suma());
         caja.AlMostrar();
         log.Toma();
     }
@@ -177,28 +146,7 @@ class BancoCierre : public testing::Test {
     QString UltimoCierre() const {
         return entorno.ini.LeerIni(entorno.rutaIni, u"FILTROS"_s, u"ULTCIERRE"_s, u"-"_s);
     }
-    bool Boton(BotonCaja boton) const { return caja.Estado().boton[boton]; }
 
-  private:
-    static QString Plantilla() {
-        const QString memoria = u"/dev/shm"_s;
-        return (QFileInfo(memoria).isWritable() ? memoria : QDir::tempPath()) + u"/zv-XXXXXX"_s;
-    }
-
-  protected:
-    QTemporaryDir carpeta;
-    FixedClock reloj;
-    LogMemoria log;
-    DialogosGuion dialogos;
-    PantallasGuion pantallas;
-    DeviceGuion cliente;
-    Textos textos;
-    RegistryTree registry;
-    Importes importes;
-    TillGraph graph;
-    Entorno& entorno = graph.Entorno();
-    DatabaseEngine& motor = entorno.Database();
-    Caja caja{entorno};
     OperacionesCaja operaciones{caja};
 };
 

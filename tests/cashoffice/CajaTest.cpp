@@ -22,8 +22,8 @@ TEST_F(CajaTest, AnEmptyTableLeavesTheTitlesAloneAndNothingToPrint) {
           &EstadoCaja::lbIngresos, &EstadoCaja::lbSaldoFinal}) {
         EXPECT_EQ(E().*etiqueta, u"0,00 €"_s);
     }
-    EXPECT_FALSE(Habilitado(BotonCaja::Imprimir));
-    EXPECT_FALSE(Habilitado(BotonCaja::ExportCsv));
+    EXPECT_FALSE(Boton(BotonCaja::Imprimir));
+    EXPECT_FALSE(Boton(BotonCaja::ExportCsv));
 }
 
 TEST_F(CajaTest, AlignmentsOfTheColumns) {
@@ -48,8 +48,8 @@ TEST_F(CajaTest, ARowCrossesTerminalAndSellerAndShowsTheRunningBalance) {
                                       u"Ana"_s, u"12,50 €"_s, u"12,50 €"_s}));
     EXPECT_EQ(FilaDe(2), (QStringList{u"01/12/2026"_s, u"Abono Venta"_s, u"TPV2"_s, u"Luis"_s,
                                       u"-8,00 €"_s, u"4,50 €"_s}));
-    EXPECT_TRUE(Habilitado(BotonCaja::Imprimir));
-    EXPECT_TRUE(Habilitado(BotonCaja::ExportCsv));
+    EXPECT_TRUE(Boton(BotonCaja::Imprimir));
+    EXPECT_TRUE(Boton(BotonCaja::ExportCsv));
     EXPECT_EQ(E().movimientos, 2);
     EXPECT_EQ(E().rellenados, 2);
 }
@@ -89,7 +89,7 @@ TEST_F(CajaTest, RowsOfNoPeriodLeaveNoTrace) {
     caja.AlMostrar();
     EXPECT_EQ(caja.grdZV().Filas(), 1);
     EXPECT_EQ(caja.totales, TotalesPeriodo());
-    EXPECT_FALSE(Habilitado(BotonCaja::Imprimir));
+    EXPECT_FALSE(Boton(BotonCaja::Imprimir));
 }
 
 TEST_F(CajaTest, ChangeGivenRaisesTheFinalBalanceAlone) {
@@ -246,20 +246,20 @@ TEST_F(CajaTest, OnlyACloseWritesItsBalance) {
 }
 
 TEST_F(CajaTest, BoxesThatHoldSomethingCanBeEmptied) {
-    EXPECT_FALSE(Habilitado(BotonCaja::VaciarMonedas));
-    EXPECT_FALSE(Habilitado(BotonCaja::VaciarBilletes));
+    EXPECT_FALSE(Boton(BotonCaja::VaciarMonedas));
+    EXPECT_FALSE(Boton(BotonCaja::VaciarBilletes));
     Conectar();
     caja.AlMostrar();
-    EXPECT_TRUE(Habilitado(BotonCaja::VaciarMonedas));
-    EXPECT_TRUE(Habilitado(BotonCaja::VaciarBilletes));
+    EXPECT_TRUE(Boton(BotonCaja::VaciarMonedas));
+    EXPECT_TRUE(Boton(BotonCaja::VaciarBilletes));
     PonerNiveles(42, 7, 0, 43);
     caja.RefrescarCaja();
-    EXPECT_FALSE(Habilitado(BotonCaja::VaciarMonedas));
-    EXPECT_TRUE(Habilitado(BotonCaja::VaciarBilletes));
+    EXPECT_FALSE(Boton(BotonCaja::VaciarMonedas));
+    EXPECT_TRUE(Boton(BotonCaja::VaciarBilletes));
     PonerNiveles(42, 7, 3, 0);
     caja.RefrescarCaja();
-    EXPECT_TRUE(Habilitado(BotonCaja::VaciarMonedas));
-    EXPECT_FALSE(Habilitado(BotonCaja::VaciarBilletes));
+    EXPECT_TRUE(Boton(BotonCaja::VaciarMonedas));
+    EXPECT_FALSE(Boton(BotonCaja::VaciarBilletes));
 }
 
 TEST_F(CajaTest, OnlyACaptionThatChangesDecidesOnEmptying) {
@@ -267,14 +267,14 @@ TEST_F(CajaTest, OnlyACaptionThatChangesDecidesOnEmptying) {
     caja.AlMostrar();
     caja.PonerBoton(BotonCaja::VaciarMonedas, false);
     caja.RefrescarCaja(); // the same caption
-    EXPECT_FALSE(Habilitado(BotonCaja::VaciarMonedas));
+    EXPECT_FALSE(Boton(BotonCaja::VaciarMonedas));
     for (const auto& [texto, puede] :
          {std::pair(u"sin"_s, false), std::pair(u"0,01 €"_s, true), std::pair(u"-1,00 €"_s, false),
           std::pair(u"5"_s, true), std::pair(QString(), false)}) {
         caja.PonerEtiqueta(&EstadoCaja::lbCBMonedas, texto);
         caja.PonerEtiqueta(&EstadoCaja::lbCBBilletes, texto);
-        EXPECT_EQ(Habilitado(BotonCaja::VaciarMonedas), puede) << texto.toStdString();
-        EXPECT_EQ(Habilitado(BotonCaja::VaciarBilletes), puede) << texto.toStdString();
+        EXPECT_EQ(Boton(BotonCaja::VaciarMonedas), puede) << texto.toStdString();
+        EXPECT_EQ(Boton(BotonCaja::VaciarBilletes), puede) << texto.toStdString();
     }
 }
 
@@ -296,11 +296,11 @@ TEST_F(CajaTest, WithoutTheDeviceItsButtonsAreOffAndItsBalancesNothing) {
     for (const BotonCaja boton :
          {BotonCaja::CierreNiveles, BotonCaja::CierreValor, BotonCaja::VaciarMonedas,
           BotonCaja::VaciarBilletes, BotonCaja::Cuadrar}) {
-        EXPECT_FALSE(Habilitado(boton));
+        EXPECT_FALSE(Boton(boton));
     }
     for (const BotonCaja boton : {BotonCaja::Salir, BotonCaja::Imprimir, BotonCaja::Configuracion,
                                   BotonCaja::Historico, BotonCaja::ExportCsv}) {
-        EXPECT_TRUE(Habilitado(boton));
+        EXPECT_TRUE(Boton(boton));
     }
     EXPECT_EQ(caja.saldos, SaldosCaja());
     EXPECT_EQ(E().niveles, NivelesDispositivo());
@@ -314,8 +314,8 @@ TEST_F(CajaTest, ADeviceThatComesBackLeavesTheButtonsOff) {
     caja.AlMostrar();
     Conectar();
     caja.RefrescarCaja();
-    EXPECT_FALSE(Habilitado(BotonCaja::CierreNiveles));
-    EXPECT_FALSE(Habilitado(BotonCaja::Cuadrar));
+    EXPECT_FALSE(Boton(BotonCaja::CierreNiveles));
+    EXPECT_FALSE(Boton(BotonCaja::Cuadrar));
     EXPECT_EQ(E().lbContenido, u"1.264,10 €"_s);
 }
 
@@ -328,7 +328,7 @@ TEST_F(CajaTest, ADeviceThatRefusesItsLevelsIsToldByTheBalances) {
     EXPECT_EQ(E().lbCambioMonedas, u"0,00 €"_s);
     EXPECT_EQ(E().lbContenido, u"872,00 €"_s);
     EXPECT_TRUE(E().niveles.reciclador.empty());
-    EXPECT_TRUE(Habilitado(BotonCaja::CierreNiveles));
+    EXPECT_TRUE(Boton(BotonCaja::CierreNiveles));
 }
 
 TEST_F(CajaTest, TheWaitCursorIsShownBeforeTheDeviceIsAskedAndGoes) {
@@ -353,11 +353,11 @@ TEST_F(CajaTest, WithoutAPrinterNothingIsPrinted) {
     Poner({.importeVenta = 500, .cobrado = 500});
     entorno.configuracio->SINIMPRESORA = 1;
     caja.AlMostrar();
-    EXPECT_FALSE(Habilitado(BotonCaja::Imprimir));
-    EXPECT_TRUE(Habilitado(BotonCaja::ExportCsv));
+    EXPECT_FALSE(Boton(BotonCaja::Imprimir));
+    EXPECT_TRUE(Boton(BotonCaja::ExportCsv));
     entorno.configuracio->SINIMPRESORA = 2; // only 1 says so
     caja.AlMostrar();
-    EXPECT_TRUE(Habilitado(BotonCaja::Imprimir));
+    EXPECT_TRUE(Boton(BotonCaja::Imprimir));
 }
 
 TEST_F(CajaTest, ButtonsWhenTheLinkDrops) {
@@ -365,22 +365,22 @@ TEST_F(CajaTest, ButtonsWhenTheLinkDrops) {
     Poner({.importeVenta = 500, .cobrado = 500});
     caja.AlMostrar();
     caja.ActualizarBotones(false);
-    EXPECT_FALSE(Habilitado(BotonCaja::Imprimir));
-    EXPECT_TRUE(Habilitado(BotonCaja::ExportCsv));
-    EXPECT_FALSE(Habilitado(BotonCaja::CierreNiveles));
-    EXPECT_FALSE(Habilitado(BotonCaja::CierreValor));
-    EXPECT_FALSE(Habilitado(BotonCaja::Cuadrar));
-    EXPECT_TRUE(Habilitado(BotonCaja::VaciarMonedas));
+    EXPECT_FALSE(Boton(BotonCaja::Imprimir));
+    EXPECT_TRUE(Boton(BotonCaja::ExportCsv));
+    EXPECT_FALSE(Boton(BotonCaja::CierreNiveles));
+    EXPECT_FALSE(Boton(BotonCaja::CierreValor));
+    EXPECT_FALSE(Boton(BotonCaja::Cuadrar));
+    EXPECT_TRUE(Boton(BotonCaja::VaciarMonedas));
     caja.ActualizarBotones(true);
-    EXPECT_TRUE(Habilitado(BotonCaja::Imprimir));
-    EXPECT_TRUE(Habilitado(BotonCaja::CierreNiveles));
-    EXPECT_TRUE(Habilitado(BotonCaja::CierreValor));
-    EXPECT_TRUE(Habilitado(BotonCaja::Cuadrar));
+    EXPECT_TRUE(Boton(BotonCaja::Imprimir));
+    EXPECT_TRUE(Boton(BotonCaja::CierreNiveles));
+    EXPECT_TRUE(Boton(BotonCaja::CierreValor));
+    EXPECT_TRUE(Boton(BotonCaja::Cuadrar));
     motor.Ejecutar(u"DELETE FROM procesados"_s);
     caja.RefrescarCaja();
     caja.ActualizarBotones(true);
-    EXPECT_FALSE(Habilitado(BotonCaja::Imprimir));
-    EXPECT_FALSE(Habilitado(BotonCaja::ExportCsv));
+    EXPECT_FALSE(Boton(BotonCaja::Imprimir));
+    EXPECT_FALSE(Boton(BotonCaja::ExportCsv));
 }
 
 TEST_F(CajaTest, DisconnectingKeepsTheBalanceAndTurnsTheButtonsOff) {
@@ -394,7 +394,7 @@ TEST_F(CajaTest, DisconnectingKeepsTheBalanceAndTurnsTheButtonsOff) {
     EXPECT_FALSE(entorno.supervision.Conectado());
     EXPECT_EQ(registry.LeerValor(registry_name::kSaldoExit, {}), u"126410"_s);
     EXPECT_EQ(log.Toma(), QStringList{u"ZVCONNECT_DESCONECTARZORV_DISCONNECT_OK"_s});
-    EXPECT_FALSE(Habilitado(BotonCaja::CierreNiveles));
+    EXPECT_FALSE(Boton(BotonCaja::CierreNiveles));
 }
 
 TEST_F(CajaTest, ColumnsShareTheWidthByTheSettings) {
@@ -443,7 +443,7 @@ TEST_F(CajaTest, ALongPeriodFillsTheGridInStepsWithItsTotalsAtOnce) {
     EXPECT_EQ(caja.grdZV().FilasDatos(), 500);
     EXPECT_EQ(caja.totales.cobros, Currency(100 * 2000 + 1999 * 1000));
     EXPECT_EQ(E().lbSaldoFinal, importes.FormatoImporte(caja.totales.saldoFinal));
-    EXPECT_TRUE(Habilitado(BotonCaja::ExportCsv));
+    EXPECT_TRUE(Boton(BotonCaja::ExportCsv));
     int antes = 500;
     while (caja.SeguirRellenando()) {
         EXPECT_GT(E().rellenados, antes);
