@@ -30,13 +30,6 @@ TEST_F(AnadirCambioTest, AuthorisedFloatIsFiled) {
     EXPECT_EQ(Activo(), u"0"_s);
 }
 
-TEST_F(AnadirCambioTest, NothingPutInAsksNobodyAndWritesNothing) {
-    cliente.EsperaAddChange(0);
-    Anadir();
-    EXPECT_EQ(log.lineas, (QStringList{u"AÑADIRCAMBIO_BEGINTRANS"_s, u"AÑADIRCAMBIO_COMMIT"_s}));
-    ComprobarApuntes({});
-}
-
 // Its row of the access log belongs to the float: it is written in its transaction.
 TEST_F(AnadirCambioTest, WhoAuthorisedStandsInTheSameTransaction) {
     cliente.EsperaAddChange(3000);
@@ -99,23 +92,6 @@ TEST_F(AnadirCambioTest, ALinkLostWhileTheMoneyGoesBackIsAnErrorWithoutAnotherAt
         {{tipo::kMeterCambio, estado::kError, -3000, 0, 1000, u"1 - Enlace perdido"_s}});
 }
 
-TEST_F(AnadirCambioTest, ADeviceErrorIsFiledAndToldWhenTheBooksAreClosed) {
-    cliente.EsperaAddChange(1500, FinGuion::Error(31, u"Sin sitio"_s));
-    dialogos.EsperaMensaje(u"Añadir cambio anulado"_s, u"31: Sin sitio"_s, Respuesta::Aceptar,
-                           EstiloMensaje::Aceptar, [this] {
-                               EXPECT_EQ(log.lineas.last(), u"AÑADIRCAMBIO_COMMIT"_s);
-                               EXPECT_EQ(ApuntesEnElFichero(), 1);
-                               ComprobarEnMarcha(0);
-                           });
-    Anadir();
-    EXPECT_EQ(log.lineas,
-              (QStringList{u"AÑADIRCAMBIO_BEGINTRANS"_s,
-                           u"ZVADDCHANGE_AÑADIRCAMBIO_ERRORZV31: PAIDINVALUE=1500"_s,
-                           u"ADDPROC_OK_1_AÑADIRCAMBIO_ERRORZV"_s, u"AÑADIRCAMBIO_COMMIT"_s}));
-    ComprobarApuntes({{tipo::kMeterCambio, estado::kError, 1500, 1500, 0,
-                       u"Error al añadir cambio: 31 - Sin sitio"_s}});
-}
-
 TEST_F(AnadirCambioTest, ACancelWithMoneyInIsTwoRecordsWhoseSumIsNil) {
     cliente.EsperaAddChange(1500, FinGuion::Cancelado());
     Anadir();
@@ -151,57 +127,6 @@ TEST_F(AnadirCambioTest, ABalanceThatCannotBeReadInACancelIsToldWhenTheBooksAreC
     Anadir();
     ComprobarApuntes({{tipo::kMeterCambio, estado::kOk, 1500, 1500, 0, {}, 1500},
                       {tipo::kPagoCambio, estado::kOk, -1500, 0, 1500, u"Cambio cancelado"_s, 0}});
-}
-
-TEST_F(AnadirCambioTest, AfterAReconnectionItBeginsAnewNestedInTheFirst) {
-    cliente.EsperaAddChange(300, EnlacePerdido());
-    EsperaReconexion();
-    cliente.EsperaAddChange(300, EnlacePerdido());
-    EsperaReconexion();
-    cliente.EsperaAddChange(3000, FinGuion::Ok().Durante([this] { ComprobarEnMarcha(3); }));
-    EsperaAutorizacion(true, [this] { ComprobarEnMarcha(3); });
-    Anadir();
-    EXPECT_EQ(log.lineas,
-              (QStringList{u"AÑADIRCAMBIO_BEGINTRANS"_s} + LineasReconexion() +
-               QStringList{u"AÑADIRCAMBIO_BEGINTRANS"_s} + LineasReconexion() +
-               QStringList{u"AÑADIRCAMBIO_BEGINTRANS"_s,
-                           u"ZVADDCHANGE_AÑADIRCAMBIO_OK: PAIDINVALUE=3000"_s,
-                           u"ADDPROC_OK_1_AÑADIRCAMBIO_OK"_s, u"AÑADIRCAMBIO_COMMIT"_s}));
-    ComprobarApuntes({Bueno()});
-}
-
-TEST_F(AnadirCambioTest, ALinkThatComesBackTwiceAndThenNotIsOneError) {
-    for (const bool vuelve : {true, true, false}) {
-        cliente.EsperaAddChange(300, EnlacePerdido());
-        EsperaReconexion(vuelve);
-    }
-    dialogos.EsperaMensaje(u"Añadir cambio anulado"_s, u"1: Enlace perdido"_s);
-    Anadir();
-    EXPECT_EQ(log.Cuenta(u"AÑADIRCAMBIO_BEGINTRANS"_s), 3);
-    EXPECT_EQ(log.Cuenta(u"AÑADIRCAMBIO_COMMIT"_s), 1);
-    ComprobarApuntes({{tipo::kMeterCambio, estado::kError, 300, 300, 0,
-                       u"Error al añadir cambio: 1 - Enlace perdido"_s, 0}});
-}
-
-TEST_F(AnadirCambioTest, ALinkThatDoesNotComeBackIsTheErrorOfTheOperation) {
-    cliente.EsperaAddChange(300, EnlacePerdido());
-    EsperaReconexion(false);
-    dialogos.EsperaMensaje(u"Añadir cambio anulado"_s, u"1: Enlace perdido"_s);
-    Anadir();
-    EXPECT_EQ(log.lineas,
-              (QStringList{u"AÑADIRCAMBIO_BEGINTRANS"_s} + LineasSinReconexion() +
-               QStringList{u"ZVADDCHANGE_AÑADIRCAMBIO_ERRORZV1: PAIDINVALUE=300"_s,
-                           u"ADDPROC_OK_1_AÑADIRCAMBIO_ERRORZV"_s, u"AÑADIRCAMBIO_COMMIT"_s}));
-    ComprobarApuntes({{tipo::kMeterCambio, estado::kError, 300, 300, 0,
-                       u"Error al añadir cambio: 1 - Enlace perdido"_s, 0}});
-}
-
-TEST_F(AnadirCambioTest, TheBalanceOfARecordIsThatAfterTheMoneyCameIn) {
-    cliente.EsperaAddChange(3000, FinGuion::Ok().Durante([this] { cliente.PonerTotal(53000); }));
-    EsperaAutorizacion(true);
-    Anadir();
-    EXPECT_EQ(Procesados().front().LeerCurrency(u"saldoZV"_s), Currency(53000));
-    EXPECT_EQ(SaldoExit(), u"53000"_s);
 }
 
 } // namespace zv::test

@@ -28,7 +28,8 @@ class EnvioTest : public BancoEngine {
         SqliteEngine otroSQLite({std::chrono::milliseconds(0)});
         DatabaseEngine& otro = otroSQLite;
         otro.Abrir(CadenaConexion(u"MDB"_s, {}, conexion.RutaFichero(), {}, {}));
-        return NumeroError([&] { otro.Ejecutar(u"INSERT INTO cola (id1) VALUES ('POS')"_s); }) == 0;
+        return NumeroError(
+                   [&] { otro.Ejecutar(u"INSERT INTO historial (id) VALUES ('POS')"_s); }) == 0;
     }
     // The wait for a lock, in milliseconds, at each begin that is issued.
     std::vector<qint32> EsperasAlEnviar(qint32 idZV) {
@@ -317,34 +318,6 @@ TEST_F(EnvioTest, AVanishedRowReachesTheFilingAndTellsTheOperator) {
     EXPECT_EQ(log.lineas, (QStringList{u"ENVIARZV0_BEGINTRANS"_s, u"ENVIARZV0_77_ROLLBACK"_s}));
 }
 
-TEST_F(EnvioTest, AFailedFilingIsToldAndRolledBackWithTheRowKept) {
-    const qint32 id = PonerFila(500);
-    cliente.EsperaCharge(500, 500, 0);
-    GanchoFallos gancho(motor);
-    gancho.Falla(Statement::Kind::Escritura, u"procesados"_s, kSiempre, {10, u"disk I/O error"_s});
-    dialogos.EsperaCaja(u"Error al procesar la operación, consulte con el técnico de Zorvex"_s);
-    EXPECT_EQ(Enviar(id), envio::kBien);
-    motor.PonerGancho({});
-    EXPECT_EQ(Cola().size(), 1U);
-    EXPECT_TRUE(Procesados().empty());
-    EXPECT_EQ(motor.Nivel(), 0);
-    EXPECT_EQ(log.lineas.last(), u"ENVIARZV1_1_ROLLBACK"_s);
-    EXPECT_EQ(Activo(), u"0"_s);
-    EXPECT_FALSE(seguretat.UsuarioFast());
-}
-
-TEST_F(EnvioTest, AFailedDeleteOfTheQueueRowRollsTheRecordBack) {
-    const qint32 id = PonerFila(500);
-    cliente.EsperaCharge(500, 500, 0);
-    GanchoFallos gancho(motor);
-    gancho.Falla(Statement::Kind::Escritura, u"DELETE"_s, kSiempre, {10, u"disk I/O error"_s});
-    dialogos.EsperaCaja(u"Error al procesar la operación, consulte con el técnico de Zorvex"_s);
-    EXPECT_EQ(Enviar(id), envio::kBien);
-    motor.PonerGancho({});
-    EXPECT_EQ(Cola().size(), 1U);
-    EXPECT_TRUE(Procesados().empty());
-}
-
 TEST_F(EnvioTest, AFailureOfTheCommitIsAnErrorOfTheSend) {
     const qint32 id = PonerFila(500);
     cliente.EsperaCharge(500, 500, 0);
@@ -562,36 +535,63 @@ TEST_F(EnvioTest, ACancelLeavesAFormerCreditAsItWas) {
     EXPECT_EQ(Cola().front().LeerCurrency(u"creditoError"_s), Currency(300));
 }
 
-TEST_F(EnvioTest, NobodyIsLockedOutWhileTheOperatorReadsOfAFailedFiling) {
-    const qint32 id = PonerFila(500);
-    cliente.EsperaCharge(500, 500, 0);
-    // The record is written, its row of the queue cannot be deleted.
-    GanchoFallos gancho(motor);
-    gancho.Falla(Statement::Kind::Escritura, u"DELETE"_s, kSiempre, {10, u"disk I/O error"_s});
+// The two roads of a send: with the device, and past it where there is nothing to charge.
+struct CaminoEnvio {
+    const char* nombre;
+    qint32 importe;
+    QString tag;
+};
+
+class RegistroFallidoTest : public EnvioTest, public testing::WithParamInterface<CaminoEnvio> {
+  protected:
+    // A row of it, and a filing in which a statement fails.
+    qint32 Preparar(const QString& sentencia) {
+        const qint32 id = PonerFila(GetParam().importe);
+        if (GetParam().importe != 0) {
+            cliente.EsperaCharge(GetParam().importe, GetParam().importe, 0);
+        }
+        gancho.Falla(Statement::Kind::Escritura, sentencia, kSiempre, {10, u"disk I/O error"_s});
+        return id;
+    }
+    QString Rollback() const { return GetParam().tag + u"_1_ROLLBACK"_s; }
+    // Nothing of the filing stands.
+    void ComprobarDeshecho() {
+        motor.PonerGancho({});
+        EXPECT_EQ(Cola().size(), 1U);
+        EXPECT_TRUE(Procesados().empty());
+        EXPECT_EQ(motor.Nivel(), 0);
+        EXPECT_EQ(log.lineas.last(), Rollback());
+        EXPECT_EQ(Activo(), u"0"_s);
+        EXPECT_FALSE(seguretat.UsuarioFast());
+    }
+
+    GanchoFallos gancho{motor};
+};
+
+TEST_P(RegistroFallidoTest, IsToldAndRolledBackWithTheRowKept) {
+    const qint32 id = Preparar(u"procesados"_s);
+    dialogos.EsperaCaja(TextoFallo());
+    EXPECT_EQ(Enviar(id), envio::kBien);
+    ComprobarDeshecho();
+}
+
+// The record is written, its row of the queue cannot be deleted.
+TEST_P(RegistroFallidoTest, LocksNobodyOutWhileTheOperatorReadsOfIt) {
+    const qint32 id = Preparar(u"DELETE"_s);
     dialogos.EsperaCaja(TextoFallo(), [&] {
         EXPECT_EQ(motor.Nivel(), 0);
         EXPECT_TRUE(OtroPuedeEscribir());
-        EXPECT_EQ(log.Cuenta(u"ENVIARZV1_1_ROLLBACK"_s), 0);
+        EXPECT_EQ(log.Cuenta(Rollback()), 0);
         EXPECT_EQ(Activo(), u"1"_s);
     });
     EXPECT_EQ(Enviar(id), envio::kBien);
-    motor.PonerGancho({});
-    EXPECT_EQ(log.lineas.last(), u"ENVIARZV1_1_ROLLBACK"_s);
+    ComprobarDeshecho();
 }
 
-TEST_F(EnvioTest, NorWhileHeReadsThatAZeroAmountCouldNotBeFiled) {
-    const qint32 id = PonerFila(0);
-    GanchoFallos gancho(motor);
-    gancho.Falla(Statement::Kind::Escritura, u"DELETE"_s, kSiempre, {10, u"disk I/O error"_s});
-    dialogos.EsperaCaja(TextoFallo(), [&] {
-        EXPECT_EQ(motor.Nivel(), 0);
-        EXPECT_TRUE(OtroPuedeEscribir());
-        EXPECT_EQ(log.Cuenta(u"ENVIARZV0_1_ROLLBACK"_s), 0);
-    });
-    EXPECT_EQ(Enviar(id), envio::kBien);
-    motor.PonerGancho({});
-    EXPECT_EQ(log.lineas.last(), u"ENVIARZV0_1_ROLLBACK"_s);
-}
+INSTANTIATE_TEST_SUITE_P(Caminos, RegistroFallidoTest,
+                         testing::Values(CaminoEnvio{"ConDispositivo", 500, u"ENVIARZV1"_s},
+                                         CaminoEnvio{"SinNadaQueCobrar", 0, u"ENVIARZV0"_s}),
+                         [](const auto& caso) { return std::string(caso.param.nombre); });
 
 TEST_F(EnvioTest, ARollbackThatFailsIsAnErrorOfTheSendAfterTheBox) {
     GanchoFallos gancho(motor);
