@@ -36,12 +36,12 @@ constexpr auto kDerecha = Qt::AlignRight | Qt::AlignVCenter;
 // In the order of ColumnaCaja.
 std::vector<Columna> Columnas() {
     return {
-        {.clave = &texto::kCajaFecha},
-        {.clave = &texto::kCajaConcepto},
+        {.clave = &texto::kTituloFecha},
+        {.clave = &texto::kTituloConcepto},
         {.clave = &texto::kVendedor},
-        {.clave = &texto::kCajaTerminal},
-        {.clave = &texto::kCajaVenta, .alineacion = kDerecha, .contenido = Contenido::Importe},
-        {.clave = &texto::kCajaSaldoZV, .alineacion = kDerecha, .contenido = Contenido::Importe}};
+        {.clave = &texto::kTituloTerminal},
+        {.clave = &texto::kTituloVenta, .alineacion = kDerecha, .contenido = Contenido::Importe},
+        {.clave = &texto::kTituloSaldoZV, .alineacion = kDerecha, .contenido = Contenido::Importe}};
 }
 
 } // namespace

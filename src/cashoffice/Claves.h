@@ -6,12 +6,6 @@
 namespace zv::texto {
 
 inline constexpr Clave kClavesCashoffice[] = {
-    // titles of the grid
-    {u"fecha2", u"Fecha"},
-    {u"concepto2", u"Concepto"},
-    {u"terminal2", u"Terminal"},
-    {u"venta2", u"Venta"},
-    {u"saldoZV2", u"Saldo ZV"},
     // captions
     {u"frmCaja", u"lblCambio", u"Cambio"},
     {u"frmCaja", u"lblCB", u"Cajones"},
@@ -65,11 +59,6 @@ inline constexpr Clave kClavesCashoffice[] = {
     {u"descuadreDetectado3", u"¿Desea hacer un apunte de cuadre?"},
 };
 
-inline constexpr const Clave& kCajaFecha = Entrada(kClavesCashoffice, u"fecha2");
-inline constexpr const Clave& kCajaConcepto = Entrada(kClavesCashoffice, u"concepto2");
-inline constexpr const Clave& kCajaTerminal = Entrada(kClavesCashoffice, u"terminal2");
-inline constexpr const Clave& kCajaVenta = Entrada(kClavesCashoffice, u"venta2");
-inline constexpr const Clave& kCajaSaldoZV = Entrada(kClavesCashoffice, u"saldoZV2");
 inline constexpr const Clave& kLblCambio = Entrada(kClavesCashoffice, u"frmCaja", u"lblCambio");
 inline constexpr const Clave& kLblCB = Entrada(kClavesCashoffice, u"frmCaja", u"lblCB");
 inline constexpr const Clave& kLblSaldoCierre =

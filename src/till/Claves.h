@@ -8,6 +8,11 @@ namespace zv::texto {
 inline constexpr Clave kClavesTill[] = {
     // titles of grids
     {u"vendedor", u"Vendedor"},
+    {u"fecha2", u"Fecha"},
+    {u"concepto2", u"Concepto"},
+    {u"terminal2", u"Terminal"},
+    {u"venta2", u"Venta"},
+    {u"saldoZV2", u"Saldo ZV"},
     // concepts of a record; what the record tells stands right behind those that end in a blank,
     // which a look-up drops
     {u"abonoManual", u"Abono Manual - "},
@@ -24,6 +29,12 @@ inline constexpr Clave kClavesTill[] = {
     {u"cobroAgrupado", u"Cobro agrupado"},
     {u"cobroVenta", u"Cobro Venta"},
     {u"abonoVenta", u"Abono Venta"},
+    // the same in the history of closes
+    {u"ajustePorDescuadre", u"Ajuste por descuadreo"},
+    {u"pago", u"Pago"},
+    {u"vaciado", u"Vaciado"},
+    {u"cobroVenta", u"Cobro venta"},
+    {u"abonoVenta", u"Abono venta"},
     // captions of the cash office that printouts of the history have too
     {u"frmCaja", u"lblCobros", u"Cobros por ventas"},
     {u"frmCaja", u"lblAbonos", u"Abonos por ventas"},
@@ -41,6 +52,11 @@ inline constexpr Clave kClavesTill[] = {
 };
 
 inline constexpr const Clave& kVendedor = Entrada(kClavesTill, u"vendedor");
+inline constexpr const Clave& kTituloFecha = Entrada(kClavesTill, u"fecha2");
+inline constexpr const Clave& kTituloConcepto = Entrada(kClavesTill, u"concepto2");
+inline constexpr const Clave& kTituloTerminal = Entrada(kClavesTill, u"terminal2");
+inline constexpr const Clave& kTituloVenta = Entrada(kClavesTill, u"venta2");
+inline constexpr const Clave& kTituloSaldoZV = Entrada(kClavesTill, u"saldoZV2");
 inline constexpr const Clave& kAbonoManual = Entrada(kClavesTill, u"abonoManual");
 inline constexpr const Clave& kConceptoCobroManual = Entrada(kClavesTill, u"cobroManual");
 inline constexpr const Clave& kAjustePorDescuadre = Entrada(kClavesTill, u"ajustePorDescuadre");
@@ -55,6 +71,11 @@ inline constexpr const Clave& kAbonoAgrupado = Entrada(kClavesTill, u"abonoAgrup
 inline constexpr const Clave& kCobroAgrupado = Entrada(kClavesTill, u"cobroAgrupado");
 inline constexpr const Clave& kCobroVenta = Entrada(kClavesTill, u"cobroVenta");
 inline constexpr const Clave& kAbonoVenta = Entrada(kClavesTill, u"abonoVenta");
+inline constexpr const Clave& kHistorialAjuste = Entrada(kClavesTill, u"ajustePorDescuadre", 1);
+inline constexpr const Clave& kHistorialPago = Entrada(kClavesTill, u"pago", 1);
+inline constexpr const Clave& kHistorialVaciado = Entrada(kClavesTill, u"vaciado", 1);
+inline constexpr const Clave& kHistorialCobroVenta = Entrada(kClavesTill, u"cobroVenta", 1);
+inline constexpr const Clave& kHistorialAbonoVenta = Entrada(kClavesTill, u"abonoVenta", 1);
 inline constexpr const Clave& kLblCobros = Entrada(kClavesTill, u"frmCaja", u"lblCobros");
 inline constexpr const Clave& kLblAbonos = Entrada(kClavesTill, u"frmCaja", u"lblAbonos");
 inline constexpr const Clave& kLblPagos = Entrada(kClavesTill, u"frmCaja", u"lblPagos");

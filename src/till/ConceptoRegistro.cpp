@@ -59,6 +59,37 @@ constexpr std::array kCajaVenta = {
                   Uno(Suma::Abonos, Aporte::Devuelto)},
 };
 
+// Without totals: what the movement adds to the running balance.
+constexpr ReglaConcepto Movimiento(const QString* id1, const Clave& texto, Aporte movimiento,
+                                   Prueba prueba = Prueba::Ninguna,
+                                   Detalle detalle = Detalle::Ninguno) {
+    return {id1, prueba, &texto, detalle, {}, movimiento};
+}
+
+constexpr std::array kHistorialMonitor = {
+    Movimiento(&tipo::kCobroManual, texto::kAbonoManual, Aporte::DevueltoNegativo,
+               Prueba::SoloDevuelto, Detalle::Error),
+    Movimiento(&tipo::kCobroManual, texto::kConceptoCobroManual, Aporte::Neto, Prueba::Ninguna,
+               Detalle::Error),
+    Movimiento(&tipo::kCashBoxControl, texto::kHistorialAjuste, Aporte::Neto),
+    Movimiento(&tipo::kMeterCambio, texto::kCambioAnadido, Aporte::Neto),
+    Movimiento(&tipo::kDarCambio, texto::kCambio, Aporte::Neto),
+    Movimiento(&tipo::kPago, texto::kHistorialPago, Aporte::DevueltoNegativo, Prueba::Ninguna,
+               Detalle::Error),
+    Movimiento(&tipo::kVaciado, texto::kHistorialVaciado, Aporte::DevueltoNegativo, Prueba::Ninguna,
+               Detalle::FormaPago),
+    Movimiento(&tipo::kVaciadoCajones, texto::kVaciadoCajones, Aporte::DevueltoNegativo),
+    Movimiento(&tipo::kArqueoCaja, texto::kArqueoCaja, Aporte::DevueltoNegativo),
+    Movimiento(nullptr, texto::kAbonoAgrupado, Aporte::DevueltoNegativo, Prueba::SoloDevuelto),
+    Movimiento(nullptr, texto::kCobroAgrupado, Aporte::Neto),
+};
+
+constexpr std::array kHistorialVenta = {
+    Movimiento(nullptr, texto::kHistorialAbonoVenta, Aporte::DevueltoNegativo,
+               Prueba::SoloDevuelto),
+    Movimiento(nullptr, texto::kHistorialCobroVenta, Aporte::Neto),
+};
+
 bool Pasa(PruebaConcepto prueba, const DatosConcepto& datos) {
     switch (prueba) {
     case Prueba::Ninguna:
@@ -74,6 +105,7 @@ bool Pasa(PruebaConcepto prueba, const DatosConcepto& datos) {
 } // namespace
 
 constinit const VarianteConcepto kConceptosCaja{kCajaMonitor, kCajaVenta};
+constinit const VarianteConcepto kConceptosHistorial{kHistorialMonitor, kHistorialVenta};
 
 Currency ValorDe(Aporte aporte, const DatosConcepto& datos) {
     switch (aporte) {
@@ -83,6 +115,8 @@ Currency ValorDe(Aporte aporte, const DatosConcepto& datos) {
         return datos.cobrado - datos.devuelto;
     case Aporte::Devuelto:
         return datos.devuelto;
+    case Aporte::DevueltoNegativo:
+        return -datos.devuelto;
     case Aporte::CobradoPositivo:
         return std::max(datos.cobrado, Currency(0));
     case Aporte::DevueltoPositivo:

@@ -33,6 +33,7 @@ enum class Aporte {
     Nada,
     Neto, // cobrado - devuelto
     Devuelto,
+    DevueltoNegativo,
     CobradoPositivo, // nothing when it is not above 0
     DevueltoPositivo
 };
@@ -59,6 +60,7 @@ struct ReglaConcepto {
     const Clave* texto;
     DetalleConcepto detalle = DetalleConcepto::Ninguno;
     std::array<Apunte, 2> apuntes = {};
+    Aporte movimiento = Aporte::Neto; // what it adds to a running balance
 };
 
 // The first rule that fits counts; the last one of each list fits any record.
@@ -77,6 +79,9 @@ struct VarianteConcepto {
 
 // The period of the cash office.
 extern const VarianteConcepto kConceptosCaja;
+// The movements of a past close; they have no totals. Payments of change that was cancelled count
+// as grouped, and a sale is told by what was given back, not by its amount.
+extern const VarianteConcepto kConceptosHistorial;
 
 // The texts of a variant, looked up once for many records.
 class TextosConcepto {

@@ -78,6 +78,58 @@ TEST(ConceptoRegistroTest, EachKindOfRecord) {
     }
 }
 
+struct CasoHistorial {
+    QString terminal;
+    QString id1;
+    int cobrado;
+    int devuelto;
+    QString texto;
+    int movimiento;
+};
+
+// As above; the amount of the sale tells nothing here.
+const CasoHistorial kHistorial[] = {
+    {u"ZV"_s, u"COBRO_MANUAL"_s, 0, 500, u"Abono Manual -x"_s, -500},
+    {u"ZV"_s, u"COBRO_MANUAL"_s, 700, 200, u"Cobro Manual -x"_s, 500},
+    {u"ZV"_s, u"COBRO_MANUAL"_s, 0, 0, u"Cobro Manual -x"_s, 0},
+    {u"ZV"_s, u"CASHBOXCONTROL"_s, 300, 50, u"Ajuste por descuadreo"_s, 250},
+    {u"ZV"_s, u"CASHBOXCONTROL"_s, 0, 300, u"Ajuste por descuadreo"_s, -300},
+    {u"ZV"_s, u"METER_CAMBIO"_s, 90, 20, u"Cambio añadido"_s, 70},
+    {u"ZV"_s, u"DAR_CAMBIO"_s, 2000, 1500, u"Cambio"_s, 500},
+    {u"ZV"_s, u"PAGO"_s, 10, 40, u"Pagox"_s, -40},
+    {u"ZV"_s, u"VACIADO"_s, 5, 40, u"Vaciadox"_s, -40},
+    {u"ZV"_s, u"VACIADOCAJONES"_s, 5, 80, u"Vaciado de cajones"_s, -80},
+    {u"ZV"_s, u"ARQUEOCAJA"_s, 5, 80, u"Arqueo de caja"_s, -80},
+    {u"ZV"_s, u"PAGO_CAMBIO"_s, 0, 20, u"Abono agrupado"_s, -20},
+    {u"ZV"_s, u"PAGO_CAMBIO"_s, 90, 20, u"Cobro agrupado"_s, 70},
+    {u"ZV"_s, u"T1/T2"_s, 0, 40, u"Abono agrupado"_s, -40},
+    {u"ZV"_s, {}, 50, 10, u"Cobro agrupado"_s, 40},
+    {u"ZV"_s, u"pago"_s, 50, 10, u"Cobro agrupado"_s, 40},
+    {u"zv"_s, u"PAGO"_s, 50, 10, u"Cobro venta"_s, 40},
+    {u"TPV1"_s, u"PAGO"_s, 0, 10, u"Abono venta"_s, -10},
+    {u"TPV1"_s, u"T1"_s, 1, 10, u"Cobro venta"_s, -9},
+    {{}, u"T1"_s, 0, 0, u"Cobro venta"_s, 0},
+};
+
+TEST(ConceptoRegistroTest, EachKindOfRecordInTheHistory) {
+    const CarpetaTemporal carpeta;
+    const Textos textos(carpeta.Ruta());
+    const TextosConcepto conceptos(kConceptosHistorial, textos);
+    for (const CasoHistorial& c : kHistorial) {
+        for (const int venta : {-70, 0, 70}) {
+            const DatosConcepto datos{c.terminal, c.id1, venta, c.cobrado, c.devuelto};
+            const std::size_t n = kConceptosHistorial.Clasificar(datos);
+            const ReglaConcepto& regla = kConceptosHistorial.Regla(n);
+            const bool detalle = regla.detalle != DetalleConcepto::Ninguno;
+            EXPECT_EQ(conceptos.Texto(n, detalle ? u"x"_s : QString()), c.texto)
+                << c.id1.toStdString();
+            EXPECT_EQ(ValorDe(regla.movimiento, datos), Currency(c.movimiento))
+                << c.id1.toStdString();
+            EXPECT_EQ(regla.detalle == DetalleConcepto::FormaPago, c.id1 == u"VACIADO"_s);
+        }
+    }
+}
+
 TEST(ConceptoRegistroTest, OnlyAnEmptiedBoxTellsHowItWasPaid) {
     for (std::size_t n = 0; n < kConceptosCaja.Reglas(); ++n) {
         const ReglaConcepto& regla = kConceptosCaja.Regla(n);
