@@ -27,11 +27,6 @@ class CobroCodigoBarras {
     void Enter(const QString& codigo, const std::function<void()>& vaciar);
 
   private:
-    bool LayoutMalo() const;
-    QString Identificador(const QString& codigo) const;
-    Currency Importe(const QString& texto) const;
-    void Avisar(const Clave& clave, const std::function<void()>& vaciar);
-
     ConfiguracioGlobal& configuracio_;
     std::function<dades*()> datos_;
     const Importes& importes_;

@@ -76,7 +76,8 @@ class ClavesTest : public testing::Test {
         }
         QStringList pantallas;
         for (const Sitio& sitio : DelFichero()) {
-            if (sitio.first.startsWith(u"frm"_s) && !pantallas.contains(sitio.first)) {
+            if ((sitio.first.startsWith(u"frm"_s) || sitio.first == u"balanza"_s) &&
+                !pantallas.contains(sitio.first)) {
                 pantallas << sitio.first;
             }
         }

@@ -7,6 +7,9 @@
 #include "access/Usuarios.h"
 #include "access/screens/frmLogin.h"
 #include "access/screens/frmUsuarios.h"
+#include "barcode/Claves.h"
+#include "barcode/screens/Balanza.h"
+#include "config/Configuracio.h"
 #include "device/Claves.h"
 #include "device/screens/frmOperacion.h"
 #include "platform/FormatoRegional.h"
@@ -15,6 +18,7 @@
 #include "ui/Textos.h"
 #include "ui/screens/DialogosPantalla.h"
 #include "ui/screens/Tema.h"
+#include "ui/screens/Traduccion.h"
 #include "ui/screens/frmImpresio.h"
 
 #include <QAbstractItemView>
@@ -49,6 +53,7 @@ class Fotografo {
         for (const int movimientos : {0, 8, 2000}) {
             Caja(movimientos);
         }
+        CodigosDeBarras();
         return bien_;
     }
 
@@ -274,6 +279,50 @@ class Fotografo {
         }
         Guardar(pantalla, nombre);
         pantalla.hide();
+    }
+
+    // The layout of the barcodes over a till of the screen's size.
+    void Barras(const QString& nombre, const LayoutCodigo& layout, const QString& codigo,
+                bool rechazado = false) {
+        const QTemporaryDir carpeta;
+        const ModuloIni ini(mudo_, dialogos_);
+        RegistryTree registry(carpeta.path());
+        Configuracio cfg(ini, registry, carpeta.path());
+        cfg.BCEAN = static_cast<quint8>(layout.largo);
+        cfg.BCTPRE = layout.conTicket;
+        cfg.BCTINI = static_cast<quint8>(layout.ticketDesde);
+        cfg.BCTFIN = static_cast<quint8>(layout.ticketHasta);
+        cfg.BCIINI = static_cast<quint8>(layout.importeDesde);
+        cfg.BCIFIN = static_cast<quint8>(layout.importeHasta);
+        cfg.BCDEC = static_cast<quint8>(layout.decimales);
+        QWidget till;
+        till.setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        till.show();
+        Balanza pantalla(
+            importes_, [] { return 2; }, reloj_, dialogos_, textos_, &till);
+        pantalla.CarregaConfig(cfg);
+        pantalla.show();
+        auto* prueba = pantalla.findChild<QLineEdit*>(texto::kBalanzaPrueba.Nombre());
+        prueba->setText(codigo);
+        if (rechazado) {
+            auto* campo = pantalla.findChild<QLineEdit*>(u"TBal_3"_s);
+            campo->setFocus();
+            campo->selectAll();
+            EnviaTeclas(u"7{ENTER}"_s);
+        }
+        Guardar(pantalla, nombre);
+        pantalla.hide();
+    }
+
+    void CodigosDeBarras() {
+        const LayoutCodigo bascula{13, true, 2, 7, 8, 12, 2};
+        Barras(u"barcode-off"_s, {}, {});
+        Barras(u"barcode"_s, bascula, {});
+        Barras(u"barcode-scan"_s, bascula, u"2001234012509"_s);
+        Barras(u"barcode-scan-short"_s, bascula, u"20012340125"_s);
+        Barras(u"barcode-refused"_s, bascula, u"2001234012509"_s, true);
+        Barras(u"barcode-long"_s, {120, true, 1, 50, 60, 69, 2},
+               u"ABCDEFGHIJ"_s.repeated(5) + u"---------2147483647"_s + QString(51, u'-'));
     }
 
     struct : Log {

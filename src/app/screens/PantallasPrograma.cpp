@@ -2,12 +2,15 @@
 
 #include "access/Usuarios.h"
 #include "access/screens/frmUsuarios.h"
+#include "barcode/screens/Balanza.h"
 #include "cashoffice/ImpresionCaja.h"
 #include "cashoffice/OperacionesCaja.h"
 #include "cashoffice/screens/frmCaja.h"
 #include "platform/StringLiterals.h"
 #include "store/ExportarCSV.h"
 #include "ui/screens/ImpresoraSistema.h"
+
+#include <QApplication>
 
 namespace zv {
 
@@ -22,6 +25,7 @@ bool PantallasPrograma::Existe(Pantalla pantalla) const {
     case Pantalla::CambioContrasena:
     case Pantalla::Usuarios:
     case Pantalla::Caja:
+    case Pantalla::Balanza:
         return true;
     case Pantalla::BotonAcceso:
         return static_cast<bool>(botonAcceso_);
@@ -30,7 +34,6 @@ bool PantallasPrograma::Existe(Pantalla pantalla) const {
     case Pantalla::Accesos:
     case Pantalla::Historial:
     case Pantalla::Configuracion:
-    case Pantalla::Balanza:
         break;
     }
     return false;
@@ -50,7 +53,17 @@ void PantallasPrograma::Abrir(Pantalla pantalla) {
     }
 }
 
-void PantallasPrograma::AbrirBalanza(Configuracio&) {}
+void PantallasPrograma::AbrirBalanza(Configuracio& cfg) {
+    Entorno& e = *entorno_;
+    // Over the screen that it is opened from.
+    QWidget* sobre = QApplication::activeModalWidget();
+    Balanza pantalla(
+        e.importes, [&e] { return e.cliente.Decimals(); }, e.reloj, e.dialogos, e.textos,
+        sobre != nullptr ? sobre : PadreVisible(padre_));
+    pantalla.CarregaConfig(cfg);
+    pantalla.exec();
+    pantalla.LanzarFallo();
+}
 
 void PantallasPrograma::AbrirUsuarios() {
     Usuarios usuarios(entorno_->Database(), entorno_->dialogos, entorno_->textos);

@@ -7,6 +7,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPalette>
 #include <QSize>
 #include <QStyle>
@@ -196,6 +197,16 @@ void PonerTono(QWidget& marco, Tono tono) {
     marco.setStyleSheet(u"#%1 { background: %2; border: none; border-top: 1px solid %3; } "
                         "QLabel { color: %4; }"_s.arg(marco.objectName(), colores.fondo.name(),
                                                       kBorde.name(), colores.letra.name()));
+}
+
+void PonerEstado(QLineEdit& caja, bool bueno) {
+    const QString estado = bueno ? u"bueno"_s : u"malo"_s;
+    if (caja.property("estado") == estado) {
+        return;
+    }
+    caja.setProperty("estado", estado);
+    caja.style()->unpolish(&caja);
+    caja.style()->polish(&caja);
 }
 
 void PonerLetra(QWidget& dentro, int pixeles) {

@@ -10,6 +10,7 @@
 
 class QApplication;
 class QLabel;
+class QLineEdit;
 class QSize;
 class QWidget;
 
@@ -80,6 +81,9 @@ enum class Tono {
     Alarma, // nothing goes on before the operator does something
 };
 void PonerTono(QWidget& marco, Tono tono);
+
+// Whether what stands in a box has been refused: red ground, or grey.
+void PonerEstado(QLineEdit& caja, bool bueno);
 
 // What a label says; decides its letters, which grow with its window.
 enum class Letra {

@@ -121,6 +121,8 @@ QComboBox:disabled, QDateEdit:disabled, QTimeEdit:disabled, QDateTimeEdit:disabl
 }
 QLineEdit[activo="true"] { border: 3px solid @resalte; padding: 0 9px; }
 QLineEdit:read-only { background: #f1f5f9; }
+QLineEdit[estado="bueno"] { background: #cccccc; }
+QLineEdit[estado="malo"] { background: #c00000; color: white; }
 QLineEdit[papel="importe"] { font-size: 34px; font-weight: bold; min-height: 60px; }
 QComboBox { combobox-popup: 0; }
 QComboBox::drop-down { border: none; width: 44px; }

@@ -53,9 +53,9 @@ class PantallasProgramaTest : public BancoMonitor {
     PantallasPrograma programa{{}};
 };
 
-TEST_F(PantallasProgramaTest, HasTheUsersAndTheCashOfficeAndNoOtherYet) {
+TEST_F(PantallasProgramaTest, HasThoseThatAreBuiltAndNoOtherYet) {
     for (const Pantalla pantalla :
-         {Pantalla::CambioContrasena, Pantalla::Usuarios, Pantalla::Caja}) {
+         {Pantalla::CambioContrasena, Pantalla::Usuarios, Pantalla::Caja, Pantalla::Balanza}) {
         EXPECT_TRUE(programa.Existe(pantalla));
     }
     for (const Pantalla pantalla : {Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Historial,
@@ -63,6 +63,32 @@ TEST_F(PantallasProgramaTest, HasTheUsersAndTheCashOfficeAndNoOtherYet) {
         EXPECT_FALSE(programa.Existe(pantalla));
         programa.Abrir(pantalla); // nothing happens
     }
+}
+
+TEST_F(PantallasProgramaTest, TheBarcodeLayoutIsEditedInTheConfigurationHandedOver) {
+    Entorno& e = monitor->Partes().entorno;
+    Configuracio cfg(e.ini, e.registry, e.carpeta);
+    cfg.CopyFrom(*e.configuracio);
+    const auto abrir = [&](std::function<void(QDialog&)> accion) {
+        const AlAbrir abierto(std::move(accion));
+        programa.AbrirBalanza(cfg);
+    };
+    abrir([](QDialog& d) {
+        EXPECT_EQ(d.objectName(), u"Balanza"_s);
+        const char* const valores[] = {"13", "0", "0", "1", "13", "2"};
+        for (int i = 0; i < 6; ++i) {
+            auto* campo = d.findChild<QLineEdit*>(u"TBal_%1"_s.arg(i));
+            campo->selectAll();
+            QTest::keyClicks(campo, QString::fromLatin1(valores[i]));
+        }
+        Tocar(d, "boton_1_Lit");
+    });
+    EXPECT_EQ(cfg.BCEAN, 13);
+    EXPECT_EQ(cfg.BCIFIN, 13);
+    EXPECT_EQ(cfg.BCDEC, 2); // as many as the device has
+    EXPECT_EQ(e.configuracio->BCEAN, 0);
+    abrir([](QDialog& d) { Tocar(d, "boton_0_Lit"); });
+    EXPECT_EQ(cfg.BCEAN, 13);
 }
 
 TEST_F(PantallasProgramaTest, ShowsTheFloatingButtonOfWhoeverHasIt) {
