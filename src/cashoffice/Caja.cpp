@@ -3,11 +3,11 @@
 #include "cashoffice/Claves.h"
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
+#include "store/LecturaPorClaves.h"
 #include "store/Palabras.h"
 #include "store/Tablas.h"
 #include "till/Claves.h"
 
-#include <QElapsedTimer>
 #include <QScopeGuard>
 
 #include <algorithm>
@@ -20,16 +20,6 @@ namespace {
 const QString kTituloZorvex = u"Zorvex"_s;
 // As it stands in every language.
 const QString kSinConexion = u"No hay conexión con Zorvex"_s;
-
-// Rows of the grid: those that stand before the screen is shown, and how long a further step may
-// take.
-constexpr std::size_t kPrimerasFilas = 500;
-constexpr std::size_t kFilasSeguidas = 100; // between two looks at the clock
-constexpr qint64 kPasoMs = 15;
-// A long table is read in pieces, by its keys, and the screen painted in between.
-constexpr qint64 kClavesSeguidas = 50000;
-constexpr std::size_t kAbiertasSeguidas = 4000;
-constexpr qint64 kSinPintarMs = 40;
 
 constexpr auto kDerecha = Qt::AlignRight | Qt::AlignVCenter;
 
@@ -46,7 +36,17 @@ std::vector<Columna> Columnas() {
 
 } // namespace
 
-Caja::Caja(Entorno& entorno) : entorno_(entorno), grdZV_(Columnas()) {}
+Caja::Caja(Entorno& entorno)
+    : entorno_(entorno), grdZV_(Columnas()),
+      relleno_(
+          grdZV_, [this](std::size_t n) { PonerFila(movimientos_[n]); },
+          [this] {
+              estado_.rellenados = static_cast<int>(relleno_.Puestas());
+              if (!relleno_.Faltan()) {
+                  movimientos_ = {};
+              }
+              Avisar();
+          }) {}
 
 void Caja::AlMostrar() {
     RefrescarCaja();
@@ -56,7 +56,7 @@ void Caja::AlMostrar() {
 
 void Caja::PrepararRejilla() {
     movimientos_.clear();
-    siguiente_ = 0;
+    relleno_.Olvidar();
     estado_.movimientos = 0;
     estado_.rellenados = 0;
     const SinDibujo sinDibujo(grdZV_);
@@ -107,41 +107,23 @@ void Caja::LeerPeriodo() {
     const auto rejilla = qScopeGuard([this] {
         totales.movimientos = static_cast<int>(movimientos_.size());
         estado_.movimientos = totales.movimientos;
-        Rellenar(pedirPaso_ ? kPrimerasFilas : movimientos_.size());
+        relleno_.Empezar(movimientos_.size());
     });
     DatabaseEngine& motor = entorno_.Database();
-    // Asked for together, the two would cost a pass over the table.
-    const Row primera = motor.Consultar(u"SELECT Min(idZV) AS clave FROM procesados"_s).front();
-    const Row ultimaFila = motor.Consultar(u"SELECT Max(idZV) AS clave FROM procesados"_s).front();
+    const auto rango = LeerRangoClaves(motor, tabla::kProcesados, columna::kIdZV);
     totales.cobros = totales.abonos = totales.pagos = totales.ingresos = totales.quebranto = {};
-    if (primera.EsNulo(0) || ultimaFila.EsNulo(0)) {
+    if (!rango) {
         return;
     }
     std::optional<Campos> campos;
-    QElapsedTimer sinPintar;
-    sinPintar.start();
-    const qint64 ultima = ultimaFila.LeerLong(0);
-    qint64 siguiente = 0;
-    for (qint64 desde = primera.LeerLong(0); desde <= ultima; desde = siguiente) {
-        siguiente = desde + kClavesSeguidas;
-        std::size_t leidas = 0;
-        motor.Recorrer(sql, {desde, std::min(ultima, siguiente - 1)}, [&](const Row& fila) {
-            if (!campos) {
-                campos.emplace(fila);
-            }
-            LeerMovimiento(fila, *campos);
-            if (++leidas < kAbiertasSeguidas) {
-                return true;
-            }
-            siguiente = qint64{fila.LeerLong(0)} + 1;
-            return false;
-        });
-        // Nothing is open here. Whoever looks at the screen sees that it lives.
-        if (sinPintar.elapsed() >= kSinPintarMs) {
-            Pintar();
-            sinPintar.start();
+    const auto leer = [&](const Row& fila) {
+        if (!campos) {
+            campos.emplace(fila);
         }
-    }
+        LeerMovimiento(fila, *campos);
+    };
+    // Whoever looks at the screen sees that it lives.
+    RecorrerPorClaves(motor, *rango, sql, leer, [this] { Pintar(); });
 }
 
 void Caja::LeerMovimiento(const Row& fila, const Campos& campos) {
@@ -196,46 +178,6 @@ void Caja::PonerFila(const Movimiento& movimiento) {
     grdZV_.PonerTexto(n, ColumnaCaja::Terminal, TextoDeCelda(movimiento.vendedor));
     grdZV_.PonerTexto(n, ColumnaCaja::Venta, importes.FormatoImporte(movimiento.venta));
     grdZV_.PonerTexto(n, ColumnaCaja::SaldoZV, importes.FormatoImporte(movimiento.saldo));
-}
-
-// Up to that one.
-void Caja::Rellenar(std::size_t hasta) {
-    const std::size_t fin = std::min(hasta, movimientos_.size());
-    const SinDibujo sinDibujo(grdZV_);
-    for (; siguiente_ < fin; ++siguiente_) {
-        PonerFila(movimientos_[siguiente_]);
-    }
-    estado_.rellenados = static_cast<int>(siguiente_);
-    if (siguiente_ == movimientos_.size()) {
-        movimientos_ = {};
-        siguiente_ = 0;
-    } else if (pedirPaso_) {
-        pedirPaso_();
-    }
-    Avisar();
-}
-
-bool Caja::SeguirRellenando() {
-    if (movimientos_.empty()) {
-        return false; // somebody could not wait for the step
-    }
-    QElapsedTimer reloj;
-    reloj.start();
-    {
-        const SinDibujo sinDibujo(grdZV_);
-        const auto callado = std::exchange(pedirPaso_, nullptr);
-        do {
-            Rellenar(siguiente_ + kFilasSeguidas);
-        } while (!movimientos_.empty() && reloj.elapsed() < kPasoMs);
-        pedirPaso_ = callado;
-    }
-    return !movimientos_.empty();
-}
-
-void Caja::Completar() {
-    if (!movimientos_.empty()) {
-        Rellenar(movimientos_.size());
-    }
 }
 
 void Caja::RellenarSaldos() {

@@ -8,6 +8,7 @@
 #include "till/ConceptoRegistro.h"
 #include "till/Entorno.h"
 #include "ui/Rejilla.h"
+#include "ui/RellenoRejilla.h"
 
 #include <QString>
 
@@ -97,10 +98,10 @@ class Caja {
     // first rows the refresh asks for the next step, which SeguirRellenando takes and answers
     // whether there is another. Totals and labels stand at once. Without someone to ask, the
     // refresh fills the whole grid.
-    void PorPasos(std::function<void()> pedir) { pedirPaso_ = std::move(pedir); }
-    bool SeguirRellenando();
+    void PorPasos(std::function<void()> pedir) { relleno_.PorPasos(std::move(pedir)); }
+    bool SeguirRellenando() { return relleno_.Seguir(); }
     // The rows that are still to come, at once: for who prints or exports them.
-    void Completar();
+    void Completar() { relleno_.Completar(); }
     // Titles and alignments; the grid is empty after it.
     void PrepararRejilla();
     // Widths in twips for a grid of that width and a scroll bar of that width.
@@ -152,7 +153,6 @@ class Caja {
 
     void LeerPeriodo();
     void LeerMovimiento(const Row& fila, const Campos& campos);
-    void Rellenar(std::size_t hasta);
     void PonerFila(const Movimiento& movimiento);
     void LeerSaldosDispositivo();
     void EscribirEtiquetas();
@@ -166,9 +166,8 @@ class Caja {
     EstadoCaja estado_;
     Rejilla grdZV_;
     std::vector<Movimiento> movimientos_; // the period; empty when all of them are in the grid
-    std::size_t siguiente_ = 0;           // the first one that is not
     std::optional<TextosConcepto> conceptos_;
-    std::function<void()> pedirPaso_;
+    RellenoRejilla relleno_;
     std::function<void()> aviso_;
     std::function<void()> pintor_;
 };

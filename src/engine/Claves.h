@@ -61,7 +61,6 @@ inline constexpr Clave kClavesEngine[] = {
     {u"fechaVenta", u"Fecha Venta"},
     {u"idVenta", u"Id. Venta"},
     {u"caja2", u"Caja"},
-    {u"terminal", u"Terminal"},
     {u"formapago", u"Forma Pago"},
     {u"importe2", u"Importe"},
     {u"enviar", u"Enviar"},
@@ -143,7 +142,6 @@ inline constexpr const Clave& kAnular = Entrada(kClavesEngine, u"anular");
 inline constexpr const Clave& kFechaVenta = Entrada(kClavesEngine, u"fechaVenta");
 inline constexpr const Clave& kIdVenta = Entrada(kClavesEngine, u"idVenta");
 inline constexpr const Clave& kCaja = Entrada(kClavesEngine, u"caja2");
-inline constexpr const Clave& kTerminal = Entrada(kClavesEngine, u"terminal");
 inline constexpr const Clave& kFormaPago = Entrada(kClavesEngine, u"formapago");
 inline constexpr const Clave& kImporte = Entrada(kClavesEngine, u"importe2");
 inline constexpr const Clave& kEnviar = Entrada(kClavesEngine, u"enviar");

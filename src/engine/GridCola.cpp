@@ -5,6 +5,7 @@
 #include "platform/StringLiterals.h"
 #include "store/Tablas.h"
 #include "till/Claves.h"
+#include "ui/FechaCorta.h"
 
 #include <algorithm>
 #include <array>
@@ -56,11 +57,6 @@ std::vector<Columna> Columnas() {
     return columnas;
 }
 
-void PonerDosCifras(QString& texto, int valor) {
-    texto += QLatin1Char(static_cast<char>('0' + valor / 10 % 10));
-    texto += QLatin1Char(static_cast<char>('0' + valor % 10));
-}
-
 // Nothing for an amount beyond the type, or for a value that is no number.
 std::optional<Currency> LeerImporte(const Row& fila, int campo) {
     try {
@@ -71,34 +67,6 @@ std::optional<Currency> LeerImporte(const Row& fila, int campo) {
 }
 
 } // namespace
-
-QString FechaCorta(const QDateTime& fecha, bool sinHora) {
-    if (!fecha.isValid()) {
-        return {};
-    }
-    // By hand: this runs for each row of each refill.
-    QString texto;
-    texto.reserve(17);
-    int ano = 0;
-    int mes = 0;
-    int dia = 0;
-    fecha.date().getDate(&ano, &mes, &dia);
-    PonerDosCifras(texto, dia);
-    texto += QLatin1Char('/');
-    PonerDosCifras(texto, mes);
-    texto += QLatin1Char('/');
-    PonerDosCifras(texto, ano);
-    if (!sinHora) {
-        const QTime hora = fecha.time();
-        texto += QLatin1Char(' ');
-        PonerDosCifras(texto, hora.hour());
-        texto += QLatin1Char(':');
-        PonerDosCifras(texto, hora.minute());
-        texto += QLatin1Char(':');
-        PonerDosCifras(texto, hora.second());
-    }
-    return texto;
-}
 
 // Places of the columns of cola in its rows. By name: another program may have made the file, with
 // its columns in another order.

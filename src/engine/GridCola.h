@@ -83,7 +83,4 @@ class GridCola {
     std::vector<int> resaltadas_; // rows that have been coloured since the last refill
 };
 
-// Date of a sale for the grid: "dd/mm/yy hh:mm:ss", or without the time; empty for no date.
-QString FechaCorta(const QDateTime& fecha, bool sinHora);
-
 } // namespace zv

@@ -42,6 +42,12 @@ class FormatoRegional {
     QString FechaGeneral(const QDateTime& fecha) const;
 
     QChar MarcaDecimal() const { return marcaDecimal_; }
+    // Order of day, month and year, such as "dMy", and the mark between them.
+    const QString& OrdenFecha() const { return ordenFecha_; }
+    QChar MarcaFecha() const { return marcaFecha_; }
+    // Of a day of twelve hours; empty where it has 24.
+    const QString& Manana() const { return manana_; }
+    const QString& Tarde() const { return tarde_; }
 
   private:
     struct Partes;

@@ -13,6 +13,7 @@ inline constexpr Clave kClavesTill[] = {
     {u"terminal2", u"Terminal"},
     {u"venta2", u"Venta"},
     {u"saldoZV2", u"Saldo ZV"},
+    {u"terminal", u"Terminal"},
     // concepts of a record; what the record tells stands right behind those that end in a blank,
     // which a look-up drops
     {u"abonoManual", u"Abono Manual - "},
@@ -27,6 +28,9 @@ inline constexpr Clave kClavesTill[] = {
     {u"vaciado", u"VACIADO "},
     {u"abonoAgrupado", u"Abono agrupado"},
     {u"cobroAgrupado", u"Cobro agrupado"},
+    // the same where what the record tells follows at once
+    {u"abonoManual", u"Abono Manual"},
+    {u"cobroManual", u"Cobro Manual"},
     {u"cobroVenta", u"Cobro Venta"},
     {u"abonoVenta", u"Abono Venta"},
     // the same in the history of closes
@@ -57,6 +61,7 @@ inline constexpr const Clave& kTituloConcepto = Entrada(kClavesTill, u"concepto2
 inline constexpr const Clave& kTituloTerminal = Entrada(kClavesTill, u"terminal2");
 inline constexpr const Clave& kTituloVenta = Entrada(kClavesTill, u"venta2");
 inline constexpr const Clave& kTituloSaldoZV = Entrada(kClavesTill, u"saldoZV2");
+inline constexpr const Clave& kTerminal = Entrada(kClavesTill, u"terminal");
 inline constexpr const Clave& kAbonoManual = Entrada(kClavesTill, u"abonoManual");
 inline constexpr const Clave& kConceptoCobroManual = Entrada(kClavesTill, u"cobroManual");
 inline constexpr const Clave& kAjustePorDescuadre = Entrada(kClavesTill, u"ajustePorDescuadre");
@@ -69,10 +74,12 @@ inline constexpr const Clave& kPago = Entrada(kClavesTill, u"pago");
 inline constexpr const Clave& kVaciado = Entrada(kClavesTill, u"vaciado");
 inline constexpr const Clave& kAbonoAgrupado = Entrada(kClavesTill, u"abonoAgrupado");
 inline constexpr const Clave& kCobroAgrupado = Entrada(kClavesTill, u"cobroAgrupado");
+inline constexpr const Clave& kAbonoManualJunto = Entrada(kClavesTill, u"abonoManual", 1);
+inline constexpr const Clave& kCobroManualJunto = Entrada(kClavesTill, u"cobroManual", 1);
+inline constexpr const Clave& kPagoJunto = Entrada(kClavesTill, u"pago", 1);
 inline constexpr const Clave& kCobroVenta = Entrada(kClavesTill, u"cobroVenta");
 inline constexpr const Clave& kAbonoVenta = Entrada(kClavesTill, u"abonoVenta");
 inline constexpr const Clave& kHistorialAjuste = Entrada(kClavesTill, u"ajustePorDescuadre", 1);
-inline constexpr const Clave& kHistorialPago = Entrada(kClavesTill, u"pago", 1);
 inline constexpr const Clave& kHistorialVaciado = Entrada(kClavesTill, u"vaciado", 1);
 inline constexpr const Clave& kHistorialCobroVenta = Entrada(kClavesTill, u"cobroVenta", 1);
 inline constexpr const Clave& kHistorialAbonoVenta = Entrada(kClavesTill, u"abonoVenta", 1);

@@ -74,7 +74,7 @@ constexpr std::array kHistorialMonitor = {
     Movimiento(&tipo::kCashBoxControl, texto::kHistorialAjuste, Aporte::Neto),
     Movimiento(&tipo::kMeterCambio, texto::kCambioAnadido, Aporte::Neto),
     Movimiento(&tipo::kDarCambio, texto::kCambio, Aporte::Neto),
-    Movimiento(&tipo::kPago, texto::kHistorialPago, Aporte::DevueltoNegativo, Prueba::Ninguna,
+    Movimiento(&tipo::kPago, texto::kPagoJunto, Aporte::DevueltoNegativo, Prueba::Ninguna,
                Detalle::Error),
     Movimiento(&tipo::kVaciado, texto::kHistorialVaciado, Aporte::DevueltoNegativo, Prueba::Ninguna,
                Detalle::FormaPago),
@@ -88,6 +88,28 @@ constexpr std::array kHistorialVenta = {
     Movimiento(nullptr, texto::kHistorialAbonoVenta, Aporte::DevueltoNegativo,
                Prueba::SoloDevuelto),
     Movimiento(nullptr, texto::kHistorialCobroVenta, Aporte::Neto),
+};
+
+// Without totals: what a register shows.
+constexpr ReglaConcepto Muestra(const QString* id1, const Clave& texto,
+                                Detalle detalle = Detalle::Ninguno,
+                                Prueba prueba = Prueba::Ninguna) {
+    return {id1, prueba, &texto, detalle, {}};
+}
+
+constexpr std::array kRegistro = {
+    Muestra(&tipo::kCobroManual, texto::kAbonoManualJunto, Detalle::Error, Prueba::SoloDevuelto),
+    Muestra(&tipo::kCobroManual, texto::kCobroManualJunto, Detalle::Error),
+    Muestra(&tipo::kCashBoxControl, texto::kAjustePorDescuadre),
+    Muestra(&tipo::kVaciadoCajones, texto::kVaciadoCajones),
+    Muestra(&tipo::kArqueoCaja, texto::kArqueoCaja),
+    Muestra(&tipo::kMeterCambio, texto::kCambioAnadido),
+    Muestra(&tipo::kPagoCambio, texto::kCambioCancelado),
+    Muestra(&tipo::kDarCambio, texto::kCambio),
+    Muestra(&tipo::kPago, texto::kPagoJunto, Detalle::Error),
+    Muestra(&tipo::kVaciado, texto::kVaciado, Detalle::FormaPagoAparte),
+    Muestra(nullptr, texto::kAbonoAgrupado, Detalle::Ninguno, Prueba::SoloDevuelto),
+    Muestra(nullptr, texto::kCobroAgrupado),
 };
 
 bool Pasa(PruebaConcepto prueba, const DatosConcepto& datos) {
@@ -106,6 +128,7 @@ bool Pasa(PruebaConcepto prueba, const DatosConcepto& datos) {
 
 constinit const VarianteConcepto kConceptosCaja{kCajaMonitor, kCajaVenta};
 constinit const VarianteConcepto kConceptosHistorial{kHistorialMonitor, kHistorialVenta};
+constinit const VarianteConcepto kConceptosRegistro{kRegistro, {}};
 
 Currency ValorDe(Aporte aporte, const DatosConcepto& datos) {
     switch (aporte) {
@@ -133,11 +156,13 @@ std::size_t VarianteConcepto::Clasificar(const DatosConcepto& datos) const {
             });
         return static_cast<std::size_t>(regla - reglas.begin());
     };
-    return datos.terminal == kTerminalMonitor ? donde(delMonitor)
-                                              : delMonitor.size() + donde(deVenta);
+    return deVenta.empty() || datos.terminal == kTerminalMonitor
+               ? donde(delMonitor)
+               : delMonitor.size() + donde(deVenta);
 }
 
-TextosConcepto::TextosConcepto(const VarianteConcepto& variante, const Textos& textos) {
+TextosConcepto::TextosConcepto(const VarianteConcepto& variante, const Textos& textos)
+    : variante_(variante) {
     textos_.reserve(variante.Reglas());
     for (std::size_t n = 0; n < variante.Reglas(); ++n) {
         textos_.push_back(textos.Traduce(*variante.Regla(n).texto));
@@ -145,7 +170,10 @@ TextosConcepto::TextosConcepto(const VarianteConcepto& variante, const Textos& t
 }
 
 QString TextosConcepto::Texto(std::size_t regla, const QString& detalle) const {
-    return textos_[regla] + detalle;
+    const QString& texto = textos_[regla];
+    const bool aparte = variante_.Regla(regla).detalle == Detalle::FormaPagoAparte &&
+                        !detalle.isEmpty() && !texto.isEmpty() && !texto.back().isSpace();
+    return aparte ? texto + u' ' + detalle : texto + detalle;
 }
 
 } // namespace zv

@@ -47,7 +47,12 @@ enum class PruebaConcepto {
 };
 
 // What stands behind the text of a concept.
-enum class DetalleConcepto { Ninguno, Error, FormaPago };
+enum class DetalleConcepto {
+    Ninguno,
+    Error,
+    FormaPago,
+    FormaPagoAparte // parted by a blank
+};
 
 struct ReglaConcepto {
     struct Apunte {
@@ -66,7 +71,7 @@ struct ReglaConcepto {
 // The first rule that fits counts; the last one of each list fits any record.
 struct VarianteConcepto {
     std::span<const ReglaConcepto> delMonitor; // records with terminal "ZV"
-    std::span<const ReglaConcepto> deVenta;    // the others
+    std::span<const ReglaConcepto> deVenta; // the others; without rules the first ones are theirs
 
     // The rules are numbered through both lists.
     std::size_t Reglas() const { return delMonitor.size() + deVenta.size(); }
@@ -82,6 +87,8 @@ extern const VarianteConcepto kConceptosCaja;
 // The movements of a past close; they have no totals. Payments of change that was cancelled count
 // as grouped, and a sale is told by what was given back, not by its amount.
 extern const VarianteConcepto kConceptosHistorial;
+// The registers of charges and incidents: whatever the terminal, and to no total.
+extern const VarianteConcepto kConceptosRegistro;
 
 // The texts of a variant, looked up once for many records.
 class TextosConcepto {
@@ -92,6 +99,7 @@ class TextosConcepto {
     QString Texto(std::size_t regla, const QString& detalle) const;
 
   private:
+    const VarianteConcepto& variante_;
     std::vector<QString> textos_; // by the numbers of the rules
 };
 

@@ -13,6 +13,8 @@ inline constexpr Clave kClavesUi[] = {
     {kCadaPantalla, u"btnW_1", u"Cerrar"},
     {kCadaPantalla, u"btnArriba", u"Página anterior"},
     {kCadaPantalla, u"btnAbajo", u"Página siguiente"},
+    {kCadaPantalla, u"btnTop", u"Primera fila"},
+    {kCadaPantalla, u"btnBottom", u"Última fila"},
     // message
     {u"frmMensaje", u"boton_0", u"Aceptar"},
     {u"frmMensaje", u"boton_1", u"Cancelar"},
@@ -40,6 +42,8 @@ inline constexpr const Clave& kInterruptorNo = Entrada(kClavesUi, u"interruptorN
 inline constexpr const Clave& kCerrar = Entrada(kClavesUi, kCadaPantalla, u"btnW_1");
 inline constexpr const Clave& kPaginaAnterior = Entrada(kClavesUi, kCadaPantalla, u"btnArriba");
 inline constexpr const Clave& kPaginaSiguiente = Entrada(kClavesUi, kCadaPantalla, u"btnAbajo");
+inline constexpr const Clave& kPrimeraFila = Entrada(kClavesUi, kCadaPantalla, u"btnTop");
+inline constexpr const Clave& kUltimaFila = Entrada(kClavesUi, kCadaPantalla, u"btnBottom");
 inline constexpr const Clave& kMensajeAceptar = Entrada(kClavesUi, u"frmMensaje", u"boton_0");
 inline constexpr const Clave& kMensajeCancelar = Entrada(kClavesUi, u"frmMensaje", u"boton_1");
 inline constexpr const Clave& kTextoAceptar = Entrada(kClavesUi, u"frmTexto", u"boton_0");

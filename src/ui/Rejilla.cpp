@@ -121,6 +121,14 @@ void Rejilla::PonerFilaSuperior(int fila) {
     Avisar();
 }
 
+void Rejilla::PonerALaVista(int fila) {
+    if (fila < posicion_.filaSuperior) {
+        PonerFilaSuperior(fila);
+    } else if (fila >= posicion_.filaSuperior + posicion_.pagina) {
+        PonerFilaSuperior(fila - posicion_.pagina + 1);
+    }
+}
+
 void Rejilla::IrA(int fila) {
     const SinDibujo sinDibujo(*this);
     PonerFilaSuperior(fila);

@@ -115,6 +115,8 @@ class Rejilla {
     // First row in view: from 1 to the last one, but 1 while all rows fit into a page.
     int FilaSuperior() const { return posicion_.filaSuperior; }
     void PonerFilaSuperior(int fila);
+    // Scrolls as little as it takes to have that row in view.
+    void PonerALaVista(int fila);
     bool HayAnterior() const { return posicion_.filaSuperior != 1; }
     bool HaySiguiente() const { return posicion_.filaSuperior + posicion_.pagina <= filas_; }
     // A page up or down; its first row becomes the current one.

@@ -121,6 +121,10 @@ QString Textos::Traduce(const Clave& clave, const QString& detalle) const {
     return TextoIdioma(clave.Seccion(), clave.Nombre(), clave.PorDefecto().arg(detalle));
 }
 
+QString Textos::TraduceValor(const QString& valor) const {
+    return TextoIdioma(u"COMMON"_s, valor, valor);
+}
+
 TextosPantalla Textos::DePantalla(const QString& pantalla) const {
     return {fichero_->AlDia(), pantalla};
 }

@@ -43,6 +43,8 @@ class Textos {
     // For a default that tells of something: detalle stands in it at %1. A text of the file is
     // taken as it is.
     QString Traduce(const Clave& clave, const QString& detalle) const;
+    // A value of a table that is its own key and its own default.
+    QString TraduceValor(const QString& valor) const;
     // What a screen's controls are called, by their names; the section is the screen's name.
     TextosPantalla DePantalla(const QString& pantalla) const;
 

@@ -138,6 +138,44 @@ TEST(ConceptoRegistroTest, OnlyAnEmptiedBoxTellsHowItWasPaid) {
     }
 }
 
+// What is told behind the text is "x".
+const Caso kDeRegistro[] = {
+    {u"ZV"_s, u"COBRO_MANUAL"_s, -500, 0, 500, u"Abono Manualx"_s, {}},
+    {u"ZV"_s, u"COBRO_MANUAL"_s, 500, 700, 200, u"Cobro Manualx"_s, {}},
+    {u"TPV1"_s, u"COBRO_MANUAL"_s, 500, 700, 200, u"Cobro Manualx"_s, {}},
+    {u"ZV"_s, u"CASHBOXCONTROL"_s, -300, 300, 0, u"Ajuste por descuadre"_s, {}},
+    {u"ZV"_s, u"VACIADOCAJONES"_s, -80, 0, 80, u"Vaciado de cajones"_s, {}},
+    {u"ZV"_s, u"ARQUEOCAJA"_s, -80, 0, 80, u"Arqueo de caja"_s, {}},
+    {u"ZV"_s, u"METER_CAMBIO"_s, 0, 90, 20, u"Cambio añadido"_s, {}},
+    {u"ZV"_s, u"PAGO_CAMBIO"_s, 0, 90, 20, u"Cambio cancelado/no autorizado"_s, {}},
+    {u"ZV"_s, u"DAR_CAMBIO"_s, 0, 2000, 1500, u"Cambio"_s, {}},
+    {u"ZV"_s, u"PAGO"_s, -40, 10, 40, u"Pagox"_s, {}},
+    {u"ZV"_s, u"VACIADO"_s, -40, 0, 40, u"VACIADO x"_s, {}},
+    {u"ZV"_s, u"T1"_s, -40, 0, 40, u"Abono agrupado"_s, {}},
+    {u"TPV1"_s, u"T1"_s, 40, 50, 10, u"Cobro agrupado"_s, {}},
+    {u"TPV1"_s, u"T1"_s, -40, 0, 40, u"Abono agrupado"_s, {}},
+    {u"TPV1"_s, {}, 0, 0, 0, u"Cobro agrupado"_s, {}},
+};
+
+TEST(ConceptoRegistroTest, ARegisterTellsThemByTheirIdentityAlone) {
+    const CarpetaTemporal carpeta;
+    const Textos textos(carpeta.Ruta());
+    const TextosConcepto conceptos(kConceptosRegistro, textos);
+    for (const Caso& c : kDeRegistro) {
+        const DatosConcepto datos{c.terminal, c.id1, c.venta, c.cobrado, c.devuelto};
+        const std::size_t n = kConceptosRegistro.Clasificar(datos);
+        const bool detalle = kConceptosRegistro.Regla(n).detalle != DetalleConcepto::Ninguno;
+        EXPECT_EQ(conceptos.Texto(n, detalle ? u"x"_s : QString()), c.texto) << c.id1.toStdString();
+    }
+    const std::size_t vaciado = kConceptosRegistro.Clasificar({{}, u"VACIADO"_s, {}, {}, {}});
+    EXPECT_EQ(conceptos.Texto(vaciado, {}), u"VACIADO"_s);
+    IdiomaIngles().PonerEn(carpeta.Ruta());
+    const Textos ingleses(carpeta.Ruta());
+    // The file's text ends in a blank of its own.
+    EXPECT_EQ(TextosConcepto(kConceptosRegistro, ingleses).Texto(vaciado, u"x"_s),
+              u"EMPTIED\u00a0x"_s);
+}
+
 TEST(ConceptoRegistroTest, EveryConceptHasItsOwnEnglishText) {
     const CarpetaTemporal carpeta;
     IdiomaIngles().PonerEn(carpeta.Ruta());

@@ -313,6 +313,18 @@ TEST_F(RejillaTest, RowsThatGoTakeThePositionWithThem) {
     EXPECT_EQ(rejilla.FilaSuperior(), 5);
 }
 
+TEST_F(RejillaTest, ScrollsAsLittleAsItTakesToHaveARowInView) {
+    Filas(50);
+    rejilla.PonerPagina(10);
+    rejilla.PonerFilaSuperior(20);
+    for (const auto& [fila, superior] :
+         {std::pair{20, 20}, std::pair{29, 20}, std::pair{30, 21}, std::pair{21, 21},
+          std::pair{20, 20}, std::pair{50, 41}, std::pair{1, 1}}) {
+        rejilla.PonerALaVista(fila);
+        EXPECT_EQ(rejilla.FilaSuperior(), superior) << fila;
+    }
+}
+
 // ---- texts of tables
 
 TEST(TextoDeCeldaTest, CutsAtTheFirstNul) {

@@ -55,6 +55,14 @@ TEST_F(TextosTest, AnEntryHoldsSectionKeyAndDefault) {
     EXPECT_EQ(textos_.Traduce(deCaja), u"Amount"_s);
 }
 
+TEST_F(TextosTest, AValueOfATableIsItsOwnKeyAndItsOwnDefault) {
+    EXPECT_EQ(textos_.TraduceValor(u"authCaja "_s), u"authCaja"_s);
+    Fichero(u"[COMMON]\r\nauthCaja=Cash office\r\n"_s);
+    EXPECT_EQ(textos_.TraduceValor(u"authCaja"_s), u"Cash office"_s);
+    EXPECT_EQ(textos_.TraduceValor(u"authPago"_s), u"authPago"_s);
+    EXPECT_EQ(textos_.TraduceValor(QString()), QString());
+}
+
 TEST_F(TextosTest, TextsOfAScreenAreThoseOfOneMoment) {
     Fichero(u"[frmCash]\r\nuno=one/CRLF/1 \r\n"_s);
     const TextosPantalla antes = textos_.DePantalla(u"frmCash"_s);
