@@ -6,6 +6,7 @@
 #include <QElapsedTimer>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QTimer>
 
 namespace zv::test {
 
@@ -366,6 +367,35 @@ TEST_F(EnlaceFastTest, AScannedCodeIsQueuedThoughTheDeviceIsDisconnected) {
     Pulso().ProcesarCola();
     EXPECT_EQ(Grid().Celdas().Texto(1, ColumnaCola::Id1), u"A7"_s);
     EXPECT_EQ(Grid().Celdas().Texto(1, ColumnaCola::Importe), u"9,50 €"_s);
+}
+
+// The second behind a scan is a loop of its own, in which the floating button can be pressed.
+TEST_F(EnlaceFastTest, AChargeThatBeginsInTheSecondBehindAScanIsWholeAndTheBoxIsEmptiedAfterIt) {
+    Cargar("[BARCODE]\r\nBCEAN=6\r\nBCTPRE=1\r\nBCTINI=1\r\nBCTFIN=2\r\nBCIINI=3\r\nBCIFIN=6\r\n"
+           "BCDEC=2\r\n");
+    Pulso().ProcesarCola();
+    const PartesMonitor& partes = monitor->Partes();
+    int vaciada = 0;
+    dialogos.EsperaImporte(u"Cobro manual"_s, testing::_, 400);
+    cliente.EsperaCharge(400, 400, 0, FinGuion::Ok().Durante([&] {
+        // For longer than the second: what is scanned meanwhile is dropped.
+        QElapsedTimer desde;
+        for (desde.start(); desde.elapsed() < 1200;) {
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 50);
+        }
+        EXPECT_EQ(vaciada, 0);
+        monitor->Barras().Enter(u"B80950"_s, [&] { ++vaciada; });
+        EXPECT_EQ(vaciada, 0);
+    }));
+    QTimer::singleShot(0, [&] { partes.botones.cobroManual(u"VENTA"_s); });
+    monitor->Barras().Enter(u"A70950"_s, [&] { ++vaciada; });
+    EXPECT_EQ(vaciada, 1);
+    EXPECT_EQ(Database().Nivel(), 0);
+    EXPECT_EQ(Database().Consultar(u"SELECT * FROM procesados"_s).size(), 1U);
+    const auto cola = Database().Consultar(u"SELECT id1 FROM cola"_s);
+    ASSERT_EQ(cola.size(), 1U);
+    EXPECT_EQ(cola.front().LeerTexto(0), u"A7"_s);
+    EXPECT_TRUE(Pulso().Armado());
 }
 
 } // namespace zv::test

@@ -115,6 +115,7 @@ class PantallasDeTienda final : public Pantallas, public PantallaLogin {
             alAbrirCaja();
         }
     }
+    void AbrirBalanza(Configuracio&) override {}
     bool ValidarUsuari(qint16 nivel, const QString& lugar) override {
         return seguretat->ValidarUsuari(nivel, lugar);
     }

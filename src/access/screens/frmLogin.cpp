@@ -232,7 +232,11 @@ void frmLogin::AlElegir(int indice) {
     }
 }
 
+// A second touch may come with the first one, which has ended the login.
 void frmLogin::Entrar() {
+    if (!isVisible()) {
+        return;
+    }
     fallo_.Hacer(*this, [this] { Comprobar(); });
 }
 
@@ -278,6 +282,9 @@ void frmLogin::VaciarNuevas() {
 }
 
 void frmLogin::Cancelar() {
+    if (!isVisible()) {
+        return;
+    }
     if (devuelveDinero_ &&
         dialogos_.MostrarMensaje(textos_.Traduce(texto::kAnadirCambioAnulado),
                                  textos_.Traduce(texto::kAnadirCambioCancelado),

@@ -222,7 +222,11 @@ void frmUsuarios::btnAdmin(int indice) {
                                       : textos_.Traduce(*texto::kUsuariosNotas[indice]));
 }
 
+// A second touch may come with the first one, which has ended the screen.
 void frmUsuarios::Guardar() {
+    if (!isVisible()) {
+        return;
+    }
     fallo_.Hacer(*this, [this] { ComprobarYGuardar(); });
 }
 
@@ -259,6 +263,9 @@ const Clave* frmUsuarios::Reparo(QWidget*& donde) {
 }
 
 void frmUsuarios::Eliminar() {
+    if (!isVisible()) {
+        return;
+    }
     fallo_.Hacer(*this, [this] { EliminarNombre(); });
 }
 

@@ -139,6 +139,10 @@ void frmBotonAcceso::mouseReleaseEvent(QMouseEvent* evento) {
 }
 
 void frmBotonAcceso::Pulsar() {
+    // A box that is up holds it as it holds the mouse: its name on the bus would reach it.
+    if (QGuiApplication::modalWindow() != nullptr) {
+        return;
+    }
     setDown(true);
     repaint(); // the charge keeps the event loop for as long as it lasts
     boton_.Pulsar();

@@ -194,6 +194,10 @@ void frmZVMonitor::PulsarVentana(int indice) {
 }
 
 void frmZVMonitor::PreguntarCierre() {
+    // Not over the window of an operation, which its name on the bus or the desktop would reach.
+    if (!isEnabled() || QGuiApplication::modalWindow() != nullptr) {
+        return;
+    }
     const Textos& textos = partes_.entorno.textos;
     const Respuesta respuesta = partes_.entorno.dialogos.MostrarMensaje(
         textos.Traduce(texto::kCerrarTitulo), textos.Traduce(texto::kCerrarTexto),
@@ -211,9 +215,7 @@ void frmZVMonitor::PreguntarCierre() {
 void frmZVMonitor::closeEvent(QCloseEvent* evento) {
     // The desktop's own way to close the window asks the same question.
     evento->ignore();
-    if (isEnabled() && QGuiApplication::modalWindow() == nullptr) {
-        PreguntarCierre();
-    }
+    PreguntarCierre();
 }
 
 int frmZVMonitor::WindowState() const {

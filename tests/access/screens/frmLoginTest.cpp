@@ -3,6 +3,9 @@
 
 #include "BancoPantallas.h"
 #include "support/CarpetaTemporal.h"
+#include "support/GanchoFallos.h"
+#include "ui/Importes.h"
+#include "ui/screens/DialogosPantalla.h"
 #include "ui/screens/TecladoNumerico.h"
 
 #include <QPushButton>
@@ -462,6 +465,69 @@ TEST_F(frmLoginTest, ATileTakesTheKeyboardByTabAloneAndATouchTwiceIsOne) {
     EXPECT_EQ(Lista(*pantalla).currentText(), u"EVA"_s);
     EXPECT_EQ(pantalla->focusWidget(), &Password());
     EXPECT_TRUE(azulejo.focusPolicy() & Qt::TabFocus);
+}
+
+// ---- touched twice: the second touch comes when the first has ended the login, or with its box up
+
+TEST_F(frmLoginTest, EntrarTouchedTwiceIdentifiesOnce) {
+    Abrir();
+    Rellenar(u"EVA"_s, u"9012"_s);
+    GanchoFallos gancho(motor);
+    Boton(*pantalla, "teci_10").click();
+    const auto preguntas = gancho.vistas.size();
+    EXPECT_GT(preguntas, 0U);
+    Boton(*pantalla, "teci_10").click();
+    Boton(*pantalla, "teci_11").click();
+    EXPECT_EQ(gancho.vistas.size(), preguntas);
+    EXPECT_EQ(pantalla->result(), QDialog::Accepted);
+    EXPECT_EQ(pantalla->Quien().nombre, u"EVA"_s);
+}
+
+// The old password is none any more.
+TEST_F(frmLoginTest, EntrarTouchedTwiceChangesAPasswordWithoutAReproach) {
+    AbrirCambio();
+    Rellenar(u"ANA"_s, u"1234"_s, u"4321"_s, u"4321"_s);
+    Boton(*pantalla, "teci_10").click();
+    Boton(*pantalla, "teci_10").click();
+    EXPECT_EQ(dialogos.Llamadas(), QStringList());
+    EXPECT_EQ(pantalla->Quien().nombre, u"ANA"_s);
+    EXPECT_EQ(Tabla().first(), u"ANA/4321/0"_s);
+}
+
+TEST_F(frmLoginTest, CancelarTouchedTwiceAsksOnceAndLeavesNobody) {
+    Abrir(true);
+    Rellenar(u"EVA"_s, u"9012"_s);
+    EsperaDevolver(Respuesta::Aceptar);
+    Boton(*pantalla, "teci_11").click();
+    Boton(*pantalla, "teci_11").click();
+    Boton(*pantalla, "teci_10").click();
+    EXPECT_EQ(dialogos.Llamadas().size(), 1);
+    EXPECT_EQ(pantalla->result(), QDialog::Rejected);
+    EsNadie();
+}
+
+TEST_F(frmLoginTest, ASecondTouchWhileItsBoxIsUpIsLost) {
+    const Importes importes(FormatoRegional(u"es_ES"_s), [] { return 100; });
+    DialogosPantalla reales(u"ZVMonitor"_s, textos, importes);
+    frmLogin ventana(usuarios, reales, textos);
+    ventana.FormaIdentificacion(true);
+    Mostrar(ventana);
+    Elegir(ventana, u"EVA"_s);
+    for (const char* tecla : {"teci_10", "teci_11"}) {
+        const QPoint sitio = Boton(ventana, tecla).mapTo(&ventana, QPoint(10, 10));
+        int cajas = 0;
+        const AlAbrir abierto([&](QDialog& caja) {
+            ++cajas;
+            QTest::mouseClick(ventana.windowHandle(), Qt::LeftButton, {}, sitio);
+            QTest::mouseDClick(ventana.windowHandle(), Qt::LeftButton, {}, sitio);
+            EXPECT_EQ(QApplication::activeModalWidget(), &caja);
+            caja.reject();
+        });
+        QTest::mouseClick(ventana.windowHandle(), Qt::LeftButton, {}, sitio);
+        EXPECT_EQ(cajas, 1) << tecla;
+        EXPECT_TRUE(ventana.isVisible()) << tecla;
+        EXPECT_EQ(QApplication::activeModalWidget(), &ventana) << tecla;
+    }
 }
 
 TEST_F(frmLoginTest, TheListShowsEightNamesAtOnce) {

@@ -273,6 +273,59 @@ TEST_F(frmUsuariosTest, ANameIsCutToTwentyCharacters) {
     EXPECT_EQ(Tabla(), QStringList{llave.repeated(20) + u"/1234/0"_s});
 }
 
+TEST_F(frmUsuariosTest, InAFullNameALetterPushesTheLastOneOutAndTheCursorGoesOn) {
+    Abrir();
+    Escribir(u"abcdefghijklmnopqrst"_s);
+    Nombre().setCursorPosition(3);
+    QTest::keyClicks(&Nombre(), u"XY"_s);
+    EXPECT_EQ(Nombre().text(), u"abcXYdefghijklmnopqr"_s);
+    EXPECT_EQ(Nombre().cursorPosition(), 5);
+}
+
+TEST_F(frmUsuariosTest, AShownUserStaysShownInOtherCaseAndIsNotReadAnew) {
+    PonerTres();
+    Abrir();
+    Elegir(*pantalla, u"LUIS"_s);
+    Elegir(*pantalla, u"EVA"_s);
+    EscribirPassword(u"7777"_s);
+    GanchoFallos gancho(motor);
+    Nombre().setText(u"eva"_s);
+    EXPECT_EQ(Password().text(), u"7777"_s);
+    EXPECT_TRUE(Eliminar().isEnabled());
+    Nombre().setFocus();
+    Password().setFocus();
+    EXPECT_EQ(Password().text(), u"7777"_s);
+    EXPECT_TRUE(gancho.vistas.empty());
+    // Another one's name is another one's password.
+    Nombre().setText(u"luis"_s);
+    EXPECT_EQ(Password().text(), QString());
+    EXPECT_TRUE(Eliminar().isEnabled());
+    // And the first one is not shown any more when his name comes back.
+    Nombre().setText(u"eva"_s);
+    EXPECT_EQ(Password().text(), QString());
+    Nombre().setFocus();
+    Password().setFocus();
+    EXPECT_EQ(Password().text(), u"9012"_s);
+    EXPECT_EQ(Pulsado(), 2);
+}
+
+TEST_F(frmUsuariosTest, TabGoesFromTheNameToThePasswordTheRolesAndTheOrders) {
+    PonerTres();
+    Abrir();
+    Elegir(*pantalla, u"ANA"_s);
+    Lista(*pantalla).setFocus();
+    for (const char* siguiente : {"txtPassword", "btnAdmin_0", "btnGuardar", "btnEliminar",
+                                  "btnSortir", "btnTancar", "cmbNom"}) {
+        QTest::keyClick(pantalla->focusWidget(), Qt::Key_Tab);
+        EXPECT_EQ(pantalla->focusWidget()->objectName(), QString::fromLatin1(siguiente));
+    }
+}
+
+TEST_F(frmUsuariosTest, TheListShowsEightNamesAtOnce) {
+    Abrir();
+    EXPECT_EQ(Lista(*pantalla).maxVisibleItems(), 8);
+}
+
 TEST_F(frmUsuariosTest, APasswordTakesAsManyCharactersAsTheTable) {
     Abrir();
     Rellenar(u"ANA"_s, QString(50, u'p'), 0);
@@ -388,6 +441,28 @@ TEST_F(frmUsuariosTest, TheNameIsLookedAtBeforeThePasswordAndThatBeforeTheRole) 
     Rechaza(kCorta);
     EscribirPassword(u"1234"_s);
     Rechaza(kRol);
+}
+
+TEST_F(frmUsuariosTest, AReproachLeavesTheFocusWhereItIsToBeMended) {
+    Abrir();
+    const auto foco = [this] { return pantalla->focusWidget()->objectName(); };
+    Rellenar(u"ANA"_s, u"1234"_s, 1);
+    Rechaza(kPrimero);
+    EXPECT_EQ(foco(), u"btnAdmin_0"_s);
+    Rellenar(u"zvfast"_s, u"1234"_s, 0);
+    Rechaza(kNombre);
+    EXPECT_EQ(foco(), u"cmbNom"_s);
+    Rellenar(u"ANA"_s, u"123"_s, 0);
+    Boton(*pantalla, "btnSortir").setFocus();
+    Rechaza(kCorta);
+    EXPECT_EQ(foco(), u"txtPassword"_s);
+    Poner(u"ANA"_s, u"1234"_s, 0);
+    Poner(u"RARA"_s, u"1234"_s, 7);
+    seguretat.PonerRecargar(true);
+    Abrir();
+    Elegir(*pantalla, u"RARA"_s);
+    Rechaza(kRol);
+    EXPECT_EQ(foco(), u"btnAdmin_0"_s);
 }
 
 TEST_F(frmUsuariosTest, ANameIsSavedAsItWasTyped) {
@@ -533,6 +608,42 @@ TEST_F(frmUsuariosTest, NothingIsReadAfterAnEnd) {
     EXPECT_EQ(gancho.vistas.size(), vistas);
     EXPECT_EQ(gancho.Cuenta(Kind::Lectura, u"SELECT * FROM Usuarios"_s), 0);
     EXPECT_EQ(base.Cuenta(u"Usuarios"_s), 2);
+}
+
+// ---- touched twice: the second touch comes when the first has ended the screen
+
+TEST_F(frmUsuariosTest, GuardarTouchedTwiceSavesAndTellsOnce) {
+    PonerTres();
+    Abrir();
+    Rellenar(u"LEO"_s, u"1234"_s, 2);
+    EsperaGuardado();
+    Boton(*pantalla, "btnGuardar").click();
+    Boton(*pantalla, "btnGuardar").click();
+    Boton(*pantalla, "btnEliminar").click();
+    Cerrada();
+    EXPECT_EQ(dialogos.Llamadas().size(), 1);
+    EXPECT_EQ(Tabla().last(), u"LEO/1234/2"_s);
+}
+
+TEST_F(frmUsuariosTest, EliminarTouchedTwiceDeletesAndTellsOnce) {
+    PonerTres();
+    Abrir();
+    Elegir(*pantalla, u"EVA"_s);
+    GanchoFallos gancho(motor);
+    Boton(*pantalla, "btnEliminar").click();
+    Boton(*pantalla, "btnEliminar").click();
+    Boton(*pantalla, "btnGuardar").click();
+    Cerrada();
+    EXPECT_EQ(gancho.Cuenta(Kind::Escritura, u"DELETE"_s), 1);
+    EXPECT_EQ(Tabla(), (QStringList{u"ANA/1234/0"_s, u"LUIS/5678/1"_s}));
+    motor.PonerGancho({});
+    Abrir();
+    Elegir(*pantalla, u"ANA"_s);
+    dialogos.EsperaMensaje(u"Error borrar"_s, testing::_);
+    Boton(*pantalla, "btnEliminar").click();
+    Boton(*pantalla, "btnEliminar").click();
+    Cerrada();
+    EXPECT_EQ(dialogos.Llamadas().size(), 1);
 }
 
 // ---- leaving

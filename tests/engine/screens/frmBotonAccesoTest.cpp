@@ -2,7 +2,9 @@
 #include "engine/screens/frmBotonAcceso.h"
 
 #include "BancoPantalla.h"
+#include "support/AlAbrir.h"
 #include "support/ImprimeQt.h"
+#include "ui/screens/DialogosPantalla.h"
 
 #include <QPainter>
 #include <QPointer>
@@ -271,6 +273,91 @@ TEST_F(frmBotonAccesoTest, DoesNotMoveWithTheTicks) {
     }
     EXPECT_EQ(mirador.sucesos, 0) << mirador.tipos.join(u' ').toStdString();
     EXPECT_EQ(cambios, 0);
+}
+
+// A box of the program holds its other windows, by the mouse and by name; the pulse beats under it,
+// so that nothing but the box keeps a charge from beginning.
+TEST_F(frmBotonAccesoTest, APressWhileABoxIsUpIsLostAndTheNextOneIsNot) {
+    ConectarCon(10000);
+    DialogosPantalla reales(u"ZVMonitor"_s, textos, importes, [this] { return pantalla.get(); });
+    const std::function<void()> cajas[] = {
+        [&] { reales.MostrarMensaje(u"Cerrar"_s, u"¿?"_s, EstiloMensaje::AceptarCancelar); },
+        [&] { reales.CajaSimple(u"Código no admitido"_s); },
+    };
+    const QPoint medio = boton->rect().center();
+    for (const auto& caja : cajas) {
+        const AlAbrir abierto([&](QDialog& dialogo) {
+            QTest::mousePress(boton->windowHandle(), Qt::LeftButton, {}, medio);
+            QTest::mouseRelease(boton->windowHandle(), Qt::LeftButton, {}, medio);
+            boton->click();
+            EXPECT_TRUE(pulso.Armado());
+            EXPECT_EQ(pantalla->WindowState(), ventana::kNormal);
+            dialogo.reject();
+        });
+        caja();
+        EXPECT_EQ(dialogos.Llamadas(), QStringList());
+        EXPECT_FALSE(boton->isDown());
+    }
+    EsperaCobro();
+    QTest::mousePress(boton->windowHandle(), Qt::LeftButton, {}, medio);
+    EXPECT_EQ(dialogos.Pendientes(), 0U);
+    QTest::mouseRelease(boton->windowHandle(), Qt::LeftButton, {}, medio);
+}
+
+// However it may have begun, a charge ends before the program does, and the answer to the question
+// beneath it counts afterwards.
+TEST_F(frmBotonAccesoTest, AChargeWhileTheClosingIsAskedEndsBeforeTheProgram) {
+    ConectarCon(10000);
+    dialogos.EsperaMensaje(u"Cerrar aplicativo"_s, testing::_, Respuesta::Aceptar,
+                           EstiloMensaje::AceptarCancelar, [this] {
+                               EXPECT_TRUE(pulso.Armado());
+                               dialogos.EsperaImporte(u"Cobro manual"_s, testing::_, 500);
+                               cliente.EsperaCharge(500, 500, 0, FinGuion::Ok().Durante([this] {
+                                   EXPECT_EQ(descargas, 0);
+                                   EXPECT_EQ(Activo(), u"1"_s);
+                               }));
+                               QTest::mousePress(boton, Qt::LeftButton);
+                               EXPECT_EQ(Procesados().size(), 1U);
+                               EXPECT_EQ(motor.Nivel(), 0);
+                               EXPECT_EQ(Activo(), u"0"_s);
+                               EXPECT_EQ(descargas, 0);
+                           });
+    Clic(D().btnW[1]);
+    EXPECT_EQ(descargas, 1);
+    EXPECT_FALSE(pulso.Armado());
+}
+
+TEST_F(frmBotonAccesoTest, AChargeWhileTheClosingIsAskedAndRefusedLeavesTheTillAtWork) {
+    ConectarCon(10000);
+    dialogos.EsperaMensaje(u"Cerrar aplicativo"_s, testing::_, Respuesta::Cancelar,
+                           EstiloMensaje::AceptarCancelar, [this] {
+                               dialogos.EsperaImporte(u"Cobro manual"_s, testing::_, 500);
+                               cliente.EsperaCharge(500, 0, 0, FinGuion::Error(12, u"Atasco"_s));
+                               QTest::mousePress(boton, Qt::LeftButton);
+                           });
+    Clic(D().btnW[1]);
+    EXPECT_EQ(descargas, 0);
+    EXPECT_TRUE(pulso.Armado());
+    EXPECT_TRUE(controles.Estado().framePie);
+    EXPECT_EQ(motor.Nivel(), 0);
+    EXPECT_EQ(Activo(), u"0"_s);
+}
+
+// Its name on the bus reaches the key of the window though an operation's window holds it.
+TEST_F(frmBotonAccesoTest, WhileAnOperationHasItsWindowUpTheClosingIsNotAsked) {
+    ConectarCon(10000);
+    dialogos.EsperaImporte(u"Cobro manual"_s, testing::_, 500);
+    cliente.EsperaCharge(500, 500, 0, FinGuion::Ok().Durante([this] {
+        QDialog operacion(pantalla.get());
+        operacion.setWindowModality(Qt::ApplicationModal);
+        operacion.show();
+        D().btnW[1]->click();
+        pantalla->close();
+        EXPECT_TRUE(pantalla->isVisible());
+    }));
+    QTest::mousePress(boton, Qt::LeftButton);
+    EXPECT_EQ(descargas, 0);
+    EXPECT_EQ(Procesados().size(), 1U);
 }
 
 TEST_F(BancoPantalla, AButtonThatIsShownWhileThePulseIsArmedIsAboveAtOnce) {
