@@ -23,4 +23,11 @@ bool Esperar(Condicion listo, int topeMs = 10'000) {
     return true;
 }
 
+// One turn of the event loop as a program makes it, which announces that it is about to wait.
+inline void Vuelta() {
+    QEventLoop bucle;
+    QMetaObject::invokeMethod(&bucle, &QEventLoop::quit, Qt::QueuedConnection);
+    bucle.exec();
+}
+
 } // namespace zv::test

@@ -106,16 +106,14 @@ void frmZVMonitor::Conectar() {
 }
 
 void frmZVMonitor::SeguirAlBucle() {
-    // Told at every turn of the event loop, nested ones too: no event is posted for it, which
+    // Told before every turn of the event loop, nested ones too: no event is posted for it, which
     // would cost a second turn a thousand times a second.
-    const QAbstractEventDispatcher* bucle = QAbstractEventDispatcher::instance();
-    const auto seguir = [this] {
-        if (porSeguir_) {
-            Seguir();
-        }
-    };
-    connect(bucle, &QAbstractEventDispatcher::aboutToBlock, this, seguir);
-    connect(bucle, &QAbstractEventDispatcher::awake, this, seguir);
+    connect(QAbstractEventDispatcher::instance(), &QAbstractEventDispatcher::aboutToBlock, this,
+            [this] {
+                if (porSeguir_) {
+                    Seguir();
+                }
+            });
 }
 
 void frmZVMonitor::Seguir() {

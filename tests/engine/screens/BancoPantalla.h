@@ -4,6 +4,7 @@
 #include "../BancoEngine.h"
 #include "config/Modo.h"
 #include "engine/screens/frmZVMonitor.h"
+#include "support/Esperas.h"
 #include "ui/screens/Tema.h"
 
 #include <QApplication>
@@ -28,14 +29,14 @@ class BancoPantalla : public BancoEngine {
         pantalla->PrepararGrid();
         pantalla->resize(1024, 768);
         pantalla->show();
-        QApplication::processEvents();
+        Vuelta();
     }
 
     const DisenoMonitor& D() const { return pantalla->Diseno(); }
     void Mostrar() {
         estado.RellenarGrid();
         estado.ActualizarEstado(true);
-        QApplication::processEvents();
+        Vuelta();
     }
     void PonerFilas(int cuantas) {
         for (int i = 0; i < cuantas; ++i) {
@@ -45,7 +46,7 @@ class BancoPantalla : public BancoEngine {
     }
     static void Clic(QToolButton* boton) {
         QTest::mouseClick(boton, Qt::LeftButton);
-        QApplication::processEvents();
+        Vuelta();
     }
 
     int descargas = 0;

@@ -23,10 +23,10 @@ class ClicPantallaTest : public BancoPantalla {
 
     void Tick() {
         pulso.ProcesarCola();
-        QApplication::processEvents();
+        Vuelta();
         // No tick comes by itself.
         controles.Poner(&EstadoControles::timerCola, false);
-        QApplication::processEvents();
+        Vuelta();
         log.Toma();
     }
     QPoint Centro(int fila, int columna) const {
@@ -36,7 +36,7 @@ class ClicPantallaTest : public BancoPantalla {
     void ClicCelda(int fila, int columna) {
         QTest::mouseClick(D().grdZV->viewport(), Qt::LeftButton, {}, Centro(fila, columna));
         controles.Poner(&EstadoControles::timerCola, false);
-        QApplication::processEvents();
+        Vuelta();
     }
     // A press and its release, at that time of the system.
     void TocarA(const QPoint& donde, quint64 cuando) {
@@ -49,12 +49,12 @@ class ClicPantallaTest : public BancoPantalla {
             QApplication::sendEvent(zona, &evento);
         }
         controles.Poner(&EstadoControles::timerCola, false);
-        QApplication::processEvents();
+        Vuelta();
     }
     void ClicAgrupar() {
         Clic(D().boton[BotonPie::AgruparCobros]);
         controles.Poner(&EstadoControles::timerCola, false);
-        QApplication::processEvents();
+        Vuelta();
     }
     QColor Fondo(int fila, int columna) const {
         const QTableView& vista = *D().grdZV;
@@ -103,7 +103,7 @@ TEST_F(ClicPantallaTest, RowsAreMarkedByTouchAndPaidTogether) {
 
     pantallas.EsperaValidar(2, u"authCobro"_s, true);
     cliente.EsperaCharge(1500, 1500, 0, FinGuion::Ok().Durante([this] {
-        QApplication::processEvents();
+        Vuelta();
         EXPECT_FALSE(D().framePie->isEnabled());
     }));
     ClicAgrupar();
@@ -138,7 +138,7 @@ TEST_F(ClicPantallaTest, TheButtonIsPressedTwiceInARow) {
     auto* boton = D().boton[BotonPie::AgruparCobros];
     QTest::mouseClick(boton, Qt::LeftButton);
     QTest::mouseClick(boton, Qt::LeftButton);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_FALSE(estado.Agrupando());
     EXPECT_FALSE(boton->isCheckable());
     EXPECT_TRUE(pulso.Armado());
@@ -150,7 +150,7 @@ TEST_F(ClicPantallaTest, OneTouchAnnulsAndASecondOneDoesNotAnnulTheNext) {
     QTest::mouseClick(D().grdZV->viewport(), Qt::LeftButton, {}, donde);
     QTest::mouseDClick(D().grdZV->viewport(), Qt::LeftButton, {}, donde);
     QTest::mouseRelease(D().grdZV->viewport(), Qt::LeftButton, {}, donde);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_EQ(Cola().size(), 2U);
     EXPECT_EQ(D().grdZV->model()->rowCount(), 2);
     EXPECT_EQ(D().lbContador->text(), u"1 cobros / 1 abonos"_s);
@@ -186,7 +186,7 @@ TEST_F(ClicPantallaTest, OneTouchSendsThatRow) {
     pantallas.EsperaValidar(2, u"authCobroManual"_s, true);
     cliente.EsperaCharge(250, 250, 0, FinGuion::Ok().Durante([this] {
         // The customer pays: what is touched meanwhile is touched in vain.
-        QApplication::processEvents();
+        Vuelta();
         EXPECT_FALSE(D().grdZV->isEnabled());
         ClicCelda(1, ColumnaCola::Enviar);
         ClicCelda(1, ColumnaCola::Anular);
@@ -202,10 +202,10 @@ TEST_F(ClicPantallaTest, OneTouchSendsThatRow) {
 TEST_F(ClicPantallaTest, AButtonOfTheFootThatIsTouchedTwiceWorksOnce) {
     const auto otraVez = [this](BotonPie boton) {
         return [this, boton] {
-            QApplication::processEvents();
+            Vuelta();
             EXPECT_FALSE(D().framePie->isEnabled());
             QTest::mouseDClick(D().boton[boton], Qt::LeftButton);
-            QApplication::processEvents();
+            Vuelta();
         };
     };
     cliente.EsperaChange(0, 0, FinGuion::Ok().Durante(otraVez(BotonPie::DarCambio)));
@@ -231,7 +231,7 @@ TEST_F(ClicPantallaTest, CellsAreNamedByTheirColumnsAndActByThem) {
                                              ->cellAt(1, ColumnaCola::Anular)
                                              ->actionInterface();
     accion->doAction(accion->actionNames().value(0));
-    QApplication::processEvents();
+    Vuelta();
     ASSERT_EQ(Procesados().size(), 1U);
     EXPECT_EQ(Procesados().front().LeerTexto(u"id1"_s), u"B"_s);
 }
@@ -256,7 +256,7 @@ TEST_F(ClicPantallaTest, WithoutADeviceTheScreenSaysSoAndWhatToPress) {
     // As it says.
     Clic(D().btnW[0]);
     pantalla->PonerWindowState(ventana::kMaximizada);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_TRUE(D().boton[BotonPie::Conectar]->isEnabled());
     cliente.EsperaConnect();
     Clic(D().boton[BotonPie::Conectar]);

@@ -78,7 +78,7 @@ TEST_F(CodigoBarrasTest, WithoutAHandlerEnterDoesNothing) {
 
 TEST_F(CodigoBarrasTest, TheBoxHearsTheScannerAlsoWhileThePulseIsStopped) {
     pulso.ParaTimer();
-    QApplication::processEvents();
+    Vuelta();
     Teclear(u"123"_s);
     Tecla(Qt::Key_Return);
     EXPECT_EQ(codigos, QStringList{u"123"_s});
@@ -86,7 +86,7 @@ TEST_F(CodigoBarrasTest, TheBoxHearsTheScannerAlsoWhileThePulseIsStopped) {
 
 TEST_F(CodigoBarrasTest, AStoppedPulseLeavesTheFocusWhereItIs) {
     pulso.ArrancaTimer();
-    QApplication::processEvents();
+    Vuelta();
     auto* timerCola = pantalla->findChild<QTimer*>(u"timerCola"_s);
     const auto tic = [timerCola] {
         QTimerEvent evento(timerCola->timerId());

@@ -11,7 +11,7 @@ class EscalaTest : public BancoPantalla {
   protected:
     void Medir(int ancho, int alto) {
         pantalla->resize(ancho, alto);
-        QApplication::processEvents();
+        Vuelta();
     }
     int AltoFila() const { return D().grdZV->verticalHeader()->defaultSectionSize(); }
 };
@@ -96,11 +96,11 @@ TEST_F(EscalaTest, ALongStateIsShownInSmallerLettersAndAShortOneInItsOwn) {
                     u"Error 905 - "_s +
                         u"Zorvex no ha terminado la operación cancelada "_s.repeated(3) +
                         u". Consulte con su técnico"_s);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_LT(D().lbEstado->font().pixelSize(), normal);
     EXPECT_LE(alto(), D().frmEstado->height());
     controles.Poner(&EstadoControles::lbEstado, u"Error"_s);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_EQ(D().lbEstado->font().pixelSize(), normal);
 }
 

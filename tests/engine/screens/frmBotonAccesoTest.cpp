@@ -34,7 +34,7 @@ class frmBotonAccesoTest : public BancoPantalla {
         pantalla->MostrarBotonAcceso();
         boton = Boton();
         ASSERT_NE(boton, nullptr);
-        QApplication::processEvents();
+        Vuelta();
     }
     bool Encima() const { return boton->windowFlags().testFlag(Qt::WindowStaysOnTopHint); }
     // Presses, draws and lets go, with that button of the mouse.
@@ -204,11 +204,11 @@ TEST_F(frmBotonAccesoTest, IsNotClosedByTheWindowSystem) {
 
 TEST_F(frmBotonAccesoTest, LeavesTheTopLevelWhileAnOperationRuns) {
     pulso.ArrancaTimer();
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_TRUE(Encima());
     EXPECT_TRUE(boton->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
     pulso.ParaTimer();
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_FALSE(Encima());
     EXPECT_FALSE(boton->windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
     EXPECT_TRUE(boton->isVisible());
@@ -221,37 +221,37 @@ TEST_F(frmBotonAccesoTest, LeavesTheTopLevelWhileAnOperationRuns) {
     } mirador;
     boton->installEventFilter(&mirador);
     pulso.ArrancaTimer();
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_TRUE(Encima());
     EXPECT_TRUE(mirador.alzada);
 }
 
 TEST_F(frmBotonAccesoTest, IsBelowTheDialogsOfAnOperation) {
     ConectarCon(10000);
-    QApplication::processEvents();
+    Vuelta();
     ASSERT_TRUE(Encima());
     bool encima = true;
     EsperaCobro([&] {
-        QApplication::processEvents(); // what a dialog's own loop does first
+        Vuelta(); // what a dialog's own loop does first
         encima = Encima();
     });
     QTest::mousePress(boton, Qt::LeftButton);
     EXPECT_FALSE(encima);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_TRUE(Encima());
 }
 
 TEST_F(frmBotonAccesoTest, ComesBackAboveWithARestoredMainScreen) {
     pantalla->PonerWindowState(ventana::kMinimizada);
     pulso.RestaurarVentana();
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_TRUE(Encima());
 }
 
 // Its real window is not touched by the thousand changes a second of an idle pulse.
 TEST_F(frmBotonAccesoTest, DoesNotMoveWithTheTicks) {
     ConectarCon(10000);
-    QApplication::processEvents();
+    Vuelta();
     ASSERT_TRUE(Encima());
     struct Mirador : QObject {
         bool eventFilter(QObject*, QEvent* evento) override {
@@ -269,7 +269,7 @@ TEST_F(frmBotonAccesoTest, DoesNotMoveWithTheTicks) {
                      [&] { ++cambios; });
     for (int i = 0; i < 50; ++i) {
         pulso.ProcesarCola();
-        QApplication::processEvents();
+        Vuelta();
     }
     EXPECT_EQ(mirador.sucesos, 0) << mirador.tipos.join(u' ').toStdString();
     EXPECT_EQ(cambios, 0);
@@ -363,7 +363,7 @@ TEST_F(frmBotonAccesoTest, WhileAnOperationHasItsWindowUpTheClosingIsNotAsked) {
 TEST_F(BancoPantalla, AButtonThatIsShownWhileThePulseIsArmedIsAboveAtOnce) {
     configuracio->BOTONACCESO = 1;
     pulso.ArrancaTimer();
-    QApplication::processEvents();
+    Vuelta();
     pantalla->MostrarBotonAcceso();
     ASSERT_NE(Boton(), nullptr);
     EXPECT_TRUE(Boton()->isVisible());
@@ -374,13 +374,13 @@ TEST_F(BancoPantalla, AButtonThatIsShownWhileThePulseIsArmedIsAboveAtOnce) {
 TEST_F(BancoPantalla, AButtonThatIsShownWhileThePulseStopsFollowsItAfterwards) {
     configuracio->BOTONACCESO = 1;
     pulso.ArrancaTimer();
-    QApplication::processEvents();
+    Vuelta();
     pulso.ParaTimer();
     pantalla->MostrarBotonAcceso();
     ASSERT_NE(Boton(), nullptr);
     EXPECT_FALSE(Boton()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     pulso.ArrancaTimer();
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_TRUE(Boton()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
 }
 
@@ -389,7 +389,7 @@ TEST_F(BancoPantalla, WithoutTheSettingTheButtonIsLeftAlone) {
     pantalla->MostrarBotonAcceso(); // whoever shows it all the same
     ASSERT_NE(Boton(), nullptr);
     pulso.ArrancaTimer();
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_FALSE(Boton()->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
 }
 

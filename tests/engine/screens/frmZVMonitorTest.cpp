@@ -66,15 +66,15 @@ TEST_F(frmZVMonitorTest, ColumnsFillTheGridAndHideByTheirSettings) {
 
 TEST_F(frmZVMonitorTest, WidgetsFollowOnlyWhenTheEventLoopRuns) {
     pulso.ArrancaTimer();
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_TRUE(D().framePie->isEnabled());
     pulso.ParaTimer();
     EXPECT_TRUE(D().framePie->isEnabled());
     pulso.ArrancaTimer();
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_TRUE(D().framePie->isEnabled());
     pulso.ParaTimer();
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_FALSE(D().framePie->isEnabled());
     EXPECT_FALSE(D().grdZV->isEnabled());
 }
@@ -93,7 +93,7 @@ class Testigo final : public QObject {
 
 TEST_F(frmZVMonitorTest, IsPaintedWithTheWaitCursorBeforeACallThatBlocks) {
     estado.ActualizarBotonesMonitor(false);
-    QApplication::processEvents();
+    Vuelta();
     ASSERT_TRUE(D().boton[BotonPie::Conectar]->isEnabled());
     Testigo testigo;
     D().boton[BotonPie::Conectar]->installEventFilter(&testigo);
@@ -103,7 +103,7 @@ TEST_F(frmZVMonitorTest, IsPaintedWithTheWaitCursorBeforeACallThatBlocks) {
     EXPECT_EQ(pantalla->cursor().shape(), Qt::WaitCursor);
     EXPECT_EQ(testigo.pinturas, 1);
     estado.MostrarEspera(false);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_EQ(pantalla->cursor().shape(), Qt::ArrowCursor);
 }
 
@@ -112,7 +112,7 @@ TEST_F(frmZVMonitorTest, NothingButPaintingHappensBeforeACallThatBlocks) {
     QWidget otra;
     otra.setGeometry(10, 10, 100, 100);
     otra.show();
-    QApplication::processEvents();
+    Vuelta();
     bool pasado = false;
     QTimer tic;
     QObject::connect(&tic, &QTimer::timeout, &tic, [&] { pasado = true; });
@@ -133,7 +133,7 @@ TEST_F(frmZVMonitorTest, NothingButPaintingHappensBeforeACallThatBlocks) {
     EXPECT_GT(testigo.pinturas, 0);
     EXPECT_EQ(testigo.movimientos, 0);
     EXPECT_FALSE(pasado);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_TRUE(pasado);
     EXPECT_GT(testigo.movimientos, 0);
     ::close(tubo[0]);
@@ -151,7 +151,7 @@ TEST_F(frmZVMonitorTest, AWindowThatIsNotThereIsNotWaitedFor) {
     Testigo testigo;
     pantalla->installEventFilter(&testigo);
     pantalla->PonerWindowState(ventana::kMinimizada);
-    QApplication::processEvents();
+    Vuelta();
     testigo.pinturas = 0;
     estado.MostrarEspera(true);
     pantalla->hide();
@@ -173,7 +173,7 @@ TEST_F(frmZVMonitorTest, OnlyButtonsWithAnOperationAreEnabled) {
     pantallas.faltan = {Pantalla::Caja};
     pulso.ArrancaTimer();
     estado.ActualizarBotonesMonitor(true);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_TRUE(D().boton[BotonPie::Conectar]->isEnabled());
     EXPECT_FALSE(D().boton[BotonPie::Desconectar]->isEnabled());
     EXPECT_TRUE(D().boton[BotonPie::DarCambio]->isEnabled());
@@ -183,7 +183,7 @@ TEST_F(frmZVMonitorTest, OnlyButtonsWithAnOperationAreEnabled) {
     cliente.EsperaConnect();
     Clic(D().boton[BotonPie::Conectar]);
     EXPECT_TRUE(supervision.Conectado());
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_FALSE(D().boton[BotonPie::Conectar]->isEnabled());
     EXPECT_TRUE(D().boton[BotonPie::Desconectar]->isEnabled());
 }
@@ -201,7 +201,7 @@ TEST_F(frmZVMonitorTest, ModeButtonsShowTheMode) {
 
 TEST_F(frmZVMonitorTest, LampsShowOneLevel) {
     estado.MostrarLamparas(false, true, false);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_FALSE(D().ShapeOK->isVisible());
     EXPECT_TRUE(D().ShapeAlert->isVisible());
     EXPECT_FALSE(D().ShapeCritico->isVisible());
@@ -223,7 +223,7 @@ TEST_F(frmZVMonitorTest, PageButtonsScrollAndGoOutAtTheEnds) {
 TEST_F(frmZVMonitorTest, ScrollingTheGridMovesTheTopRow) {
     PonerFilas(40);
     D().grdZV->verticalScrollBar()->setValue(5);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_EQ(grid.Celdas().FilaSuperior(), 6);
     EXPECT_TRUE(D().btnArriba->isEnabled());
     // It is a good refresh.
@@ -234,7 +234,7 @@ TEST_F(frmZVMonitorTest, ScrollingTheGridMovesTheTopRow) {
 
 TEST_F(frmZVMonitorTest, TheViewKeepsToTheLogicalTopRowBehindTheLastPage) {
     const auto arriba = [this] {
-        QApplication::processEvents();
+        Vuelta();
         const int fila = D().grdZV->rowAt(0);
         EXPECT_EQ(D().grdZV->rowViewportPosition(fila), 0);
         return fila + 1;
@@ -262,7 +262,7 @@ TEST_F(frmZVMonitorTest, TheViewKeepsToTheLogicalTopRowBehindTheLastPage) {
 TEST_F(frmZVMonitorTest, AListThatFitsHasNoPages) {
     PonerFilas(3);
     QTest::keyClick(D().TextIni, Qt::Key_Down);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_EQ(grid.Celdas().FilaSuperior(), 1);
     EXPECT_FALSE(D().btnArriba->isEnabled());
     EXPECT_FALSE(D().btnAbajo->isEnabled());
@@ -275,7 +275,7 @@ TEST_F(frmZVMonitorTest, AWindowThatGrowsTakesThePagesOfAListThatFitsThen) {
     Clic(D().btnAbajo);
     EXPECT_TRUE(D().btnArriba->isEnabled());
     pantalla->resize(1024, 1000);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_EQ(grid.Celdas().FilaSuperior(), 1);
     EXPECT_EQ(D().grdZV->rowAt(0), 0);
     EXPECT_FALSE(D().btnArriba->isEnabled());
@@ -301,18 +301,18 @@ TEST_F(frmZVMonitorTest, EachTickGivesTheBarcodeBoxTheFocusAlsoWhileTheConnector
         pantalla->setFocus();
         ASSERT_NE(pantalla->focusWidget(), D().TextIni);
         pulso.ArrancaTimer();
-        EXPECT_TRUE(QTest::qWaitFor([&] { return pantalla->focusWidget() == D().TextIni; }, 2000));
+        EXPECT_TRUE(Esperar([&] { return pantalla->focusWidget() == D().TextIni; }, 2000));
         pulso.ParaTimer();
     }
 }
 
 TEST_F(frmZVMonitorTest, TheStateLineBlinksOnlyWhileItSaysSomething) {
     controles.Poner(&EstadoControles::lbEstado, u"Aviso"_s);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_EQ(D().lbEstado->text(), u"Aviso"_s);
     EXPECT_TRUE(pantalla->Parpadeando());
     controles.Poner(&EstadoControles::lbEstado, QString());
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_FALSE(pantalla->Parpadeando());
 }
 

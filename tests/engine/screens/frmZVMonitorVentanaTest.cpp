@@ -48,7 +48,7 @@ TEST_F(frmZVMonitorVentanaTest, TimersStandAsTheLoadLeavesThem) {
     EXPECT_EQ(Timer("timerMaximitzat")->interval(), 1000);
     EXPECT_FALSE(Timer("timerMaximitzat")->isActive());
     pulso.ArrancaTimer();
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_TRUE(Timer("timerCola")->isActive());
     EXPECT_EQ(Timer("timerCola")->interval(), 1);
 }
@@ -103,10 +103,10 @@ TEST_F(frmZVMonitorVentanaTest, AResizeSharesTheColumnsAnew) {
     const int antes = D().grdZV->columnWidth(3);
     const int pagina = grid.Celdas().Pagina();
     pantalla->resize(1300, 768);
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_GT(D().grdZV->columnWidth(3), antes);
     pantalla->resize(1024, 900); // higher, but not wide enough for larger rows
-    QApplication::processEvents();
+    Vuelta();
     EXPECT_GT(grid.Celdas().Pagina(), pagina);
     EXPECT_EQ(grid.Celdas().Pagina(), D().grdZV->height() / tema::kAltoFila - 1);
 }
@@ -128,7 +128,7 @@ TEST_F(frmZVMonitorVentanaTest, AClickInTheGridSendsATab) {
     D().TextIni->setFocus();
     pulso.ParaTimer();
     controles.Poner(&EstadoControles::grdZV, true);
-    QApplication::processEvents();
+    Vuelta();
     D().TextIni->installEventFilter(&oido);
     const QTableView& vista = *D().grdZV;
     QTest::mouseClick(vista.viewport(), Qt::LeftButton, {},
