@@ -70,6 +70,7 @@ class CajaDeMuestra {
     struct SinPantallas final : Pantallas {
         bool Existe(Pantalla pantalla) const override { return pantalla == Pantalla::Historial; }
         void Abrir(Pantalla /*pantalla*/) override {}
+        void AbrirBalanza(Configuracio& /*cfg*/) override {}
         bool ValidarUsuari(qint16 /*nivel*/, const QString& /*lugar*/) override { return true; }
     };
 
