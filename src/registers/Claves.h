@@ -52,6 +52,9 @@ inline constexpr Clave kClavesRegisters[] = {
     {u"operacionNoReenviada", u"No se puede reenviar una operación con importe 0"},
     {u"operacionYaReenviada", u"Esta operación ya ha sido reenviada"},
     {u"deseaReenviarOperacion", u"¿Desea reenviar esta operación a Zorvex?"},
+    {u"reenvioSinFecha",
+     u"La operación no se ha reenviado: el usuario de su fila no es una fecha. Abra de nuevo el "
+     u"programa y cóbrela con Cobro Manual"},
     {u"deseaEliminarIncidencia", u"¿Desea eliminar y descartar esta incidencia?"},
     {u"eliminarAccesos", u"Eliminar Accesos"},
     {u"eliminarAccesos1", u"¿Desea eliminar todo el historial de accesos?"},
@@ -95,6 +98,7 @@ inline constexpr const Clave& kNoAutomatica = Entrada(kClavesRegisters, u"operac
 inline constexpr const Clave& kNoReenviada = Entrada(kClavesRegisters, u"operacionNoReenviada");
 inline constexpr const Clave& kYaReenviada = Entrada(kClavesRegisters, u"operacionYaReenviada");
 inline constexpr const Clave& kDeseaReenviar = Entrada(kClavesRegisters, u"deseaReenviarOperacion");
+inline constexpr const Clave& kReenvioSinFecha = Entrada(kClavesRegisters, u"reenvioSinFecha");
 inline constexpr const Clave& kDeseaEliminar =
     Entrada(kClavesRegisters, u"deseaEliminarIncidencia");
 inline constexpr const Clave& kEliminarAccesos = Entrada(kClavesRegisters, u"eliminarAccesos");

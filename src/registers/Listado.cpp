@@ -71,6 +71,8 @@ std::vector<Columna> ColumnasDeAccesos() {
             Centrada(texto::kUsuarioRegistro), Centrada(texto::kLugar)};
 }
 
+} // namespace
+
 const Clave& TituloDe(ModoListado modo) {
     switch (modo) {
     case ModoListado::Cobros:
@@ -82,8 +84,6 @@ const Clave& TituloDe(ModoListado modo) {
     }
     return texto::kRegistroCobros;
 }
-
-} // namespace
 
 // Places of the columns in the rows of the statement for charges and incidents.
 struct Listado::Campos {
@@ -144,6 +144,7 @@ void Listado::RellenaGrdZv(ModoListado modo) {
     }
     estado_.totalesVisibles = modo == ModoListado::Cobros;
     estado_.todasVisible = modo != ModoListado::Cobros;
+    estado_.leido = true;
     Avisar();
 }
 
@@ -313,15 +314,16 @@ void Listado::AjustarColumnas(const AnchosListado& anchos) {
     if (grdZV_.Columnas() != ColumnaListado::Cuantas) {
         return; // before the first filling
     }
+    const auto fijo = [&anchos](int twips) { return qRound(twips * anchos.escala); };
     const std::pair<int, int> fijas[] = {
         {ColumnaListado::Descartar, anchos.btnCancelar},
         {ColumnaListado::Reenviar, anchos.btnEnviar},
-        {ColumnaListado::Operacion, kAnchoOperacion},
-        {ColumnaListado::Terminal, kAnchoTerminal},
-        {ColumnaListado::FormaPago, kAnchoFormaPago},
-        {ColumnaListado::Vendedor, kAnchoVendedor},
+        {ColumnaListado::Operacion, fijo(kAnchoOperacion)},
+        {ColumnaListado::Terminal, fijo(kAnchoTerminal)},
+        {ColumnaListado::FormaPago, fijo(kAnchoFormaPago)},
+        {ColumnaListado::Vendedor, fijo(kAnchoVendedor)},
         // Without a title and empty among the charges.
-        {ColumnaListado::Estado, modo_ == ModoListado::Incidencias ? kAnchoEstado : 0}};
+        {ColumnaListado::Estado, modo_ == ModoListado::Incidencias ? fijo(kAnchoEstado) : 0}};
     int queda = ancho;
     for (const auto& [columna, suya] : fijas) {
         grdZV_.PonerAncho(columna, suya);

@@ -17,6 +17,7 @@
 namespace zv {
 
 enum class ModoListado { Cobros = 0, Incidencias = 1, Accesos = 2 };
+const Clave& TituloDe(ModoListado modo);
 
 // The columns of grdZV in the first two modes.
 struct ColumnaListado {
@@ -52,6 +53,7 @@ struct EstadoListado {
     bool todasVisible = false;    // boton(2)
     int filas = 0;
     int rellenadas = 0; // of them, those that the grid shows by now
+    bool leido = false; // the filling has read its table
     bool punteroEspera = false;
     bool operator==(const EstadoListado&) const = default;
 };
@@ -62,6 +64,7 @@ struct AnchosListado {
     int barra;
     int btnCancelar;
     int btnEnviar;
+    double escala = 1; // of the window; the widths that are fixed grow with it
 };
 
 class Listado {

@@ -1,6 +1,7 @@
 #include "registers/OperacionesListado.h"
 
 #include "platform/Conversions.h"
+#include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 #include "registers/Claves.h"
 #include "store/Palabras.h"
@@ -51,15 +52,25 @@ bool OperacionesListado::SePuedeReenviar(int fila) {
     return Preguntar({}, texto::kDeseaReenviar);
 }
 
+// From the column of the user, as it has always been. Nobody catches the failure that this is for a
+// name, so that its own words have to say what is to be done.
+QDateTime OperacionesListado::FechaDe(int fila) const {
+    try {
+        return AFecha(Celda(fila, ColumnaListado::Usuario), entorno_.importes.Formato(),
+                      entorno_.reloj.Ahora().date());
+    } catch (const ErrorEjecucion& e) {
+        throw ErrorEjecucion(e.Numero(), e.Descripcion() + u". "_s +
+                                             entorno_.textos.Traduce(texto::kReenvioSinFecha));
+    }
+}
+
 bool OperacionesListado::Reenviar(int fila) {
     if (!SePuedeReenviar(fila)) {
         return false;
     }
     listado_.MarcarFila(fila);
     const FormatoRegional& formato = entorno_.importes.Formato();
-    // From the column of the user, as it has always been.
-    const QDateTime fecha =
-        AFecha(Celda(fila, ColumnaListado::Usuario), formato, entorno_.reloj.Ahora().date());
+    const QDateTime fecha = FechaDe(fila);
     const Currency importe = Currency::DeDoble(
         ADoble(Celda(fila, ColumnaListado::Importe), formato) * entorno_.importes.Multiplicador());
     const DatosVenta venta{Celda(fila, ColumnaListado::Operacion),

@@ -21,6 +21,7 @@ class OperacionesListado {
   private:
     bool Reenviar(int fila);
     bool SePuedeReenviar(int fila);
+    QDateTime FechaDe(int fila) const;
     void Descartar(int fila);
     bool Preguntar(const QString& titulo, const Clave& pregunta);
     QString Celda(int fila, int columna) const { return listado_.grdZV().Texto(fila, columna); }

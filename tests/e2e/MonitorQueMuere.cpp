@@ -10,7 +10,9 @@
 //                                            cola are marked and charged), anular, enviar (a touch
 //                                            on its first row); in the cash office cierre,
 //                                            valor, cuadre, monedas, billetes (both closes,
-//                                            reconciling, emptying a box).
+//                                            reconciling, emptying a box); in the registers
+//                                            reenviar, descartar (the first incident), incidencias,
+//                                            accesos (all of them).
 //   Prints the points passed. Exit codes: 0 cola is empty; 1 it could not start, or the queue did
 //   not empty in time.
 #include "app/Monitor.h"
@@ -18,6 +20,7 @@
 #include "config/Modo.h"
 #include "device/gateway/GatewayClient.h"
 #include "platform/StringLiterals.h"
+#include "registers/OperacionesListado.h"
 #include "support/FakeProcessList.h"
 #include "support/VentanaFalsa.h"
 
@@ -117,19 +120,22 @@ class OperadorMortal final : public Dialogos {
     qint32 importe_;
 };
 
-// No other screen but the cash office, and somebody who passes every place, or none.
+// No other screens but the cash office and the incidents, and somebody who passes every place, or
+// none.
 class PantallasMortales final : public Pantallas {
   public:
     PantallasMortales(Puntos& puntos, bool pasa) : puntos_(puntos), pasa_(pasa) {}
-    bool Existe(Pantalla pantalla) const override { return pantalla == Pantalla::Caja; }
-    void Abrir(Pantalla) override { alAbrirCaja(); }
+    bool Existe(Pantalla pantalla) const override {
+        return pantalla == Pantalla::Caja || pantalla == Pantalla::Incidencias;
+    }
+    void Abrir(Pantalla) override { alAbrir(); }
     void AbrirBalanza(Configuracio&) override {}
     bool ValidarUsuari(qint16, const QString&) override {
         puntos_.Pasar();
         return pasa_;
     }
 
-    std::function<void()> alAbrirCaja;
+    std::function<void()> alAbrir;
 
   private:
     Puntos& puntos_;
@@ -214,16 +220,32 @@ struct Operacion {
     void (*hacer)(const PartesMonitor&);
     qint32 importe = kImporte;
     bool autorizada = true;
-    BotonCaja enCaja = BotonCaja::Salir; // pressed in the cash office
+    void (*visitar)(Entorno&) = nullptr; // what is done in the screen that it opens
 };
 // The cash office is opened, and one of its buttons pressed there.
-constexpr Operacion EnCaja(const char* nombre, BotonCaja boton) {
-    return {nombre, Apretar<BotonPie::Caja>, kImporte, true, boton};
+template <BotonCaja boton>
+constexpr Operacion EnCaja(const char* nombre) {
+    return {nombre, Apretar<BotonPie::Caja>, kImporte, true, [](Entorno& entorno) {
+                Caja caja(entorno);
+                caja.AlMostrar();
+                OperacionesCaja(caja).boton_Click(boton);
+            }};
 }
-void VisitarCaja(Entorno& entorno, BotonCaja boton) {
-    Caja caja(entorno);
-    caja.AlMostrar();
-    OperacionesCaja(caja).boton_Click(boton);
+// A register is opened, and something touched there.
+void VisitarListado(Entorno& entorno, ModoListado modo, int columna) {
+    Listado listado(entorno);
+    listado.RellenaGrdZv(modo);
+    OperacionesListado operaciones(listado);
+    if (columna < 0) {
+        operaciones.Todas();
+    } else if (!operaciones.grdZV_Click(1, columna, false) && columna == ColumnaListado::Reenviar) {
+        std::fputs("the incident has not been resent\n", stderr);
+    }
+}
+template <int columna>
+constexpr Operacion EnIncidencias(const char* nombre) {
+    return {nombre, Apretar<BotonPie::Incidencias>, kImporte, true,
+            [](Entorno& entorno) { VisitarListado(entorno, ModoListado::Incidencias, columna); }};
 }
 constexpr Operacion kOperaciones[] = {
     {"", [](const PartesMonitor&) {}},
@@ -236,11 +258,16 @@ constexpr Operacion kOperaciones[] = {
     {"grupo", CobrarTodas},
     {"anular", TocarPrimera<ColumnaCola::Anular>},
     {"enviar", TocarPrimera<ColumnaCola::Enviar>},
-    EnCaja("cierre", BotonCaja::CierreNiveles),
-    EnCaja("valor", BotonCaja::CierreValor),
-    EnCaja("cuadre", BotonCaja::Cuadrar),
-    EnCaja("monedas", BotonCaja::VaciarMonedas),
-    EnCaja("billetes", BotonCaja::VaciarBilletes),
+    EnCaja<BotonCaja::CierreNiveles>("cierre"),
+    EnCaja<BotonCaja::CierreValor>("valor"),
+    EnCaja<BotonCaja::Cuadrar>("cuadre"),
+    EnCaja<BotonCaja::VaciarMonedas>("monedas"),
+    EnCaja<BotonCaja::VaciarBilletes>("billetes"),
+    EnIncidencias<ColumnaListado::Reenviar>("reenviar"),
+    EnIncidencias<ColumnaListado::Descartar>("descartar"),
+    EnIncidencias<-1>("incidencias"),
+    {"accesos",
+     [](const PartesMonitor& partes) { VisitarListado(partes.entorno, ModoListado::Accesos, -1); }},
 };
 
 bool Vacia(DatabaseEngine& database) {
@@ -266,7 +293,7 @@ int Ejecutar(const QString& carpeta, int mortal, const Operacion& pedida) {
     test::VentanaFalsa ventana;
     Monitor monitor(servicios, Exterior{cliente, dialogos, procesos, shell, pantallas});
     monitor.PonerVentana(ventana);
-    pantallas.alAbrirCaja = [&] { VisitarCaja(monitor.Partes().entorno, pedida.enCaja); };
+    pantallas.alAbrir = [&] { pedida.visitar(monitor.Partes().entorno); };
     DatabaseEngine& database = monitor.Partes().entorno.Database();
     database.PonerGancho([&](const Statement&) { puntos.Pasar(); });
     if (!monitor.Cargar()) {

@@ -1,7 +1,7 @@
-// The screen of the users alone, until the settings open it: zv_users_screen FOLDER. It works on
-// the database of that application folder, beside a monitor or without one, and ends when the
-// screen closes. A monitor that runs already works its kind of protection out again at its next
-// start only.
+// The screen of the users alone, until the settings open it: zv_users_screen FOLDER; or the
+// register of accesses: zv_users_screen FOLDER accesos. It works on the database of that
+// application folder, beside a monitor or without one, and ends when the screen closes. A monitor
+// that runs already works its kind of protection out again at its next start only.
 #include "app/Monitor.h"
 #include "app/screens/Aplicacion.h"
 #include "app/screens/PantallasPrograma.h"
@@ -16,7 +16,7 @@
 namespace zv {
 namespace {
 
-int Ejecutar(const QString& carpeta) {
+int Ejecutar(const QString& carpeta, Pantalla pantalla) {
     Opciones opciones;
     opciones.carpeta = carpeta;
     opciones.registro = carpeta + u"/Registro"_s;
@@ -36,7 +36,7 @@ int Ejecutar(const QString& carpeta) {
         return EXIT_FAILURE;
     }
     pantallas.PonerEntorno(entorno);
-    pantallas.Abrir(Pantalla::Usuarios);
+    pantallas.Abrir(pantalla);
     return EXIT_SUCCESS;
 }
 
@@ -46,13 +46,15 @@ int Ejecutar(const QString& carpeta) {
 int main(int argc, char** argv) {
     zv::Aplicacion app(argc, argv);
     const QStringList argumentos = zv::Aplicacion::arguments();
-    if (argumentos.size() != 2) {
-        std::fputs("usage: zv_users_screen FOLDER\n", stderr);
+    const bool accesos = argumentos.value(2) == QLatin1String("accesos");
+    if (argumentos.size() != (accesos ? 3 : 2)) {
+        std::fputs("usage: zv_users_screen FOLDER [accesos]\n", stderr);
         return EXIT_FAILURE;
     }
     zv::tema::Aplicar(app);
     try {
-        return zv::Ejecutar(argumentos.at(1));
+        return zv::Ejecutar(argumentos.at(1),
+                            accesos ? zv::Pantalla::Accesos : zv::Pantalla::Usuarios);
     } catch (const std::exception& e) {
         std::fprintf(stderr, "%s\n", qPrintable(zv::TextoDeError(e)));
         return EXIT_FAILURE;

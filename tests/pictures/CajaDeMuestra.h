@@ -63,6 +63,25 @@ class CajaDeMuestra {
         configuracio.COLVENDEDOR = configuracio.COLTERMINAL = todas ? 1 : 0;
     }
     zv::Caja& Caja() { return caja_; }
+    Entorno& ElEntorno() { return till_.Entorno(); }
+    // Incidents and accesses of every kind beside the movements.
+    void PonerRegistros() {
+        DatabaseEngine& motor = till_.Entorno().Database();
+        motor.Ejecutar(u"UPDATE procesados SET id1='2026000123',id2='A-17' WHERE id1='T2002'"_s);
+        motor.Ejecutar(u"UPDATE procesados SET usuario='MAXIMILIANO' WHERE id1='T2001'"_s);
+        motor.Ejecutar(u"INSERT INTO procesados (fechaZV,importeVenta,cobrado,devuelto,estado,id1,"
+                       "terminal,vendedor,formapago,error,idCierre,usuario) SELECT fechaZV,"
+                       "importeVenta,cobrado,0,CASE idZV%3 WHEN 0 THEN 'CANCEL' WHEN 1 THEN "
+                       "'REENVIADO' ELSE 'ERROR' END,id1,terminal,vendedor,formapago,"
+                       "'12 - No se puede dar el cambio exacto',0,'14/03/2026' FROM procesados"_s);
+        const QString lugares[] = {u"authCaja"_s, u"authConfiguracion"_s, u"authPago"_s,
+                                   u"authCobroManual"_s};
+        for (int i = 0; i < 40; ++i) {
+            motor.Ejecutar(u"INSERT INTO Accesos (Fecha,usuario,lugar) VALUES (?,?,?)"_s,
+                           {u"2026-03-14 18:%1:11"_s.arg(i + 10), i % 3 == 0 ? u"ANA"_s : u"LUIS"_s,
+                            lugares[i % 4]});
+        }
+    }
 
   private:
     static constexpr qint32 kContenido = 546546; // of the levels above

@@ -14,6 +14,7 @@
 #include "device/screens/frmOperacion.h"
 #include "platform/FormatoRegional.h"
 #include "platform/StringLiterals.h"
+#include "registers/screens/frmListado.h"
 #include "ui/Importes.h"
 #include "ui/Textos.h"
 #include "ui/screens/DialogosPantalla.h"
@@ -52,6 +53,9 @@ class Fotografo {
         }
         for (const int movimientos : {0, 8, 2000}) {
             Caja(movimientos);
+        }
+        for (const int movimientos : {0, 8, 2000}) {
+            Registros(movimientos);
         }
         CodigosDeBarras();
         return bien_;
@@ -279,6 +283,41 @@ class Fotografo {
         }
         Guardar(pantalla, nombre);
         pantalla.hide();
+    }
+
+    // The registers over a till of the screen's size, with so many charges.
+    void Registros(int cuantos) {
+        QWidget till;
+        till.setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        till.show();
+        muestra::CajaDeMuestra muestra(cuantos, mudo_, dialogos_, textos_, importes_, reloj_);
+        if (cuantos > 0) {
+            muestra.PonerRegistros();
+        }
+        const std::pair<ModoListado, QString> modos[] = {{ModoListado::Cobros, u"charges"_s},
+                                                         {ModoListado::Incidencias, u"incidents"_s},
+                                                         {ModoListado::Accesos, u"accesses"_s}};
+        for (const auto& [modo, cual] : modos) {
+            Listado listado(muestra.ElEntorno());
+            frmListado pantalla(listado, modo,
+                                {[](int, int, bool) { return false; }, [] {}, [] {}, [] {}}, &till);
+            pantalla.show();
+            const QString nombre = u"register-%1-%2"_s.arg(cual).arg(cuantos);
+            if (cuantos > 1000) {
+                QApplication::processEvents(); // the filling, and no further step
+                Guardar(pantalla, nombre + u"-filling"_s);
+            }
+            QElapsedTimer reloj;
+            reloj.start();
+            while (reloj.elapsed() < 500) {
+                QApplication::processEvents();
+            }
+            if (modo == ModoListado::Incidencias && cuantos == 8) {
+                listado.MarcarFila(3);
+            }
+            Guardar(pantalla, nombre);
+            pantalla.hide();
+        }
     }
 
     // The layout of the barcodes over a till of the screen's size.

@@ -192,6 +192,15 @@ TEST_F(OperacionesListadoTest, AUserWhoseNameIsNoDateFailsBeforeAnythingIsWritte
     }
     NadaEscrito();
     EXPECT_EQ(EstadosYCierres(), u"ERROR 0;ERROR 0;ERROR 0;ERROR 0"_s);
+    Preguntan(kReenviar, Respuesta::Si);
+    try {
+        EXPECT_TRUE(Tocar(1, C::Reenviar));
+        FAIL();
+    } catch (const ErrorEjecucion& e) {
+        EXPECT_TRUE(e.Descripcion().endsWith(
+            u". La operación no se ha reenviado: el usuario de su fila no es una fecha. Abra de "
+            "nuevo el programa y cóbrela con Cobro Manual"_s));
+    }
 }
 
 TEST_F(OperacionesListadoTest, TheMarkedRowComesIntoViewOnceItIsSaidYes) {

@@ -7,6 +7,9 @@
 #include "cashoffice/OperacionesCaja.h"
 #include "cashoffice/screens/frmCaja.h"
 #include "platform/StringLiterals.h"
+#include "registers/ImpresionListado.h"
+#include "registers/OperacionesListado.h"
+#include "registers/screens/frmListado.h"
 #include "store/ExportarCSV.h"
 #include "ui/screens/ImpresoraSistema.h"
 
@@ -22,6 +25,9 @@ void PantallasPrograma::PonerEntorno(Entorno& entorno) {
 
 bool PantallasPrograma::Existe(Pantalla pantalla) const {
     switch (pantalla) {
+    case Pantalla::Cobros:
+    case Pantalla::Incidencias:
+    case Pantalla::Accesos:
     case Pantalla::CambioContrasena:
     case Pantalla::Usuarios:
     case Pantalla::Caja:
@@ -29,9 +35,6 @@ bool PantallasPrograma::Existe(Pantalla pantalla) const {
         return true;
     case Pantalla::BotonAcceso:
         return static_cast<bool>(botonAcceso_);
-    case Pantalla::Cobros:
-    case Pantalla::Incidencias:
-    case Pantalla::Accesos:
     case Pantalla::Historial:
     case Pantalla::Configuracion:
         break;
@@ -48,6 +51,12 @@ void PantallasPrograma::Abrir(Pantalla pantalla) {
         AbrirUsuarios();
     } else if (pantalla == Pantalla::Caja) {
         AbrirCaja();
+    } else if (pantalla == Pantalla::Cobros) {
+        AbrirListado(ModoListado::Cobros);
+    } else if (pantalla == Pantalla::Incidencias) {
+        AbrirListado(ModoListado::Incidencias);
+    } else if (pantalla == Pantalla::Accesos) {
+        AbrirListado(ModoListado::Accesos);
     } else if (pantalla == Pantalla::BotonAcceso && botonAcceso_) {
         botonAcceso_();
     }
@@ -89,6 +98,28 @@ void PantallasPrograma::AbrirCaja() {
         ExportarCSV(caja.grdZV(), u"Caja"_s, e.carpeta, e.reloj, e.dialogos, e.textos);
     };
     frmCaja pantalla(caja, std::move(acciones), padre_ ? padre_() : nullptr);
+    pantalla.exec();
+    pantalla.LanzarFallo();
+}
+
+void PantallasPrograma::AbrirListado(ModoListado modo) {
+    Entorno& e = *entorno_;
+    // What a failed operation has left open must not be read as if it stood.
+    e.transacciones.Saldar();
+    Listado listado(e);
+    ImpresoraSistema impresora(u"ZVMonitor"_s);
+    OperacionesListado operaciones(listado);
+    frmListado pantalla(listado, modo,
+                        {[&operaciones](int fila, int columna, bool debajo) {
+                             return operaciones.grdZV_Click(fila, columna, debajo);
+                         },
+                         [&] { ImprimirListado(listado, impresora); },
+                         [&operaciones] { operaciones.Todas(); },
+                         [&] {
+                             ExportarCSV(listado.grdZV(), listado.Estado().lbTitulo, e.carpeta,
+                                         e.reloj, e.dialogos, e.textos);
+                         }},
+                        PadreVisible(padre_));
     pantalla.exec();
     pantalla.LanzarFallo();
 }

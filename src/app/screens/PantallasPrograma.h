@@ -2,6 +2,7 @@
 #pragma once
 
 #include "access/screens/LoginPantalla.h"
+#include "registers/Listado.h"
 #include "till/Entorno.h"
 
 #include <functional>
@@ -31,6 +32,7 @@ class PantallasPrograma final : public Pantallas {
   private:
     void AbrirUsuarios();
     void AbrirCaja();
+    void AbrirListado(ModoListado modo);
 
     std::function<QWidget*()> padre_;
     std::function<void()> botonAcceso_;

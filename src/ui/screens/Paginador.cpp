@@ -35,11 +35,24 @@ QToolButton* Paginador::Boton(const Clave& clave, const QString& icono) {
     return boton;
 }
 
+void Paginador::PonerExtremos() {
+    btnTop_ = Boton(texto::kPrimeraFila, u"go-top"_s);
+    btnBottom_ = Boton(texto::kUltimaFila, u"go-bottom"_s);
+    auto* columna = static_cast<QVBoxLayout*>(layout());
+    columna->insertWidget(0, btnTop_);
+    columna->addWidget(btnBottom_);
+    Escalar(escala_);
+}
+
 void Paginador::Escalar(double escala) {
+    escala_ = escala;
     const auto px = [escala](int pixeles) { return tema::Px(pixeles, escala); };
     setFixedWidth(px(kAncho));
     layout()->setContentsMargins(px(6), px(6), px(6), px(6));
-    for (QToolButton* boton : {btnArriba_, btnAbajo_}) {
+    for (QToolButton* boton : {btnTop_, btnArriba_, btnAbajo_, btnBottom_}) {
+        if (boton == nullptr) {
+            continue;
+        }
         boton->setIconSize(QSize(px(36), px(36)));
         boton->setFixedSize(px(tema::kTeclaMinima), px(tema::kTeclaMinima + 16));
     }
@@ -48,6 +61,10 @@ void Paginador::Escalar(double escala) {
 void Paginador::Habilitar(bool arriba, bool abajo) {
     btnArriba_->setEnabled(arriba);
     btnAbajo_->setEnabled(abajo);
+    if (btnTop_ != nullptr) {
+        btnTop_->setEnabled(arriba);
+        btnBottom_->setEnabled(abajo);
+    }
 }
 
 } // namespace zv

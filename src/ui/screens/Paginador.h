@@ -1,4 +1,5 @@
-// The two buttons beside a grid that turn its pages.
+// The two buttons beside a grid that turn its pages, and two more that go to its ends where a
+// screen has them.
 #pragma once
 
 #include "ui/screens/Escalable.h"
@@ -19,6 +20,11 @@ class Paginador final : public QFrame, public Escalable {
 
     QToolButton* BtnArriba() const { return btnArriba_; }
     QToolButton* BtnAbajo() const { return btnAbajo_; }
+    // Adds the two that go to the first and to the last row.
+    void PonerExtremos();
+    QToolButton* BtnTop() const { return btnTop_; }
+    QToolButton* BtnBottom() const { return btnBottom_; }
+    // Whether there are rows above what is seen, and below.
     void Habilitar(bool arriba, bool abajo);
     void Escalar(double escala) override;
 
@@ -27,6 +33,9 @@ class Paginador final : public QFrame, public Escalable {
 
     QToolButton* btnArriba_;
     QToolButton* btnAbajo_;
+    QToolButton* btnTop_ = nullptr;
+    QToolButton* btnBottom_ = nullptr;
+    double escala_ = 1;
 };
 
 } // namespace zv

@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTableView>
 #include <QTest>
 
 namespace zv::test {
@@ -55,11 +56,12 @@ class PantallasProgramaTest : public BancoMonitor {
 
 TEST_F(PantallasProgramaTest, HasThoseThatAreBuiltAndNoOtherYet) {
     for (const Pantalla pantalla :
-         {Pantalla::CambioContrasena, Pantalla::Usuarios, Pantalla::Caja, Pantalla::Balanza}) {
+         {Pantalla::CambioContrasena, Pantalla::Usuarios, Pantalla::Caja, Pantalla::Balanza,
+          Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Accesos}) {
         EXPECT_TRUE(programa.Existe(pantalla));
     }
-    for (const Pantalla pantalla : {Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Historial,
-                                    Pantalla::Configuracion, Pantalla::BotonAcceso}) {
+    for (const Pantalla pantalla :
+         {Pantalla::Historial, Pantalla::Configuracion, Pantalla::BotonAcceso}) {
         EXPECT_FALSE(programa.Existe(pantalla));
         programa.Abrir(pantalla); // nothing happens
     }
@@ -178,6 +180,64 @@ TEST_F(PantallasProgramaTest, TheCashOfficeShowsThePeriodAndExportsIt) {
     const QStringList ficheros =
         QDir(monitor->Partes().entorno.carpeta + u"/exports"_s).entryList({u"Caja_*.csv"_s});
     EXPECT_EQ(ficheros.size(), 1);
+}
+
+TEST_F(PantallasProgramaTest, EachRegisterShowsItsOwnRowsAndExportsThemUnderItsTitle) {
+    Database().Ejecutar(
+        u"INSERT INTO procesados (importeVenta,cobrado,estado,id1,usuario,idCierre) "
+        "VALUES (1250,1250,'OK','1','7',0),(300,0,'ERROR','2','7',0),"
+        "(400,0,'ERROR','3','7',0)"_s);
+    Database().Ejecutar(u"INSERT INTO Accesos (usuario,lugar) VALUES ('ANA','authCaja')"_s);
+    for (const auto& [pantalla, titulo, filas] :
+         {std::tuple{Pantalla::Cobros, u"Registro de Cobros"_s, 1},
+          std::tuple{Pantalla::Incidencias, u"Registro de Incidencias"_s, 2},
+          std::tuple{Pantalla::Accesos, u"Registro de Accesos"_s, 1}}) {
+        dialogos.EsperaMensaje(testing::_, testing::_); // exported
+        Abrir(pantalla, [&](QDialog& d) {
+            EXPECT_EQ(d.objectName(), u"frmListado"_s);
+            auto* grid = d.findChild<QTableView*>(u"grdZV"_s);
+            QTRY_COMPARE_WITH_TIMEOUT(grid->model()->rowCount(), filas, 5000);
+            Tocar(d, "boton_3");
+            Tocar(d, "boton_1");
+        });
+        EXPECT_EQ(QDir(monitor->Partes().entorno.carpeta + u"/exports"_s)
+                      .entryList({titulo + u"_*.csv"_s})
+                      .size(),
+                  1);
+    }
+}
+
+TEST_F(PantallasProgramaTest, AnIncidentIsResentFromItsRegister) {
+    Database().Ejecutar(u"INSERT INTO procesados (importeVenta,estado,id1,usuario,idCierre) VALUES "
+                        "(300,'ERROR','2','7',0)"_s);
+    dialogos.EsperaMensaje(QString(), u"¿Desea reenviar esta operación a Zorvex?"_s, Respuesta::Si);
+    Abrir(Pantalla::Incidencias, [](QDialog& d) {
+        auto* grid = d.findChild<QTableView*>(u"grdZV"_s);
+        QTRY_COMPARE_WITH_TIMEOUT(grid->model()->rowCount(), 1, 5000);
+        QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
+                          grid->visualRect(grid->model()->index(0, 13)).center());
+        QTRY_VERIFY_WITH_TIMEOUT(!d.isVisible(), 5000); // it leaves by itself
+    });
+    EXPECT_EQ(Cuenta(u"cola WHERE id1='2'"_s), 1);
+    EXPECT_EQ(Cuenta(u"procesados WHERE estado='REENVIADO'"_s), 1);
+}
+
+TEST_F(PantallasProgramaTest, AResendThatCannotBeDatedIsTheCallersFailure) {
+    Database().Ejecutar(u"INSERT INTO procesados (importeVenta,estado,id1,usuario,idCierre) VALUES "
+                        "(300,'ERROR','2','ANA',0)"_s);
+    dialogos.EsperaMensaje(QString(), u"¿Desea reenviar esta operación a Zorvex?"_s, Respuesta::Si);
+    EXPECT_EQ(NumeroError([&] {
+                  Abrir(Pantalla::Incidencias, [](QDialog& d) {
+                      auto* grid = d.findChild<QTableView*>(u"grdZV"_s);
+                      QTRY_COMPARE_WITH_TIMEOUT(grid->model()->rowCount(), 1, 5000);
+                      QTest::mouseClick(grid->viewport(), Qt::LeftButton, {},
+                                        grid->visualRect(grid->model()->index(0, 13)).center());
+                      QTRY_VERIFY_WITH_TIMEOUT(!d.isVisible(), 5000);
+                  });
+              }),
+              13);
+    EXPECT_EQ(Cuenta(u"cola"_s), 0);
+    EXPECT_EQ(Cuenta(u"procesados WHERE estado='ERROR'"_s), 1);
 }
 
 TEST_F(PantallasProgramaTest, AFailureWhileTheCashOfficeComesUpIsTheCallers) {

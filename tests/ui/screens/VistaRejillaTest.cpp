@@ -450,4 +450,23 @@ TEST(PaginadorTest, ButtonsHaveNamesAndFollow) {
     EXPECT_FALSE(paginador.BtnAbajo()->isEnabled());
 }
 
+TEST(PaginadorTest, TheEndsAreThereWhereAScreenHasThem) {
+    tema::Aplicar(*qApp);
+    Paginador paginador(u"pctScrollBar"_s, nullptr);
+    EXPECT_EQ(paginador.findChild<QToolButton*>(u"btnTop"_s), nullptr);
+    paginador.PonerExtremos();
+    EXPECT_EQ(paginador.BtnTop(), paginador.findChild<QToolButton*>(u"btnTop"_s));
+    EXPECT_EQ(paginador.BtnBottom(), paginador.findChild<QToolButton*>(u"btnBottom"_s));
+    EXPECT_EQ(paginador.BtnTop()->accessibleName(), u"Primera fila"_s);
+    EXPECT_EQ(paginador.BtnBottom()->accessibleName(), u"Última fila"_s);
+    paginador.Habilitar(false, true);
+    EXPECT_FALSE(paginador.BtnTop()->isEnabled());
+    EXPECT_TRUE(paginador.BtnBottom()->isEnabled());
+    paginador.Habilitar(true, false);
+    EXPECT_TRUE(paginador.BtnTop()->isEnabled());
+    EXPECT_FALSE(paginador.BtnBottom()->isEnabled());
+    paginador.Escalar(1.5);
+    EXPECT_EQ(paginador.BtnTop()->size(), paginador.BtnArriba()->size());
+}
+
 } // namespace zv::test
