@@ -16,6 +16,8 @@ class Clock {
 
 class SystemClock final : public Clock {
   public:
+    // Names the machine's zone in the environment where nobody has: see the source.
+    SystemClock();
     QDateTime Ahora() const override;
     qint64 Ticks() const override;
 };

@@ -5,6 +5,7 @@
 #include "platform/StringLiterals.h"
 #include "support/ImprimeQt.h"
 
+#include <ctime>
 #include <gtest/gtest.h>
 
 namespace zv {
@@ -29,6 +30,27 @@ TEST(ErrorEjecucion, ThePlatformsFailuresHaveTheirNumbers) {
     EXPECT_EQ(archivo.Numero(), 75);
     EXPECT_TRUE(archivo.Descripcion().contains(u"/a/b.ini"_s));
     EXPECT_TRUE(archivo.Descripcion().contains(u"es una carpeta"_s));
+}
+
+TEST(SystemClock, NamesTheMachinesZoneAndKeepsOneThatIsNamed) {
+    const QByteArray antes = qgetenv("TZ");
+    const bool estaba = qEnvironmentVariableIsSet("TZ");
+    qunsetenv("TZ");
+    tzset();
+    const QDateTime dia(QDate(2026, 7, 14), QTime(10, 0));
+    const qint64 instante = dia.toSecsSinceEpoch();
+    const SystemClock sinNombre;
+    EXPECT_EQ(qgetenv("TZ"), ":/etc/localtime");
+    EXPECT_EQ(QDateTime(QDate(2026, 7, 14), QTime(10, 0)).toSecsSinceEpoch(), instante);
+    qputenv("TZ", "Atlantic/Canary");
+    const SystemClock conNombre;
+    EXPECT_EQ(qgetenv("TZ"), "Atlantic/Canary");
+    if (estaba) {
+        qputenv("TZ", antes);
+    } else {
+        qunsetenv("TZ");
+    }
+    tzset();
 }
 
 TEST(SystemClock, TellsLocalTimeAndTicksThatNeverGoBack) {
