@@ -16,6 +16,8 @@ inline constexpr Clave kClavesApp[] = {
     {u"conectorNoCargado", u"Conector no cargado"},
     {u"conectorNoDisponible", u"El conector no está disponible en la ruta especificada en la "
                               u"configuración. Consulte con su técnico"},
+    // The page that the manuals button opens.
+    {u"GEN", u"Manual", u"manual.es.html"},
 };
 
 inline constexpr const Clave& kYaEjecutado = Entrada(kClavesApp, u"zvMonitorYaEjecutado");
@@ -26,5 +28,6 @@ inline constexpr const Clave& kSinConfiguracion = Entrada(kClavesApp, u"errorDeC
 inline constexpr const Clave& kReviseElLog = Entrada(kClavesApp, u"errorDeConfiguracion3");
 inline constexpr const Clave& kConectorNoCargado = Entrada(kClavesApp, u"conectorNoCargado");
 inline constexpr const Clave& kConectorNoDisponible = Entrada(kClavesApp, u"conectorNoDisponible");
+inline constexpr const Clave& kPaginaManual = Entrada(kClavesApp, u"GEN", u"Manual");
 
 } // namespace zv::texto

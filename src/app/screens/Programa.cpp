@@ -3,19 +3,15 @@
 #include "platform/ErrorEjecucion.h"
 #include "platform/StringLiterals.h"
 
+#include <QCoreApplication>
+
 #include <cstdlib>
 
 namespace zv {
 
-namespace {
-
-// Page of the operating manuals.
-const QString kDireccionManuales = u"https://zorvex.example/manuales"_s;
-
-} // namespace
-
 Programa::Programa(const Opciones& opciones, const Clock& reloj)
     : servicios_(opciones, reloj),
+      manual_(QCoreApplication::applicationDirPath(), servicios_.textos),
       operacion_(servicios_.textos, servicios_.importes, [this] { return Padre(); }),
       cliente_(servicios_.log, servicios_.textos, &operacion_),
       dialogos_(opciones.programa, servicios_.textos, servicios_.importes,
@@ -33,7 +29,7 @@ bool Programa::Arrancar() {
     pantalla_.emplace(
         monitor_->Partes(),
         AccionesVentana{[this] { Terminar(); },
-                        [this] { shell_.AbrirDireccion(kDireccionManuales); },
+                        [this] { shell_.AbrirDireccion(manual_.Direccion()); },
                         [this](const QString& codigo, const std::function<void()>& vaciar) {
                             monitor_->Barras().Enter(codigo, vaciar);
                         }});

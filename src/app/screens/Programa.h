@@ -2,6 +2,7 @@
 // one monitor. Whoever builds it runs the event loop.
 #pragma once
 
+#include "app/Manual.h"
 #include "app/Monitor.h"
 #include "app/screens/PantallasPrograma.h"
 #include "device/gateway/GatewayClient.h"
@@ -36,6 +37,7 @@ class Programa {
     QWidget* Padre();
 
     Servicios servicios_;
+    Manual manual_;
     frmOperacion operacion_;
     GatewayClient cliente_;
     DialogosPantalla dialogos_;
