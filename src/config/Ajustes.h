@@ -88,6 +88,16 @@ inline constexpr std::array kTodos = {
     Ajuste{kConector, "ZVConectorPath"_L1, Texto{&Configuracio::ZVConectorPath}, ""_L1},
 };
 
+// The setting of that key. One that is not there does not compile.
+consteval const Ajuste& De(std::string_view clave) {
+    for (const Ajuste& ajuste : kTodos) {
+        if (std::string_view(ajuste.clave.data()) == clave) {
+            return ajuste;
+        }
+    }
+    throw "there is no such setting";
+}
+
 // The passwords are in the registry; they are read and written between these two parts.
 inline constexpr std::size_t kDelante = static_cast<std::size_t>(
     std::ranges::find(kTodos, std::string_view(kBarcode.data()),

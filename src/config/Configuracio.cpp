@@ -3,6 +3,8 @@
 #include "config/Ajustes.h"
 #include "platform/Files.h"
 
+#include <vector>
+
 namespace zv {
 
 Configuracio::Configuracio(const ModuloIni& ini, RegistryTree& registry, QString carpeta,
@@ -36,25 +38,48 @@ void Configuracio::LeerCfgIni(const QString& ruta, bool& existe) {
 }
 
 void Configuracio::GuardarConfig(const QString& ruta) {
-    const auto escribir = [&](const ajustes::Ajuste& ajuste) {
-        // A failure is in the log by now; the other keys are still worth saving.
-        ini_.EscribirIni(ruta, ajuste.seccion, ajuste.clave, ajustes::Valor(*this, ajuste));
-        if (std::holds_alternative<ajustes::TextoModo>(ajuste.tipo)) {
-            ModoInicial = Modo;
-        }
+    // One writing for all keys, so that whoever reads the file, and a crash, find all of them or
+    // none; only passwords that have changed stand between two. A failure is in the log by then,
+    // and what is in force does not depend on it.
+    std::vector<perfil::ValorIni> valores;
+    valores.reserve(ajustes::kTodos.size());
+    const auto reunir = [&](const ajustes::Ajuste& ajuste) {
+        valores.push_back({ajuste.seccion, ajuste.clave, ajustes::Valor(*this, ajuste)});
     };
+    std::ranges::for_each(ajustes::kDelanteDePasswords, reunir);
+    ModoInicial = Modo;
+    if (!PasswordsGuardadas()) {
+        ini_.EscribirVarios(ruta, valores);
+        valores.clear();
+        GuardarPasswords();
+    }
+    std::ranges::for_each(ajustes::kDetrasDePasswords, reunir);
+    ini_.EscribirVarios(ruta, valores);
+}
 
-    std::ranges::for_each(ajustes::kDelanteDePasswords, escribir);
-    const bool ninguna =
-        CLAVE_ADMIN.isEmpty() && CLAVE_AUTORIZADO.isEmpty() && CLAVE_TECNICO.isEmpty();
+bool Configuracio::SinPasswords() const {
+    return CLAVE_ADMIN.isEmpty() && CLAVE_AUTORIZADO.isEmpty() && CLAVE_TECNICO.isEmpty();
+}
+
+bool Configuracio::PasswordsGuardadas() const {
+    return std::ranges::all_of(ajustes::kPasswords, [&](const ajustes::Password& password) {
+        // Whatever is not there reads as the default.
+        const QString& clave = this->*password.campo;
+        const QString otra = clave + u'x';
+        return SinPasswords() ? registry_.LeerValor(password.nombre, clave) == clave &&
+                                    registry_.LeerValor(password.nombre, otra) == otra
+                              : registry_.LeerValor(password.nombre, otra) == clave;
+    });
+}
+
+void Configuracio::GuardarPasswords() {
     for (const ajustes::Password& password : ajustes::kPasswords) {
-        if (ninguna) {
+        if (SinPasswords()) {
             registry_.BorrarValor(password.nombre);
         } else {
             registry_.GuardarValor(password.nombre, this->*password.campo);
         }
     }
-    std::ranges::for_each(ajustes::kDetrasDePasswords, escribir);
 }
 
 void Configuracio::CopyFrom(const Configuracio& otra) {

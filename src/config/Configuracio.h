@@ -56,12 +56,19 @@ class Configuracio {
     // the defaults stand in for it. Raises 13 or 6 for a value that is no number of its
     // field's type; the fields before it are filled then.
     void LeerCfgIni(const QString& ruta, bool& existe);
-    // Writes every key and the three passwords; goes on with the next key after a failure.
+    // Writes every key, in one writing, and the three passwords where they stand otherwise in the
+    // registry: in front of them is another writing then. A failure is in the log, and nothing
+    // else.
     void GuardarConfig(const QString& ruta);
     // Every field but ModoAnterior.
     void CopyFrom(const Configuracio& otra);
 
   private:
+    bool SinPasswords() const;
+    // The registry holds them as they stand here.
+    bool PasswordsGuardadas() const;
+    void GuardarPasswords();
+
     const ModuloIni& ini_;
     RegistryTree& registry_;
     QString carpeta_;

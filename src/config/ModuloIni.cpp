@@ -1,7 +1,6 @@
 #include "config/ModuloIni.h"
 
 #include "platform/ErrorEjecucion.h"
-#include "platform/PrivateProfile.h"
 #include "platform/StringLiterals.h"
 
 namespace zv {
@@ -49,10 +48,28 @@ bool ModuloIni::EscribirIni(const QString& fichero, const QString& seccion, cons
         perfil::Escribir(fichero, seccion, clave, valor);
         return true;
     } catch (const ErrorEjecucion& e) {
-        log_.LogLinea(u"GRABARINI - Error "_s + QString::number(e.Numero()) + u" - "_s +
-                      e.Descripcion());
+        ApuntarFallo(e);
         return false;
     }
+}
+
+bool ModuloIni::EscribirVarios(const QString& fichero,
+                               std::span<const perfil::ValorIni> valores) const {
+    qsizetype distintos = 0;
+    try {
+        perfil::EscribirVarios(fichero, valores, distintos);
+        return true;
+    } catch (const ErrorEjecucion& e) {
+        for (qsizetype i = 0; i < distintos; ++i) {
+            ApuntarFallo(e);
+        }
+        return false;
+    }
+}
+
+void ModuloIni::ApuntarFallo(const ErrorEjecucion& e) const {
+    log_.LogLinea(u"GRABARINI - Error "_s + QString::number(e.Numero()) + u" - "_s +
+                  e.Descripcion());
 }
 
 } // namespace zv

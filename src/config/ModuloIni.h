@@ -2,7 +2,7 @@
 // the operator or to the log.
 #pragma once
 
-#include "platform/IniDocument.h"
+#include "platform/PrivateProfile.h"
 #include "ui/Dialogos.h"
 #include "ui/Log.h"
 
@@ -31,8 +31,12 @@ class ModuloIni {
     // False, with a log line, when the value could not be written.
     bool EscribirIni(const QString& fichero, const QString& seccion, const QString& clave,
                      const QString& valor) const;
+    // Many values in one writing, all of them or none. False, with a log line for each that had to
+    // be written, when they could not be.
+    bool EscribirVarios(const QString& fichero, std::span<const perfil::ValorIni> valores) const;
 
   private:
+    void ApuntarFallo(const ErrorEjecucion& e) const;
     void MostrarFallo(const ErrorEjecucion& e) const;
 
     Log& log_;

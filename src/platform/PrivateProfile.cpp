@@ -93,15 +93,15 @@ IniDocument LeerTodo(const QString& fichero) {
     return IniDocument::Analizar(Bytes(fichero, existe));
 }
 
-void Escribir(const QString& fichero, const QString& seccion, const QString& clave,
-              const QString& valor) {
-    bool existe = false;
-    QByteArray bytes = Bytes(fichero, existe);
+namespace {
+
+// The bytes of the file with one value set; false when it reads the same already.
+bool Poner(QByteArray& bytes, const ValorIni& valor) {
     IniLines lineas(bytes);
-    const Sitio sitio = Buscar(lineas, seccion, clave);
-    const QString nuevo = UnaLinea(valor);
+    const Sitio sitio = Buscar(lineas, valor.seccion, valor.clave);
+    const QString nuevo = UnaLinea(valor.valor);
     if (sitio.hayClave && SinComillas(SinBlancos(nuevo)) == sitio.valor) {
-        return;
+        return false;
     }
 
     const QByteArray salto = lineas.FinDeLinea();
@@ -120,9 +120,9 @@ void Escribir(const QString& fichero, const QString& seccion, const QString& cla
             trozo = salto;
         }
         if (!sitio.haySeccion) {
-            trozo += lineas.Codificar(u'[' + seccion + u']') + salto;
+            trozo += lineas.Codificar(u'[' + valor.seccion + u']') + salto;
         }
-        trozo += lineas.Codificar(clave + u'=' + nuevo) + salto;
+        trozo += lineas.Codificar(valor.clave + u'=' + nuevo) + salto;
     }
     const bool dePagina = lineas.Encoding() == IniLines::Codificacion::CodePage;
     bytes.replace(desde, hasta - desde, trozo);
@@ -130,7 +130,28 @@ void Escribir(const QString& fichero, const QString& seccion, const QString& cla
         // By chance the text now looks like UTF-8: it is made that, and reads as before.
         bytes = DeCodePage(bytes).toUtf8();
     }
+    return true;
+}
 
+} // namespace
+
+void Escribir(const QString& fichero, const QString& seccion, const QString& clave,
+              const QString& valor) {
+    const ValorIni uno{seccion, clave, valor};
+    qsizetype distintos = 0;
+    EscribirVarios(fichero, std::span(&uno, 1), distintos);
+}
+
+void EscribirVarios(const QString& fichero, std::span<const ValorIni> valores,
+                    qsizetype& distintos) {
+    distintos = static_cast<qsizetype>(valores.size());
+    bool existe = false;
+    QByteArray bytes = Bytes(fichero, existe);
+    distintos = std::count_if(valores.begin(), valores.end(),
+                              [&bytes](const ValorIni& valor) { return Poner(bytes, valor); });
+    if (distintos == 0) {
+        return;
+    }
     const int error = ReemplazarFichero(QFile::encodeName(fichero), bytes);
     if (error != 0) {
         throw errores::ErrorDeArchivo(fichero, TextoErrorSistema(error));

@@ -7,6 +7,7 @@
 #include <QString>
 
 #include <optional>
+#include <span>
 
 namespace zv::perfil {
 
@@ -25,5 +26,16 @@ IniDocument LeerTodo(const QString& fichero);
 // stands. Raises 75 when it cannot be written; then the file is as it was.
 void Escribir(const QString& fichero, const QString& seccion, const QString& clave,
               const QString& valor);
+
+struct ValorIni {
+    QString seccion;
+    QString clave;
+    QString valor;
+};
+// The same for many values in one writing: all of them stand in the file afterwards, or none.
+// distintos: how many of them read otherwise before, also when it raises; all when the file cannot
+// be read.
+void EscribirVarios(const QString& fichero, std::span<const ValorIni> valores,
+                    qsizetype& distintos);
 
 } // namespace zv::perfil

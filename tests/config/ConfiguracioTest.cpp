@@ -4,6 +4,8 @@
 #include "platform/StringLiterals.h"
 #include "support/NumeroError.h"
 
+#include <array>
+#include <cstring>
 #include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -303,12 +305,12 @@ TEST_F(ConfiguracioTest, ThePasswordsAreWrittenBehindTheColumnsAndBeforeTheBarco
     const QStringList carpetas = {carpeta.Ruta(),
                                   carpeta.Ruta(u"Registro/HKLM/Software/Zorvex/ZVMonitor"_s)};
     for (const bool borrar : {false, true}) {
-        for (QString Configuracio::*clave :
-             {&Configuracio::CLAVE_ADMIN, &Configuracio::CLAVE_AUTORIZADO,
-              &Configuracio::CLAVE_TECNICO}) {
-            cfg.*clave = borrar ? QString() : u"otra"_s;
-        }
         for (const bool delante : {true, false}) {
+            for (QString Configuracio::*clave :
+                 {&Configuracio::CLAVE_ADMIN, &Configuracio::CLAVE_AUTORIZADO,
+                  &Configuracio::CLAVE_TECNICO}) {
+                cfg.*clave = borrar ? QString() : u"otra"_s + (delante ? u"1"_s : u"2"_s);
+            }
             // One key changes: the last in front of the passwords, or the first behind them.
             ++(delante ? cfg.COLFORMAPAGO : cfg.BCEAN);
             QStringList esperado = passwords;
@@ -393,6 +395,65 @@ TEST_F(ConfiguracioTest, AFileThatCannotBeWrittenIsLoggedKeyByKey) {
     EXPECT_EQ(log.CuentaInicio(u"GRABARINI - Error 75 - "_s), kClaves);
     EXPECT_EQ(Registrado("CLAVE_ADMIN"), u"a"_s);
     EXPECT_EQ(cfg.ModoInicial, cfg.Modo);
+}
+
+// Counts the files that come under a name in a folder while it lives: each is one durable write.
+class CuentaEscrituras {
+  public:
+    explicit CuentaEscrituras(const QString& carpeta) : cola_(::inotify_init1(IN_NONBLOCK)) {
+        // The temporary file of each write stands between two that would be told as one.
+        EXPECT_GE(::inotify_add_watch(cola_, QFile::encodeName(carpeta).constData(),
+                                      IN_CREATE | IN_MOVED_TO),
+                  0);
+    }
+    ~CuentaEscrituras() { ::close(cola_); }
+    CuentaEscrituras(const CuentaEscrituras&) = delete;
+    CuentaEscrituras& operator=(const CuentaEscrituras&) = delete;
+
+    int Cuenta() const {
+        alignas(inotify_event) std::array<char, 65536> avisos{};
+        const ssize_t bytes = ::read(cola_, avisos.data(), avisos.size());
+        int cuenta = 0;
+        for (ssize_t i = 0; i < bytes;) {
+            inotify_event aviso{};
+            std::memcpy(&aviso, avisos.data() + i, sizeof aviso);
+            cuenta += (aviso.mask & IN_MOVED_TO) != 0 ? 1 : 0;
+            i += static_cast<ssize_t>(sizeof aviso + aviso.len);
+        }
+        return cuenta;
+    }
+
+  private:
+    int cola_;
+};
+
+TEST_F(ConfiguracioTest, SavingIsOneWriting) {
+    Configuracio cfg = Leida("[ZORVEX]\nIP=1.1.1.1\n");
+    cfg.IP = u"2.2.2.2"_s;
+    cfg.CLAVE_ADMIN = u"secreta"_s;
+    cfg.GuardarConfig(ruta);
+    const CuentaEscrituras fichero(carpeta.Ruta());
+    const CuentaEscrituras registro(carpeta.Ruta(u"Registro/HKLM/Software/Zorvex/ZVMonitor"_s));
+    cfg.COLID2 = 1;
+    cfg.ZVFastPort = u"16502"_s;
+    cfg.GuardarConfig(ruta);
+    EXPECT_EQ(fichero.Cuenta(), 1);
+    EXPECT_EQ(registro.Cuenta(), 0); // the passwords stand there already
+    cfg.GuardarConfig(ruta);
+    EXPECT_EQ(fichero.Cuenta(), 0);
+    cfg.CLAVE_TECNICO = u"otra"_s;
+    cfg.COLID2 = 0;
+    cfg.BCEAN = 13;
+    cfg.GuardarConfig(ruta);
+    EXPECT_EQ(registro.Cuenta(), 3);
+    EXPECT_EQ(fichero.Cuenta(), 2); // in front of the passwords and behind them
+}
+
+TEST_F(ConfiguracioTest, WhatAnotherProgramHasWrittenMeanwhileStaysButForOurOwnKeys) {
+    Configuracio cfg = Leida("[ZORVEX]\nIP=1.1.1.1\n");
+    carpeta.Pon(u"ZVMonitor.ini"_s, "[NUEVA]\nk=1\n[ZORVEX]\nIP=9.9.9.9\nOtra=x\n");
+    cfg.GuardarConfig(ruta);
+    EXPECT_TRUE(Fichero().startsWith("[NUEVA]\nk=1\n[ZORVEX]\nIP=1.1.1.1\nOtra=x\nSUITEZV="));
 }
 
 TEST_F(ConfiguracioTest, TheGlobalOneIsReplacedWhole) {

@@ -52,6 +52,30 @@ TEST_F(PrivateProfile, CreatesTheFileWithWindowsLineEnds) {
     EXPECT_EQ(Lee("zorvex", "ip"), u"10.0.0.7"_s);
 }
 
+TEST_F(PrivateProfile, WritesManyValuesAtOnceAndTellsHowManyDiffered) {
+    Pon("; caja 1\r\n[A]\r\nk=1\r\n");
+    const perfil::ValorIni valores[] = {{u"A"_s, u"k"_s, u"2"_s},
+                                        {u"A"_s, u"l"_s, u"3"_s},
+                                        {u"B"_s, u"k"_s, u"ñ"_s},
+                                        {u"a"_s, u"K"_s, u"2"_s}};
+    qsizetype distintos = 0;
+    perfil::EscribirVarios(Ruta(), valores, distintos);
+    EXPECT_EQ(distintos, 3);
+    EXPECT_EQ(Bytes(), QByteArray("; caja 1\r\n[A]\r\nk=2\r\nl=3\r\n[B]\r\nk=\xF1\r\n"));
+    perfil::EscribirVarios(Ruta(), valores, distintos);
+    EXPECT_EQ(distintos, 0);
+}
+
+TEST_F(PrivateProfile, OfManyValuesAllAreWrittenOrNone) {
+    Pon("[A]\r\nk=1\r\n");
+    ASSERT_EQ(::chmod(QFile::encodeName(Ruta()).constData(), 0444), 0);
+    const perfil::ValorIni valores[] = {{u"A"_s, u"k"_s, u"2"_s}, {u"A"_s, u"l"_s, u"3"_s}};
+    qsizetype distintos = 0;
+    EXPECT_EQ(NumeroError([&] { perfil::EscribirVarios(Ruta(), valores, distintos); }), 75);
+    EXPECT_EQ(distintos, 2);
+    EXPECT_EQ(Bytes(), QByteArray("[A]\r\nk=1\r\n"));
+}
+
 TEST_F(PrivateProfile, ChangesOnlyTheValue) {
     EXPECT_EQ(Tras("; caja 1\r\n\r\n[A]\r\n  Clave = viejo \r\nrara\r\notra=2\r\n[B]\r\nk=3", "a",
                    "CLAVE", "nuevo"),
