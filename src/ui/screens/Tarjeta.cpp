@@ -4,6 +4,7 @@
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QVBoxLayout>
 
@@ -27,6 +28,16 @@ void Tarjeta::Escalar(double escala) {
     cuerpo_->setContentsMargins(px(kMargen), px(4), px(kMargen), px(14));
     cuerpo_->setSpacing(px(10));
     update();
+}
+
+bool Tarjeta::event(QEvent* evento) {
+    const bool visto = QGroupBox::event(evento);
+    if (evento->type() == QEvent::Polish) {
+        // The base class measured itself by the rules of its own name, before it had this one.
+        QEvent cambio(QEvent::StyleChange);
+        changeEvent(&cambio);
+    }
+    return visto;
 }
 
 // A group box breaks its frame at the title, which here stands within.

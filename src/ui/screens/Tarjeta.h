@@ -22,6 +22,7 @@ class Tarjeta final : public QGroupBox, public Escalable {
     void Escalar(double escala) override;
 
   protected:
+    bool event(QEvent* evento) override;
     void paintEvent(QPaintEvent* evento) override;
 
   private:

@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QLabel>
+#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
@@ -63,6 +64,19 @@ TEST_F(TarjetaTest, TheBodyStartsBelowTheTitle) {
     }
     EXPECT_GT(tinta, 100);
     EXPECT_EQ(imagen.pixelColor(200, 100), QColor(Qt::white));
+}
+
+TEST_F(TarjetaTest, MeasuresItselfByItsOwnRulesWithinAScrollAreaToo) {
+    QScrollArea zona(&pantalla_);
+    auto* lado = new QWidget(&zona);
+    auto* columna = new QVBoxLayout(lado);
+    auto* otra = new Tarjeta(kTitulo, lado);
+    columna->addWidget(otra);
+    zona.setWidget(lado);
+    zona.show();
+    QApplication::processEvents();
+    EXPECT_EQ(otra->contentsMargins(), tarjeta_.contentsMargins());
+    EXPECT_EQ(otra->contentsMargins(), QMargins(0, 44, 0, 0));
 }
 
 TEST_F(TarjetaTest, GrowsWithItsWindow) {
