@@ -10,6 +10,7 @@
 #include "engine/Claves.h"
 #include "platform/StringLiterals.h"
 #include "registers/Claves.h"
+#include "settings/Claves.h"
 #include "store/Claves.h"
 #include "support/IdiomaIngles.h"
 #include "support/ImprimeQt.h"
@@ -34,21 +35,25 @@ struct Carpeta {
 
 // Each folder with a Claves.h.
 const Carpeta kCarpetas[] = {
-    {"access", texto::kClavesAccess},       {"app", texto::kClavesApp},
-    {"barcode", texto::kClavesBarcode},     {"cashoffice", texto::kClavesCashoffice},
-    {"device", texto::kClavesDevice},       {"engine", texto::kClavesEngine},
-    {"registers", texto::kClavesRegisters}, {"store", texto::kClavesStore},
-    {"till", texto::kClavesTill},           {"ui", texto::kClavesUi},
+    {"access", texto::kClavesAccess},
+    {"app", texto::kClavesApp},
+    {"barcode", texto::kClavesBarcode},
+    {"cashoffice", texto::kClavesCashoffice},
+    {"device", texto::kClavesDevice},
+    {"engine", texto::kClavesEngine},
+    {"registers", texto::kClavesRegisters},
+    {"settings", texto::kClavesSettings},
+    {"store", texto::kClavesStore},
+    {"till", texto::kClavesTill},
+    {"ui", texto::kClavesUi},
 };
 
 // Keys of the section COMMON whose screens do not stand yet. One that an array holds goes from
 // here.
 constexpr auto kPorVenir =
-    "abonos2 atencion billetes2 cajon2 cierre2 cobros2 conexionEstablecida deseaGuardar "
-    "deseaSalir errorConectarZorvex errorConfiguracion errorConfiguracion2 "
-    "errorConfiguracion4 errorConfiguracion5 errorConfiguracion6 errorRecuperarDatos "
-    "errorRecuperarNiveles exploradorWindows1 ingresos2 inicial2 limiarHistorial "
-    "limpiarHistorial monedas2 NoSePuedeConectar pagos2 saldo2 vendedor2";
+    "abonos2 billetes2 cajon2 cierre2 cobros2 errorRecuperarDatos "
+    "errorRecuperarNiveles ingresos2 inicial2 limiarHistorial limpiarHistorial "
+    "monedas2 pagos2 saldo2 vendedor2";
 
 const QString kFuentes = QString::fromUtf8(QT_TESTCASE_SOURCEDIR "/../src");
 
