@@ -34,7 +34,9 @@ Monitor::Monitor(Servicios& servicios, const Exterior& exterior)
       arranque_(Partes(), conector_, instancia_, servicios.log, fast_, [this] {
           dades_ = std::make_unique<dades>(Partes().entorno.Database(), Partes().entorno.reloj);
           dades_->Inicialitza();
-      }) {}
+      }) {
+    Partes().botones.PonerAbrirFast([this] { fast_.AbrirFast(); });
+}
 
 FastPump Monitor::BombaDe() {
     FastPump bomba;

@@ -66,7 +66,11 @@ BotonesMonitor::Boton BotonesMonitor::Puerta(Pantalla pantalla, qint16 nivel,
 void BotonesMonitor::AbrirPuerta(Pantalla pantalla, qint16 nivel, const QString& lugar) {
     pulso_.ParaTimer();
     if (lugar.isEmpty() || entorno_.pantallas.ValidarUsuari(nivel, lugar)) {
-        entorno_.pantallas.Abrir(pantalla);
+        if (pantalla == Pantalla::Configuracion) {
+            AbrirConfiguracion();
+        } else {
+            entorno_.pantallas.Abrir(pantalla);
+        }
         if (pantalla == Pantalla::Caja) {
             // A close or an emptying moves money, and the cash office may have disconnected.
             entorno_.supervision.MostrarNivel();
@@ -74,6 +78,23 @@ void BotonesMonitor::AbrirPuerta(Pantalla pantalla, qint16 nivel, const QString&
         }
     }
     pulso_.ArrancaTimer();
+}
+
+void BotonesMonitor::AbrirConfiguracion() {
+    const ConfiguracioGlobal& configuracio = entorno_.configuracio;
+    const QString puerto = configuracio->ZVFastPort;
+    const bool activo = configuracio->zvFastActive;
+    const bool conectado = entorno_.supervision.Conectado();
+    entorno_.pantallas.Abrir(Pantalla::Configuracion);
+    estado_.SeguirConfiguracion();
+    if (conectado && !entorno_.supervision.Conectado()) {
+        // The address has been tested.
+        entorno_.supervision.MostrarNivel();
+    }
+    if (abrirFast_ &&
+        (configuracio->ZVFastPort != puerto || configuracio->zvFastActive != activo)) {
+        abrirFast_();
+    }
 }
 
 bool BotonesMonitor::TieneOperacion(BotonPie boton) const {

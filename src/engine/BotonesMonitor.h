@@ -27,6 +27,10 @@ class BotonesMonitor {
     BotonesMonitor(Entorno& entorno, Controles& controles, EstadoMonitor& estado, PulsoCola& pulso,
                    CobrosAgrupados& agrupados);
 
+    // What opens the fast link anew when its port or its switch has changed. A failure of it is
+    // that of the button which leads to the settings.
+    void PonerAbrirFast(std::function<void()> abrirFast) { abrirFast_ = std::move(abrirFast); }
+
     // False where the button would do nothing: it stays disabled on the screen.
     bool TieneOperacion(BotonPie boton) const;
     // Does nothing while the footer or the button is disabled.
@@ -45,6 +49,7 @@ class BotonesMonitor {
     // lugar empty: nobody is asked.
     Boton Puerta(Pantalla pantalla, qint16 nivel = 0, const QString& lugar = {});
     void AbrirPuerta(Pantalla pantalla, qint16 nivel, const QString& lugar);
+    void AbrirConfiguracion();
     // The four operations of the device, by their buttons.
     void PonerManuales();
 
@@ -53,6 +58,7 @@ class BotonesMonitor {
     EstadoMonitor& estado_;
     PulsoCola& pulso_;
     OperacionesManuales manuales_;
+    std::function<void()> abrirFast_;
     bool ocupado_ = false; // between the entry of the handler and its exit
     PorBotonPie<Boton> botones_;
 };

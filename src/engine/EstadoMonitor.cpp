@@ -119,6 +119,11 @@ void EstadoMonitor::ActualizarBotonesMonitor(bool habilitado) {
     ActualizarAviso();
 }
 
+void EstadoMonitor::SeguirConfiguracion() {
+    grid_.RecolocarColumnas(*entorno_.configuracio);
+    ActualizarBotonesMonitor(entorno_.supervision.Conectado());
+}
+
 void EstadoMonitor::PonerAgrupando(bool agrupando) {
     agrupando_ = agrupando;
     marcando_ = agrupando;

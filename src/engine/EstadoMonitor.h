@@ -20,6 +20,8 @@ class EstadoMonitor final : public VistaConexion {
     // return to "AUTO" when the settings file says so.
     void ActualizarEstado(bool automatico);
     void ActualizarBotonesMonitor(bool habilitado) override;
+    // Other settings are in force: columns of the grid and buttons.
+    void SeguirConfiguracion();
     // btnModo(i).
     void PulsarModo(int indice);
 

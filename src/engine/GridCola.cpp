@@ -189,12 +189,21 @@ void GridCola::LeerFilas(DatabaseEngine& motor, bool soloNuevas, bool sinHora) {
 
 void GridCola::ColocarColumnas(const Configuracio& configuracio, int anchoGrid, int anchoBarra,
                                int altoGrid, int altoFila) {
+    anchoGrid_ = anchoGrid;
+    anchoBarra_ = anchoBarra;
+    const SinDibujo sinDibujo(celdas_);
+    RecolocarColumnas(configuracio);
+    celdas_.PonerPagina(altoFila > 0 ? altoGrid / altoFila - 1 : 1);
+}
+
+void GridCola::RecolocarColumnas(const Configuracio& configuracio) {
     const auto oculta = [&configuracio](const Definicion& definicion) {
         return definicion.ajuste != nullptr && configuracio.*definicion.ajuste != 1;
     };
     const auto ocultas =
         static_cast<int>(std::count_if(kColumnas.begin(), kColumnas.end(), oculta));
-    const int parte = std::max(0, (anchoGrid - 2 * kAnchoBotonTwips - anchoBarra) / (8 - ocultas));
+    const int parte =
+        std::max(0, (anchoGrid_ - 2 * kAnchoBotonTwips - anchoBarra_) / (8 - ocultas));
 
     const SinDibujo sinDibujo(celdas_);
     for (int columna = 0; columna < ColumnaCola::Cuantas; ++columna) {
@@ -204,7 +213,6 @@ void GridCola::ColocarColumnas(const Configuracio& configuracio, int anchoGrid, 
             definicion.columna.contenido == Contenido::Imagen ? kAnchoBotonTwips : parte;
         celdas_.PonerAncho(columna, visible ? ancho : 0);
     }
-    celdas_.PonerPagina(altoFila > 0 ? altoGrid / altoFila - 1 : 1);
 }
 
 } // namespace zv

@@ -59,6 +59,8 @@ class GridCola {
     // settings. Page size from the heights, in any one unit.
     void ColocarColumnas(const Configuracio& configuracio, int anchoGrid, int anchoBarra,
                          int altoGrid, int altoFila);
+    // The widths again, by other settings, for the grid as it was told last.
+    void RecolocarColumnas(const Configuracio& configuracio);
 
   private:
     // What the rows were read under; those of another are read again.
@@ -80,6 +82,8 @@ class GridCola {
     std::optional<Lectura> lectura_; // none: the rows are not whole
     qint32 ultimoId_ = 0;            // idZV of the last row
     int abonos_ = 0;
+    int anchoGrid_ = 0; // twips
+    int anchoBarra_ = 0;
     std::vector<int> resaltadas_; // rows that have been coloured since the last refill
 };
 

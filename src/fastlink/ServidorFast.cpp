@@ -18,6 +18,7 @@ constexpr int kTmrMs = 1;
 ServidorFast::ServidorFast(ConfiguracioGlobal& configuracio, const FormatoRegional& formato,
                            Log& log, FastPump bomba, const QHostAddress& direccion)
     : configuracio_(configuracio), formato_(formato), log_(log), bomba_(std::move(bomba)),
+      direccion_(direccion),
       ws_(direccion, {[this](qint16 indice, const QByteArray& datos) { Llegada(indice, datos); }}),
       Tmr_(kTmrMs, [this] { Tick(); }) {}
 
@@ -28,6 +29,10 @@ void ServidorFast::AbrirFast() {
     if (configuracio_->zvFastActive) {
         ws_.Escuchar(AEntero32(configuracio_->ZVFastPort, formato_));
     }
+}
+
+bool ServidorFast::PuertoLibre(quint16 puerto) const {
+    return (ws_.Escuchando() && ws_.Puerto() == puerto) || QTcpServer().listen(direccion_, puerto);
 }
 
 void ServidorFast::Llegada(qint16 indice, const QByteArray& datos) {

@@ -34,6 +34,9 @@ class ServidorFast {
     // 6 for a port that is no number, and the failures of FastListener::Escuchar.
     void AbrirFast();
 
+    // Whether it could listen on that port; it can on the one that it listens on.
+    bool PuertoLibre(quint16 puerto) const;
+
     // One tick of Tmr; the event loop calls it.
     void Tick();
 
@@ -53,6 +56,7 @@ class ServidorFast {
     const FormatoRegional& formato_;
     Log& log_;
     FastPump bomba_;
+    QHostAddress direccion_;
     FastListener ws_;
     std::deque<Entrada> ColaMissatges_;
     Metronome Tmr_;

@@ -2,6 +2,7 @@
 #include "BancoMonitor.h"
 #include "platform/StringLiterals.h"
 #include "support/Esperas.h"
+#include "support/NumeroError.h"
 
 #include <QElapsedTimer>
 #include <QTcpServer>
@@ -60,6 +61,43 @@ TEST_F(EnlaceFastTest, AStartOpensItByTheSettings) {
 TEST_F(EnlaceFastTest, SwitchedOffItStaysClosed) {
     Cargar("ZVFastActive=0\r\n");
     EXPECT_FALSE(monitor->Fast().WS().Escuchando());
+}
+
+TEST_F(EnlaceFastTest, OtherSettingsOpenItAnewAndWhoIsConnectedStaysSo) {
+    Cargar();
+    const auto antiguo = Conectar();
+    const auto ajustar = [this](const QString& puerto, bool activo) {
+        pantallas.EsperaValidar(0, u"authConfiguracion"_s, true);
+        pantallas.EsperaAbrir(Pantalla::Configuracion, [&, this] {
+            Ajustes().ZVFastPort = puerto;
+            Ajustes().zvFastActive = activo;
+        });
+        monitor->Partes().botones.boton_Click(BotonPie::Configurar);
+    };
+    ajustar(u"16502"_s, true);
+    EXPECT_EQ(monitor->Fast().WS().Puerto(), 16502);
+    const auto nuevo = Conectar(DireccionPropia(), 16502);
+    EXPECT_EQ(Pregunta(*antiguo, "S|T1"), QByteArray("NOK|Not found"));
+    EXPECT_EQ(Pregunta(*nuevo, "S|T1"), QByteArray("NOK|Not found"));
+    ajustar(u"16502"_s, false);
+    EXPECT_FALSE(monitor->Fast().WS().Escuchando());
+    EXPECT_EQ(Pregunta(*antiguo, "S|T1"), QByteArray("NOK|Not found"));
+    ajustar(u"65535"_s, true);
+    EXPECT_EQ(monitor->Fast().WS().Puerto(), 65535);
+
+    QTcpServer otro;
+    ASSERT_TRUE(otro.listen(QHostAddress(DireccionPropia()), 16503));
+    for (const auto& [puerto, fallo] :
+         {std::pair<QString, int>{u"65536"_s, 380}, {u"-1"_s, 380}, {u"16503"_s, 10048}}) {
+        EXPECT_EQ(NumeroError([&] { ajustar(puerto, true); }), fallo);
+        EXPECT_FALSE(monitor->Fast().WS().Escuchando());
+        monitor->Partes().controles.Poner(&EstadoControles::framePie, true);
+    }
+    EXPECT_FALSE(monitor->Fast().PuertoLibre(16503));
+    EXPECT_TRUE(monitor->Fast().PuertoLibre(16502));
+    ajustar(u"16502"_s, true);
+    EXPECT_TRUE(monitor->Fast().PuertoLibre(16502)); // its own
+    EXPECT_TRUE(monitor->Fast().WS().Escuchando());
 }
 
 TEST_F(EnlaceFastTest, UnlessToldOtherwiseItListensOnEveryInterface) {

@@ -114,6 +114,59 @@ TEST_F(BotonesMonitorTest, TheCashOfficeLeavesLampsAndButtonsUpToDate) {
     EXPECT_FALSE(C().boton[BotonPie::Desconectar]);
 }
 
+TEST_F(BotonesMonitorTest, SettingsThatHaveBeenSavedAreFollowedAtOnce) {
+    ConectarCon(5000);
+    grid.ColocarColumnas(*entorno.configuracio, 15000, 300, 480, 48);
+    ASSERT_TRUE(C().boton[BotonPie::Pago]);
+    ASSERT_EQ(grid.Celdas().ColumnaDe(ColumnaCola::Vendedor).ancho, 0);
+    const int antes = grid.Celdas().ColumnaDe(ColumnaCola::Fecha).ancho;
+    pantallas.EsperaValidar(0, u"authConfiguracion"_s, true);
+    pantallas.EsperaAbrir(Pantalla::Configuracion, [this] {
+        entorno.configuracio->BLOQUEARPAGOS = 1;
+        entorno.configuracio->COLVENDEDOR = 1;
+        entorno.configuracio->Modo = u"SEMI"_s;
+    });
+    botones.boton_Click(BotonPie::Configurar);
+    EXPECT_FALSE(C().boton[BotonPie::Pago]);
+    EXPECT_GT(grid.Celdas().ColumnaDe(ColumnaCola::Vendedor).ancho, 0);
+    EXPECT_LT(grid.Celdas().ColumnaDe(ColumnaCola::Fecha).ancho, antes);
+    EXPECT_TRUE(C().btnModo[2]);
+    EXPECT_FALSE(C().ShapeCritico); // the levels have not been asked for
+}
+
+TEST_F(BotonesMonitorTest, ADeviceThatTheSettingsHaveLeftShowsSo) {
+    ConectarCon(5000);
+    pantallas.EsperaValidar(0, u"authConfiguracion"_s, true);
+    pantallas.EsperaAbrir(Pantalla::Configuracion, [this] { supervision.MarcarDesconectado(); });
+    botones.boton_Click(BotonPie::Configurar);
+    EXPECT_TRUE(C().ShapeCritico);
+    EXPECT_TRUE(C().boton[BotonPie::Conectar]);
+    EXPECT_FALSE(C().boton[BotonPie::Desconectar]);
+    EXPECT_FALSE(C().boton[BotonPie::Pago]);
+}
+
+TEST_F(BotonesMonitorTest, TheFastLinkIsOpenedAnewOnlyWhenItsPortOrItsSwitchHasChanged) {
+    int veces = 0;
+    const auto ajustar = [&](std::function<void(Configuracio&)> cambio) {
+        veces = 0;
+        botones.PonerAbrirFast([&] {
+            ++veces;
+            EXPECT_FALSE(pulso.Armado());
+        });
+        pantallas.EsperaValidar(0, u"authConfiguracion"_s, true);
+        pantallas.EsperaAbrir(Pantalla::Configuracion, [&] { cambio(*entorno.configuracio); });
+        botones.boton_Click(BotonPie::Configurar);
+        return veces;
+    };
+    EXPECT_EQ(ajustar([](Configuracio&) {}), 0);
+    EXPECT_EQ(ajustar([](Configuracio& cfg) { cfg.IP = u"otra"_s; }), 0);
+    EXPECT_EQ(ajustar([](Configuracio& cfg) { cfg.ZVFastPort = u"17000"_s; }), 1);
+    EXPECT_EQ(ajustar([](Configuracio& cfg) { cfg.zvFastActive = !cfg.zvFastActive; }), 1);
+    EXPECT_EQ(ajustar([](Configuracio& cfg) { cfg.ZVFastPort = u"17000"_s; }), 0);
+    // Another text for the same number is another setting.
+    EXPECT_EQ(ajustar([](Configuracio& cfg) { cfg.ZVFastPort = u" 17000"_s; }), 1);
+}
+
 TEST_F(BotonesMonitorTest, ConnectAndDisconnectAreTheSupervisions) {
     ConectarCon(5000);
     cliente.EsperaDisconnect();

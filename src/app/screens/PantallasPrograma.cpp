@@ -10,7 +10,9 @@
 #include "registers/ImpresionListado.h"
 #include "registers/OperacionesListado.h"
 #include "registers/screens/frmListado.h"
+#include "settings/screens/frmCfgMonitor.h"
 #include "store/ExportarCSV.h"
+#include "ui/TecladoPantalla.h"
 #include "ui/screens/ImpresoraSistema.h"
 
 #include <QApplication>
@@ -32,11 +34,11 @@ bool PantallasPrograma::Existe(Pantalla pantalla) const {
     case Pantalla::Usuarios:
     case Pantalla::Caja:
     case Pantalla::Balanza:
+    case Pantalla::Configuracion:
         return true;
     case Pantalla::BotonAcceso:
         return static_cast<bool>(botonAcceso_);
     case Pantalla::Historial:
-    case Pantalla::Configuracion:
         break;
     }
     return false;
@@ -57,6 +59,8 @@ void PantallasPrograma::Abrir(Pantalla pantalla) {
         AbrirListado(ModoListado::Incidencias);
     } else if (pantalla == Pantalla::Accesos) {
         AbrirListado(ModoListado::Accesos);
+    } else if (pantalla == Pantalla::Configuracion) {
+        AbrirConfiguracion();
     } else if (pantalla == Pantalla::BotonAcceso && botonAcceso_) {
         botonAcceso_();
     }
@@ -120,6 +124,13 @@ void PantallasPrograma::AbrirListado(ModoListado modo) {
                                          e.reloj, e.dialogos, e.textos);
                          }},
                         PadreVisible(padre_));
+    pantalla.exec();
+    pantalla.LanzarFallo();
+}
+
+void PantallasPrograma::AbrirConfiguracion() {
+    CfgMonitor cfg(*entorno_, {puertoLibre_, [] { return AbrirTecladoPantalla(); }});
+    frmCfgMonitor pantalla(cfg, padre_ ? padre_() : nullptr);
     pantalla.exec();
     pantalla.LanzarFallo();
 }

@@ -20,6 +20,9 @@ class PantallasPrograma final : public Pantallas {
                                std::function<void()> botonAcceso = {})
         : padre_(std::move(padre)), botonAcceso_(std::move(botonAcceso)) {}
 
+    // Whether the fast link could listen on a port: for the settings.
+    void PonerPuertoLibre(std::function<bool(quint16)> libre) { puertoLibre_ = std::move(libre); }
+
     // The till that the screens work with: once, before the first of them is asked for. It must
     // outlive this.
     void PonerEntorno(Entorno& entorno);
@@ -33,9 +36,11 @@ class PantallasPrograma final : public Pantallas {
     void AbrirUsuarios();
     void AbrirCaja();
     void AbrirListado(ModoListado modo);
+    void AbrirConfiguracion();
 
     std::function<QWidget*()> padre_;
     std::function<void()> botonAcceso_;
+    std::function<bool(quint16)> puertoLibre_;
     Entorno* entorno_ = nullptr;
     std::optional<LoginPantalla> login_;
 };

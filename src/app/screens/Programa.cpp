@@ -26,6 +26,8 @@ QWidget* Programa::Padre() {
 bool Programa::Arrancar() {
     monitor_.emplace(servicios_, Exterior{cliente_, dialogos_, procesos_, shell_, pantallas_});
     pantallas_.PonerEntorno(monitor_->Partes().entorno);
+    pantallas_.PonerPuertoLibre(
+        [this](quint16 puerto) { return monitor_->Fast().PuertoLibre(puerto); });
     pantalla_.emplace(
         monitor_->Partes(),
         AccionesVentana{[this] { Terminar(); },

@@ -57,11 +57,10 @@ class PantallasProgramaTest : public BancoMonitor {
 TEST_F(PantallasProgramaTest, HasThoseThatAreBuiltAndNoOtherYet) {
     for (const Pantalla pantalla :
          {Pantalla::CambioContrasena, Pantalla::Usuarios, Pantalla::Caja, Pantalla::Balanza,
-          Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Accesos}) {
+          Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Accesos, Pantalla::Configuracion}) {
         EXPECT_TRUE(programa.Existe(pantalla));
     }
-    for (const Pantalla pantalla :
-         {Pantalla::Historial, Pantalla::Configuracion, Pantalla::BotonAcceso}) {
+    for (const Pantalla pantalla : {Pantalla::Historial, Pantalla::BotonAcceso}) {
         EXPECT_FALSE(programa.Existe(pantalla));
         programa.Abrir(pantalla); // nothing happens
     }
@@ -238,6 +237,31 @@ TEST_F(PantallasProgramaTest, AResendThatCannotBeDatedIsTheCallersFailure) {
               13);
     EXPECT_EQ(Cuenta(u"cola"_s), 0);
     EXPECT_EQ(Cuenta(u"procesados WHERE estado='ERROR'"_s), 1);
+}
+
+TEST_F(PantallasProgramaTest, TheSettingsAreSavedAndInForce) {
+    programa.PonerPuertoLibre(
+        [this](quint16 puerto) { return monitor->Fast().PuertoLibre(puerto); });
+    dialogos.EsperaMensaje(u"¡Atención!"_s, u"¿Desea guardar los cambios?"_s, Respuesta::Si);
+    Abrir(Pantalla::Configuracion, [](QDialog& d) {
+        EXPECT_EQ(d.objectName(), u"frmCfgMonitor"_s);
+        EXPECT_EQ(d.findChild<QLabel*>(u"lbNotaPuerto"_s)->text(), QString()); // its own
+        d.findChild<QLineEdit*>(u"tbCfg_0"_s)->setText(u"127.0.0.9"_s);
+        Tocar(d, "boton_1");
+    });
+    EXPECT_EQ(Ajustes().IP, u"127.0.0.9"_s);
+}
+
+TEST_F(PantallasProgramaTest, AFailureOfTheSettingsIsTheCallers) {
+    dialogos.EsperaMensaje(u"¡Atención!"_s, u"¿Desea guardar los cambios?"_s, Respuesta::Si);
+    EXPECT_EQ(NumeroError([&] {
+                  Abrir(Pantalla::Configuracion, [](QDialog& d) {
+                      d.findChild<QLineEdit*>(u"tbCfg_1"_s)->setText(u"9e9"_s);
+                      Tocar(d, "boton_1");
+                  });
+              }),
+              6);
+    EXPECT_EQ(Ajustes().REFRESCO, 2);
 }
 
 TEST_F(PantallasProgramaTest, AFailureWhileTheCashOfficeComesUpIsTheCallers) {
