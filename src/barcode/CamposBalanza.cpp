@@ -9,6 +9,7 @@
 #include "ui/Textos.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace zv {
 
@@ -51,8 +52,11 @@ bool CamposBalanza::Cambiado() const {
     return !std::ranges::equal(campos_, cargados_, {}, &Campo::texto);
 }
 
+// As it will be stored, halves to even: two fields that differ by less than a character are not in
+// order.
 std::optional<double> CamposBalanza::Numero(int indice) const {
-    return formato_.LeerNumero(campos_[indice].texto);
+    const std::optional<double> numero = formato_.LeerNumero(campos_[indice].texto);
+    return numero ? std::optional(std::nearbyint(*numero)) : std::nullopt;
 }
 
 int CamposBalanza::Entero(int indice) const {

@@ -205,6 +205,19 @@ TEST_F(CamposBalanzaTest, AGoodValueIsNoLongerRed) {
     EXPECT_EQ(Malos(), QString());
 }
 
+TEST_F(CamposBalanzaTest, FractionsCountAsTheyAreStored) {
+    Pon({u"13"_s, u"1,5"_s, u"7,6"_s, u"8,5"_s, u"12,4"_s, u"0,5"_s});
+    EXPECT_EQ(campos.Layout(), (LayoutCodigo{13, true, 2, 8, 8, 12, 0}));
+    EXPECT_EQ(campos.Aceptar(), 3); // on the last character of the ticket
+    campos.Escribir(3, u"8,6"_s);
+    const LayoutCodigo visto = campos.Layout();
+    EXPECT_EQ(campos.Aceptar(), std::nullopt);
+    EXPECT_EQ(LayoutDe(cfg), visto);
+    EXPECT_EQ(Ajustes(), u"13 1 2 8 9 12 0"_s);
+    EXPECT_EQ(Teclea(1, u"0,5"_s), 1); // nothing
+    EXPECT_EQ(Teclea(0, u"-0,5"_s), 1);
+}
+
 TEST_F(CamposBalanzaTest, AFieldThatIsNoNumberCountsAsZeroForTheOthers) {
     campos.Escribir(0, u"x"_s);
     EXPECT_EQ(Teclea(3, u"8"_s), 3);

@@ -31,8 +31,12 @@ namespace {
 constexpr int kSalir = 0;
 constexpr int kAceptar = 1;
 constexpr int kAnchoCampo = 96;
-constexpr int kBajoTitulo = 10;
-constexpr int kCifrasTotal = 12; // "123.456,78 €"
+constexpr int kBajoTitulo = 6;
+constexpr int kAltoTira = 72;
+constexpr int kFilas = 5;
+constexpr int kAltoFila = 52;     // two lines of a caption
+constexpr std::size_t kCorto = 8; // "A cobrar"
+constexpr int kCifrasTotal = 12;  // "123.456,78 €"
 // Longer than any code that can be set, so that a scan that is too long is seen as what it is.
 constexpr int kLargoPrueba = 512;
 
@@ -72,8 +76,8 @@ Balanza::Balanza(const Importes& importes, std::function<int()> decimales, const
     Rotular(*lbTitulo(), texto::kBalanzaTitulo);
     auto* arriba = new QHBoxLayout;
     arriba->setSpacing(12);
-    arriba->addWidget(Campos(), 60);
-    arriba->addWidget(Prueba(), 40);
+    arriba->addWidget(Campos(), 70);
+    arriba->addWidget(Prueba(), 30);
     Cuerpo()->addLayout(arriba);
     Cuerpo()->addWidget(Codigo(), 1);
     TraducirPantalla(*this, textos_);
@@ -95,13 +99,14 @@ QLabel* Balanza::Rotulo(const Clave& clave, QWidget* padre) {
     auto* rotulo = new QLabel(padre);
     Rotular(*rotulo, clave);
     tema::PonerLetra(*rotulo, tema::Letra::Texto);
+    rotulo->setWordWrap(clave.porDefecto.size() > kCorto); // in another language it may be long
     return rotulo;
 }
 
 QLineEdit* Balanza::CrearCampo(int indice, QWidget* padre) {
     auto* campo = new QLineEdit(padre);
     campo->setObjectName(u"TBal_%1"_s.arg(indice));
-    campo->setMinimumWidth(kAnchoCampo);
+    campo->setFixedWidth(kAnchoCampo);
     campo->installEventFilter(this);
     connect(campo, &QLineEdit::textEdited, this, [this, indice](const QString& texto) {
         campos_.Escribir(indice, texto);
@@ -115,7 +120,9 @@ QLineEdit* Balanza::CrearCampo(int indice, QWidget* padre) {
 
 void Balanza::LineaDesdeHasta(QGridLayout& rejilla, int fila, QWidget* titulo, int desde,
                               QWidget* padre) {
-    rejilla.addWidget(titulo, fila, 0);
+    if (titulo != nullptr) {
+        rejilla.addWidget(titulo, fila, 0);
+    }
     for (int i = 0; i < 2; ++i) {
         QLineEdit* campo = CrearCampo(desde + i, padre);
         rejilla.addWidget(rotulos_[desde + i], fila, 1 + 2 * i, Qt::AlignRight | Qt::AlignVCenter);
@@ -128,23 +135,27 @@ Tarjeta* Balanza::Campos() {
     auto* rejilla = new QGridLayout;
     rejilla->setContentsMargins(0, kBajoTitulo, 0, 0);
     rejilla->setHorizontalSpacing(10);
-    rejilla->setVerticalSpacing(4);
+    rejilla->setVerticalSpacing(0);
+    for (int fila = 0; fila < kFilas; ++fila) {
+        rejilla->setRowMinimumHeight(fila, kAltoFila);
+    }
     rejilla->setColumnStretch(0, 1);
 
     QLineEdit* largo = CrearCampo(0, tarjeta);
-    rejilla->addWidget(rotulos_[0], 0, 0);
+    rejilla->addWidget(rotulos_[0], 0, 0, 1, 4);
     rejilla->addWidget(largo, 0, 4);
     Check1_ = new Interruptor(texto::kBalanzaTicket, textos_, tarjeta);
     connect(Check1_, &Interruptor::toggled, this, [this](bool marcado) {
         campos_.Check1_Click(marcado);
         Seguir();
     });
-    LineaDesdeHasta(*rejilla, 1, Check1_, 1, tarjeta);
+    rejilla->addWidget(Check1_, 1, 0, 1, 5);
+    LineaDesdeHasta(*rejilla, 2, nullptr, 1, tarjeta);
     lblValor_ = Rotulo(texto::kBalanzaValor, tarjeta);
-    LineaDesdeHasta(*rejilla, 2, lblValor_, 3, tarjeta);
+    LineaDesdeHasta(*rejilla, 3, lblValor_, 3, tarjeta);
     QLineEdit* decimales = CrearCampo(5, tarjeta);
-    rejilla->addWidget(rotulos_[5], 3, 0);
-    rejilla->addWidget(decimales, 3, 4);
+    rejilla->addWidget(rotulos_[5], 4, 0, 1, 4);
+    rejilla->addWidget(decimales, 4, 4);
     tarjeta->Cuerpo()->addLayout(rejilla);
     tarjeta->Cuerpo()->addStretch(1);
 
@@ -193,33 +204,34 @@ Tarjeta* Balanza::Prueba() {
     tarjeta->Cuerpo()->addLayout(rejilla);
     tarjeta->Cuerpo()->addWidget(lbNota_);
     tarjeta->Cuerpo()->addStretch(1);
+    // What the colours of the strip below mean.
+    auto* leyenda = new QGridLayout;
+    leyenda->setHorizontalSpacing(8);
+    leyenda->setColumnStretch(1, 1);
+    const std::pair<ZonaCodigo, const Clave*> zonas[] = {
+        {ZonaCodigo::Ticket, &texto::kBalanzaZonaTicket},
+        {ZonaCodigo::Importe, &texto::kBalanzaZonaImporte}};
+    for (const auto& [zona, clave] : zonas) {
+        const int fila = leyenda->rowCount();
+        leyenda->addWidget(new MuestraZona(zona, tarjeta), fila, 0);
+        leyenda->addWidget(Rotulo(*clave, tarjeta), fila, 1);
+    }
+    tarjeta->Cuerpo()->addLayout(leyenda);
     return tarjeta;
 }
 
 Tarjeta* Balanza::Codigo() {
     auto* tarjeta = new Tarjeta(texto::kBalanzaCodigoTarjeta, this);
-    auto* leyenda = new QHBoxLayout;
-    leyenda->setContentsMargins(0, kBajoTitulo, 0, 0);
-    leyenda->setSpacing(8);
-    const std::pair<ZonaCodigo, const Clave*> zonas[] = {
-        {ZonaCodigo::Ticket, &texto::kBalanzaZonaTicket},
-        {ZonaCodigo::Importe, &texto::kBalanzaZonaImporte}};
-    for (const auto& [zona, clave] : zonas) {
-        leyenda->addWidget(new MuestraZona(zona, tarjeta));
-        leyenda->addWidget(Rotulo(*clave, tarjeta));
-        leyenda->addSpacing(16);
-    }
-    leyenda->addStretch(1);
     auto* zona = new QScrollArea(tarjeta);
     zona->setWidgetResizable(true);
     zona->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     zona->setFocusPolicy(Qt::NoFocus);
+    zona->setMinimumHeight(kAltoTira); // less than its bar would ask for
     zona->viewport()->setAutoFillBackground(false);
     tira_ = new TiraCodigo(zona);
     Nombrar(*tira_, texto::kBalanzaTira);
     zona->setWidget(tira_);
     tira_->setAutoFillBackground(false); // the card shows through
-    tarjeta->Cuerpo()->addLayout(leyenda);
     tarjeta->Cuerpo()->addWidget(zona, 1);
     return tarjeta;
 }
@@ -258,7 +270,8 @@ bool Balanza::TeclaDeCampo(QObject* objeto, int tecla) {
 }
 
 void Balanza::Pulsado(int indice) {
-    if (indice == kAceptar) {
+    // A second touch may come with the first, when the screen has ended.
+    if (indice == kAceptar && isVisible()) {
         fallo_.Hacer(*this, [this] { Aceptar(); });
     }
 }

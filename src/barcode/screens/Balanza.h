@@ -41,6 +41,7 @@ class Balanza final : public PantallaCompleta {
     QLabel* Rotulo(const Clave& clave, QWidget* padre);
     QLineEdit* CrearCampo(int indice, QWidget* padre);
     Tarjeta* Campos();
+    // titulo may be null, where the line above is it.
     void LineaDesdeHasta(QGridLayout& rejilla, int fila, QWidget* titulo, int desde,
                          QWidget* padre);
     Tarjeta* Prueba();

@@ -2,6 +2,7 @@
 #include "barcode/screens/Balanza.h"
 
 #include "../BancoBalanza.h"
+#include "barcode/Claves.h"
 #include "barcode/screens/TiraCodigo.h"
 #include "support/PantallaInglesa.h"
 #include "ui/screens/Interruptor.h"
@@ -270,6 +271,15 @@ TEST_F(BalanzaTest, AcceptCopiesAndLeaves) {
     pantalla->LanzarFallo();
 }
 
+TEST_F(BalanzaTest, ASecondTouchOnAcceptDoesNothingMore) {
+    Abrir();
+    Tocar("boton_1_Lit");
+    TBal(0).clear();
+    QTest::keyClicks(&TBal(0), u"20"_s);
+    Control<QToolButton>("boton_1_Lit").click();
+    EXPECT_EQ(Ajustes(), u"13 1 2 7 8 12 2"_s);
+}
+
 TEST_F(BalanzaTest, AcceptStaysAtTheFieldThatIsRefused) {
     Abrir();
     Escribir(TBal(4), u"14"_s);
@@ -344,6 +354,37 @@ TEST_F(BalanzaTest, PastedLineEndsAndLongTextsBreakNothing) {
     Tocar("boton_1_Lit");
     EXPECT_TRUE(pantalla->isVisible());
     EXPECT_EQ(Ajustes(), u"13 1 2 7 8 12 2"_s);
+}
+
+// Of a language whose words are twice as long.
+TEST_F(BalanzaTest, CaptionsTwiceAsLongStayInTheWindow) {
+    QByteArray fichero = "[Balanza]\r\n";
+    for (const Clave& clave : texto::kClavesBarcode) {
+        if (clave.Seccion() == u"Balanza"_s) {
+            fichero +=
+                (clave.Nombre() + u'=' + clave.PorDefecto() + u' ' + clave.PorDefecto() + u"\r\n"_s)
+                    .toUtf8();
+        }
+    }
+    carpeta.Pon(u"RWLang.ini"_s, "\xEF\xBB\xBF" + fichero);
+    for (const QSize& tamano : {QSize(1024, 768), QSize(1920, 1080)}) {
+        Abrir(tamano);
+        Escanear(u"2ABCDEF012509"_s);
+        Turnos();
+        EXPECT_EQ(Control("TBal_5_Lit").text(),
+                  u"Numero de decimales en el importe Numero de decimales en el importe"_s);
+        EXPECT_EQ(pantalla->size(), tamano);
+        for (QLabel* etiqueta : pantalla->findChildren<QLabel*>()) {
+            if (etiqueta->isVisible() && !etiqueta->objectName().isEmpty() &&
+                etiqueta->objectName() != u"lbTicket"_s) {
+                const QRect sitio = etiqueta->fontMetrics().boundingRect(
+                    QRect(0, 0, etiqueta->width(), QWIDGETSIZE_MAX),
+                    etiqueta->wordWrap() ? Qt::TextWordWrap : 0, etiqueta->text());
+                EXPECT_LE(sitio.width(), etiqueta->width()) << etiqueta->text().toStdString();
+                EXPECT_LE(sitio.height(), etiqueta->height()) << etiqueta->text().toStdString();
+            }
+        }
+    }
 }
 
 TEST_F(BalanzaTest, EverythingLiesInTheWindowAndIsLargeEnough) {
