@@ -26,8 +26,8 @@ const QString kNulo = u"Nulo"_s;
 constexpr int kAnchoOperacion = 1500; // twips, as are the others
 constexpr int kAnchoTerminal = 1200;
 constexpr int kAnchoFormaPago = 1200;
-constexpr int kAnchoVendedor = 960;
-constexpr int kAnchoEstado = 960;
+constexpr int kAnchoVendedor = 1200;
+constexpr int kAnchoEstado = 1020;
 constexpr int kHolgura = 30;
 
 constexpr auto kCentro = Qt::AlignCenter;

@@ -93,7 +93,6 @@ register.press(ALL)
 message(T("descartarIncidencias", "Descartar incidencias"),
         T("descartarIncidencias2", "¿Desea archivar todas las incidencias mostradas?"), YES)
 wait("the empty register", lambda: register.grid.count() == 0)
-register.window.says(caption("frmListado", "lbVacia", "No hay nada que mostrar"))
 register.leave()
 wait_rows("all of them", "SELECT DISTINCT idCierre FROM procesados WHERE estado<>'OK'", ["-1"])
 

@@ -312,12 +312,12 @@ QList<int> Anchos(const Listado& listado) {
 TEST_F(ListadoTest, WidthsOfTheColumns) {
     listado.AjustarColumnas(kAnchos); // before the first filling
     listado.RellenaGrdZv(ModoListado::Incidencias);
-    const int parte = (14000 - 210 - 30 - 1290 - 1300 - 1500 - 1200 - 1200 - 960 - 960) / 6;
-    EXPECT_EQ(Anchos(listado), (QList<int>{1290, 0, parte, 1500, parte, 1200, 960, 1200, parte,
-                                           parte, parte, 960, parte, 1300}));
+    const int parte = (14000 - 210 - 30 - 1290 - 1300 - 1500 - 1200 - 1200 - 1200 - 1020) / 6;
+    EXPECT_EQ(Anchos(listado), (QList<int>{1290, 0, parte, 1500, parte, 1200, 1200, 1200, parte,
+                                           parte, parte, 1020, parte, 1300}));
     listado.RellenaGrdZv(ModoListado::Cobros);
-    const int mayor = (14000 - 210 - 30 - 1290 - 1300 - 1500 - 1200 - 1200 - 960) / 6;
-    EXPECT_EQ(Anchos(listado), (QList<int>{1290, 0, mayor, 1500, mayor, 1200, 960, 1200, mayor,
+    const int mayor = (14000 - 210 - 30 - 1290 - 1300 - 1500 - 1200 - 1200 - 1200) / 6;
+    EXPECT_EQ(Anchos(listado), (QList<int>{1290, 0, mayor, 1500, mayor, 1200, 1200, 1200, mayor,
                                            mayor, mayor, 0, mayor, 1300}));
     listado.RellenaGrdZv(ModoListado::Accesos);
     const int tercio = (14000 - 210 - 30) / 3;

@@ -23,7 +23,8 @@ namespace zv {
 namespace {
 
 constexpr int kTwipsPorPixel = 15;
-constexpr int kAnchoBoton = 86;
+constexpr int kAnchoBoton = 80;
+constexpr int kCifrasTotales = 24; // "123.456,78 €" twice
 
 constexpr EntradaPie Entrada(BotonListado boton, std::u16string_view icono, bool hueco = false,
                              EntradaPie::Clase clase = EntradaPie::Clase::Orden) {
@@ -53,11 +54,8 @@ QToolButton* BotonDeImagen(QWidget* padre, const QString& nombre, const QString&
 frmListado::frmListado(Listado& listado, ModoListado modo, AccionesListado acciones, QWidget* padre)
     : PantallaCompleta(u"frmListado"_s, kPie, padre), listado_(listado), modo_(modo),
       acciones_(std::move(acciones)) {
-    paginador_ = PonerPaginador();
-    paginador_->PonerExtremos();
-    Cuerpo()->setSpacing(4);
     Cuerpo()->addWidget(Filas(), 1);
-    Cuerpo()->addWidget(Totales());
+    Cuerpo()->addWidget(PieDeLista());
     TraducirPantalla(*this, listado_.ElEntorno().textos);
     PonerTitulo(listado_.ElEntorno().textos.Traduce(TituloDe(modo_)));
     Conectar();
@@ -135,16 +133,32 @@ QWidget* frmListado::Filas() {
     return marco;
 }
 
-QWidget* frmListado::Totales() {
-    totales_ = new QWidget(this);
-    auto* linea = new QHBoxLayout(totales_);
-    linea->setContentsMargins(0, 0, 0, 0);
+// Below the grid, which needs the whole width for its columns.
+QWidget* frmListado::PieDeLista() {
+    auto* pie = new QWidget(this);
+    auto* linea = new QHBoxLayout(pie);
+    linea->setContentsMargins(0, 0, 12, 0);
     linea->setSpacing(12);
-    linea->addStretch(1);
-    lbCobros_ = Total(texto::kTotalCobros, "lbCobros", *linea);
-    linea->addSpacing(24);
-    lbPagos_ = Total(texto::kTotalPagos, "lbPagos", *linea);
-    return totales_;
+    paginador_ = new Paginador(u"pctScrollBar"_s, pie);
+    paginador_->PonerExtremos();
+    paginador_->Tumbar();
+    linea->addWidget(paginador_);
+    lbDetalle_ = new QLabel(pie);
+    lbDetalle_->setObjectName(u"lbDetalle"_s);
+    lbDetalle_->setWordWrap(true);
+    lbDetalle_->setTextFormat(Qt::PlainText);
+    tema::PonerLetra(*lbDetalle_, tema::Letra::Nota);
+    linea->addWidget(lbDetalle_, 1);
+
+    totales_ = new QWidget(pie);
+    auto* totales = new QHBoxLayout(totales_);
+    totales->setContentsMargins(0, 0, 0, 0);
+    totales->setSpacing(12);
+    lbCobros_ = Total(texto::kTotalCobros, "lbCobros", *totales);
+    totales->addSpacing(24);
+    lbPagos_ = Total(texto::kTotalPagos, "lbPagos", *totales);
+    linea->addWidget(totales_);
+    return pie;
 }
 
 QLabel* frmListado::Total(const Clave& clave, const char* nombre, QHBoxLayout& linea) {
@@ -190,6 +204,7 @@ void frmListado::Tocada(int fila, int columna, bool debajo) {
     }
     bool salir = false;
     Ocupar([&] { salir = acciones_.tocar && acciones_.tocar(fila, columna, debajo); });
+    SeguirPaginas(); // another row is selected
     if (salir) {
         accept();
     }
@@ -256,16 +271,24 @@ void frmListado::SeguirTotales(const EstadoListado& estado) {
     const std::pair<QLabel*, const QString*> totales[] = {{lbCobros_, &estado.lbCobros},
                                                           {lbPagos_, &estado.lbPagos}};
     const Clave* const claves[] = {&texto::kTotalCobros, &texto::kTotalPagos};
+    // Two long ones beside each other have the letters of other amounts.
+    const bool largos = estado.lbCobros.size() + estado.lbPagos.size() > kCifrasTotales;
     for (std::size_t i = 0; i < 2; ++i) {
         const auto& [etiqueta, importe] = totales[i];
         etiqueta->setText(*importe);
+        tema::PonerLetra(*etiqueta, largos ? tema::Letra::Cifra : tema::Letra::Total);
         const auto* rotulo = findChild<QLabel*>(claves[i]->Nombre());
         etiqueta->setAccessibleName((rotulo->text() + u' ' + *importe).trimmed());
     }
 }
 
 void frmListado::SeguirPaginas() {
-    paginador_->Habilitar(listado_.grdZV().HayAnterior(), listado_.grdZV().HaySiguiente());
+    const Rejilla& rejilla = listado_.grdZV();
+    paginador_->Habilitar(rejilla.HayAnterior(), rejilla.HaySiguiente());
+    const bool incidencia = modo_ == ModoListado::Incidencias && rejilla.FilaActual() > 0 &&
+                            rejilla.FilaActual() <= rejilla.FilasDatos();
+    lbDetalle_->setText(incidencia ? rejilla.Texto(rejilla.FilaActual(), ColumnaListado::Error)
+                                   : QString());
 }
 
 void frmListado::ColocarColumnas() {
@@ -306,6 +329,13 @@ void frmListado::keyPressEvent(QKeyEvent* evento) {
         return;
     }
     SeguirPaginas();
+}
+
+void frmListado::resizeEvent(QResizeEvent* evento) {
+    PantallaCompleta::resizeEvent(evento);
+    // Fourteen columns: no margin beside them.
+    Cuerpo()->setContentsMargins(0, 0, 0, Px(4));
+    Cuerpo()->setSpacing(Px(4));
 }
 
 bool frmListado::eventFilter(QObject* objeto, QEvent* evento) {

@@ -48,11 +48,12 @@ class frmListado final : public PantallaCompleta {
     bool PuedeSalir() override { return !ocupado_; }
     void showEvent(QShowEvent* evento) override;
     void keyPressEvent(QKeyEvent* evento) override;
+    void resizeEvent(QResizeEvent* evento) override;
     bool eventFilter(QObject* objeto, QEvent* evento) override;
 
   private:
     QWidget* Filas();
-    QWidget* Totales();
+    QWidget* PieDeLista();
     QLabel* Total(const Clave& clave, const char* nombre, class QHBoxLayout& linea);
     void Conectar();
     void AlAparecer();
@@ -72,6 +73,7 @@ class frmListado final : public PantallaCompleta {
     QLabel* lbVacia_ = nullptr;
     QLabel* lbCobros_ = nullptr;
     QLabel* lbPagos_ = nullptr;
+    QLabel* lbDetalle_ = nullptr; // the selected incident's error, whole
     QWidget* totales_ = nullptr;
     QProgressBar* progreso_ = nullptr;
     Paginador* paginador_ = nullptr;

@@ -44,17 +44,29 @@ void Paginador::PonerExtremos() {
     Escalar(escala_);
 }
 
+void Paginador::Tumbar() {
+    tumbado_ = true;
+    static_cast<QVBoxLayout*>(layout())->setDirection(QBoxLayout::LeftToRight);
+    setMinimumWidth(0);
+    setMaximumWidth(QWIDGETSIZE_MAX);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    Escalar(escala_);
+}
+
 void Paginador::Escalar(double escala) {
     escala_ = escala;
     const auto px = [escala](int pixeles) { return tema::Px(pixeles, escala); };
-    setFixedWidth(px(kAncho));
+    if (!tumbado_) {
+        setFixedWidth(px(kAncho));
+    }
     layout()->setContentsMargins(px(6), px(6), px(6), px(6));
     for (QToolButton* boton : {btnTop_, btnArriba_, btnAbajo_, btnBottom_}) {
         if (boton == nullptr) {
             continue;
         }
         boton->setIconSize(QSize(px(36), px(36)));
-        boton->setFixedSize(px(tema::kTeclaMinima), px(tema::kTeclaMinima + 16));
+        const QSize lados(px(tema::kTeclaMinima), px(tema::kTeclaMinima + 16));
+        boton->setFixedSize(tumbado_ ? lados.transposed() : lados);
     }
 }
 

@@ -22,6 +22,8 @@ class Paginador final : public QFrame, public Escalable {
     QToolButton* BtnAbajo() const { return btnAbajo_; }
     // Adds the two that go to the first and to the last row.
     void PonerExtremos();
+    // Beside each other, below the grid instead of beside it.
+    void Tumbar();
     QToolButton* BtnTop() const { return btnTop_; }
     QToolButton* BtnBottom() const { return btnBottom_; }
     // Whether there are rows above what is seen, and below.
@@ -35,6 +37,7 @@ class Paginador final : public QFrame, public Escalable {
     QToolButton* btnAbajo_;
     QToolButton* btnTop_ = nullptr;
     QToolButton* btnBottom_ = nullptr;
+    bool tumbado_ = false;
     double escala_ = 1;
 };
 

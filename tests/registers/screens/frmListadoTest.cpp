@@ -313,6 +313,40 @@ TEST_F(frmListadoTest, PagesEndsAndKeysMoveTheList) {
     }
 }
 
+TEST_F(frmListadoTest, TheErrorOfTheSelectedIncidentIsSaidWhole) {
+    PonerIncidencias(1);
+    Poner({.estado = u"ERROR"_s, .error = u"12 - No se puede dar el cambio exacto"_s});
+    Abrir(ModoListado::Incidencias);
+    EXPECT_EQ(Control("lbDetalle").text(), QString());
+    QTest::keyClick(pantalla.get(), Qt::Key_Down);
+    EXPECT_EQ(Control("lbDetalle").text(), u"12 - No se puede dar el cambio exacto"_s);
+    QTest::keyClick(pantalla.get(), Qt::Key_Up);
+    EXPECT_EQ(Control("lbDetalle").text(), QString());
+    alTocar = [this] {
+        listado.grdZV().PonerFilaActual(2);
+        return false;
+    };
+    Tocar(2, C::Operacion);
+    EXPECT_EQ(Control("lbDetalle").text(), u"12 - No se puede dar el cambio exacto"_s);
+    Abrir(ModoListado::Cobros);
+    EXPECT_EQ(Control("lbDetalle").text(), QString());
+}
+
+TEST_F(frmListadoTest, AnAmountHasTheRoomItNeedsAtEverySize) {
+    Poner({.importeVenta = 123450, .cobrado = 123450, .devuelto = 123450, .estado = u"ERROR"_s});
+    for (const ModoListado modo : {ModoListado::Cobros, ModoListado::Incidencias}) {
+        for (const QSize& tamano : {QSize(1024, 768), QSize(1920, 1080)}) {
+            Abrir(modo, tamano);
+            // The smallest letters that an amount is drawn in, with the margins of its cell.
+            const QFontMetrics letras(tema::FuenteImporte(12));
+            const int necesita = letras.horizontalAdvance(u"1.234,50 €"_s) + 13;
+            for (const int columna : {C::Importe, C::Cobrado, C::Pagado}) {
+                EXPECT_GE(Vista().columnWidth(columna), necesita);
+            }
+        }
+    }
+}
+
 TEST_F(frmListadoTest, NamesOnTheBus) {
     PonerIncidencias(1);
     Poner({.cobrado = 1250});
@@ -353,7 +387,7 @@ TEST_F(frmListadoTest, ColumnsFillTheGridAndThePicturesAreLargeEnough) {
         EXPECT_NEAR(suma, Vista().viewport()->width(), 8);
         EXPECT_TRUE(Vista().isColumnHidden(C::IdZV));
         for (const int columna : {C::Descartar, C::Reenviar}) {
-            EXPECT_GE(Vista().columnWidth(columna), 86);
+            EXPECT_GE(Vista().columnWidth(columna), 80);
         }
         EXPECT_GE(Vista().AltoFila(), 48);
         pantalla.reset();
@@ -362,6 +396,7 @@ TEST_F(frmListadoTest, ColumnsFillTheGridAndThePicturesAreLargeEnough) {
 
 TEST_F(frmListadoTest, EverythingLiesInTheWindowAndIsLargeEnough) {
     Poner({.importeVenta = 2147483647, .cobrado = 2147483647});
+    Poner({.importeVenta = -1, .devuelto = 2147483647});
     for (const QSize& tamano : {QSize(1024, 768), QSize(1920, 1080)}) {
         Abrir(ModoListado::Cobros, tamano);
         EXPECT_EQ(pantalla->size(), tamano);
