@@ -52,6 +52,7 @@ inline constexpr Clave kClavesRegisters[] = {
     {u"operacionNoReenviada", u"No se puede reenviar una operación con importe 0"},
     {u"operacionYaReenviada", u"Esta operación ya ha sido reenviada"},
     {u"deseaReenviarOperacion", u"¿Desea reenviar esta operación a Zorvex?"},
+    {u"operacionSinReenviar", u"La operación no se ha podido reenviar. Inténtelo otra vez"},
     {u"reenvioSinFecha",
      u"La operación no se ha reenviado: el usuario de su fila no es una fecha. Abra de nuevo el "
      u"programa y cóbrela con Cobro Manual"},
@@ -98,6 +99,7 @@ inline constexpr const Clave& kNoAutomatica = Entrada(kClavesRegisters, u"operac
 inline constexpr const Clave& kNoReenviada = Entrada(kClavesRegisters, u"operacionNoReenviada");
 inline constexpr const Clave& kYaReenviada = Entrada(kClavesRegisters, u"operacionYaReenviada");
 inline constexpr const Clave& kDeseaReenviar = Entrada(kClavesRegisters, u"deseaReenviarOperacion");
+inline constexpr const Clave& kSinReenviar = Entrada(kClavesRegisters, u"operacionSinReenviar");
 inline constexpr const Clave& kReenvioSinFecha = Entrada(kClavesRegisters, u"reenvioSinFecha");
 inline constexpr const Clave& kDeseaEliminar =
     Entrada(kClavesRegisters, u"deseaEliminarIncidencia");

@@ -27,7 +27,7 @@ constexpr int kAnchoOperacion = 1500; // twips, as are the others
 constexpr int kAnchoTerminal = 1200;
 constexpr int kAnchoFormaPago = 1200;
 constexpr int kAnchoVendedor = 1200;
-constexpr int kAnchoEstado = 1020;
+constexpr int kAnchoEstado = 930;
 constexpr int kHolgura = 30;
 
 constexpr auto kCentro = Qt::AlignCenter;
@@ -205,6 +205,9 @@ void Listado::Leer() {
 }
 
 void Listado::LeerRegistro(const Row& fila, const Campos& campos, const TextosConcepto& conceptos) {
+    if (fila.EsNulo(campos.estado)) {
+        return; // neither "OK" nor another one
+    }
     QString estadoFila = fila.LeerTexto(campos.estado);
     const bool incidencias = modo_ == ModoListado::Incidencias;
     // Compared exactly, which the database does not.

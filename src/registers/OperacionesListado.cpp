@@ -79,19 +79,32 @@ bool OperacionesListado::Reenviar(int fila) {
                            Celda(fila, ColumnaListado::Terminal),
                            Celda(fila, ColumnaListado::Vendedor),
                            Celda(fila, ColumnaListado::FormaPago)};
-    // Both or neither: a row that is queued and not marked would be charged twice, one that is
-    // marked and not queued never.
+    Encolar(fila, fecha, importe, venta);
+    return true;
+}
+
+// Both or neither: a row that is queued and not marked would be charged twice, one that is marked
+// and not queued never.
+void OperacionesListado::Encolar(int fila, const QDateTime& fecha, Currency importe,
+                                 const DatosVenta& venta) {
     entorno_.transacciones.Saldar();
     DatabaseEngine& motor = entorno_.Database();
+    bool avisado = false;
     motor.Comenzar();
-    if (entorno_.registros.AñadirCola(u"REENVIAR"_s, fecha, importe, venta, true) == 0) {
-        motor.Deshacer(); // the operator has been told
-        return true;
+    const qint32 clave =
+        entorno_.registros.AñadirCola(u"REENVIAR"_s, fecha, importe, venta, true, [&] {
+            motor.Deshacer(); // the box may stand for minutes
+            avisado = true;
+        });
+    if (clave > 0) {
+        motor.Ejecutar(u"UPDATE procesados SET estado='REENVIADO' WHERE idZV="_s +
+                       Celda(fila, ColumnaListado::IdZV));
+        motor.Confirmar();
+    } else if (!avisado) {
+        // Not every failure of the queue has a box of its own.
+        motor.Deshacer();
+        entorno_.dialogos.MostrarMensaje({}, entorno_.textos.Traduce(texto::kSinReenviar));
     }
-    motor.Ejecutar(u"UPDATE procesados SET estado='REENVIADO' WHERE idZV="_s +
-                   Celda(fila, ColumnaListado::IdZV));
-    motor.Confirmar();
-    return true;
 }
 
 void OperacionesListado::Descartar(int fila) {

@@ -22,6 +22,7 @@ class OperacionesListado {
     bool Reenviar(int fila);
     bool SePuedeReenviar(int fila);
     QDateTime FechaDe(int fila) const;
+    void Encolar(int fila, const QDateTime& fecha, Currency importe, const DatosVenta& venta);
     void Descartar(int fila);
     bool Preguntar(const QString& titulo, const Clave& pregunta);
     QString Celda(int fila, int columna) const { return listado_.grdZV().Texto(fila, columna); }

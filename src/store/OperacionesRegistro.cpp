@@ -287,8 +287,8 @@ qint32 OperacionesRegistro::AñadirHistorial(const QString& origen, const QStrin
 }
 
 qint32 OperacionesRegistro::AñadirCola(const QString& origen, const QDateTime& fecha,
-                                       Currency importe, const DatosVenta& venta,
-                                       bool mostrarError) {
+                                       Currency importe, const DatosVenta& venta, bool mostrarError,
+                                       const std::function<void()>& antesDeAvisar) {
     qint32 resultado = 0;
     std::unique_ptr<RecordSet> filas;
     const auto campos = [&](const QString& importeTexto) {
@@ -340,6 +340,9 @@ qint32 OperacionesRegistro::AñadirCola(const QString& origen, const QDateTime& 
     if (paso.Fallo() && mostrarError) {
         // No lock of ours may wait for the operator.
         filas.reset();
+        if (antesDeAvisar) {
+            antesDeAvisar();
+        }
         dialogos_.MostrarMensaje(
             u"Error de base de datos"_s,
             u"Se ha producido un error al añadir un registro en la cola: \r\n"_s +

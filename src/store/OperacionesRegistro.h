@@ -10,6 +10,8 @@
 #include "ui/Importes.h"
 #include "ui/Log.h"
 
+#include <functional>
+
 namespace zv {
 
 // The point of sale's own data of a sale.
@@ -53,8 +55,11 @@ class OperacionesRegistro {
     qint32 BorrarColaGrupo(const QString& origen, qint32 idZV, const QString& tipoGrupo);
     qint32 AñadirHistorial(const QString& origen, const QString& id1, const QString& id2,
                            qint32 idcaja, const QDateTime& fecha, Currency importe);
+    // antesDeAvisar runs before the operator is told of the failure: nobody is waited for under a
+    // lock that the caller holds.
     qint32 AñadirCola(const QString& origen, const QDateTime& fecha, Currency importe,
-                      const DatosVenta& venta, bool mostrarError);
+                      const DatosVenta& venta, bool mostrarError,
+                      const std::function<void()>& antesDeAvisar = {});
 
   private:
     DatabaseEngine& motor_;

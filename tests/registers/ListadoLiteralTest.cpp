@@ -50,7 +50,7 @@ Paseo Pasear(DatabaseEngine& motor, const Importes& importes, bool incidencias) 
     Paseo p;
     for (const Row& r : motor.Consultar(u"SELECT * FROM procesados ORDER BY idZV"_s)) {
         const QString estado = r.LeerTexto(u"estado"_s);
-        if (r.EsNulo(u"idCierre"_s) || r.LeerLong(u"idCierre"_s) != 0 ||
+        if (r.EsNulo(u"idCierre"_s) || r.EsNulo(u"estado"_s) || r.LeerLong(u"idCierre"_s) != 0 ||
             (estado == u"OK"_s) == incidencias) {
             continue;
         }

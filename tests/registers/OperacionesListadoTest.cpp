@@ -238,8 +238,29 @@ TEST_F(OperacionesListadoTest, WhatCannotBeQueuedIsToldAndStaysAnIncident) {
     Preguntan(kReenviar, Respuesta::Si);
     dialogos.EsperaMensaje(u"Error de base de datos"_s,
                            testing::ResultOf([](const QString& t) { return t.toStdString(); },
-                                             testing::HasSubstr("registro en la cola")));
+                                             testing::HasSubstr("registro en la cola")),
+                           Respuesta::Aceptar, std::nullopt, [this] {
+                               // Nobody is kept from the database while it stands.
+                               EXPECT_FALSE(entorno.transacciones.HayNivelAbierto());
+                           });
     EXPECT_TRUE(Tocar(1, C::Reenviar));
+    NadaEscrito();
+    EXPECT_EQ(EstadosYCierres(), u"ERROR 0"_s);
+}
+
+// A retry that succeeds answers 0 all the same, and has no box of its own.
+TEST_F(OperacionesListadoTest, AResendThatIsNotDoneIsAlwaysTold) {
+    Poner({.estado = u"ERROR"_s, .usuario = u"7"_s});
+    Incidencias();
+    GanchoFallos fallos(motor);
+    fallos.Falla(Statement::Kind::Escritura, u"cola"_s, 1);
+    Preguntan(kReenviar, Respuesta::Si);
+    dialogos.EsperaMensaje(QString(),
+                           u"La operación no se ha podido reenviar. Inténtelo otra vez"_s,
+                           Respuesta::Aceptar, std::nullopt,
+                           [this] { EXPECT_FALSE(entorno.transacciones.HayNivelAbierto()); });
+    EXPECT_TRUE(Tocar(1, C::Reenviar));
+    EXPECT_EQ(fallos.Pendientes(), 0);
     NadaEscrito();
     EXPECT_EQ(EstadosYCierres(), u"ERROR 0"_s);
 }

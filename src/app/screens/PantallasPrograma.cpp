@@ -123,7 +123,7 @@ void PantallasPrograma::AbrirListado(ModoListado modo) {
                              ExportarCSV(listado.grdZV(), listado.Estado().lbTitulo, e.carpeta,
                                          e.reloj, e.dialogos, e.textos);
                          }},
-                        PadreVisible(padre_));
+                        sobre != nullptr ? sobre : PadreVisible(padre_));
     pantalla.exec();
     pantalla.LanzarFallo();
 }

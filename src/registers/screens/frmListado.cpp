@@ -115,6 +115,7 @@ QWidget* frmListado::Filas() {
 
     grdZV_ = new VistaRejilla(listado_.grdZV(), texto::kListadoGrdZV.Nombre(), marco);
     Nombrar(*grdZV_, texto::kListadoGrdZV);
+    grdZV_->SenalarFilaActual();
     grdZV_->PonerImagen(Imagen::Cancelar,
                         *BotonDeImagen(marco, u"btnCancelar"_s, u"edit-delete"_s, tema::kRojoTexto),
                         tema::kFondoAnular);
@@ -190,7 +191,8 @@ void frmListado::AlAparecer() {
 }
 
 void frmListado::Ocupar(const std::function<void()>& accion) {
-    if (ocupado_) {
+    // A touch that comes with the one that has ended the screen is none.
+    if (ocupado_ || !isVisible()) {
         return;
     }
     const QScopedValueRollback ocupado(ocupado_, true);

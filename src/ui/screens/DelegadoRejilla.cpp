@@ -12,6 +12,7 @@ namespace {
 // As in the header, where a line one pixel wide ends each section.
 constexpr int kMargenIzquierdo = 6;
 constexpr int kMargenDerecho = 7;
+constexpr int kMarca = 3;           // lines above and below the current row
 constexpr int kOscuroPulsado = 130; // per cent
 constexpr double kVeloApagado = 0.35;
 constexpr int kOscuroSobreColor = 170; // per cent
@@ -140,12 +141,21 @@ void DelegadoRejilla::paint(QPainter* painter, const QStyleOptionViewItem& optio
     }
     const Columna& columna = rejilla_.ColumnaDe(index.column());
     const Aspecto aspecto = rejilla_.AspectoDe(fila, index.column());
+    const bool actual = señalaActual_ && fila == rejilla_.FilaActual();
     painter->save();
     painter->fillRect(option.rect, aspecto.fondo != 0 ? QColor(aspecto.fondo)
+                                   : actual           ? tema::kFilaActual
                                    : fila % 2 != 0    ? tema::kCuerpo
                                                       : tema::kFilaPar);
     painter->setPen(tema::kBorde);
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    if (actual) {
+        painter->fillRect(QRect(option.rect.left(), option.rect.top(), option.rect.width(), kMarca),
+                          tema::kResalte);
+        painter->fillRect(QRect(option.rect.left(), option.rect.bottom() + 1 - kMarca,
+                                option.rect.width(), kMarca),
+                          tema::kResalte);
+    }
 
     if (aspecto.imagen != Imagen::Ninguna) {
         PintarImagen(*painter, option.rect, aspecto.imagen, EstadoDe(fila, index.column()));

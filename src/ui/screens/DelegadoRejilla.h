@@ -24,6 +24,8 @@ class DelegadoRejilla final : public QStyledItemDelegate {
     // The pictures of a column are drawn faint: a touch on them does nothing now.
     void PonerApagada(int columna, bool apagada);
     bool EstaApagada(int columna) const { return apagadas_.contains(columna); }
+    // The grid's current row is marked.
+    void SenalarFilaActual() { señalaActual_ = true; }
     // The cell on which a finger rests; row 0 for none.
     void PonerPulsada(int fila, int columna);
 
@@ -50,6 +52,7 @@ class DelegadoRejilla final : public QStyledItemDelegate {
     std::set<int> apagadas_; // columns
     int filaPulsada_ = 0;
     int columnaPulsada_ = 0;
+    bool señalaActual_ = false;
 };
 
 } // namespace zv

@@ -35,6 +35,7 @@ inline const QColor kBordeControl(118, 132, 153); // marks what can be touched: 
 inline const QColor kPulsado(219, 227, 238);      // ground of what is pressed
 inline const QColor kResalte(37, 99, 235);        // focus and selection
 inline const QColor kFilaPar(238, 242, 247);      // every other row of a grid
+inline const QColor kFilaActual(219, 234, 254);   // the marked row of a grid
 inline const QColor kBotonApagado(226, 232, 240); // ground of a picture that does nothing now
 inline const QColor kSombra(0, 0, 0, 200);        // beneath what floats
 inline const QColor kFondoAnular(254, 226, 226);  // behind the picture that annuls

@@ -86,6 +86,16 @@ void VistaRejilla::HabilitarImagenes(int columna, bool habilitadas) {
     }
 }
 
+void VistaRejilla::SenalarFilaActual() {
+    señalaActual_ = true;
+    delegado_.SenalarFilaActual();
+}
+
+void VistaRejilla::DesplazarDeLado() {
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+}
+
 void VistaRejilla::Escalar(double escala) {
     const auto px = [escala](int pixeles) { return qRound(pixeles * escala); };
     verticalHeader()->setDefaultSectionSize(px(tema::kAltoFila));
@@ -124,7 +134,7 @@ void VistaRejilla::SeguirPosicion() {
     // At the end of its bar the table shows the last row at the bottom, not the asked one on top.
     const int antes = verticalHeader()->offset();
     verticalHeader()->setOffsetToSectionPosition(valor);
-    if (verticalHeader()->offset() != antes) {
+    if (señalaActual_ || verticalHeader()->offset() != antes) {
         viewport()->update();
     }
 }

@@ -27,6 +27,10 @@ class VistaRejilla final : public QTableView, public Escalable {
     void PonerImagen(Imagen imagen, const QAbstractButton& boton, const QColor& fondo);
     // The pictures of a column look as if a touch on them did something, or not.
     void HabilitarImagenes(int columna, bool habilitadas);
+    // The current row is marked.
+    void SenalarFilaActual();
+    // Columns wider than the view together are moved sideways; otherwise they are cut.
+    void DesplazarDeLado();
     // Heights and letters; 1 is a window of 1024x768.
     void Escalar(double escala) override;
     int AltoFila() const;
@@ -77,6 +81,7 @@ class VistaRejilla final : public QTableView, public Escalable {
     quint64 ultimoToque_ = 0;       // time of its release in the system's milliseconds
     int ultimaPagina_ = 0;          // value of the scroll bar at which the last page is filled
     bool siguiendo_ = false;
+    bool señalaActual_ = false;
 };
 
 } // namespace zv

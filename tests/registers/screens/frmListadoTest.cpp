@@ -183,6 +183,18 @@ TEST_F(frmListadoTest, AResentOperationLeavesTheScreen) {
     pantalla->LanzarFallo();
 }
 
+TEST_F(frmListadoTest, WhatComesWithTheTouchThatEndsTheScreenIsNone) {
+    PonerIncidencias(2);
+    alTocar = [] { return true; };
+    Abrir(ModoListado::Incidencias);
+    Tocar(1, C::Reenviar);
+    ASSERT_FALSE(pantalla->isVisible());
+    Q_EMIT Vista().Soltado(2, C::Reenviar, false);
+    Boton("boton_2").click();
+    EXPECT_EQ(toques, QStringList{u"1,13"_s});
+    EXPECT_EQ(pulsados, QStringList());
+}
+
 TEST_F(frmListadoTest, AFailureOfATouchEndsTheScreenAndIsTheCallers) {
     PonerIncidencias(1);
     alTocar = []() -> bool { throw ErrorEjecucion(13, u"No coinciden los tipos"_s); };
