@@ -1,4 +1,4 @@
-// Texts of the registers.
+// Texts of the registers and of the history of closes.
 #pragma once
 
 #include "ui/Clave.h"
@@ -61,6 +61,34 @@ inline constexpr Clave kClavesRegisters[] = {
     {u"eliminarAccesos1", u"¿Desea eliminar todo el historial de accesos?"},
     {u"descartarIncidencias", u"Descartar incidencias"},
     {u"descartarIncidencias2", u"¿Desea archivar todas las incidencias mostradas?"},
+    // titles of the grids of the history
+    {u"inicial2", u"INICIAL"},
+    {u"cobros2", u"Cobros"},
+    {u"abonos2", u"Abonos"},
+    {u"ingresos2", u"Ingresos"},
+    {u"pagos2", u"Pagos"},
+    {u"saldo2", u"SALDO"},
+    {u"cierre2", u"CIERRE"},
+    {u"billetes2", u"Billetes"},
+    {u"monedas2", u"Monedas"},
+    {u"cajon2", u"CAJON"},
+    {u"vendedor2", u"Vendedor"},
+    // captions of the history
+    {u"frmHistorial", u"lbTitulo", u"Histórico de Cierres"},
+    {u"frmHistorial", u"lbHis", u"LISTADO DE MOVIMIENTOS"},
+    {u"frmHistorial", u"boton_0", u"Salir"},
+    {u"frmHistorial", u"boton_1", u"Imprimir"},
+    {u"frmHistorial", u"boton_2", u"Limpiar¬Historial"},
+    {u"frmHistorial", u"boton_3", u"Export¬Hist."},
+    {u"frmHistorial", u"boton_4", u"Export¬Mov."},
+    // its grids, and what they say when they are empty
+    {u"frmHistorial", u"grdCierres", u"Cierres"},
+    {u"frmHistorial", u"grdHis", u"Listado de movimientos"},
+    {u"frmHistorial", u"lbSinCierres", u"No hay cierres"},
+    {u"frmHistorial", u"lbVacia", u"Este cierre no tiene movimientos"},
+    // its question
+    {u"limpiarHistorial", u"Limpiar historial"},
+    {u"limiarHistorial", u"¿Desea eliminar el historial de los cierres?"},
 };
 
 inline constexpr const Clave& kRegistroCobros = Entrada(kClavesRegisters, u"registroCobros");
@@ -110,5 +138,34 @@ inline constexpr const Clave& kDescartarIncidencias =
     Entrada(kClavesRegisters, u"descartarIncidencias");
 inline constexpr const Clave& kDescartarIncidenciasPregunta =
     Entrada(kClavesRegisters, u"descartarIncidencias2");
+inline constexpr const Clave& kTituloInicial = Entrada(kClavesRegisters, u"inicial2");
+inline constexpr const Clave& kTituloCobros = Entrada(kClavesRegisters, u"cobros2");
+inline constexpr const Clave& kTituloAbonos = Entrada(kClavesRegisters, u"abonos2");
+inline constexpr const Clave& kTituloIngresos = Entrada(kClavesRegisters, u"ingresos2");
+inline constexpr const Clave& kTituloPagos = Entrada(kClavesRegisters, u"pagos2");
+inline constexpr const Clave& kTituloSaldo = Entrada(kClavesRegisters, u"saldo2");
+inline constexpr const Clave& kTituloCierre = Entrada(kClavesRegisters, u"cierre2");
+inline constexpr const Clave& kTituloBilletes = Entrada(kClavesRegisters, u"billetes2");
+inline constexpr const Clave& kTituloMonedas = Entrada(kClavesRegisters, u"monedas2");
+inline constexpr const Clave& kTituloCajon = Entrada(kClavesRegisters, u"cajon2");
+inline constexpr const Clave& kTituloVendedor = Entrada(kClavesRegisters, u"vendedor2");
+inline constexpr const Clave& kHistoricoTitulo =
+    Entrada(kClavesRegisters, u"frmHistorial", u"lbTitulo");
+inline constexpr const Clave& kLbHis = Entrada(kClavesRegisters, u"frmHistorial", u"lbHis");
+// By number.
+inline constexpr const Clave* kBotonesHistorial[] = {
+    &Entrada(kClavesRegisters, u"frmHistorial", u"boton_0"),
+    &Entrada(kClavesRegisters, u"frmHistorial", u"boton_1"),
+    &Entrada(kClavesRegisters, u"frmHistorial", u"boton_2"),
+    &Entrada(kClavesRegisters, u"frmHistorial", u"boton_3"),
+    &Entrada(kClavesRegisters, u"frmHistorial", u"boton_4")};
+inline constexpr const Clave& kGrdCierres =
+    Entrada(kClavesRegisters, u"frmHistorial", u"grdCierres");
+inline constexpr const Clave& kGrdHis = Entrada(kClavesRegisters, u"frmHistorial", u"grdHis");
+inline constexpr const Clave& kSinCierres =
+    Entrada(kClavesRegisters, u"frmHistorial", u"lbSinCierres");
+inline constexpr const Clave& kCierreVacio = Entrada(kClavesRegisters, u"frmHistorial", u"lbVacia");
+inline constexpr const Clave& kLimpiarTitulo = Entrada(kClavesRegisters, u"limpiarHistorial");
+inline constexpr const Clave& kLimpiarPregunta = Entrada(kClavesRegisters, u"limiarHistorial");
 
 } // namespace zv::texto

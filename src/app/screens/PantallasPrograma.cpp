@@ -7,8 +7,10 @@
 #include "cashoffice/OperacionesCaja.h"
 #include "cashoffice/screens/frmCaja.h"
 #include "platform/StringLiterals.h"
+#include "registers/Historial.h"
 #include "registers/ImpresionListado.h"
 #include "registers/OperacionesListado.h"
+#include "registers/screens/frmHistorial.h"
 #include "registers/screens/frmListado.h"
 #include "settings/screens/frmCfgMonitor.h"
 #include "store/ExportarCSV.h"
@@ -35,11 +37,10 @@ bool PantallasPrograma::Existe(Pantalla pantalla) const {
     case Pantalla::Caja:
     case Pantalla::Balanza:
     case Pantalla::Configuracion:
+    case Pantalla::Historial:
         return true;
     case Pantalla::BotonAcceso:
         return static_cast<bool>(botonAcceso_);
-    case Pantalla::Historial:
-        break;
     }
     return false;
 }
@@ -53,6 +54,8 @@ void PantallasPrograma::Abrir(Pantalla pantalla) {
         AbrirUsuarios();
     } else if (pantalla == Pantalla::Caja) {
         AbrirCaja();
+    } else if (pantalla == Pantalla::Historial) {
+        AbrirHistorial();
     } else if (pantalla == Pantalla::Cobros) {
         AbrirListado(ModoListado::Cobros);
     } else if (pantalla == Pantalla::Incidencias) {
@@ -131,6 +134,16 @@ void PantallasPrograma::AbrirListado(ModoListado modo) {
 void PantallasPrograma::AbrirConfiguracion() {
     CfgMonitor cfg(*entorno_, {puertoLibre_, [] { return AbrirTecladoPantalla(); }});
     frmCfgMonitor pantalla(cfg, padre_ ? padre_() : nullptr);
+    pantalla.exec();
+    pantalla.LanzarFallo();
+}
+
+void PantallasPrograma::AbrirHistorial() {
+    ImpresoraSistema impresora(u"ZVMonitor"_s);
+    Historial historial(*entorno_, impresora);
+    // Over the screen that has opened it.
+    QWidget* sobre = QApplication::activeModalWidget();
+    frmHistorial pantalla(historial, sobre != nullptr ? sobre : PadreVisible(padre_));
     pantalla.exec();
     pantalla.LanzarFallo();
 }

@@ -37,6 +37,7 @@ class PantallasPrograma final : public Pantallas {
     void AbrirCaja();
     void AbrirListado(ModoListado modo);
     void AbrirConfiguracion();
+    void AbrirHistorial();
 
     std::function<QWidget*()> padre_;
     std::function<void()> botonAcceso_;

@@ -57,13 +57,32 @@ class PantallasProgramaTest : public BancoMonitor {
 TEST_F(PantallasProgramaTest, HasThoseThatAreBuiltAndNoOtherYet) {
     for (const Pantalla pantalla :
          {Pantalla::CambioContrasena, Pantalla::Usuarios, Pantalla::Caja, Pantalla::Balanza,
-          Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Accesos, Pantalla::Configuracion}) {
+          Pantalla::Cobros, Pantalla::Incidencias, Pantalla::Accesos, Pantalla::Configuracion,
+          Pantalla::Historial}) {
         EXPECT_TRUE(programa.Existe(pantalla));
     }
-    for (const Pantalla pantalla : {Pantalla::Historial, Pantalla::BotonAcceso}) {
+    for (const Pantalla pantalla : {Pantalla::BotonAcceso}) {
         EXPECT_FALSE(programa.Existe(pantalla));
         programa.Abrir(pantalla); // nothing happens
     }
+}
+
+TEST_F(PantallasProgramaTest, TheHistoryStandsOverTheCashOfficeAndItsFailuresGoUp) {
+    Database().Ejecutar(u"INSERT INTO cierres (fecha,importeCierre) VALUES "
+                        "('2026-03-14 22:00:05',126410)"_s);
+    Abrir(Pantalla::Historial, [this](QDialog& d) {
+        EXPECT_EQ(d.objectName(), u"frmHistorial"_s);
+        QApplication::processEvents();
+        EXPECT_EQ(d.findChild<QLabel*>(u"lbCierre"_s)->text(),
+                  u"Fecha 14/03/26 22:00:05 CIERRE 1.264,10 €"_s);
+        Abrir(Pantalla::Historial, [&d](QDialog& encima) { EXPECT_EQ(encima.parentWidget(), &d); });
+    });
+    dialogos.EsperaMensaje(u"Limpiar historial"_s,
+                           u"¿Desea eliminar el historial de los cierres?"_s, Respuesta::Si);
+    EXPECT_NE(NumeroError(
+                  [this] { Abrir(Pantalla::Historial, [](QDialog& d) { Tocar(d, "boton_2"); }); }),
+              0);
+    EXPECT_EQ(Cuenta(u"cierres"_s), 1);
 }
 
 TEST_F(PantallasProgramaTest, TheBarcodeLayoutIsEditedInTheConfigurationHandedOver) {
