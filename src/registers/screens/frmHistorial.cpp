@@ -40,7 +40,7 @@ frmHistorial::frmHistorial(Historial& historial, QWidget* padre)
     : PantallaCompleta(u"frmHistorial"_s, kPie, padre), historial_(historial) {
     PonerTitulo(texto::kHistoricoTitulo.PorDefecto());
     Cuerpo()->addLayout(Colgar(cierres_, texto::kGrdCierres, texto::kSinCierres), kParteCierres);
-    Cuerpo()->addLayout(Titulo());
+    Cuerpo()->addLayout(Rotulos());
     Cuerpo()->addLayout(Colgar(movimientos_, texto::kGrdHis, texto::kCierreVacio),
                         kParteMovimientos);
     cierres_.vista->DesplazarDeLado();
@@ -94,7 +94,7 @@ QBoxLayout* frmHistorial::Colgar(Lista& lista, const Clave& nombre, const Clave&
 }
 
 // The heading of the movements, and whose they are.
-QBoxLayout* frmHistorial::Titulo() {
+QBoxLayout* frmHistorial::Rotulos() {
     auto* fila = new QHBoxLayout;
     auto* lbHis = new QLabel(this);
     Rotular(*lbHis, texto::kLbHis);

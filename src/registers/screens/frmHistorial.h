@@ -46,7 +46,7 @@ class frmHistorial final : public PantallaCompleta {
     };
 
     QBoxLayout* Colgar(Lista& lista, const Clave& nombre, const Clave& vacia);
-    QBoxLayout* Titulo();
+    QBoxLayout* Rotulos();
     void AlAparecer();
     void Ocupar(const std::function<void()>& accion);
     void Hacer(int indice);

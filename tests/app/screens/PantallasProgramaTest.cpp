@@ -75,7 +75,11 @@ TEST_F(PantallasProgramaTest, TheHistoryStandsOverTheCashOfficeAndItsFailuresGoU
         QApplication::processEvents();
         EXPECT_EQ(d.findChild<QLabel*>(u"lbCierre"_s)->text(),
                   u"Fecha 14/03/26 22:00:05 CIERRE 1.264,10 €"_s);
-        Abrir(Pantalla::Historial, [&d](QDialog& encima) { EXPECT_EQ(encima.parentWidget(), &d); });
+        Abrir(Pantalla::Historial, [&d](QDialog& encima) {
+            EXPECT_EQ(encima.parentWidget(), &d);
+            Tocar(encima, "boton_0");
+        });
+        Tocar(d, "boton_0");
     });
     dialogos.EsperaMensaje(u"Limpiar historial"_s,
                            u"¿Desea eliminar el historial de los cierres?"_s, Respuesta::Si);
