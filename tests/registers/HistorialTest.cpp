@@ -221,6 +221,7 @@ TEST_F(HistorialTest, PrintsTheChosenCloseWithTheDatesOfItsMovements) {
                            Respuesta::Si, EstiloMensaje::SiNo);
     historial.Imprimir();
     const QStringList lineas = impresora.Lineas();
+    ASSERT_GT(lineas.size(), 9);
     EXPECT_EQ(lineas.front(),
               u"MOVIMIENTOS DE CAJA DEL 14/03/2026 09:05:03AL 14/03/2026 22:40:00"_s);
     EXPECT_EQ(lineas[1], u"Fecha | Concepto | Terminal | Vendedor | Venta"_s);
