@@ -72,9 +72,11 @@ TEST_F(PantallasProgramaTest, TheHistoryStandsOverTheCashOfficeAndItsFailuresGoU
                         "('2026-03-14 22:00:05',126410)"_s);
     Abrir(Pantalla::Historial, [this](QDialog& d) {
         EXPECT_EQ(d.objectName(), u"frmHistorial"_s);
-        QApplication::processEvents();
-        EXPECT_EQ(d.findChild<QLabel*>(u"lbCierre"_s)->text(),
-                  u"Fecha 14/03/26 22:00:05 CIERRE 1.264,10 €"_s);
+        const auto* cierre = d.findChild<QLabel*>(u"lbCierre"_s);
+        for (int i = 0; i < 100 && cierre->text().isEmpty(); ++i) {
+            QApplication::processEvents();
+        }
+        EXPECT_EQ(cierre->text(), u"Fecha 14/03/26 22:00:05 CIERRE 1.264,10 €"_s);
         Abrir(Pantalla::Historial, [&d](QDialog& encima) {
             EXPECT_EQ(encima.parentWidget(), &d);
             Tocar(encima, "boton_0");
