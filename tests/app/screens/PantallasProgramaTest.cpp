@@ -74,6 +74,7 @@ TEST_F(PantallasProgramaTest, TheHistoryStandsOverTheCashOfficeAndItsFailuresGoU
         EXPECT_EQ(d.objectName(), u"frmHistorial"_s);
         const auto* cierre = d.findChild<QLabel*>(u"lbCierre"_s);
         for (int i = 0; i < 100 && cierre->text().isEmpty(); ++i) {
+            QCoreApplication::sendPostedEvents(); // among them the one behind this
             QApplication::processEvents();
         }
         EXPECT_EQ(cierre->text(), u"Fecha 14/03/26 22:00:05 CIERRE 1.264,10 €"_s);
