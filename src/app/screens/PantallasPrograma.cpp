@@ -116,6 +116,8 @@ void PantallasPrograma::AbrirListado(ModoListado modo) {
     Listado listado(e);
     ImpresoraSistema impresora(u"ZVMonitor"_s);
     OperacionesListado operaciones(listado);
+    // Over the screen that it is opened from.
+    QWidget* sobre = QApplication::activeModalWidget();
     frmListado pantalla(listado, modo,
                         {[&operaciones](int fila, int columna, bool debajo) {
                              return operaciones.grdZV_Click(fila, columna, debajo);
