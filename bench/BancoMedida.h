@@ -36,9 +36,10 @@ class DispositivoListo final : public DeviceClient {
         result = true;
         respuesta = std::chrono::steady_clock::now();
     }
-    std::chrono::steady_clock::time_point respuesta; // of the last charge
+    std::chrono::steady_clock::time_point respuesta; // of the last charge, or control of the boxes
     void CashBoxControl(qint32, qint32& a, qint32& b, qint32&, bool& result) override {
         Nada(a, b, result);
+        respuesta = std::chrono::steady_clock::now();
     }
     void Configuration(bool& result) override { result = true; }
     void EmptyCB(qint32, qint32& value, bool& result) override {
@@ -62,7 +63,7 @@ class DispositivoListo final : public DeviceClient {
 };
 
 // A question would stop the measurement: it ends the program.
-class DialogosProhibidos final : public Dialogos {
+class DialogosProhibidos : public Dialogos {
   public:
     Respuesta MostrarMensaje(const QString& titulo, const QString& texto, EstiloMensaje) override {
         Fin(titulo + u": "_s + texto);
@@ -80,6 +81,14 @@ class DialogosProhibidos final : public Dialogos {
     [[noreturn]] static void Fin(const QString& texto) {
         std::fprintf(stderr, "unexpected dialog: %s\n", qPrintable(texto));
         std::exit(EXIT_FAILURE);
+    }
+};
+
+// Whatever is asked is accepted.
+class DialogosQueAceptan final : public DialogosProhibidos {
+  public:
+    Respuesta MostrarMensaje(const QString&, const QString&, EstiloMensaje) override {
+        return Respuesta::Aceptar;
     }
 };
 

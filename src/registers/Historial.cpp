@@ -19,8 +19,9 @@ namespace zv {
 namespace {
 
 // Twips. An amount of "12.345,67 €" stands whole in letters of 16 px.
-constexpr int kMinimoFecha = 2400;
-constexpr int kMinimoImporte = 1575;
+constexpr int kMinimoFecha = 2250;
+constexpr int kMinimoImporte = 1545;
+constexpr int kPartesFecha = 3; // of what is left, where an amount takes one
 
 constexpr auto kDerecha = Qt::AlignRight | Qt::AlignVCenter;
 
@@ -216,11 +217,12 @@ void Historial::PonerMovimiento(const Row& fila, const TextosConcepto& conceptos
 void Historial::AjustarCierres(int anchoGrid, int anchoBarra) {
     constexpr int kVisibles = ColumnaCierres::Cuantas - 1;
     constexpr int kMinimo = kMinimoFecha + (kVisibles - 1) * kMinimoImporte;
-    const int mas = std::max(0, anchoGrid - anchoBarra - kMinimo) / kVisibles;
+    const int mas = std::max(0, anchoGrid - anchoBarra - kMinimo) / (kVisibles - 1 + kPartesFecha);
     const SinDibujo sinDibujo(grdCierres_);
     for (int columna = ColumnaCierres::Fecha; columna < ColumnaCierres::Cuantas; ++columna) {
-        grdCierres_.PonerAncho(
-            columna, mas + (columna == ColumnaCierres::Fecha ? kMinimoFecha : kMinimoImporte));
+        grdCierres_.PonerAncho(columna, columna == ColumnaCierres::Fecha
+                                            ? kMinimoFecha + kPartesFecha * mas
+                                            : kMinimoImporte + mas);
     }
 }
 

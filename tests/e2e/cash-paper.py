@@ -6,11 +6,11 @@ import os
 import re
 import subprocess
 
+import paper
 from bus import check, wait
 from cashier import T, caption, euros, footer, message, monitor
 from till import FOLDER, log, sql
 
-PAPER = f"{FOLDER}/cups/paper.pdf"
 DASHES = "-" * 50
 
 
@@ -52,17 +52,8 @@ def exported():
 
 
 def printed():
-    """The lines on paper, one blank between cells."""
-    def done():
-        jobs = subprocess.run(["lpstat", "-W", "not-completed", "-o"], capture_output=True).stdout
-        return not jobs and os.path.exists(PAPER) and os.path.getsize(PAPER) > 0
-    wait("the printed page", done)
-    text = subprocess.run(["pdftotext", "-layout", PAPER, "-"], check=True, capture_output=True,
-                          text=True).stdout
-    os.remove(PAPER)
-    lines = [re.sub(" +", " ", line).strip() for line in text.replace("\f", "").splitlines()]
-    # The moment of the print stands behind the title.
-    return [re.sub(f"^({UNTIL}) .{{19}}$", r"\1 NOW", line) for line in lines if line]
+    """The lines on paper; the moment of the print stands behind the title."""
+    return [re.sub(f"^({UNTIL}) .{{19}}$", r"\1 NOW", line) for line in paper.printed()]
 
 
 UNTIL = T("movimientosDeCajaHasta", "MOVIMIENTOS DE CAJA HASTA")

@@ -83,6 +83,23 @@ class CajaDeMuestra {
         }
     }
 
+    // So many closes; all movements belong to the last one.
+    void PonerCierres(int cuantos) {
+        DatabaseEngine& motor = till_.Entorno().Database();
+        for (int i = 0; i < cuantos; ++i) {
+            motor.Ejecutar(
+                u"INSERT INTO cierres (fecha,saldoInicial,cobros,abonos,ingresos,pagos,saldoZV,"
+                "importeCierre,cambioBilletes,cambioMonedas,cajonBilletes,cajonMonedas) VALUES "
+                "(?,?,?,?,?,?,?,?,?,?,?,?)"_s,
+                {u"2026-%1-%2 22:0%3:05"_s.arg(1 + i / 28 % 12, 2, 10, QChar(u'0'))
+                     .arg(1 + i % 28, 2, 10, QChar(u'0'))
+                     .arg(i % 10),
+                 126410 + 731 * i, 384217 + 977 * i, 2050, 15000, 9400 + i, 514177, 401200, 350000,
+                 51200, 100000, 12977});
+        }
+        motor.Ejecutar(u"UPDATE procesados SET idCierre=(SELECT max(idCierre) FROM cierres)"_s);
+    }
+
   private:
     static constexpr qint32 kContenido = 546546; // of the levels above
 

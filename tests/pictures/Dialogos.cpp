@@ -14,10 +14,12 @@
 #include "device/screens/frmOperacion.h"
 #include "platform/FormatoRegional.h"
 #include "platform/StringLiterals.h"
+#include "registers/screens/frmHistorial.h"
 #include "registers/screens/frmListado.h"
 #include "ui/Importes.h"
 #include "ui/Textos.h"
 #include "ui/screens/DialogosPantalla.h"
+#include "ui/screens/ImpresoraSistema.h"
 #include "ui/screens/Tema.h"
 #include "ui/screens/Traduccion.h"
 #include "ui/screens/frmImpresio.h"
@@ -56,6 +58,9 @@ class Fotografo {
         }
         for (const int movimientos : {0, 8, 2000}) {
             Registros(movimientos);
+        }
+        for (const int cierres : {0, 3, 3000}) {
+            Historico(cierres);
         }
         CodigosDeBarras();
         return bien_;
@@ -318,6 +323,31 @@ class Fotografo {
             Guardar(pantalla, nombre);
             pantalla.hide();
         }
+    }
+
+    // The history over a till of the screen's size, with so many closes.
+    void Historico(int cierres) {
+        QWidget till;
+        till.setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+        till.show();
+        muestra::CajaDeMuestra muestra(cierres > 100 ? 2000 : 8 * std::min(cierres, 1), mudo_,
+                                       dialogos_, textos_, importes_, reloj_);
+        muestra.PonerCierres(cierres);
+        ImpresoraSistema impresora(u"ZVMonitor"_s);
+        Historial historial(muestra.ElEntorno(), impresora);
+        frmHistorial pantalla(historial, &till);
+        pantalla.show();
+        QElapsedTimer reloj;
+        reloj.start();
+        while (reloj.elapsed() < 500) {
+            QApplication::processEvents();
+        }
+        Guardar(pantalla, u"history-%1"_s.arg(cierres));
+        if (cierres == 3) {
+            historial.Elegir(1); // which has no movements
+            Guardar(pantalla, u"history-empty-close"_s);
+        }
+        pantalla.hide();
     }
 
     // The layout of the barcodes over a till of the screen's size.

@@ -70,10 +70,10 @@ TEST_F(HistorialTest, AlignsTheDateLeftAndTheAmountsRight) {
         EXPECT_EQ(cierres.ColumnaDe(0).ancho, 0);
         int suma = 0;
         for (int columna = 1; columna < 14; ++columna) {
-            EXPECT_GE(cierres.ColumnaDe(columna).ancho, 1575);
+            EXPECT_GE(cierres.ColumnaDe(columna).ancho, 1545);
             suma += cierres.ColumnaDe(columna).ancho;
         }
-        EXPECT_NEAR(suma, std::max(ancho - 300, 2400 + 12 * 1575), 13);
+        EXPECT_NEAR(suma, std::max(ancho - 300, 2250 + 12 * 1545), 15);
     }
     historial.AjustarMovimientos(9000, 300);
     int suma = 0;
