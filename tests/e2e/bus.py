@@ -104,7 +104,8 @@ class Control:
     # ---- what it holds
 
     def children(self):
-        for i in range(self.node.get_child_count()):
+        # Of a table of thousands of rows the headings and the first rows stand for all.
+        for i in range(min(self.node.get_child_count(), 600)):
             child = self.node.get_child_at_index(i)
             if child is not None:
                 yield Control(child, self.display)
@@ -230,8 +231,9 @@ class Table(Control):
 
     def columns(self):
         """Number of each column by its title; hidden ones too, where their title is the only one."""
-        names = [each.name for each in self.children() if each.role == "table column header"]
-        return {name: i for i, name in enumerate(names)}
+        # Not by the children: a table of thousands of rows has tens of thousands of them.
+        return {Atspi.Table.get_column_description(self.node, i): i
+                for i in range(Atspi.Table.get_n_columns(self.node))}
 
     def count(self):
         return Atspi.Table.get_n_rows(self.node)

@@ -42,11 +42,22 @@ wait_record() { wait_for 30 "the record $2 of $1" has_record "$1" "$2" "${3:-1}"
 # One turn of the mode buttons shows in the window and holds.
 mode_is() { [ "$(picture 440x57+290+0)" = "$1" ]; }
 
+# The keys of the first moments may find no window yet.
+leave_settings() {
+  find_dialog && return 0
+  xdotool key Escape
+  sleep 0.3
+  find_dialog
+}
+
 # ---- first use: the program asks for its settings and ends without them
 start_monitor
 wait_for 30 "the message of the first use" find_dialog
 snap first-use
 answer right "the first use"
+wait_for 20 "the settings" find_main
+snap first-settings
+wait_for 20 "the end of the settings" leave_settings
 answer right "no settings"
 exit_of "$monitor_pid" 20
 equals "the exit code without settings" 1 "$code"

@@ -118,7 +118,8 @@ sql("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<5000) 
 screen = subprocess.Popen([f"{BIN}/zv_users_screen", FOLDER, "accesos"])
 try:
     program = Program(screen.pid)
-    register = Register(T("registroAccesos", "Registro de Accesos"), program, rows=5000)
+    register = Register(T("registroAccesos", "Registro de Accesos"), program, rows=5000,
+                        names=False)  # each of 25,000 cells would be asked for its name
     PLACE = T("authCaja", "authCaja")
     last = register.window.button(caption("frmListado", "btnBottom", "Última fila"))
     last.press()
