@@ -1,10 +1,12 @@
 // A register of 20,000 rows out of a million, on the screen.
 #include "TablaLarga.h"
+#include "platform/StringLiterals.h"
 #include "registers/screens/frmListado.h"
 
 namespace {
 
 using namespace zv::bench;
+using namespace Qt::StringLiterals;
 
 bool Registro(const TablaLarga& tabla, zv::Entorno& entorno, zv::ModoListado modo,
               const char* nombre) {
