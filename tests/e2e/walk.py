@@ -44,8 +44,9 @@ LAST = {caption(*each) for each in (
     ("frmZVMonitor", "boton_6", "Desconectar"))}
 # Begins something that its second press ends.
 TWICE = {caption("frmZVMonitor", "boton_9", "Agrupar¬cobros")}
-# Ends the program.
-END = (f"Monitor - {texts.text('cerrar0', 'Cerrar aplicativo')}", caption("frmMensaje", "boton_0", "Aceptar"))
+# Ends the program: the closing, and the clearing of the history, whose statement fails.
+ENDS = {(f"Monitor - {texts.text(*each)}", caption("frmMensaje", "boton_0", "Aceptar"))
+        for each in (("cerrar0", "Cerrar aplicativo"), ("limpiarHistorial", "Limpiar historial"))}
 EFFECT = 6  # s for what a button does
 
 main = monitor.window(MAIN, holding=caption("frmZVMonitor", "boton_2", "Dar Cambio"))
@@ -307,7 +308,7 @@ def visit(window, reopen):
         press(window, back)
     ready(window)
     for which in names:
-        if which in keys or which == back or (title, which[0]) == END:
+        if which in keys or which == back or (title, which[0]) in ENDS:
             continue
         window = place.get()
         if window is None:

@@ -318,17 +318,17 @@ void frmCfgMonitor::resizeEvent(QResizeEvent* evento) {
 }
 
 void frmCfgMonitor::Hacer(const std::function<void()>& accion) {
-    if (ocupado_) {
+    // By name a control can be pressed under a box; a second touch comes when the screen has ended.
+    if (ocupado_ || !isVisible()) {
+        Seguir(); // what the press has turned over stands as it was
         return;
     }
-    {
-        const QScopedValueRollback ocupado(ocupado_, true);
-        fallo_.Hacer(*this, accion);
-    }
+    const QScopedValueRollback ocupado(ocupado_, true);
+    fallo_.Hacer(*this, accion);
 }
 
 bool frmCfgMonitor::PuedeSalir() {
-    bool puede = false;
+    bool puede = !isVisible();
     Hacer([&] { puede = cfg_.PuedeSalir(); });
     return puede;
 }

@@ -227,6 +227,9 @@ TEST_F(frmCfgMonitorTest, EnterInTheAddressTestsTheDevice) {
                                    // The test's box stands: nothing else goes on under it.
                                    Tocar("btnTestZV");
                                    Tocar("btnCol_2");
+                                   EXPECT_FALSE(Control<QAbstractButton>("btnCol_2").isChecked());
+                                   Tocar("btnModo_0");
+                                   EXPECT_FALSE(Control<QAbstractButton>("btnModo_0").isChecked());
                                    pantalla->reject();
                                    EXPECT_TRUE(pantalla->isVisible());
                                });
@@ -292,6 +295,21 @@ TEST_F(frmCfgMonitorTest, SavingLeavesTheScreenAndANoStays) {
     Tocar("boton_1");
     EXPECT_FALSE(pantalla->isVisible());
     EXPECT_EQ(Global().COLID2, 1);
+    EXPECT_EQ(dialogos.Pendientes(), 0U);
+}
+
+TEST_F(frmCfgMonitorTest, ASecondTouchOnTheEndedScreenDoesNothing) {
+    Mostrar();
+    Tocar("btnCol_2");
+    PreguntaGuardar();
+    Tocar("boton_1");
+    ASSERT_FALSE(pantalla->isVisible());
+    for (const char* nombre : {"boton_1", "boton_13", "btnConector_1", "btnCol_3"}) {
+        Control<QAbstractButton>(nombre).click();
+        Turnos();
+    }
+    EXPECT_EQ(Global().COLTERMINAL, 0);
+    EXPECT_FALSE(Control<QAbstractButton>("btnCol_3").isChecked());
     EXPECT_EQ(dialogos.Pendientes(), 0U);
 }
 
