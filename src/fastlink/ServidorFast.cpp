@@ -32,7 +32,13 @@ void ServidorFast::AbrirFast() {
 }
 
 bool ServidorFast::PuertoLibre(quint16 puerto) const {
-    return (ws_.Escuchando() && ws_.Puerto() == puerto) || QTcpServer().listen(direccion_, puerto);
+    if (ws_.Escuchando() && ws_.Puerto() == puerto) {
+        return true;
+    }
+    // One that this user may not open is refused too, but nobody has it.
+    QTcpServer prueba;
+    return prueba.listen(direccion_, puerto) ||
+           prueba.serverError() != QAbstractSocket::AddressInUseError;
 }
 
 void ServidorFast::Llegada(qint16 indice, const QByteArray& datos) {
