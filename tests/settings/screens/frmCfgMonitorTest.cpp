@@ -417,8 +417,8 @@ TEST_F(frmCfgMonitorTest, NothingIsScrolledAtTheSmallestTillAndAllCanBeTouched) 
 
 TEST_F(frmCfgMonitorTest, ALanguageFileMakesItEnglish) {
     Mostrar();
+    const auto suyo = std::move(cfg); // outlives its screen
     const std::unique_ptr<frmCfgMonitor> castellana = std::move(pantalla);
-    auto suyo = std::move(cfg);
     const IdiomaIngles idioma;
     carpeta.Pon(u"RWLang.ini"_s, idioma.bytes);
     Mostrar();
