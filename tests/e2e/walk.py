@@ -47,6 +47,7 @@ TWICE = {caption("frmZVMonitor", "boton_9", "Agrupar¬cobros")}
 # Ends the program: the closing, and the clearing of the history, whose statement fails.
 ENDS = {(f"Monitor - {texts.text(*each)}", caption("frmMensaje", "boton_0", "Aceptar"))
         for each in (("cerrar0", "Cerrar aplicativo"), ("limpiarHistorial", "Limpiar historial"))}
+LOSE = caption("frmMensaje", "boton_0", "Aceptar")
 EFFECT = 6  # s for what a button does
 
 main = monitor.window(MAIN, holding=caption("frmZVMonitor", "boton_2", "Dar Cambio"))
@@ -234,6 +235,8 @@ def close(window):
         time.sleep(0.3)
         check(f"{window!r} behind Escape", True, there(window))
         window.button(CANCEL).press()
+    elif wait(f"an answer of {window!r}", lambda: not there(window) or new_windows(before)) and there(window):
+        new_windows(before)[0].button(LOSE).press()  # asks whether what has been changed may go
     monitor.gone(window)
     settle()
     for more in new_windows(before):

@@ -16,7 +16,6 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
-#include <QScroller>
 #include <QVBoxLayout>
 
 namespace zv {
@@ -67,7 +66,6 @@ frmCfgMonitor::frmCfgMonitor(CfgMonitor& cfg, QWidget* padre, Explorador explora
     zona->setWidgetResizable(true);
     zona->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     zona->setFocusPolicy(Qt::NoFocus);
-    QScroller::grabGesture(zona->viewport(), QScroller::TouchGesture);
     auto* dentro = new QWidget(zona);
     // First: cards measure themselves anew, and wrongly, when they come to another window.
     zona->setWidget(dentro);
